@@ -1,0 +1,140 @@
+// The idioms in which forms are written: a form says its name, its types and its one step, and the base
+// does what all forms share.
+#pragma once
+
+#include <memory>
+#include <type_traits>
+
+#include "lexp/lexp.h"
+
+namespace torvane {
+
+/// The name of T in the configuration language, such as "LexItem*": taken from its tag, so that a
+/// registration cannot misspell one by accident.
+template <class T>
+const char* type_name_of() {
+  if constexpr (std::is_same_v<T, const char*>) {
+    return "char*";
+  } else if constexpr (std::is_integral_v<T>) {
+    return "int";
+  } else if constexpr (std::is_same_v<T, Value> || std::is_void_v<T>) {
+    return nullptr;
+  } else {
+    return ValueTraits<T>::tag().name;
+  }
+}
+template <class T>
+int type_id_of() {
+  static const int id = type_id(type_name_of<T>());
+  return id;
+}
+
+/// Supplies `name` and `copy` of a form class D whose members copy deeply by themselves.
+///   static constexpr const char* kName = "pitem-low";
+template <class D, class Base = LExp>
+class Form : public Base {
+ public:
+  using Base::Base;
+  const char* name() const override { return D::kName; }
+  std::unique_ptr<LExp> copy() const override {
+    return std::make_unique<D>(static_cast<const D&>(*this));
+  }
+};
+
+namespace form_detail {
+template <class R>
+Value to_value(R result) {
+  if constexpr (std::is_same_v<R, Value>) {
+    return result;
+  } else if constexpr (std::is_same_v<R, bool>) {
+    return Value::truth(result);
+  } else if constexpr (std::is_integral_v<R>) {
+    return Value::integer(result);
+  } else if constexpr (std::is_pointer_v<R>) {
+    return Value::of(result);
+  }
+}
+template <class A>
+A from_value(Value v) {
+  using T = std::remove_const_t<std::remove_pointer_t<A>>;
+  if constexpr (std::is_same_v<A, Value>) {
+    return v;
+  } else if constexpr (std::is_same_v<A, const char*>) {
+    return v.text();
+  } else if constexpr (std::is_integral_v<A>) {
+    return static_cast<A>(v.number());
+  } else {
+    return v.template as<T>();
+  }
+}
+template <class A>
+struct Pointee {
+  using type = std::remove_const_t<std::remove_pointer_t<A>>;
+};
+template <>
+struct Pointee<const char*> {
+  using type = const char*;
+};
+template <class A>
+const char* arg_type_name() {
+  return type_name_of<typename Pointee<A>::type>();
+}
+}  // namespace form_detail
+
+/// An adaptor from a T (by reference; a null or foreign input gives 0) to an R:
+///   struct PItemLow : Adaptor<PItemLow, PItem, int> {
+///     static constexpr const char* kName = "pitem-low";
+///     int step(PItem& item) const { return item._low; }
+///   };
+/// R is an integer, `const char*` never (give a Value with the text's life), a pointer, or a Value with
+/// the declared type `Out`.
+template <class D, class T, class R, class Out = std::remove_const_t<std::remove_pointer_t<R>>>
+class Adaptor : public Form<D, LAdaptor> {
+ public:
+  Adaptor() {
+    this->in_type = type_id_of<T>();
+    this->mid_type = type_id_of<Out>();
+  }
+  Value convert(Value input) override {
+    T* object = input.as<T>();
+    if (!object) return Value();
+    return form_detail::to_value(static_cast<D*>(this)->step(*object));
+  }
+};
+
+/// Registers a form class under its kName; `doc` null: "No documentation provided".
+template <class D>
+void register_form(const char* doc = nullptr, const char* name = D::kName) {
+  register_lexp(std::make_unique<D>(), name, doc);
+}
+
+/// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const char*,
+/// integers or Value. Arity and type names come from the signature.
+namespace form_detail {
+template <auto fn, class R, class In, class... A, std::size_t... I>
+Value call(const Value* v, std::index_sequence<I...>) {
+  if constexpr (std::is_void_v<R>) {
+    fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...);
+    return Value();
+  } else {
+    return to_value<R>(fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...));
+  }
+}
+template <auto fn, class R, class In, class... A>
+void register_fn(R (*)(In, A...), const char* name, const char* doc) {
+  auto exp = std::make_unique<MArgExp>(
+      name, [](const Value* v) { return call<fn, R, In, A...>(v, std::index_sequence_for<A...>{}); },
+      sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
+  exp->in_type = type_id(arg_type_name<In>());
+  if constexpr (!std::is_void_v<R>) exp->out_type = type_id(arg_type_name<R>());
+  (exp->arg_types.append(type_id(arg_type_name<A>())), ...);
+  register_lexp(std::move(exp), name, doc);
+}
+}  // namespace form_detail
+
+template <auto fn>
+void register_function(const char* name, const char* doc = nullptr) {
+  form_detail::register_fn<fn>(fn, name, doc);
+}
+
+}  // namespace torvane

@@ -1,0 +1,168 @@
+// A compiled expression: a function of one input, compiled once from a form, kept, and evaluated many
+// times. Conditions and actions of grammars and rules are all of this kind.
+#pragma once
+
+#include <memory>
+
+#include "lexp/types.h"
+#include "shell/irslist.h"
+#include "support/array.h"
+#include "support/value.h"
+
+namespace torvane {
+
+class LExp {
+ public:
+  int in_type = kAnyType;   ///< expected type of the input
+  int out_type = kAnyType;  ///< type of the result
+
+  virtual const char* doc() const { return "No documentation provided"; }
+  virtual const char* name() const = 0;
+  /// A new object with the same state, sub-expressions copied too.
+  virtual std::unique_ptr<LExp> copy() const = 0;
+  /// Takes the form's arguments (the head is off already).
+  virtual void init(IRSlist* args);
+  virtual Value eval(Value input, int input_type) = 0;
+  virtual ~LExp() = default;
+
+  /// Compiles a form, consuming it. Null after a message if it is no expression.
+  static std::unique_ptr<LExp> get_exp(IRSlist* form);
+  static std::unique_ptr<LExp> get_exp_from_text(const char* text);
+
+ protected:
+  LExp() = default;
+  LExp(const LExp&) = default;
+  LExp& operator=(const LExp&) = delete;
+
+  /// Reports the type error of an input.
+  void wrong_type(int input_type) const;
+  /// The input check: false, reported, when two known types differ.
+  bool accepts(int input_type) const {
+    if (in_type < 0 || input_type < 0 || in_type == input_type) [[likely]]
+      return true;
+    wrong_type(input_type);
+    return false;
+  }
+};
+
+namespace tags {
+extern const TypeTag lexp;
+}
+template <>
+struct ValueTraits<LExp> : TagOf<LExp, tags::lexp> {};
+
+/// An owned sub-expression, null if there is none; a copy of it copies the expression.
+class ExpPtr {
+ public:
+  ExpPtr() = default;
+  ExpPtr(std::unique_ptr<LExp> exp) : exp_(std::move(exp)) {}
+  ExpPtr(const ExpPtr& other) : exp_(other.exp_ ? other.exp_->copy() : nullptr) {}
+  ExpPtr(ExpPtr&&) noexcept = default;
+  ExpPtr& operator=(ExpPtr other) noexcept {
+    exp_ = std::move(other.exp_);
+    return *this;
+  }
+  LExp* get() const { return exp_.get(); }
+  LExp* operator->() const { return exp_.get(); }
+  explicit operator bool() const { return exp_ != nullptr; }
+  std::unique_ptr<LExp> release() { return std::move(exp_); }
+  /// Evaluates; 0 if there is no expression.
+  Value eval(Value input, int type) const { return exp_ ? exp_->eval(input, type) : Value(); }
+  /// The result type; -1 if there is no expression.
+  int out_type() const { return exp_ ? exp_->out_type : kAnyType; }
+
+ private:
+  std::unique_ptr<LExp> exp_;
+};
+
+/// A condition: passes when there is none.
+inline bool passes(const ExpPtr& cond, Value input, int type) {
+  return !cond || static_cast<bool>(cond->eval(input, type));
+}
+
+/// Converts its input, and passes the result on to one optional sub-expression.
+class LAdaptor : public LExp {
+ public:
+  int mid_type = kAnyType;  ///< type of what convert gives
+  ExpPtr sub;
+
+  void init(IRSlist* args) override;
+  Value eval(Value input, int input_type) override;
+  virtual Value convert(Value input) = 0;
+};
+
+/// A sequence of sub-expressions; null ones have been dropped.
+class CompExp : public LExp {
+ public:
+  Array<ExpPtr> exps;
+  void init(IRSlist* args) override;
+  /// As `prog`: all are evaluated with the input; the last result, or the input itself.
+  Value eval(Value input, int input_type) override;
+  const char* name() const override { return "prog"; }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<CompExp>(*this); }
+};
+
+/// Gives its value, whatever the input.
+class LConst : public LExp {
+ public:
+  Value value;
+  Value eval(Value, int) override { return value; }
+};
+
+class BinaryFunc : public LExp {
+ public:
+  ExpPtr a, b;
+  void init(IRSlist* args) override;
+};
+
+class TernaryFunc : public LExp {
+ public:
+  ExpPtr a, b, c;
+  void init(IRSlist* args) override;
+};
+
+/// A predicate on a string input.
+class CharPred : public LExp {
+ public:
+  CharPred();
+};
+
+/// Wraps a plain function with up to four arguments; all of them see the same input.
+class MArgExp : public LExp {
+ public:
+  static constexpr int kMostArgs = 4;
+  using Fn = Value (*)(const Value* values);  ///< the input, then max_args arguments, missing ones 0
+
+  MArgExp(const char* form_name, Fn fn, int most_args)
+      : name_text(form_name), max_args(most_args), fn_(fn) {}
+  const char* name() const override { return name_text; }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<MArgExp>(*this); }
+  void init(IRSlist* args) override;
+  Value eval(Value input, int input_type) override;
+  virtual Value apply(const Value* values) { return fn_(values); }
+
+  const char* name_text;  ///< lives for ever
+  int max_args;
+  Array<ExpPtr> args;
+  Array<int> arg_types;  ///< declared, not enforced
+
+ private:
+  Fn fn_;
+};
+
+/// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
+/// prototype. This is how every module adds a form, and how `defun` adds a function. The factory owns it.
+bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr, const char* doc = nullptr);
+/// The prototype of a head word, or null.
+LExp* find_lexp_proto(const char* name);
+
+/// The core forms, `declare-var`, `defun`, `eval`, `foreach` and the macro commands.
+void register_core_forms();
+void register_constant_forms();
+void register_string_forms();   ///< with word lists
+void register_integer_forms();  ///< with regular expressions
+
+/// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to case.
+std::unique_ptr<LExp> make_str_is(const char* text);
+
+}  // namespace torvane

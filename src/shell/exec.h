@@ -1,0 +1,78 @@
+// The interpreter of commands: it reads forms and runs each. A command takes its form unevaluated; what a
+// failing command does not report goes unnoticed, and the run goes on with the next form.
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <span>
+
+#include "shell/irslist.h"
+#include "support/name_table.h"
+#include "support/value.h"
+
+namespace torvane {
+
+/// A command's work: its form without the name in, any object out. What it returns is owned elsewhere.
+using Handler = Value (*)(IRSlist* form);
+
+/// One row of a module's command table.
+struct Command {
+  const char* name;
+  Handler handler;
+  const char* doc;  ///< what `help` prints; null for none
+};
+
+class Exec {
+ public:
+  /// With a null tokenizer, one with the classes of the configuration language.
+  explicit Exec(std::unique_ptr<TokenizerBase> tokenizer = nullptr, char open = '(', char close = ')');
+
+  /// Adds a command; an existing name is reported and keeps its command.
+  void define(const char* name, Handler handler, const char* doc);
+  void define(std::span<const Command> table);
+  void redefine(const char* name, Handler handler, const char* doc);
+  Handler find(const char* name) const;
+  /// Names and texts of the commands matching a regular expression (null: all), sorted.
+  void help(std::ostream& out, const char* regexp) const;
+
+  /// Runs all forms of a stream (null: none) or a text.
+  void load(Stream* stream);
+  void load_string(const char* text);
+  /// Reads and runs one form; true while the input has more.
+  bool read_and_run();
+  /// Runs one form (consumed): its macro expansion, or its command.
+  Value eval(IRSlist& form);
+  /// Runs each item as a form; the last result, 0 for an empty list.
+  Value eval_all(IRSlist& forms);
+
+  NameTable<Handler> commands;
+  bool prompt = true;
+  char open_char;
+  char close_char;
+  bool show_commands = false;
+  TokenizerBase* tokenizer;
+
+ private:
+  std::unique_ptr<TokenizerBase> own_tokenizer_;
+};
+
+/// The interpreter of the run, made at the first call.
+Exec& interpreter();
+
+/// Lists the entries of a table whose names match (a match must end behind the first byte), sorted by name
+/// without regard to case: name, text or "No documentation provided", an empty line.
+struct HelpEntry {
+  const char* name;
+  const char* text;
+};
+void print_help(std::ostream& out, std::span<const HelpEntry> entries, const char* regexp);
+template <class V>
+void print_help(std::ostream& out, const NameTable<V>& table, const char* regexp) {
+  std::vector<HelpEntry> entries;
+  table.for_each([&](const auto& e) { entries.push_back({e.key, e.text}); });
+  print_help(out, std::span<const HelpEntry>(entries), regexp);
+}
+
+void register_tokenizer_commands();
+
+}  // namespace torvane

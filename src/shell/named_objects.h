@@ -1,0 +1,23 @@
+// The instances that a start-up file makes under a name, each with its type: a path of class names, most
+// derived first, such as "SocketTokenizer/TokenizerBase". A look-up may name any level, since it is tested
+// by substring.
+#pragma once
+
+#include "support/value.h"
+
+namespace torvane {
+
+/// Enters an object under a copy of its name. A name that stands already is reported and keeps its object;
+/// false then.
+bool register_object(const char* name, Value object, const char* type);
+
+/// The object of a name, or none. The wrong type is always reported, a missing object if `report`.
+Value find_object(const char* name, const char* expected_type, bool report);
+
+/// The same, as a T.
+template <class T>
+T* find_object_as(const char* name, const char* expected_type, bool report) {
+  return find_object(name, expected_type, report).as<T>();
+}
+
+}  // namespace torvane
