@@ -1,0 +1,63 @@
+// The type of an attribute vector: its attributes in order of definition, its aliases, its named sets.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "att/att_interpreter.h"
+#include "support/name_table.h"
+
+namespace torvane {
+
+class AttInterpreterList {
+ public:
+  /// Registers itself under the name, as "AttInterpreterList". Lists live as long as the process.
+  AttInterpreterList(const char* list_name, int estimated_size);
+  AttInterpreterList(const AttInterpreterList&) = delete;
+  AttInterpreterList& operator=(const AttInterpreterList&) = delete;
+
+  /// Takes an attribute over; a repeated name is reported ("Mutiplely defined attribute: ") and dropped.
+  void add(std::unique_ptr<AttInterpreter> att);
+  int count() const { return static_cast<int>(atts.count()); }
+  AttInterpreter* at(int index) const { return index >= 0 && index < count() ? atts[index] : nullptr; }
+  /// By name, a leading sign skipped. Null on a miss, with the index of the last one tried in `*index`.
+  AttInterpreter* lookup(const char* att_name, int* index) const;
+  /// The set of the named attributes; an unknown name is reported and skipped.
+  void make_att_set(LBitSet& out, IRSlist* names) const;
+
+  /// Keeps the vector under a copy of the name; the first of two stays, the second is reported.
+  void add_alias(const char* alias_name, Ref<AttVec> vec);
+  AttVec* find_alias(const char* alias_name) const;
+  void add_att_set(const char* set_name, LBitSet set);
+
+  Array<AttInterpreter*> atts;  ///< owned
+  std::string name;
+  LBitSet binary_atts;
+  std::int16_t bin_count = 0;
+  std::int16_t char_count = 0;
+  std::int16_t long_count = 0;
+  NameTable<Ref<AttVec>> aliases{26};
+  NameTable<LBitSet> att_sets{41};
+  float (*weight_fn)(const float* values, int n);
+
+  /// The list that stands wherever a form leaves the type out; may be null.
+  static AttInterpreterList* current();
+  static void set_current(AttInterpreterList* list);
+  /// By name, or null after the look-up's report.
+  static AttInterpreterList* find(const char* list_name, bool report = true);
+  /// The value of `value_text` for an attribute of a list; 0 after a report.
+  static AttWord get_att(const char* list_name, const char* att_name, const char* value_text);
+  /// The index of an attribute of a list; -1 after a report.
+  static int get_att(const char* list_name, const char* att_name);
+};
+
+namespace tags {
+inline constexpr TypeTag att_list{"AttInterpreterList*"};
+inline constexpr TypeTag att_interpreter{"AttInterpreter*"};
+}  // namespace tags
+template <>
+struct ValueTraits<AttInterpreterList> : TagOf<AttInterpreterList, tags::att_list> {};
+template <>
+struct ValueTraits<AttInterpreter> : TagOf<AttInterpreter, tags::att_interpreter> {};
+
+}  // namespace torvane

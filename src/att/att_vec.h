@@ -1,0 +1,128 @@
+// Attribute value vectors: every piece of grammatical information, of a word sense, a category or a parse
+// item, is one of these. The shape of a vector is described at run time by its AttInterpreterList.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+
+#include "shell/irslist.h"
+#include "support/array.h"
+#include "support/bit_set.h"
+#include "support/ref.h"
+#include "support/str_bufs.h"
+#include "support/value.h"
+
+namespace torvane {
+
+class AttInterpreter;
+class AttInterpreterList;
+
+/// The raw value of a slot: a number, or a pointer to what the attribute's class keeps there.
+using AttWord = std::uintptr_t;
+
+/// Subsumption codes: how the first of two things relates to the second.
+namespace subsume {
+inline constexpr int kEqual = 0;
+inline constexpr int kMoreGeneral = -1;
+inline constexpr int kMoreSpecific = 1;
+inline constexpr int kIncomparable = 2;
+inline constexpr int kNotComparable = -2;
+}  // namespace subsume
+
+/// Counted; whoever keeps a vector holds a Ref. It may also be an embedded member (a meaning, an item),
+/// whose owner then holds the first count.
+class AttVec : public Counted<AttVec> {
+ public:
+  /// Empty, of a type; a null type is reported ("Creating AttVec with nil Interpreter\n") and leaves a
+  /// vector on which every operation does nothing.
+  explicit AttVec(AttInterpreterList* type);
+  AttVec(const AttVec& other);
+  /// Read from the items of a form.
+  AttVec(IRSlist* form, AttInterpreterList* type);
+  AttVec& operator=(const AttVec&) = delete;
+  ~AttVec();
+
+  AttInterpreterList* interpreters;  ///< the type
+  LBitSet defined;                   ///< attributes that have a value
+  LBitSet bin_values;                ///< the values of the defined binary ones
+  unsigned char* small_values = nullptr;
+  AttWord* long_values = nullptr;  ///< the block: long slots first, then the bytes
+  /// The vector is part of the sentence in hand: holders read null after the next reset.
+  bool of_sentence = false;
+
+  bool has(int index) const { return defined.test(index); }
+  /// The raw value; 0 when undefined.
+  AttWord get(int index) const;
+  /// Marks defined and stores.
+  void set(int index, AttWord value);
+  void undefine(int index);
+
+  /// Takes the items of a form one by one, unifying each in.
+  void read(IRSlist* form);
+  /// "(...)": the attributes in `mask` (null: all), with aliases standing for what they cover.
+  void print(std::ostream& out, const LBitSet* mask = nullptr, bool use_aliases = false) const;
+  void pack(StrBufs& out) const;
+  /// Merges a packed vector in, never reading past `end`; advances `p`. False if it is cut off.
+  bool unpack(const char*& p, const char* end);
+
+  /// Unifies the attributes of `other` (in `mask` if given) into this vector, or with `store` 0 only tests.
+  /// 0 at the first that is not compatible; those before it stay changed.
+  int unify(const AttVec& other, const LBitSet* mask, int store);
+  int unifiable(const AttVec& other, const LBitSet* mask = nullptr) const {
+    return const_cast<AttVec*>(this)->unify(other, mask, 0);
+  }
+  void force_unify(const AttVec& other, const LBitSet* mask);
+  void modify(const AttVec& other, const LBitSet* mask = nullptr);
+  void generalize(const AttVec& other, const LBitSet* mask = nullptr);
+  void subtract(const AttVec& other, const LBitSet* mask = nullptr);
+  /// The subsumption order of the whole system, a code of `subsume`.
+  int compare(const AttVec& other, const LBitSet* mask = nullptr) const;
+  /// Releases every value; the vector is empty and of the same type.
+  void clear_all();
+  void copy_from(const AttVec& other);
+
+  /// The slot counts the block was laid out for; a type that grew since gives a new layout when a slot
+  /// beyond them is needed.
+  std::int16_t laid_out_long = 0;
+  std::int16_t laid_out_char = 0;
+};
+
+namespace tags {
+extern const TypeTag att_vec;  // counted
+inline constexpr TypeTag bit_set{"LBitSet*"};
+}  // namespace tags
+template <>
+struct ValueTraits<AttVec> : TagOf<AttVec, tags::att_vec> {};
+template <>
+struct ValueTraits<LBitSet> : TagOf<LBitSet, tags::bit_set> {};
+
+/// The value of a list attribute (ListAtt, StackAtt): a counted array of counted vectors. Whoever changes
+/// a shared one takes a private copy first.
+class AttVecList : public Counted<AttVecList> {
+ public:
+  Array<Ref<AttVec>> vecs;
+
+  int length() const { return vecs.count(); }
+  /// Element i, or null.
+  AttVec* at(int i) const { return i >= 0 && i < vecs.count() ? vecs[i].get() : nullptr; }
+  /// Element i with no other owner, copied if need be; null if there is none.
+  AttVec* own(int i);
+};
+
+/// One record of a TraceAtt value: the relation under which a displaced constituent stands, and the item
+/// that it belongs to. Roles are interned texts; the item is the parser's.
+struct TraceRecord {
+  const char* role;
+  void* item;
+};
+/// The value of a TraceAtt: a counted chain, newest first.
+class TraceChain : public Counted<TraceChain> {
+ public:
+  Array<TraceRecord> records;  ///< records[0] is the front of the chain
+};
+
+/// The one copy of a text that string attributes share, so that equal strings are one pointer; null for
+/// null. It lives as long as the process.
+const char* intern_string(const char* text);
+
+}  // namespace torvane
