@@ -1,0 +1,107 @@
+// From a tokenised sentence to a chart of lexical items. Word positions start at 1; position 0 is a
+// sentinel with no word, so a sentence of k words has a word count of k + 1.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <ostream>
+#include <vector>
+
+#include "lex/lex_item.h"
+#include "lex/lexicon.h"
+#include "support/array.h"
+#include "support/bit_set.h"
+#include "support/str_bufs.h"
+
+namespace torvane {
+
+class LexRuleList;
+
+class LexAnalyzer {
+ public:
+  LexAnalyzer(Lexicon* lexicon, int sentence_length);
+  LexAnalyzer(const LexAnalyzer&) = delete;
+  LexAnalyzer& operator=(const LexAnalyzer&) = delete;
+
+  /// Enters an item into the chart; with `check_dup`, an item of the same span, root and meaning that is
+  /// there already is given instead. Null, with nothing changed, for a null item or a span off the chart.
+  virtual LexItem* add_item(LexItem* item, int check_dup);
+  /// A new item (not in the chart) with a clone of the meaning (may be null).
+  virtual LexItem* make_item(const char* root, const Meaning* meaning, int low, int high,
+                             const Slist<const char*>& affixes);
+  virtual void delete_item(LexItem* item);
+  /// Removes the items strictly inside the span.
+  virtual void delete_smaller(int low, int high);
+  /// Forgets the sentence.
+  virtual void reset();
+  virtual void print(std::ostream& out) const;
+  virtual void analyze();
+  /// Enters the items of one key for a span.
+  virtual void lookup(const char* word, int low, int high);
+  virtual ~LexAnalyzer();
+
+  void add_word(const char* text);
+  void add_gap(const char* text);
+  /// A blank gap and a word for each atom.
+  void add_sentence(const IRSlist* words);
+
+  /// Number of positions, the sentinel included; 0 before the first word.
+  int word_count() const { return words.count(); }
+  /// The last word's position; 0 in an empty sentence.
+  int last_position() const { return words.count() > 0 ? words.count() - 1 : 0; }
+  /// The word at a position, null outside 1 to the last.
+  const char* word(int i) const { return i > 0 ? words.at_or_zero(i) : nullptr; }
+  /// The text before a word; empty outside the range.
+  const char* gap(int i) const;
+  /// The text of a span, in the `join` buffer until the reset.
+  const char* surface(int low, int high);
+  /// The items ending (starting) at a position, in chart order; empty outside the sentence.
+  const Slist<LexItem*>& ending_at(int i) const;
+  const Slist<LexItem*>& starting_at(int i) const;
+  /// Calls `visit(item)` for every item of the chart: positions ascending, then the order of ends_at.
+  template <class Visit>
+  void for_each_item(Visit visit) const {
+    for (const Slist<LexItem*>& items : ends_at)
+      for (LexItem* item : items) visit(item);
+  }
+  /// A copy with its components copied deeply, not in the chart.
+  LexItem* copy_item(const LexItem& item);
+  void print_item(std::ostream& out, const LexItem& item, int depth) const;
+  /// Makes `part` a component of `item`, ordered by low. False if it would contain itself.
+  bool add_component(LexItem* item, LexItem* part);
+  const char* pool_copy(const char* text) { return pool.copy(text); }
+
+  std::int32_t suggested_length;
+  std::int32_t mixed_case = 1;
+  Array<const char*> words;
+  Array<char*> gaps;  ///< the text before each word
+  Array<const char*> pos_tags;
+  char pos_marker = 0;
+  char focus_marker = 0;
+  LBitSet focus;                           ///< positions whose word was marked
+  Array<LexItem*> all_items;               ///< every item made for the sentence
+  LexRuleList* rules = nullptr;            ///< a named object, may be null
+  std::vector<Slist<LexItem*>> ends_at;    ///< by high; low descending, an empty item last
+  std::vector<Slist<LexItem*>> starts_at;  ///< by low; high descending, an empty item last
+  Lexicon* lexicon;
+  ExpPtr hook;              ///< on LexItem*
+  ExpPtr meaning_selector;  ///< on Meaning*
+  LBitSet first_conjunctions, last_conjunctions, adverbs, skipped;
+  StrBufs pool{4096};
+  StrBufs join{4096};
+  bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
+
+ private:
+  std::deque<LexItem> item_pool_;
+  std::size_t items_used_ = 0;
+};
+
+template <>
+struct ValueTraits<LexAnalyzer> : TagOf<LexAnalyzer, tags::lex_analyzer> {};
+
+/// Runs a rule list on the chart; set by the rules module at registration.
+extern void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer);
+
+void register_lex_analyzer_commands();
+
+}  // namespace torvane
