@@ -1,0 +1,69 @@
+// The tree that is printed: a copy of the parser's dependency tree, detached from the parser's storage,
+// with its two printers.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "support/array.h"
+#include "support/slist.h"
+#include "support/str_bufs.h"
+
+namespace torvane {
+
+class TorvaneParser;
+class SentenceTree;
+
+struct SentenceNode {
+  Slist<SentenceNode*> children;  ///< sorted by `order`
+  SentenceNode* parent = nullptr;
+  SentenceTree* tree = nullptr;
+  const char* word = nullptr;
+  const char* root = nullptr;      ///< the base form
+  const char* category = nullptr;
+  const char* relation = nullptr;
+  const char* label = nullptr;     ///< begins with "E" for an empty node
+  Array<std::pair<const char*, const char*>> props;  ///< attribute name, value text
+  SentenceNode* antecedent = nullptr;
+  std::int32_t low = 0, high = 0;
+  std::int32_t order = -1;  ///< position, for sorting and for the in-order print
+
+  /// Takes a child, before the first one with a greater order.
+  void attach(SentenceNode* child);
+};
+
+class SentenceTree {
+ public:
+  SentenceTree() = default;
+  SentenceTree(const SentenceTree&) = delete;
+  SentenceTree& operator=(const SentenceTree&) = delete;
+
+  SentenceNode* root = nullptr;  ///< the holder of the real nodes; null until a parse filled it
+  StrBufs strings{512};
+
+  SentenceNode* new_node();
+  void reset();
+  /// As an indented s-expression.
+  void print(std::ostream& out) const;
+
+ private:
+  std::vector<std::unique_ptr<SentenceNode>> nodes_;
+};
+
+/// Parses a text (a row of words) with the current parser and fills the tree. Without a text or a parser
+/// nothing happens.
+void parse_sentence(const char* text, SentenceTree& tree);
+void parse_words(const std::vector<const char*>& words, SentenceTree& tree);
+/// Takes the finished parse out of the parser.
+void fill_tree(TorvaneParser& parser, SentenceTree& tree);
+
+/// One line a word, in sentence order, on standard output; a null node prints as an empty tree.
+void print_tree(const SentenceNode* node);
+
+/// The text as an atom: null for null; valid until the next call.
+const char* quote_word(const char* text);
+
+}  // namespace torvane

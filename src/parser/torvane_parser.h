@@ -1,0 +1,107 @@
+// The parser: a grammar network, an analyser, a pool of items, and the result of the last sentence. One is
+// current, the last one made.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "deps/deps.h"
+#include "lex/lex_analyzer.h"
+#include "parser/grammar.h"
+#include "parser/p_item.h"
+#include "shell/tokenizer.h"
+#include "support/name_table.h"
+
+namespace torvane {
+
+class ParseForest;
+
+/// One record of the root table.
+struct RootRule {
+  GCate* node;
+  ExpPtr filter;   ///< on PItem*, null passes
+  ExpPtr penalty;  ///< on PItem*, an integer; null is 0
+};
+
+class TorvaneParser {
+ public:
+  static constexpr int kPoolLimit = 40000;  ///< items a sentence
+
+  TorvaneParser(const char* name, int hashtable_size);
+  ~TorvaneParser();
+  TorvaneParser(const TorvaneParser&) = delete;
+  TorvaneParser& operator=(const TorvaneParser&) = delete;
+
+  NameTable<GCate*> _nodes;
+  std::string _name;
+  LexAnalyzer* _lex = nullptr;
+  AttInterpreterList* _att_type = nullptr;
+  AttSet _non_lexical;                ///< filled for grammar writers to come; the parser does not read it
+  std::unique_ptr<AttSet> _show;      ///< null shows all
+  AttSet _percolating;
+  std::vector<RootRule> _roots;
+  std::vector<std::pair<int, int>> _spans;  ///< by word: leftmost start, rightmost end of a merge over it
+  std::vector<std::unique_ptr<PItem>> _pool;
+  int _pool_free = 0;
+  ExpPtr _word_weight;
+  GCate* _adjunct = nullptr;
+  Ref<Deps> _deps;  ///< last result; null before the first
+  bool _constituency = false;
+
+  /// The node of a name; made if `create`, else null when missing.
+  GCate* get_node(const char* name, bool create);
+  /// The node of a lexical vector, a frame node being made on demand; null: the word takes no part.
+  GCate* node_of_vec(const AttVec& vec);
+  /// A cleared item; null when the pool is exhausted.
+  PItem* new_item();
+  /// Keeps a link for the whole run.
+  Link* make_link(GCate* parent, GCate* child);
+
+  /// Forgets the sentence: charts, queues, pool, span limits, the analyser.
+  void reset();
+  /// Cuts the text (with its own sentence tokenizer if none is given) and analyses it. False if refused.
+  bool feed(const char* text, TokenizerBase* tokenizer);
+  bool feed_words(const std::vector<const char*>& words);
+  /// Delivers the analyser's items through the network, then makes the dependency tree.
+  void parse_items();
+  /// feed, then parse_items.
+  void parse(const char* text, TokenizerBase* tokenizer);
+  /// The result in `_deps`: the forest scored, covered and converted, once a sentence.
+  void parse_to_deps();
+
+  std::pair<int, int>& span_limits(int word);
+  void touch(GCate* node);  ///< the node has something to forget at the next reset
+  void touch(Link* link);
+  const char* word(int i) const { return _lex ? _lex->word(i) : nullptr; }
+  bool skipped(int i) const { return _lex && _lex->skipped.test(i); }
+
+  GCate* _empty_node = nullptr;
+  Link* _empty_link = nullptr;
+  GCate* current_category = nullptr;  ///< set by the enclosing grammar command
+  Link* current_link = nullptr;
+  LBitSet case_marks, oblique_case_marks;  ///< word sets of the case-mark forms
+
+ private:
+  std::vector<std::unique_ptr<GCate>> own_nodes_;
+  std::vector<std::unique_ptr<Link>> own_links_;
+  std::vector<GCate*> touched_nodes_;
+  std::vector<Link*> touched_links_;
+};
+
+namespace tags {
+inline constexpr TypeTag torvane_parser{"TorvaneParser*"};
+}
+template <>
+struct ValueTraits<TorvaneParser> : TagOf<TorvaneParser, tags::torvane_parser> {};
+
+/// The last parser made, or null.
+TorvaneParser* current_parser();
+
+/// Commands and expressions of the parser, the grammar commands among them.
+void register_parser_commands();
+
+}  // namespace torvane
