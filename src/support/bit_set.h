@@ -64,6 +64,12 @@ class LBitSet {
     return w < rep_->word_count ? rep_->words[w] : (rep_->complement ? ~0u : 0u);
   }
   bool has_tail() const { return rep_ && rep_->complement; }
+  /// Makes the bits of `mask` in word w as they are in `bits`, for work on many bits at once.
+  void put_word(int w, std::uint32_t mask, std::uint32_t bits) {
+    if (((word(w) ^ bits) & mask) == 0) return;
+    if (rep_ == nullptr || rep_->refcount > 1 || w >= rep_->word_count) own(w + 1);
+    rep_->words[w] = (rep_->words[w] & ~mask) | (bits & mask);
+  }
 
   /// 16-bit word count and the words, big-endian. The tail is not written.
   void pack(StrBufs& out) const;
