@@ -1,5 +1,5 @@
-// A growable array that checks its indexes in the way users of the system know: a wrong index is reported,
-// and the access goes to a scratch element that reads as zero, so that the run goes on.
+// A growable array that checks its indexes in the way users of the system know: a wrong index is
+// reported, and the access goes to a scratch element that reads as zero, so that the run goes on.
 #pragma once
 
 #include <cstdint>
@@ -92,7 +92,8 @@ class Array {
     data_ = fresh;
     capacity_ += n;
   }
-  /// Sorts by `compare(a, b)` giving <0, 0, >0: the quicksort whose order among equals is the system's.
+  /// Sorts by `compare(a, b)` giving <0, 0, >0: the quicksort whose order among equals is the
+  /// system's.
   template <class Compare>
   void sort(Compare compare) {
     if (count_ > 1) sort_range(data_, data_ + count_ - 1, compare);

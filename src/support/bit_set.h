@@ -1,5 +1,5 @@
-// A copy-on-write set of small numbers that may be infinite: every bit beyond the words has the value of
-// the tail, so the complement of a finite set is exact.
+// A copy-on-write set of small numbers that may be infinite: every bit beyond the words has the
+// value of the tail, so the complement of a finite set is exact.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace torvane {
 
-/// The shared part of an LBitSet. Reps are pooled: making and dropping sets of the usual sizes does not
-/// reach the allocator.
+/// The shared part of an LBitSet. Reps are pooled: making and dropping sets of the usual sizes does
+/// not reach the allocator.
 struct LBitSetRep {
   std::int32_t refcount;
   std::uint32_t* words;  ///< bit i is bit i & 31 of word i >> 5
@@ -33,15 +33,16 @@ class LBitSet {
 
   bool test(int i) const {
     if (!rep_ || i < 0) return false;
-    return (i >> 5) < rep_->word_count ? (rep_->words[i >> 5] >> (i & 31)) & 1 : rep_->complement != 0;
+    return (i >> 5) < rep_->word_count ? (rep_->words[i >> 5] >> (i & 31)) & 1
+                                       : rep_->complement != 0;
   }
   void set(int i);
   void clear(int i);
   /// The bits lo..hi; with hi below lo a message and no change.
   void set(int lo, int hi);
   void clear(int lo, int hi);
-  /// Empties a set sized for nbits and sets the bits of `list`, which ends at the first value outside
-  /// 0..nbits-1.
+  /// Empties a set sized for nbits and sets the bits of `list`, which ends at the first value
+  /// outside 0..nbits-1.
   void init(int nbits, const int* list);
   void reset();  ///< the empty set
 
@@ -52,8 +53,8 @@ class LBitSet {
   LBitSet& operator|=(const LBitSet& other);
   bool operator==(const LBitSet& other) const;
   bool subset_of(const LBitSet& other) const;
-  /// 0 equal; 1 this is a proper superset; -1 a proper subset (the empty set is one of every other);
-  /// -2 disjoint; 2 overlapping without inclusion.
+  /// 0 equal; 1 this is a proper superset; -1 a proper subset (the empty set is one of every
+  /// other); -2 disjoint; 2 overlapping without inclusion.
   int compare(const LBitSet& other) const;
   /// The number of set bits within the words.
   int count() const;
@@ -83,7 +84,8 @@ class LBitSet {
   LBitSetRep* rep_ = nullptr;
 };
 
-/// Yields the set bits within the words, ascending, then -1. It walks the set as it was at the start.
+/// Yields the set bits within the words, ascending, then -1. It walks the set as it was at the
+/// start.
 class LBitSetIterator {
  public:
   explicit LBitSetIterator(const LBitSet& set) : set_(set), bits_(set.word(0)) {

@@ -1,8 +1,9 @@
 // Guards on recursion: what a start-up file nests, the process must survive.
 //
-// A guard watches the stack that is really left (and, where asked, a count), so that it, not the stack,
-// ends a runaway recursion. Once it has said no it goes on saying no until its recursion has unwound to
-// the outermost call: otherwise a function that calls itself twice would still run for ever.
+// A guard watches the stack that is really left (and, where asked, a count), so that it, not the
+// stack, ends a runaway recursion. Once it has said no it goes on saying no until its recursion has
+// unwound to the outermost call: otherwise a function that calls itself twice would still run for
+// ever.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +12,8 @@ namespace torvane {
 
 /// One kind of recursion, a static object beside the recursive function.
 struct DepthLimit {
-  const char* message;          ///< written once a trip on the error stream, with a newline
-  int max_depth = 0;            ///< 0: only the stack counts
+  const char* message;  ///< written once a trip on the error stream, with a newline
+  int max_depth = 0;    ///< 0: only the stack counts
   int depth = 0;
   bool tripped = false;
 };
@@ -34,8 +35,8 @@ class DepthGuard {
 /// Bytes of stack left below the caller.
 std::size_t stack_left();
 
-/// Runs `body` on a stack of `bytes` bytes and gives its result: how the process gets a stack that fits
-/// the guards.
+/// Runs `body` on a stack of `bytes` bytes and gives its result: how the process gets a stack that
+/// fits the guards.
 int run_on_large_stack(std::size_t bytes, int (*body)());
 
 }  // namespace torvane

@@ -1,5 +1,5 @@
-// The hashes of the system, in 32-bit unsigned arithmetic: they decide the order of everything that is
-// listed, and the layout of index files.
+// The hashes of the system, in 32-bit unsigned arithmetic: they decide the order of everything that
+// is listed, and the layout of index files.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,9 @@ inline std::uint32_t string_hash(const char* text) {
   return string_hash(std::string_view(or_empty(text)));
 }
 
-constexpr std::uint32_t int_hash(std::uint32_t x) { return x * 0x9E3779B7u; }
+constexpr std::uint32_t int_hash(std::uint32_t x) {
+  return x * 0x9E3779B7u;
+}
 
 /// The first of a fixed row of primes that is not below n; n itself above them all.
 int next_prime(int n);

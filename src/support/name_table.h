@@ -1,5 +1,6 @@
-// The table from names to things that the whole configuration language uses: keys without regard to case,
-// a text (documentation, or an object's type) beside each entry, sorted chains, a fixed number of buckets.
+// The table from names to things that the whole configuration language uses: keys without regard to
+// case, a text (documentation, or an object's type) beside each entry, sorted chains, a fixed
+// number of buckets.
 #pragma once
 
 #include <iostream>
@@ -17,7 +18,7 @@ class NameTable {
  public:
   struct Entry {
     Entry* next;
-    const char* key;   ///< owned by the table
+    const char* key;  ///< owned by the table
     V value;
     const char* text;  ///< owned by the table, may be null
   };
@@ -34,10 +35,11 @@ class NameTable {
     Entry** link;
     return key ? search(key, link) : nullptr;
   }
-  /// Adds a key, with copies of key and text. An existing key is reported ("Duplicate definition of ") and
-  /// its entry given unchanged, with `*added` false.
+  /// Adds a key, with copies of key and text. An existing key is reported ("Duplicate definition of
+  /// ") and its entry given unchanged, with `*added` false.
   Entry* insert(const char* key, V value, const char* text = nullptr, bool* added = nullptr) {
     Entry** link;
+    key = or_empty(key);
     Entry* entry = search(key, link);
     if (added) *added = entry == nullptr;
     if (entry) {
@@ -49,6 +51,7 @@ class NameTable {
   /// Sets value and text, or adds the key.
   Entry* replace(const char* key, V value, const char* text = nullptr) {
     Entry** link;
+    key = or_empty(key);
     if (Entry* entry = search(key, link)) {
       entry->value = std::move(value);
       entry->text = names_->copy(text);

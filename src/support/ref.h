@@ -6,8 +6,8 @@
 
 namespace torvane {
 
-/// Base of an object with a count of owners. The owner that lets go last destroys the object, through
-/// `T::destroy(T*)` if T has one of its own (a pool), else with delete.
+/// Base of an object with a count of owners. The owner that lets go last destroys the object,
+/// through `T::destroy(T*)` if T has one of its own (a pool), else with delete.
 template <class T>
 class Counted {
  public:

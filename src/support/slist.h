@@ -1,6 +1,7 @@
-// A singly linked ring with a one-word header: prepend, append and the joining of two lists take constant
-// time. Cells come from one free list shared by all lists and go back to it, so that a list that shrinks
-// and grows in a main loop never reaches the allocator. A list does not own what its elements point to.
+// A singly linked ring with a one-word header: prepend, append and the joining of two lists take
+// constant time. Cells come from one free list shared by all lists and go back to it, so that a
+// list that shrinks and grows in a main loop never reaches the allocator. A list does not own what
+// its elements point to.
 #pragma once
 
 #include <cstddef>
@@ -179,8 +180,10 @@ class Slist {
     std::swap(tail_->next, other.tail_->next);
     other.tail_ = nullptr;
   }
-  /// Walks a list sorted ascending: `compare(element, key)` is <0, 0, >0. True on a hit, with the hit in
-  /// `*found`; `cursor` is the last cell that is smaller (null: the front), where a new one belongs.
+  /// Walks a list sorted ascending: `compare(element, key)` is <0, 0, >0. True on a hit, with the
+  /// hit in
+  /// `*found`; `cursor` is the last cell that is smaller (null: the front), where a new one
+  /// belongs.
   template <class Key, class Compare>
   bool find_sorted(const Key& key, Compare compare, Cell*& cursor, T* found = nullptr) const {
     cursor = nullptr;
@@ -228,8 +231,8 @@ class Slist {
   Cell* tail_ = nullptr;
 };
 
-/// A walk over a list that may insert and remove where it stands: `cursor` is the cell before the current
-/// one, so the current one can go without a search.
+/// A walk over a list that may insert and remove where it stands: `cursor` is the cell before the
+/// current one, so the current one can go without a search.
 template <class T>
 class SlistIterator {
  public:

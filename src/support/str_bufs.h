@@ -1,7 +1,8 @@
 // An arena of characters with one object under construction.
 //
-// Objects lie end to end in chunks; a closed object never moves and lives until `reset`, so all strings of
-// a stage share one lifetime and go at a stroke. It is also the buffer into which records are packed.
+// Objects lie end to end in chunks; a closed object never moves and lives until `reset`, so all
+// strings of a stage share one lifetime and go at a stroke. It is also the buffer into which
+// records are packed.
 #pragma once
 
 #include <cstdint>
@@ -47,7 +48,8 @@ class StrBufs {
     next_ = start_;
     closed_ = true;
   }
-  /// Start and length of the object under construction (or the last closed one, with its zero byte).
+  /// Start and length of the object under construction (or the last closed one, with its zero
+  /// byte).
   char* object() const { return start_; }
   std::size_t object_size() const { return static_cast<std::size_t>(next_ - start_); }
 

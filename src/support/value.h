@@ -1,19 +1,23 @@
-// A value on its way through commands and expressions: one machine word, and a tag of what it really is.
+// A value on its way through commands and expressions: one machine word, and a tag of what it
+// really is.
 //
-// The configuration language is untyped: a value is a pointer, an integer, or 0, and expressions compare
-// and test it as a word. The tag is the engine's own safety net. `value.as<T>()` is null when the word is
-// something else, whatever a declared type claimed, so a wrong value gives null and is never followed.
+// The configuration language is untyped: a value is a pointer, an integer, or 0, and expressions
+// compare and test it as a word. The tag is the engine's own safety net. `value.as<T>()` is null
+// when the word is something else, whatever a declared type claimed, so a wrong value gives null
+// and is never followed.
 #pragma once
 
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 namespace torvane {
 
 /// What a value is: a signed, pointer-sized word.
 using Word = std::intptr_t;
 
-/// How long the thing behind a value may be relied on, for holders (variables) that outlive an evaluation.
+/// How long the thing behind a value may be relied on, for holders (variables) that outlive an
+/// evaluation.
 enum class Life : std::uint8_t {
   forever,    ///< an integer, a constant's text, a registered object
   sentence,   ///< belongs to the sentence in hand, and dies with the next reset
@@ -21,9 +25,9 @@ enum class Life : std::uint8_t {
   transient,  ///< a text in a buffer of an expression, overwritten at its next evaluation
 };
 
-/// One kind of thing that a value can be. Tags are compared by address; `base` names the kind that this
-/// one also is. A word always holds the pointer of the outermost base, so that a walk up the chain is
-/// enough to read it as any of them.
+/// One kind of thing that a value can be. Tags are compared by address; `base` names the kind that
+/// this one also is. A word always holds the pointer of the outermost base, so that a walk up the
+/// chain is enough to read it as any of them.
 struct TypeTag {
   const char* name;  ///< as the configuration language spells it, such as "LexItem*"
   const TypeTag* base = nullptr;
@@ -36,17 +40,19 @@ struct TypeTag {
 
 /// The tag of T. A class that can be a value specialises this with
 ///   static const TypeTag& tag();      the tag
-///   using Base = B;                   the outermost base whose pointer the word holds (T itself if none)
+///   using Base = B;                   the outermost base whose pointer the word holds (T itself if
+///   none)
 template <class T>
 struct ValueTraits;
 
 namespace tags {
-inline constexpr TypeTag text{"char*"};                                              // any text
+inline constexpr TypeTag text{"char*"};  // any text
 inline constexpr TypeTag constant_text{"char*", &text, Life::forever};
 inline constexpr TypeTag sentence_text{"char*", &text, Life::sentence};
 inline constexpr TypeTag buffer_text{"char*", &text, Life::transient};
 inline constexpr TypeTag integer{"int"};
-inline constexpr TypeTag name{"char*", &constant_text};  // an atom that came through `quote`
+/// An atom that came through `quote`: its text is its reader's.
+inline constexpr TypeTag name{"char*", &buffer_text, Life::transient};
 }  // namespace tags
 
 class Value {
@@ -86,7 +92,8 @@ class Value {
   const char* text() const {
     return is(tags::text) ? reinterpret_cast<const char*>(word_) : nullptr;
   }
-  /// The word as a number: an integer's value; of anything else the word itself, as the language has it.
+  /// The word as a number: an integer's value; of anything else the word itself, as the language
+  /// has it.
   constexpr Word number() const { return word_; }
 
   bool is(const TypeTag& wanted) const {
@@ -106,32 +113,42 @@ class Value {
   const TypeTag* tag_ = nullptr;
 };
 
-/// The number of the sentence in hand. Whoever resets a sentence's things (the analyser, the parser, a
-/// reused result tree) bumps it, and every held value of that sentence then reads as null.
+/// The number of the sentence in hand. Whoever resets a sentence's things (the analyser, the
+/// parser, a reused result tree) bumps it, and every held value of that sentence then reads as
+/// null.
 std::uint64_t sentence_epoch();
 void bump_sentence_epoch();
 
-/// A value that outlives the evaluation that made it: what a variable holds. A text is copied (and read as
-/// the original pointer while that is sure to live), a counted thing is counted, a thing of the sentence
-/// reads as null after the next reset.
+/// A value that outlives the evaluation that made it: what a variable holds. A text is copied (and
+/// read as the original pointer while that is sure to live), a counted thing is counted, a thing of
+/// the sentence reads as null after the next reset, and so does at once what lives in some
+/// expression's own storage.
 class HeldValue {
  public:
   HeldValue() = default;
+  explicit HeldValue(Value value);
   HeldValue(const HeldValue& other);
   HeldValue(HeldValue&& other) noexcept;
   HeldValue& operator=(HeldValue other) noexcept;
-  ~HeldValue();
+  ~HeldValue() {
+    if (value_.tag_ != nullptr) drop();
+  }
 
-  explicit HeldValue(Value value);
   Value get() const;
 
  private:
+  struct Text;  // a counted copy
+  friend void free_retired_values();
   void drop();
 
   Value value_;
   std::uint64_t epoch_ = 0;
-  char* copy_ = nullptr;  // owned, for texts
+  Text* text_ = nullptr;
 };
+
+/// What holders let go lives on, since a value read from it may still be on its way through an
+/// expression. Frees it all: for the moments when no expression is running.
+void free_retired_values();
 
 /// The usual ValueTraits: a thing without a base.
 template <class T, const TypeTag& Tag>

@@ -1,0 +1,12 @@
+#include "support/array.h"
+
+#include <iostream>
+
+namespace torvane {
+
+void report_bounds(int index, int count) {
+  std::cerr << "Array index out of bounds: " << index << " It should be between 0 and " << count - 1
+            << std::endl;
+}
+
+}  // namespace torvane
