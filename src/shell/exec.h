@@ -1,18 +1,21 @@
-// The interpreter of commands: it reads forms and runs each. A command takes its form unevaluated; what a
-// failing command does not report goes unnoticed, and the run goes on with the next form.
+// The interpreter of commands: it reads forms and runs each. A command takes its form unevaluated;
+// what a failing command does not report goes unnoticed, and the run goes on with the next form.
 #pragma once
 
 #include <memory>
 #include <ostream>
 #include <span>
+#include <string>
 
+#include "shell/help.h"
 #include "shell/irslist.h"
 #include "support/name_table.h"
 #include "support/value.h"
 
 namespace torvane {
 
-/// A command's work: its form without the name in, any object out. What it returns is owned elsewhere.
+/// A command's work: its form without the name in, any object out. What it returns is owned
+/// elsewhere.
 using Handler = Value (*)(IRSlist* form);
 
 /// One row of a module's command table.
@@ -25,7 +28,11 @@ struct Command {
 class Exec {
  public:
   /// With a null tokenizer, one with the classes of the configuration language.
-  explicit Exec(std::unique_ptr<TokenizerBase> tokenizer = nullptr, char open = '(', char close = ')');
+  explicit Exec(std::unique_ptr<TokenizerBase> given = nullptr, char open = '(', char close = ')');
+
+  ~Exec();
+  Exec(const Exec&) = delete;
+  Exec& operator=(const Exec&) = delete;
 
   /// Adds a command; an existing name is reported and keeps its command.
   void define(const char* name, Handler handler, const char* doc);
@@ -51,27 +58,24 @@ class Exec {
   char close_char;
   bool show_commands = false;
   TokenizerBase* tokenizer;
+  /// Set while the start-up file runs: between its forms no expression is running, so that what
+  /// variables let go can be freed there.
+  bool frees_values = false;
 
  private:
+  void load(Stream* stream, const char* source);
+  void run_text(const std::string& text, const char* source);
+  Value run_command(IRSlist& form);
+
   std::unique_ptr<TokenizerBase> own_tokenizer_;
 };
 
 /// The interpreter of the run, made at the first call.
 Exec& interpreter();
 
-/// Lists the entries of a table whose names match (a match must end behind the first byte), sorted by name
-/// without regard to case: name, text or "No documentation provided", an empty line.
-struct HelpEntry {
-  const char* name;
-  const char* text;
-};
-void print_help(std::ostream& out, std::span<const HelpEntry> entries, const char* regexp);
-template <class V>
-void print_help(std::ostream& out, const NameTable<V>& table, const char* regexp) {
-  std::vector<HelpEntry> entries;
-  table.for_each([&](const auto& e) { entries.push_back({e.key, e.text}); });
-  print_help(out, std::span<const HelpEntry>(entries), regexp);
-}
+/// `load`, `exit`, `quote`, `echo`, `help`, `?`, `system`, `show-commands`, `set-search-path`:
+/// every Exec has these.
+std::span<const Command> builtin_commands();
 
 void register_tokenizer_commands();
 

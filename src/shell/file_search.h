@@ -10,8 +10,8 @@ namespace torvane {
 
 inline constexpr char kDirSeparator = '/';
 
-/// At start-up: the paths split at ";" ("." if null), then the empty string, which means the working
-/// directory.
+/// At start-up: the paths split at ";" ("." if null), then the empty string, which means the
+/// working directory.
 void set_search_path(const char* paths);
 void add_search_path(const char* path);
 void clear_search_path();
@@ -19,10 +19,11 @@ void clear_search_path();
 /// The first place along the path where the file-status call succeeds on the name, with "$(VAR)"
 /// references expanded; nothing if there is none or a reference is bad (reported).
 std::optional<std::string> find_file(const char* name);
-/// The directory of the last file found, with a separator at its end, or empty. The next search resets it.
+/// The directory of the last file found, with a separator at its end, or empty. The next search
+/// resets it.
 const std::string& found_dir();
-/// `find_file`, then opens. Null after a message: "The file NAME cannot be opened", or "The file PATH
-/// exists, but cannot be opened".
+/// `find_file`, then opens. Null after a message: "The file NAME cannot be opened", or "The file
+/// PATH exists, but cannot be opened".
 Ref<Stream> open_file(const char* name);
 
 }  // namespace torvane

@@ -1,8 +1,8 @@
 // A form of the configuration language: an atom or a list of forms.
 //
 // The accessors below are the whole argument-passing convention of the system: a command takes its
-// arguments off its form. A node owns its items, not the texts of its atoms, which are the tokenizer's and
-// last until that is reset; whoever keeps a text copies it.
+// arguments off its form. A node owns its items, not the texts of its atoms, which are the
+// tokenizer's and last until that is reset; whoever keeps a text copies it.
 #pragma once
 
 #include <istream>
@@ -24,9 +24,14 @@ class IRSlist {
   bool quoted = false;
 
   IRSlist() = default;
+  IRSlist(const IRSlist&) = delete;
   IRSlist(IRSlist&& other) noexcept;
   IRSlist& operator=(IRSlist&& other) noexcept;
   ~IRSlist() { clear(); }
+
+  /// Nodes come from a free list: reading forms does not reach the allocator.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* node);
 
   bool is_atom() const { return atom != nullptr; }
   bool is_list() const { return atom == nullptr; }
@@ -68,24 +73,27 @@ class IRSlist {
 
   /// Makes this node a deep copy of `source`, with the texts of atoms in `strings`.
   void copy_into(const IRSlist& source, StrBufs& strings);
-  /// The items separated by one blank, a nested list in parentheses, atoms through the quoting rule.
+  /// The items separated by one blank, a nested list in parentheses, atoms through the quoting
+  /// rule.
   void print(std::ostream& out) const;
   /// The node itself as `print` would write it as an item.
   void print_item(std::ostream& out) const;
-  /// The node as text that reads back, appended without a zero byte. A quoted or empty atom keeps its
-  /// quotes.
-  void to_text(StrBufs& out) const;
+  /// The node as text that reads back, appended without a zero byte. With `keep_quotes` an atom
+  /// that stood in quotes stays in quotes.
+  void to_text(StrBufs& out, bool keep_quotes = false) const;
 
  private:
+  void set_atom(const TokenizerBase& tokenizer, char* token);
   Slist<IRSlist*>::Cell* find_keyword(const char* keyword, Slist<IRSlist*>::Cell*& before) const;
+  std::unique_ptr<IRSlist> remove_after(Slist<IRSlist*>::Cell* before);
 };
 
-/// Strings from a node: an atom names an input whose lines they are; a list gives its atoms. Copied into
-/// `strings`.
+/// Strings from a node: an atom names an input whose lines they are; a list gives its atoms. Copied
+/// into `strings`.
 void get_string_list(const IRSlist& node, StrBufs& strings, Slist<char*>& out);
 
-/// Reads one balanced parenthesised item as text, up to the end of `stream`; null at its end, or after
-/// "next_item: unmatched parenthesis". For files too large to be read as forms.
+/// Reads one balanced parenthesised item as text, up to the end of `stream`; null at its end, or
+/// after "next_item: unmatched parenthesis". For files too large to be read as forms.
 char* next_item(std::istream& stream, StrBufs& strings);
 /// The same from a text; the cursor is left on the closing parenthesis.
 char* next_item_in_text(const char*& cursor, StrBufs& strings);

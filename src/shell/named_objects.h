@@ -1,14 +1,25 @@
-// The instances that a start-up file makes under a name, each with its type: a path of class names, most
-// derived first, such as "SocketTokenizer/TokenizerBase". A look-up may name any level, since it is tested
-// by substring.
+// The instances that a start-up file makes under a name, each with its type: a path of class names,
+// most derived first, such as "SocketTokenizer/TokenizerBase". A look-up may name any level, since
+// it is tested by substring.
 #pragma once
 
 #include "support/value.h"
 
 namespace torvane {
 
-/// Enters an object under a copy of its name. A name that stands already is reported and keeps its object;
-/// false then.
+/// A comparison of texts under a name. "strcmp" and "strcasecmp", of the type "function", are there
+/// from the start.
+struct NamedComparison {
+  int (*compare)(const char*, const char*);
+};
+namespace tags {
+inline constexpr TypeTag comparison{"function"};
+}
+template <>
+struct ValueTraits<NamedComparison> : TagOf<NamedComparison, tags::comparison> {};
+
+/// Enters an object under a copy of its name. A name that stands already is reported and keeps its
+/// object; false then.
 bool register_object(const char* name, Value object, const char* type);
 
 /// The object of a name, or none. The wrong type is always reported, a missing object if `report`.

@@ -1,5 +1,5 @@
-// The families of things that can be written in a start-up file: for each family a table from a word to
-// the prototype behind it.
+// The families of things that can be written in a start-up file: for each family a table from a
+// word to the prototype behind it.
 #pragma once
 
 #include <ostream>
@@ -25,7 +25,8 @@ class ObjFactory : public NameTable<Value> {
   /// Enters a prototype into a family. A duplicate is reported; an unknown family gives
   /// "ObjFactory::proto no maker for '". False in both cases.
   static bool proto(const char* family, const char* name, Value prototype, const char* doc);
-  /// For each family whose name matches, in table order, its prototypes whose names match, as `help` does.
+  /// For each family whose name matches, in table order, its prototypes whose names match, as
+  /// `help` does.
   static void list_objects(std::ostream& out, const char* object_regexp, const char* family_regexp);
 
   Maker maker;

@@ -1,10 +1,12 @@
-// The one stream class of the system. Input, output and standard streams travel through expressions as one
-// untyped word; a counted object with a virtual destructor makes it safe to close any of them.
+// The one stream class of the system. Input, output and standard streams travel through expressions
+// as one untyped word; a counted object with a virtual destructor makes it safe to close any of
+// them.
 #pragma once
 
 #include <istream>
 #include <memory>
 #include <ostream>
+#include <string>
 
 #include "support/ref.h"
 #include "support/value.h"
@@ -19,6 +21,8 @@ class Stream : public Counted<Stream> {
   /// Null if the stream is not for writing, or closed.
   std::ostream* out() const { return out_; }
   bool is_standard() const { return standard_; }
+  /// The path of a file that is read; empty for any other stream.
+  const std::string& path() const { return path_; }
   /// A stream that several expressions share by its file's name: it is flushed, not closed.
   bool shared_by_name = false;
   /// In a good state: open, and nothing failed.
@@ -38,6 +42,7 @@ class Stream : public Counted<Stream> {
  protected:
   std::unique_ptr<std::istream> owned_in_;
   std::unique_ptr<std::ostream> owned_out_;
+  std::string path_;
   std::istream* in_ = nullptr;
   std::ostream* out_ = nullptr;
   bool standard_ = false;
@@ -49,11 +54,11 @@ extern const TypeTag stream;
 template <>
 struct ValueTraits<Stream> : TagOf<Stream, tags::stream> {};
 
-/// The input that a command names: standard input for null or a name that begins with "-", else the file
-/// found along the search path (null after its message).
+/// The input that a command names: standard input for null or a name that begins with "-", else the
+/// file found along the search path (null after its message).
 Ref<Stream> input_stream(const char* name);
-/// The output that a command names: standard output for null or a name that begins with "-", else a new
-/// file by the name as it stands. On failure "make_ostream: cannot open the file '", and null.
+/// The output that a command names: standard output for null or a name that begins with "-", else a
+/// new file by the name as it stands. On failure "make_ostream: cannot open the file '", and null.
 Ref<Stream> make_ostream(const char* name);
 
 }  // namespace torvane

@@ -1,7 +1,8 @@
 // Tokens out of bytes, driven by character classes that a grammar file gives.
 //
-// A token may be a run of white characters or a whole comment; readers skip those. All tokens since the
-// last reset of `token_buf` stay valid together, so that a form is read without copying its atoms.
+// A token may be a run of white characters or a whole comment; readers skip those. All tokens since
+// the last reset of `token_buf` stay valid together, so that a form is read without copying its
+// atoms.
 #pragma once
 
 #include <array>
@@ -37,32 +38,35 @@ class TokenizerBase {
   /// What a byte read gives at the end of the input: a value apart from all bytes.
   static constexpr int kEnd = -1;
 
-  /// From character classes. `quote` is a row of quote specifications; `escape` and `comment` are single
-  /// bytes, 0 for none.
-  TokenizerBase(const char* white, const char* start, const char* middle, const char* quote, char escape,
-                char comment, int token_chunk, int buffer_size);
+  /// From character classes. `quote` is a row of quote specifications; `escape` and `comment` are
+  /// single bytes, 0 for none.
+  TokenizerBase(const char* white, const char* start, const char* middle, const char* quote,
+                char escape, char comment, int token_chunk, int buffer_size);
   /// Separator mode: each token ends with `separator`, which stays in it.
   TokenizerBase(const char* separator, int token_chunk, int buffer_size);
   /// Classes, quotes and sizes, with a fresh empty input; no pushed back tokens, no long quotes.
   TokenizerBase(const TokenizerBase& other);
   TokenizerBase& operator=(const TokenizerBase&) = delete;
 
+  /// Whether tokenizers built from now on take two high bytes as one character.
+  static bool default_double_byte;
+
   /// Gets more input: its first byte in `out` and 1, or the end: 255, `more_input` 0, and 0.
   virtual int fill(unsigned char& out) = 0;
   virtual ~TokenizerBase();
-  /// Takes a stream (null: none) as input, with cleared state. A tokenizer on a descriptor can only take
-  /// standard input; any other stream makes its input empty.
+  /// Takes a stream (null: none) as input, with cleared state. A tokenizer on a descriptor can only
+  /// take standard input; any other stream makes its input empty.
   virtual void set_input(Stream* stream) = 0;
 
-  /// The next raw token; null at the end. In separator mode never null: an empty text at the end, where
-  /// `more_input` is 0.
+  /// The next raw token; null at the end. In separator mode never null: an empty text at the end,
+  /// where `more_input` is 0.
   char* next_token();
   /// The next token that is neither white nor a comment.
   char* next_significant_token();
   /// Length of the token given last, without its zero byte.
   std::size_t token_length() const { return token_length_; }
-  /// Takes a copy of the text as input; a negative length means the text's own. Null only clears the
-  /// rolled-back bytes.
+  /// Takes a copy of the text as input; a negative length means the text's own. Null only clears
+  /// the rolled-back bytes.
   void set_string_input(const char* text, long length);
   /// Gives a token out first at the next call.
   void push_back(char* token) { pushed_back.append(token); }
@@ -97,16 +101,38 @@ class TokenizerBase {
   int token_chunk_;
 
  private:
-  int look();            // the next byte, not taken; kEnd at the end
-  void take();           // takes the byte looked at
+  enum ByteClass : unsigned char { kEndsWord = 1, kMiddle = 2, kHigh = 4 };
+
+  void classify();  // from the sets: what the word loop must stop at
+  void read_quote_specs(const char* specs);
+  int look() {  // the next byte, not taken; kEnd at the end
+    if (rollback_count > 0) [[unlikely]]
+      return rollback[static_cast<std::size_t>(rollback_count - 1)];
+    if (read_pos < buffer_len) [[likely]]
+      return static_cast<unsigned char>(buffer[static_cast<std::size_t>(read_pos)]);
+    return look_further();
+  }
+  int look_further();
+  void take() {  // takes the byte looked at
+    if (rollback_count > 0) [[unlikely]]
+      --rollback_count;
+    else
+      ++read_pos;
+  }
   void put_back(unsigned char c);
+  void skip_white();
+  void take_word();
   char* separator_token();
   char* quoted_token(const CharSet& closers);
+  bool take_escaped();
+  bool closes_other_quote() const;
   char* finish_token();  // long quotes, then the closing zero byte
+  char* close_token();
   void read_to_close(const LongQuote& marker);
   bool token_ends_in(const std::string& text) const;
   bool token_begins_with(const std::string& text) const;
 
+  std::array<unsigned char, 256> byte_class_{};
   std::size_t token_length_ = 0;
 };
 
