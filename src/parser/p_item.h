@@ -1,12 +1,14 @@
-// A parse item: a span of the sentence that can be analysed as a partly or wholly filled node of the
-// grammar network, with an attribute vector and a weight. Low weight is better. Items are shared: a merged
-// item points at its head child and its modifier, and alternatives with one signature hang on one chain.
+// A parse item: a span of the sentence that can be analysed as a partly or wholly filled node of
+// the grammar network, with an attribute vector and a weight. Low weight is better. Items are
+// shared: a merged item points at its head child and its modifier, and alternatives with one
+// signature hang on one chain.
 #pragma once
 
 #include <cstdint>
 
 #include "att/att_vec.h"
 #include "lex/lex_item.h"
+#include "lexp/lexp.h"
 
 namespace torvane {
 
@@ -18,13 +20,15 @@ struct PItem {
   std::int16_t _low = 0;   ///< first word
   std::int16_t _high = 0;  ///< last word; an empty item has _high = _low - 1
   Ref<AttVec> _atts;       ///< never null, of the parser's type, of this item alone
-  PItem* _next = nullptr;        ///< next alternative with the same signature
-  PItem* _head_child = nullptr;  ///< what this one was projected or extended from; null for a lexical item
-  PItem* _modifier = nullptr;    ///< merged at this step; null for a pure projection and a lexical item
-  Link* _link = nullptr;         ///< made the item; null for a lexical item
-  float _weight = 0;             ///< accumulated
-  /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node is
-  /// never taken for a modifier.
+  PItem* _next = nullptr;  ///< next alternative with the same signature
+  PItem* _head_child =
+      nullptr;  ///< what this one was projected or extended from; null for a lexical item
+  PItem* _modifier =
+      nullptr;            ///< merged at this step; null for a pure projection and a lexical item
+  Link* _link = nullptr;  ///< made the item; null for a lexical item
+  float _weight = 0;      ///< accumulated
+  /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node
+  /// is never taken for a modifier.
   GCate* _node = nullptr;
 };
 
@@ -41,12 +45,28 @@ struct ValueTraits<Link> : TagOf<Link, tags::link> {};
 GCate* node_of(const PItem& item);
 /// The lexical item of the head word, or null. A lexical item of another sentence reads as empty.
 LexItem* lexitem_of(const PItem& item);
-/// The position of the head word: down the head children to a lexical item's head, else the start of the
-/// last one visited.
+/// The position of the head word: down the head children to a lexical item's head, else the start
+/// of the last one visited.
 int head_position(const PItem& item);
-/// Follows the head children while the item has both head child and modifier; the first that lacks one.
+/// Follows the head children while the item has both head child and modifier; the first that lacks
+/// one.
 PItem* head_child(PItem* item);
 /// The head child if the item has both head child and modifier, else the item.
 PItem* modifiee(PItem* item);
+
+/// The number of the type "PItem*", for the evaluation of conditions.
+int p_item_type();
+/// A condition on an item: passes when there is none.
+inline bool passes(const ExpPtr& cond, const PItem* item) {
+  return !cond || static_cast<bool>(cond->eval(Value::of(item), p_item_type()));
+}
+
+/// Two items of one node are alternatives: of one span, and equal in the attributes that the node
+/// shows.
+bool equivalent(const PItem& a, const PItem& b, const LBitSet& visible);
+/// Lets each displaced constituent that a word brings along remember the word it belongs to.
+void stamp_roles(PItem& item);
+/// Takes element i off the item's `move`: its trace becomes the item's.
+void discharge(PItem& item, int i);
 
 }  // namespace torvane

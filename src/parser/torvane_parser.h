@@ -1,5 +1,5 @@
-// The parser: a grammar network, an analyser, a pool of items, and the result of the last sentence. One is
-// current, the last one made.
+// The parser: a grammar network, an analyser, a pool of items, and the result of the last sentence.
+// One is current, the last one made.
 #pragma once
 
 #include <cstdint>
@@ -40,11 +40,12 @@ class TorvaneParser {
   std::string _name;
   LexAnalyzer* _lex = nullptr;
   AttInterpreterList* _att_type = nullptr;
-  AttSet _non_lexical;                ///< filled for grammar writers to come; the parser does not read it
-  std::unique_ptr<AttSet> _show;      ///< null shows all
+  AttSet _non_lexical;  ///< filled for grammar writers to come; the parser does not read it
+  std::unique_ptr<AttSet> _show;  ///< null shows all
   AttSet _percolating;
   std::vector<RootRule> _roots;
-  std::vector<std::pair<int, int>> _spans;  ///< by word: leftmost start, rightmost end of a merge over it
+  std::vector<std::pair<int, int>>
+      _spans;  ///< by word: leftmost start, rightmost end of a merge over it
   std::vector<std::unique_ptr<PItem>> _pool;
   int _pool_free = 0;
   ExpPtr _word_weight;
@@ -54,16 +55,23 @@ class TorvaneParser {
 
   /// The node of a name; made if `create`, else null when missing.
   GCate* get_node(const char* name, bool create);
+  /// The node and the link by which displaced constituents are marked, outside the table.
+  void set_empty_category(const char* name, const char* relation);
   /// The node of a lexical vector, a frame node being made on demand; null: the word takes no part.
   GCate* node_of_vec(const AttVec& vec);
   /// A cleared item; null when the pool is exhausted.
   PItem* new_item();
   /// Keeps a link for the whole run.
   Link* make_link(GCate* parent, GCate* child);
+  /// The node "Adjunct", remembered once it exists.
+  GCate* adjunct_node() { return _adjunct ? _adjunct : _adjunct = get_node("Adjunct", false); }
+  /// Marks in a merged item that an argument's gap was filled; false if there is no room for it.
+  bool insert_empty_category(PItem& merged, PItem& modifier);
 
-  /// Forgets the sentence: charts, queues, pool, span limits, the analyser.
+  /// Forgets the sentence: charts, queues, pool, span limits, the analyser. Refused inside a parse.
   void reset();
-  /// Cuts the text (with its own sentence tokenizer if none is given) and analyses it. False if refused.
+  /// Cuts the text (with its own sentence tokenizer if none is given) and analyses it. False if
+  /// there is no analyser or a parse is going on.
   bool feed(const char* text, TokenizerBase* tokenizer);
   bool feed_words(const std::vector<const char*>& words);
   /// Delivers the analyser's items through the network, then makes the dependency tree.
@@ -73,9 +81,13 @@ class TorvaneParser {
   /// The result in `_deps`: the forest scored, covered and converted, once a sentence.
   void parse_to_deps();
 
+  /// The limits of a word, to be changed.
   std::pair<int, int>& span_limits(int word);
-  void touch(GCate* node);  ///< the node has something to forget at the next reset
-  void touch(Link* link);
+  /// A merge may reach from its first to its last word.
+  bool span_allowed(int low, int high) const;
+  /// The node (link) has something to forget at the next reset.
+  void touch(GCate* node) { touched_nodes_.push_back(node); }
+  void touch(Link* link) { touched_links_.push_back(link); }
   const char* word(int i) const { return _lex ? _lex->word(i) : nullptr; }
   bool skipped(int i) const { return _lex && _lex->skipped.test(i); }
 
@@ -86,10 +98,23 @@ class TorvaneParser {
   LBitSet case_marks, oblique_case_marks;  ///< word sets of the case-mark forms
 
  private:
+  struct Initial {
+    PItem* item;
+    int order;  // of the analyser, for ties
+  };
+  template <class AddWords>
+  bool feed_with(AddWords add_words);
+  bool collect_items();
+  void forget_result();
+  GCate* make_frame(const char* name, GCate* base, const AttVec& vec);
+
   std::vector<std::unique_ptr<GCate>> own_nodes_;
   std::vector<std::unique_ptr<Link>> own_links_;
   std::vector<GCate*> touched_nodes_;
   std::vector<Link*> touched_links_;
+  std::vector<Initial> initial_;
+  std::size_t limited_words_ = 0;  // of _spans: those that may differ from the default
+  std::string name_buffer_;
 };
 
 namespace tags {
@@ -100,6 +125,9 @@ struct ValueTraits<TorvaneParser> : TagOf<TorvaneParser, tags::torvane_parser> {
 
 /// The last parser made, or null.
 TorvaneParser* current_parser();
+/// True, with a report, while a sentence is being analysed or parsed: no other can be started, and
+/// the network stays as it is.
+bool refuse_while_parsing(const char* what, const LexAnalyzer* lex = nullptr);
 
 /// Commands and expressions of the parser, the grammar commands among them.
 void register_parser_commands();

@@ -1,0 +1,283 @@
+// The commands by which a grammar file builds the network of the current parser.
+#include <iostream>
+
+#include "parser/grammar.h"
+#include "parser/syntax_atts.h"
+#include "parser/torvane_parser.h"
+#include "shell/exec.h"
+
+namespace torvane {
+namespace {
+
+/// The parser that grammar commands may change now, or null.
+TorvaneParser* open_grammar() {
+  TorvaneParser* parser = current_parser();
+  return parser && !refuse_while_parsing("the grammar") ? parser : nullptr;
+}
+GCate* current_category() {
+  TorvaneParser* parser = open_grammar();
+  return parser ? parser->current_category : nullptr;
+}
+Link* current_link() {
+  TorvaneParser* parser = open_grammar();
+  return parser ? parser->current_link : nullptr;
+}
+
+void run_commands(const IRSlist& form) {
+  for (IRSlist* command : form.items)
+    if (command->is_list()) interpreter().eval(*command);
+}
+
+ExpPtr take_exp(IRSlist* form) {
+  auto first = form->pop_front();
+  return first ? LExp::get_exp(first.get()) : nullptr;
+}
+
+void add_att(const TorvaneParser& parser, const IRSlist& name, AttSet& out) {
+  int index = -1;
+  if (name.is_atom() && parser._att_type && parser._att_type->lookup(name.atom, &index)) {
+    out.set(index);
+    return;
+  }
+  std::cerr << "GCate::get_atts: ";
+  name.print_item(std::cerr);
+  std::cerr << " is not an attribute name\n";
+}
+/// The attributes of one argument: a list of names, or a bare name.
+AttSet get_atts(const TorvaneParser& parser, const IRSlist* names) {
+  AttSet atts;
+  if (!names) return atts;
+  if (names->is_atom()) add_att(parser, *names, atts);
+  for (IRSlist* name : names->items) add_att(parser, *name, atts);
+  return atts;
+}
+/// The attributes of all arguments: one list, or bare names.
+AttSet get_all_atts(const TorvaneParser& parser, const IRSlist* form) {
+  AttSet atts;
+  for (IRSlist* names : form->items) atts |= get_atts(parser, names);
+  return atts;
+}
+
+Value def_category(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  const char* name = parser ? form->get_str_val() : nullptr;
+  if (!name) return Value();
+  parser->current_category = parser->get_node(name, true);
+  run_commands(*form);
+  parser->current_category = nullptr;
+  return Value();
+}
+
+Value def_modifiers(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
+  if (!node) return Value();
+  parser->current_category = node;
+  node->build_positions(form);
+  return Value();
+}
+
+Value def_subcat(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  const char* name = parser ? form->get_str_val() : nullptr;
+  if (!name) return Value();
+  GCate* node = parser->get_node(name, true);
+  GCate* parent = parser->get_node(form->get_str_val(), false);
+  if (!parent) return Value();
+  node->build_positions(form);
+  node->_is_subcat = 1;
+  if (parent->_head < 0) return Value();
+  Link* link = parser->make_link(parent, node);
+  link->set_type("subcat");
+  parent->add_link(link, parent->_head);
+  node->add_out_link(link);
+  return Value();
+}
+
+Value def_subclass(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  GCate* parent = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
+  if (!parent) return Value();
+  for (IRSlist* element : form->items) {
+    const char* name = element->get_str_val();
+    if (!name) continue;
+    GCate* node = parser->get_node(name, true);
+    Link* link = parser->make_link(parent, node);
+    link->set_type("subclass");
+    link->_is_subclass = 1;
+    parent->add_link(link, parent->_n_positions);
+    node->add_out_link(link);
+    parser->current_category = node;
+    parser->current_link = link;
+    run_commands(*element);
+  }
+  return Value();
+}
+
+Value def_conj_constraints(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
+  if (!node) return Value();
+  parser->current_category = node;
+  parser->current_link = node->_conj_link;
+  run_commands(*form);
+  parser->current_category = nullptr;
+  parser->current_link = nullptr;
+  return Value();
+}
+
+template <AttSet GCate::*atts>
+Value set_category_atts(IRSlist* form) {
+  if (GCate* node = current_category()) node->*atts = get_all_atts(*node->_parser, form);
+  return Value();
+}
+
+Value conj_atts(IRSlist* form) {
+  GCate* node = current_category();
+  if (!node) return Value();
+  node->_conj_same = get_atts(*node->_parser, form->nth(0));
+  node->_conj_consistent = get_atts(*node->_parser, form->nth(1));
+  node->_conj_link = node->_parser->make_link(node, node);
+  node->_conj_link->set_type("conj");
+  return Value();
+}
+
+template <ExpPtr GCate::*cond>
+Value set_category_cond(IRSlist* form) {
+  if (GCate* node = current_category()) node->*cond = take_exp(form);
+  return Value();
+}
+
+template <ExpPtr Link::*cond>
+Value set_link_cond(IRSlist* form) {
+  if (Link* link = current_link()) link->*cond = take_exp(form);
+  return Value();
+}
+
+template <int Link::*number>
+Value set_link_number(IRSlist* form) {
+  if (Link* link = current_link()) link->*number = static_cast<int>(form->get_long_val());
+  return Value();
+}
+
+Value dep_type(IRSlist* form) {
+  if (Link* link = current_link()) link->set_type(form->get_str_val());
+  return Value();
+}
+
+Value allow_guest(IRSlist*) {
+  if (Link* link = current_link()) link->_no_guest = 0;
+  return Value();
+}
+
+Value dep_weight(IRSlist* form) {
+  if (Link* link = current_link()) {
+    link->_weight = form->get_float_val();
+    link->_child->reinsert_out_link(link);
+  }
+  return Value();
+}
+
+Value percolate(IRSlist* form) {
+  if (Link* link = current_link()) link->_percolate = get_all_atts(*link->_parent->_parser, form);
+  return Value();
+}
+
+Value block(IRSlist* form) {
+  if (Link* link = current_link())
+    link->_percolate &= get_all_atts(*link->_parent->_parser, form).complement();
+  return Value();
+}
+
+Value check_slash(IRSlist* form) {
+  Link* link = current_link();
+  const SyntaxAtts& syn = syntax_atts();
+  const AttInterpreter* check = link && syn.type ? syn.type->at(syn.check) : nullptr;
+  if (check && !form->empty()) link->_check |= static_cast<std::uint32_t>(check->make_val(form));
+  return Value();
+}
+
+Value default_percolating_atts(IRSlist* form) {
+  if (TorvaneParser* parser = open_grammar()) parser->_percolating = get_all_atts(*parser, form);
+  return Value();
+}
+
+Value roots(IRSlist* form) {
+  TorvaneParser* parser = open_grammar();
+  if (!parser) return Value();
+  parser->_roots.clear();
+  for (IRSlist* element : form->items) {
+    GCate* node =
+        parser->get_node(element->is_atom() ? element->atom : element->get_str_val(), false);
+    if (!node) continue;
+    ExpPtr filter = take_exp(element);
+    ExpPtr penalty = take_exp(element);
+    parser->_roots.push_back({node, std::move(filter), std::move(penalty)});
+  }
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"def-category", def_category,
+     "(def-category CATEGORY COMMAND1 .... COMMANDn) define a category."},
+    {"def-modifiers", def_modifiers,
+     "(def-modifiers POSITION1 .... POSITIONn) define the modifiers of a category which this "
+     "def-modifiers command is inside the def-category command of."},
+    {"def-subcat", def_subcat,
+     "(def-subcat cat parent MODIFIER1 .... MODIFIERn) define a subcategory."},
+    {"def-subclass", def_subclass,
+     "(def-subcat parent CATEGORY1 ... CATEGORYn) define subclasses of parent. CAGEGORYi is in the "
+     "same format as the arguments of def-category command."},
+    {"visible-atts", set_category_atts<&GCate::_visible>,
+     "(visible-atts (att1 att2 ...)) define the attributes that are to be propagated to the parent "
+     "nodes (unless they are explicitly blocked)."},
+    {"subcat-atts", set_category_atts<&GCate::_subcat_atts>,
+     "(subcat-atts (att1 att2 ...)) define the attributes that are percolated from subcategories."},
+    {"conj-atts", conj_atts,
+     "(conj-atts (att1 ... attn) (att1' ... attn')) the conjuncts must have identical values for "
+     "att1 ... attn and consistent values of att1' ... attn'."},
+    {"def-conj-constraints", def_conj_constraints, nullptr},
+    {"full-pitem-cond", set_category_cond<&GCate::_full_cond>,
+     "(full-pitem-cond LExp) if a pitem satisfies this condition, it is considered to be complete "
+     "and sent to parent nodes."},
+    {"minimal-modifier-cond", set_category_cond<&GCate::_minimal_cond>,
+     "(minimal-modifier-cond LExp) if a modifier satisfies this condition, it is consider to be "
+     "minimal modifier. In other words, if something could possibly be a modifier at the position, "
+     "then it must be."},
+    {"modifier-cond", set_link_cond<&Link::_modifier_cond>,
+     "(modifier-cond LExp) the condition that must be satisfied by a modifier."},
+    {"modifiee-cond", set_link_cond<&Link::_modifiee_cond>,
+     "(modifiee-cond LExp) the condition that must be satisfied by a modifiee."},
+    {"merged-cond", set_link_cond<&Link::_merged_cond>,
+     "(merged-cond LExp) the condition that must be satisfied by a merged item."},
+    {"head-cond", set_link_cond<&Link::_head_cond>,
+     "(head-cond LExp) the condition that must be satisfied by a head item for it to be projected "
+     "to a higher level."},
+    {"dep-type", dep_type, "(dep-type name) the name of the type of a dependency relation."},
+    {"max-dist", set_link_number<&Link::_max_dist>,
+     "(max-dist dist) the maximum distance between modifier and modifiee."},
+    {"check-arg", set_link_number<&Link::_check_arg>,
+     "(check-arg index) make sure the args attribute of the head is consistant with the attribute "
+     "of the index'th modifier."},
+    {"allow-guest", allow_guest, "(allow-guest) allow guest items."},
+    {"dep-weight", dep_weight,
+     "(dep-weight weight) assign a weight to a dependency relation (this command must be part of "
+     "def-modifiers command)."},
+    {"percolate", percolate, nullptr},
+    {"block", block, nullptr},
+    {"check-slash", check_slash,
+     "(check-slash att1 att2) att1 and att2 are values of checker attribute"},
+    {"default-percolating-atts", default_percolating_atts, nullptr},
+    {"roots", roots, "(roots (CATEGORY1 COND1) (CATEGORY2 COND2) ...)"},
+};
+
+}  // namespace
+
+void register_grammar_commands() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  interpreter().define(kCommands);
+}
+
+}  // namespace torvane

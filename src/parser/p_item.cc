@@ -1,0 +1,76 @@
+#include "parser/p_item.h"
+
+#include "lexp/form.h"
+#include "parser/grammar.h"
+#include "parser/syntax_atts.h"
+
+namespace torvane {
+
+GCate* node_of(const PItem& item) {
+  for (const PItem* p = &item;; p = p->_head_child) {
+    if (p->_link) return p->_link->_parent;
+    if (!p->_head_child) return p->_node;
+  }
+}
+
+LexItem* lexitem_of(const PItem& item) {
+  return reinterpret_cast<LexItem*>(value_of(*item._atts, syntax_atts().lexitem));
+}
+
+int head_position(const PItem& item) {
+  for (const PItem* p = &item;; p = p->_head_child) {
+    if (const LexItem* lexitem = lexitem_of(*p)) return lexitem->head;
+    if (!p->_head_child) return p->_low;
+  }
+}
+
+PItem* head_child(PItem* item) {
+  while (item->_head_child && item->_modifier) item = item->_head_child;
+  return item;
+}
+
+PItem* modifiee(PItem* item) {
+  return item->_head_child && item->_modifier ? item->_head_child : item;
+}
+
+int p_item_type() {
+  return type_id_of<PItem>();
+}
+
+bool equivalent(const PItem& a, const PItem& b, const LBitSet& visible) {
+  return a._low == b._low && a._high == b._high &&
+         a._atts->compare(*b._atts, &visible) == subsume::kEqual;
+}
+
+void stamp_roles(PItem& item) {
+  const SyntaxAtts& syn = syntax_atts();
+  AttVecList* move = own_list(*item._atts, syn.move);
+  if (!move) return;
+  for (int i = 0; i < move->length(); ++i) {
+    AttVec* element = move->own(i);
+    if (!element || !readable(*element, syn.trace)) continue;
+    Ref<TraceChain> trace = TraceChain::make();
+    trace->records.append({text_of(*element, syn.role), &item});
+    store_att(*element, syn.trace, trace.get());
+    remove_att(*element, syn.role);
+  }
+}
+
+void discharge(PItem& item, int i) {
+  const SyntaxAtts& syn = syntax_atts();
+  AttVecList* move = own_list(*item._atts, syn.move);
+  if (!move) return;
+  if (i < 0 || i >= move->length()) {
+    report_bounds(i, move->length());
+    return;
+  }
+  if (const AttVec* element = move->at(i); element && has_att(*element, syn.trace)) {
+    store_att(*item._atts, syn.trace, trace_of(*element, syn.trace));
+  } else {
+    remove_att(*item._atts, syn.trace);
+  }
+  move->vecs.remove_at(i);
+  if (move->length() == 0) remove_att(*item._atts, syn.move);
+}
+
+}  // namespace torvane

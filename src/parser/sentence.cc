@@ -1,0 +1,180 @@
+// One sentence through the parser: words to the analyser, its items to their nodes.
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <limits>
+
+#include "parser/torvane_parser.h"
+#include "support/text.h"
+
+namespace torvane {
+namespace {
+
+constexpr int kMostWords = 32000;  // positions are 16 bits wide
+constexpr int kDefaultWeight = 18;
+
+// The charts, the pool and the analyser hold one sentence. What runs while they do (rules,
+// conditions, tree rules) may run any command.
+bool g_parsing = false;
+
+class Parsing {
+ public:
+  Parsing() { g_parsing = true; }
+  ~Parsing() { g_parsing = false; }
+  Parsing(const Parsing&) = delete;
+  Parsing& operator=(const Parsing&) = delete;
+};
+
+/// Hands tokens to the analyser.
+class WordFeeder {
+ public:
+  explicit WordFeeder(LexAnalyzer& lex) : lex_(lex) {}
+  void gap(const char* text) {
+    if (!full_) lex_.add_gap(text);
+  }
+  void word(const char* text) {
+    if (!full_ && lex_.last_position() >= kMostWords) {
+      full_ = true;
+      std::cerr << "The sentence is cut after " << kMostWords << " words\n";
+    }
+    if (!full_) lex_.add_word(text);
+  }
+
+ private:
+  LexAnalyzer& lex_;
+  bool full_ = false;
+};
+
+TokenizerBase& sentence_tokenizer() {
+  static Tokenizer tokenizer(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0, 0, 4096, 512);
+  return tokenizer;
+}
+
+/// The number behind `word` in a list "STRING NUMBER STRING NUMBER ...".
+int frequency_weight(const char* list, const char* word) {
+  std::string key;
+  const char* p = list;
+  auto read_atom = [&](std::string& out) {
+    out.clear();
+    while (is_space(*p) || *p == '(' || *p == ')') ++p;
+    bool quoted = *p == '"';
+    if (quoted) ++p;
+    while (*p && (quoted ? *p != '"' : !is_space(*p) && *p != '(' && *p != ')')) {
+      if (quoted && *p == '\\' && p[1]) ++p;
+      out += *p++;
+    }
+    if (quoted && *p) ++p;
+    return quoted || !out.empty();
+  };
+  std::string number;
+  while (read_atom(key) && read_atom(number)) {
+    float value = 0;
+    if (key == word && scan_float(number.c_str(), value)) {
+      constexpr float kMost = std::numeric_limits<std::int16_t>::max();
+      return static_cast<int>(std::clamp(value, -kMost, kMost));
+    }
+  }
+  return kDefaultWeight;
+}
+
+/// What an item that was given a category weighs, by the `freq` list of its entry.
+int category_weight(Lexicon* lexicon, const LexItem& item) {
+  const LexEntry* entry = lexicon && item.entry_key ? lexicon->get_entry(item.entry_key) : nullptr;
+  if (!entry) return kDefaultWeight;
+  for (const Meaning* meaning : entry->meanings)
+    if (same_word(meaning->type(), "freq"))
+      if (auto* freq = dynamic_cast<const StrMeaning*>(meaning))
+        return frequency_weight(freq->text.c_str(), item.category);
+  return kDefaultWeight;
+}
+
+}  // namespace
+
+bool refuse_while_parsing(const char* what, const LexAnalyzer* lex) {
+  bool busy = g_parsing || (lex && lex->analyzing);
+  if (busy) std::cerr << what << ": a sentence is being parsed\n";
+  return busy;
+}
+
+template <class AddWords>
+bool TorvaneParser::feed_with(AddWords add_words) {
+  if (refuse_while_parsing("parse", _lex)) return false;
+  forget_result();
+  if (!_lex) return false;
+  reset();
+  Parsing parsing;
+  add_words(WordFeeder(*_lex));
+  _lex->analyze();
+  return true;
+}
+
+bool TorvaneParser::feed(const char* text, TokenizerBase* tokenizer) {
+  return feed_with([&](WordFeeder feeder) {
+    TokenizerBase& tokens = tokenizer ? *tokenizer : sentence_tokenizer();
+    tokens.reset_tokens();
+    tokens.set_string_input(or_empty(text), -1);
+    while (const char* token = tokens.next_token()) {
+      if (!*token && !tokens.more_input) break;
+      if (tokens.white.has(static_cast<unsigned char>(*token))) {
+        feeder.gap(token);
+      } else {
+        feeder.word(token);
+      }
+    }
+    tokens.reset_tokens();
+  });
+}
+
+bool TorvaneParser::feed_words(const std::vector<const char*>& words) {
+  return feed_with([&](WordFeeder feeder) {
+    for (const char* word : words) {
+      feeder.gap(" ");
+      feeder.word(word);
+    }
+  });
+}
+
+void TorvaneParser::parse(const char* text, TokenizerBase* tokenizer) {
+  if (feed(text, tokenizer)) parse_items();
+}
+
+bool TorvaneParser::collect_items() {
+  initial_.clear();
+  const int n = _lex->word_count();
+  bool room = true;
+  _lex->for_each_item([&](LexItem* lexitem) {
+    const AttVec* vec = lexitem->vec();
+    bool in_sentence = lexitem->low >= 0 && lexitem->high >= lexitem->low - 1 && lexitem->high < n;
+    if (!room || !in_sentence || !vec || vec->interpreters != _att_type) return;
+    GCate* node = node_of_vec(*vec);
+    if (!node) return;
+    PItem* item = node->make_lexical_item(lexitem);
+    if (!item) {
+      room = false;
+      return;
+    }
+    if (lexitem->category && *lexitem->category)
+      lexitem->weight = static_cast<std::int16_t>(category_weight(_lex->lexicon, *lexitem));
+    item->_weight += lexitem->weight;
+    stamp_roles(*item);
+    initial_.push_back({item, static_cast<int>(initial_.size())});
+  });
+  return room;
+}
+
+void TorvaneParser::parse_items() {
+  if (refuse_while_parsing("parse", _lex)) return;
+  Parsing parsing;
+  forget_result();
+  if (!_lex || !collect_items()) return;
+  std::sort(initial_.begin(), initial_.end(), [](const Initial& a, const Initial& b) {
+    if (a.item->_low != b.item->_low) return a.item->_low < b.item->_low;
+    if (a.item->_weight != b.item->_weight) return a.item->_weight < b.item->_weight;
+    return a.order < b.order;
+  });
+  for (const Initial& initial : initial_) initial.item->_node->receive(initial.item, nullptr);
+  if (!_constituency) parse_to_deps();
+}
+
+}  // namespace torvane

@@ -1,0 +1,109 @@
+#include "parser/torvane_parser.h"
+
+#include <algorithm>
+#include <iostream>
+#include <limits>
+
+namespace torvane {
+namespace {
+
+constexpr int kPoolReserve = 2000;
+constexpr std::pair<int, int> kNoLimits{-1, std::numeric_limits<int>::max()};
+
+TorvaneParser* g_current = nullptr;
+
+}  // namespace
+
+TorvaneParser* current_parser() {
+  return g_current;
+}
+
+TorvaneParser::TorvaneParser(const char* name, int hashtable_size)
+    : _nodes(hashtable_size), _name(or_empty(name)) {
+  _pool.reserve(kPoolReserve);
+  set_empty_category("EC", "ECR");
+  g_current = this;
+}
+
+TorvaneParser::~TorvaneParser() {
+  if (g_current == this) g_current = nullptr;
+}
+
+GCate* TorvaneParser::get_node(const char* name, bool create) {
+  if (auto* entry = _nodes.find(name)) return entry->value;
+  if (!create || !name) return nullptr;
+  own_nodes_.push_back(std::make_unique<GCate>(this, name));
+  return _nodes.insert(name, own_nodes_.back().get())->value;
+}
+
+Link* TorvaneParser::make_link(GCate* parent, GCate* child) {
+  own_links_.push_back(std::make_unique<Link>(parent, child));
+  return own_links_.back().get();
+}
+
+void TorvaneParser::set_empty_category(const char* name, const char* relation) {
+  own_nodes_.push_back(std::make_unique<GCate>(this, name));
+  _empty_node = own_nodes_.back().get();
+  _empty_link = make_link(_empty_node, _empty_node);
+  _empty_link->set_type(relation);
+}
+
+PItem* TorvaneParser::new_item() {
+  bool reused = _pool_free > 0;
+  if (!reused) {
+    if (_pool.size() >= kPoolLimit) return nullptr;
+    _pool.push_back(std::make_unique<PItem>());
+  }
+  PItem* item = reused ? _pool[--_pool_free].get() : _pool.back().get();
+  Ref<AttVec> atts = std::move(item->_atts);
+  *item = PItem();
+  // A vector that a variable still holds stays with it.
+  if (atts && !atts->shared() && atts->interpreters == _att_type) {
+    atts->clear_all();
+  } else {
+    atts = make_ref<AttVec>(_att_type);
+    atts->of_sentence = true;
+  }
+  item->_atts = std::move(atts);
+  return item;
+}
+
+std::pair<int, int>& TorvaneParser::span_limits(int word) {
+  std::size_t index = static_cast<std::size_t>(std::max(word, 0));
+  if (index >= _spans.size()) _spans.resize(index + 1, kNoLimits);
+  limited_words_ = std::max(limited_words_, index + 1);
+  return _spans[index];
+}
+
+bool TorvaneParser::span_allowed(int low, int high) const {
+  auto limits = [&](int word) {
+    std::size_t index = static_cast<std::size_t>(word);
+    return index < limited_words_ ? _spans[index] : kNoLimits;
+  };
+  return limits(low).second >= high && limits(high).first <= low;
+}
+
+void TorvaneParser::reset() {
+  if (refuse_while_parsing("reset-parser", _lex)) return;
+  std::fill_n(_spans.begin(), limited_words_, kNoLimits);
+  limited_words_ = 0;
+  for (GCate* node : touched_nodes_) node->reset_sentence();
+  for (Link* link : touched_links_) link->reset_sentence();
+  touched_nodes_.clear();
+  touched_links_.clear();
+  _pool_free = static_cast<int>(_pool.size());
+  case_marks.reset();
+  oblique_case_marks.reset();
+  if (_lex) _lex->reset();
+}
+
+void TorvaneParser::forget_result() {
+  if (!_deps) return;
+  if (_deps->shared()) {
+    _deps.reset();
+  } else {
+    _deps->clear();
+  }
+}
+
+}  // namespace torvane
