@@ -105,7 +105,10 @@ void* IRSlist::operator new(std::size_t) {
   if (!free_nodes) {
     constexpr int kBlock = 500;
     auto* block = new PooledNode[kBlock];
-    for (int i = kBlock; i-- > 0;) operator delete(&block[i]);
+    for (int i = kBlock; i-- > 0;) {
+      block[i].next_free = free_nodes;
+      free_nodes = &block[i];
+    }
   }
   PooledNode* node = free_nodes;
   free_nodes = node->next_free;

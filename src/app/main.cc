@@ -1,0 +1,46 @@
+// The process: one line of text in, its dependency tree out.
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+#include "app/init.h"
+#include "parser/sentence_tree.h"
+#include "support/depth.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::size_t kStackSize = std::size_t{256} << 20;
+
+// The normal end of a run has status 1; only the command `exit` ends with 0.
+constexpr int kNormalEnd = 1;
+
+int run() {
+  char data_dir[256] = "./data";
+  std::FILE* file = std::fopen("sentense.dat", "r");
+  if (!file) {
+    std::cerr << "File Open Error.\n";
+    return EXIT_FAILURE;
+  }
+  // An empty file leaves the empty text.
+  char line[1024] = {};
+  if (!std::fgets(line, sizeof line, file)) line[0] = '\0';
+
+  init(data_dir);
+  {
+    SentenceTree tree;
+    tree.reset();
+    parse_sentence(line, tree);
+    print_tree(tree.root);
+    std::cout << std::endl;
+  }
+  std::fclose(file);
+  return kNormalEnd;
+}
+
+}  // namespace
+
+}  // namespace torvane
+
+int main() { return torvane::run_on_large_stack(torvane::kStackSize, torvane::run); }
