@@ -1,5 +1,5 @@
-// What one attribute of a type means: its storage in a vector, how its value is read, printed, packed,
-// compared and unified. One object per attribute, cloned from the prototype of its class.
+// What one attribute of a type means: its storage in a vector, how its value is read, printed,
+// packed, compared and unified. One object per attribute, cloned from the prototype of its class.
 #pragma once
 
 #include <memory>
@@ -7,8 +7,14 @@
 #include <string>
 
 #include "att/att_vec.h"
+#include "support/text.h"
 
 namespace torvane {
+
+/// Where a vector keeps an attribute's value.
+enum class Storage : std::uint8_t { bit, byte, word };
+/// What the value is; from `vec` on the slot owns a count of it.
+enum class Holds : std::uint8_t { number, mask, text, entity, vec, list, trace };
 
 class AttInterpreter {
  public:
@@ -37,16 +43,25 @@ class AttInterpreter {
   virtual float similarity(AttWord a, AttWord b) const;
   /// Writes the attribute as it stands in a vector; may write nothing.
   virtual void print(std::ostream& out, const AttVec* vec) const;
-  /// The value as text, in `scratch` if it has to be made; null for none.
+  /// The value as text, in `scratch` if it has to be made, else a text that lives for ever; null
+  /// for none.
   virtual const char* str_val(AttWord value, std::string& scratch) const;
   /// A value from the rest of the attribute's list form. A counted value comes with no count taken:
   /// whoever stores it counts it, and `discard` drops one that was not stored.
   virtual AttWord make_val(IRSlist* form) const;
-  virtual void discard(AttWord) const {}
   virtual AttWord get_val(const char* token) const;
   virtual void pack(const AttVec* vec, StrBufs& out) const = 0;
   /// Reads the value bytes, never past `end`, and stores. False if they are cut off.
   virtual bool unpack(AttVec* vec, const char*& p, const char* end) const = 0;
+
+  /// Takes a count of a counted value, for a vector whose slots were copied as they are.
+  virtual void share(AttWord) const {}
+  /// Drops a value of `make_val` that nobody counts.
+  virtual void discard(AttWord) const {}
+  /// False for a value that `print` writes nothing for.
+  virtual bool shows(AttWord) const { return true; }
+  /// The value as expressions see it.
+  virtual Value to_value(AttWord value) const { return Value::integer(static_cast<Word>(value)); }
 
   /// Sets the name; null is reported and leaves it.
   void set_name(const char* new_name);
@@ -57,23 +72,67 @@ class AttInterpreter {
   int slot = -1;   ///< place of the value in a vector
   int index = -1;  ///< position in the list; the bit in a vector's sets
   float weight = 1.0f;
-  bool binary = false;  ///< a BinAtt: the vector handles its value by bits
+
+  Storage storage = Storage::word;
+  Holds holds = Holds::number;
+  bool plain = true;  ///< a word unifies with itself, and nothing changes
+
+ protected:
+  /// Reports a facet, or what else stands in its place, as not known.
+  void unknown_facets(const IRSlist& facets) const;
+
+  /// Takes the facets one by one: `take(facet)` for those of the one known name, with the name off
+  /// the list; others are reported.
+  template <class Take>
+  void read_facets(IRSlist* facets, const char* known, Take take) const {
+    while (facets && !facets->empty()) {
+      auto facet = facets->pop_front();
+      if (same_word(facet->nth_str_val(0), known)) {
+        facet->pop_front();
+        take(*facet);
+      } else {
+        unknown_facets(*facet);
+      }
+    }
+  }
+};
+
+/// What a vector needs to know of an attribute to reach its value: the classes' facts in a few
+/// bytes, so that the walks of the parsing loop need not touch the interpreters themselves.
+struct AttSlot {
+  std::int16_t at = -1;  ///< the slot
+  Storage storage = Storage::word;
+  Holds holds = Holds::number;
+  bool plain = true;
+  bool counted() const { return holds >= Holds::vec; }
 };
 
 /// A clone of the class's prototype; null after "AttInterpreter::get_attitp:  unknown type: ".
 std::unique_ptr<AttInterpreter> get_attitp(const char* type);
 
-/// An attribute that holds an opaque entity (a lexical item). Whoever knows the entities sets how two unify
-/// and how one prints.
-class EntAtt;
-/// Typed views for code that reads a value by its class: null if the attribute is of another class.
-const AttInterpreter* as_ent_att(const AttInterpreter* att);
-const AttInterpreter* as_list_att(const AttInterpreter* att);   ///< ListAtt or StackAtt
-const AttInterpreter* as_trace_att(const AttInterpreter* att);
-const AttInterpreter* as_str_att(const AttInterpreter* att);
-const AttInterpreter* as_disj_att(const AttInterpreter* att);  ///< DisjAtt or Disj8Att
+/// For code that reads a value by what it is: the attribute, or null if it holds something else.
+inline const AttInterpreter* att_that_holds(const AttInterpreter* att, Holds what) {
+  return att && att->holds == what ? att : nullptr;
+}
+inline const AttInterpreter* as_ent_att(const AttInterpreter* att) {
+  return att_that_holds(att, Holds::entity);
+}
+/// A ListAtt or StackAtt.
+inline const AttInterpreter* as_list_att(const AttInterpreter* att) {
+  return att_that_holds(att, Holds::list);
+}
+inline const AttInterpreter* as_trace_att(const AttInterpreter* att) {
+  return att_that_holds(att, Holds::trace);
+}
+inline const AttInterpreter* as_str_att(const AttInterpreter* att) {
+  return att_that_holds(att, Holds::text);
+}
+/// A DisjAtt or Disj8Att.
+inline const AttInterpreter* as_disj_att(const AttInterpreter* att) {
+  return att_that_holds(att, Holds::mask);
+}
 
-/// The value classes and `define-attribute`.
+/// The value classes.
 void register_attribute_types();
 /// The predicates and list forms on vectors.
 void register_attribute_forms();

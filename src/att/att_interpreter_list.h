@@ -1,4 +1,5 @@
-// The type of an attribute vector: its attributes in order of definition, its aliases, its named sets.
+// The type of an attribute vector: its attributes in order of definition, its aliases, its named
+// sets.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +17,15 @@ class AttInterpreterList {
   AttInterpreterList(const AttInterpreterList&) = delete;
   AttInterpreterList& operator=(const AttInterpreterList&) = delete;
 
-  /// Takes an attribute over; a repeated name is reported ("Mutiplely defined attribute: ") and dropped.
+  /// Takes an attribute over; a repeated name is reported ("Mutiplely defined attribute: ") and
+  /// dropped. A type holds up to kMostAtts attributes.
   void add(std::unique_ptr<AttInterpreter> att);
   int count() const { return static_cast<int>(atts.count()); }
-  AttInterpreter* at(int index) const { return index >= 0 && index < count() ? atts[index] : nullptr; }
-  /// By name, a leading sign skipped. Null on a miss, with the index of the last one tried in `*index`.
+  AttInterpreter* at(int index) const {
+    return index >= 0 && index < count() ? atts[index] : nullptr;
+  }
+  /// By name, a leading sign skipped. Null on a miss, with the index of the last one tried in
+  /// `*index`.
   AttInterpreter* lookup(const char* att_name, int* index) const;
   /// The set of the named attributes; an unknown name is reported and skipped.
   void make_att_set(LBitSet& out, IRSlist* names) const;
@@ -38,12 +43,19 @@ class AttInterpreterList {
   std::int16_t long_count = 0;
   NameTable<Ref<AttVec>> aliases{26};
   NameTable<LBitSet> att_sets{41};
+  /// A number for the state of a vector of this type, given the values of its attributes.
   float (*weight_fn)(const float* values, int n);
+
+  Array<AttSlot> slots;  ///< beside `atts`: where the values are
+  LBitSet counted_atts;  ///< the attributes whose slots own a count
+
+  /// As many attributes as a packed tag can name.
+  static constexpr int kMostAtts = 32766;
 
   /// The list that stands wherever a form leaves the type out; may be null.
   static AttInterpreterList* current();
   static void set_current(AttInterpreterList* list);
-  /// By name, or null after the look-up's report.
+  /// By name, or null: after the look-up's report, or quietly.
   static AttInterpreterList* find(const char* list_name, bool report = true);
   /// The value of `value_text` for an attribute of a list; 0 after a report.
   static AttWord get_att(const char* list_name, const char* att_name, const char* value_text);

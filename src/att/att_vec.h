@@ -1,7 +1,9 @@
-// Attribute value vectors: every piece of grammatical information, of a word sense, a category or a parse
-// item, is one of these. The shape of a vector is described at run time by its AttInterpreterList.
+// Attribute value vectors: every piece of grammatical information, of a word sense, a category or a
+// parse item, is one of these. The shape of a vector is described at run time by its
+// AttInterpreterList.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <ostream>
 
@@ -16,6 +18,10 @@ namespace torvane {
 
 class AttInterpreter;
 class AttInterpreterList;
+class AttVecList;
+class TraceChain;
+struct AttSlot;
+enum class Holds : std::uint8_t;
 
 /// The raw value of a slot: a number, or a pointer to what the attribute's class keeps there.
 using AttWord = std::uintptr_t;
@@ -29,12 +35,15 @@ inline constexpr int kIncomparable = 2;
 inline constexpr int kNotComparable = -2;
 }  // namespace subsume
 
-/// Counted; whoever keeps a vector holds a Ref. It may also be an embedded member (a meaning, an item),
-/// whose owner then holds the first count.
+/// Counted; whoever keeps a vector holds a Ref. It may also be an embedded member (a meaning, an
+/// item), whose owner then holds the first count.
+///
+/// Vectors of two types share nothing: they unify only if there is nothing to unify, and their
+/// common indexes make them incomparable.
 class AttVec : public Counted<AttVec> {
  public:
-  /// Empty, of a type; a null type is reported ("Creating AttVec with nil Interpreter\n") and leaves a
-  /// vector on which every operation does nothing.
+  /// Empty, of a type; a null type is reported ("Creating AttVec with nil Interpreter\n") and
+  /// leaves a vector on which every operation does nothing.
   explicit AttVec(AttInterpreterList* type);
   AttVec(const AttVec& other);
   /// Read from the items of a form.
@@ -57,6 +66,13 @@ class AttVec : public Counted<AttVec> {
   void set(int index, AttWord value);
   void undefine(int index);
 
+  /// The vector, list or chain of an attribute of that class, with no other owner, so that it may
+  /// be changed in place: a shared one is copied and the copy stored. Null if the attribute is
+  /// undefined, has no value or is of another class.
+  AttVec* own_vec(int index);
+  AttVecList* own_list(int index);
+  TraceChain* own_trace(int index);
+
   /// Takes the items of a form one by one, unifying each in.
   void read(IRSlist* form);
   /// "(...)": the attributes in `mask` (null: all), with aliases standing for what they cover.
@@ -65,8 +81,8 @@ class AttVec : public Counted<AttVec> {
   /// Merges a packed vector in, never reading past `end`; advances `p`. False if it is cut off.
   bool unpack(const char*& p, const char* end);
 
-  /// Unifies the attributes of `other` (in `mask` if given) into this vector, or with `store` 0 only tests.
-  /// 0 at the first that is not compatible; those before it stay changed.
+  /// Unifies the attributes of `other` (in `mask` if given) into this vector, or with `store` 0
+  /// only tests. 0 at the first that is not compatible; those before it stay changed.
   int unify(const AttVec& other, const LBitSet* mask, int store);
   int unifiable(const AttVec& other, const LBitSet* mask = nullptr) const {
     return const_cast<AttVec*>(this)->unify(other, mask, 0);
@@ -79,38 +95,71 @@ class AttVec : public Counted<AttVec> {
   int compare(const AttVec& other, const LBitSet* mask = nullptr) const;
   /// Releases every value; the vector is empty and of the same type.
   void clear_all();
+  /// Becomes a copy of the other, whatever type it is of.
   void copy_from(const AttVec& other);
+  bool is_empty() const { return defined.is_empty(); }
 
-  /// The slot counts the block was laid out for; a type that grew since gives a new layout when a slot
-  /// beyond them is needed.
+  /// The slot counts the block was laid out for. The block is made when a slot is first stored to,
+  /// and laid out anew when the type has grown since and a slot beyond the old ones is needed.
   std::int16_t laid_out_long = 0;
   std::int16_t laid_out_char = 0;
+  /// Gives the block room for every slot that the type has now.
+  void lay_out();
+
+  /// Vectors come from a pool. One that is dropped deep inside others waits for those to be gone.
+  static void destroy(AttVec* vec);
+  static void* operator new(std::size_t bytes);
+  static void operator delete(void* block, std::size_t bytes);
+  static void* operator new(std::size_t, void* place) { return place; }
+  static void operator delete(void*, void*) {}
+
+ private:
+  AttWord word_at(const AttSlot& slot) const;
+  bool unify_word(const AttVec& other, int w, std::uint32_t bits, int store);
+  bool unify_slot(const AttVec& other, int index, bool is_defined, int store);
+  template <class T>
+  T* own_value(int index, Holds what);
+  void take_values(const AttVec& other);
+  void print_atts(std::ostream& out, const LBitSet* mask, bool first) const;
+
+  template <class Visit>
+  void for_each_in(const AttVec& other, const LBitSet* mask, Visit visit) const;
 };
 
 namespace tags {
-extern const TypeTag att_vec;  // counted
+extern const TypeTag att_vec;       // counted
+extern const TypeTag att_vec_list;  // counted
+extern const TypeTag trace_chain;   // counted
 inline constexpr TypeTag bit_set{"LBitSet*"};
 }  // namespace tags
 template <>
 struct ValueTraits<AttVec> : TagOf<AttVec, tags::att_vec> {};
 template <>
+struct ValueTraits<AttVecList> : TagOf<AttVecList, tags::att_vec_list> {};
+template <>
+struct ValueTraits<TraceChain> : TagOf<TraceChain, tags::trace_chain> {};
+template <>
 struct ValueTraits<LBitSet> : TagOf<LBitSet, tags::bit_set> {};
 
-/// The value of a list attribute (ListAtt, StackAtt): a counted array of counted vectors. Whoever changes
-/// a shared one takes a private copy first.
+/// The value of a list attribute (ListAtt, StackAtt): a counted array of counted vectors. Whoever
+/// changes a shared one takes a private copy first.
 class AttVecList : public Counted<AttVecList> {
  public:
   Array<Ref<AttVec>> vecs;
 
   int length() const { return vecs.count(); }
   /// Element i, or null.
-  AttVec* at(int i) const { return i >= 0 && i < vecs.count() ? vecs[i].get() : nullptr; }
+  AttVec* at(int i) const { return i >= 0 && i < vecs.count() ? vecs.begin()[i].get() : nullptr; }
   /// Element i with no other owner, copied if need be; null if there is none.
   AttVec* own(int i);
+
+  /// An empty list, an earlier one with its room if there is one to use again.
+  static Ref<AttVecList> make();
+  static void destroy(AttVecList* list);
 };
 
-/// One record of a TraceAtt value: the relation under which a displaced constituent stands, and the item
-/// that it belongs to. Roles are interned texts; the item is the parser's.
+/// One record of a TraceAtt value: the relation under which a displaced constituent stands, and the
+/// item that it belongs to. Roles are interned texts; the item is the parser's.
 struct TraceRecord {
   const char* role;
   void* item;
@@ -119,10 +168,13 @@ struct TraceRecord {
 class TraceChain : public Counted<TraceChain> {
  public:
   Array<TraceRecord> records;  ///< records[0] is the front of the chain
+
+  static Ref<TraceChain> make();
+  static void destroy(TraceChain* chain);
 };
 
-/// The one copy of a text that string attributes share, so that equal strings are one pointer; null for
-/// null. It lives as long as the process.
+/// The one copy of a text that string attributes share, so that equal strings are one pointer; null
+/// for null. It lives as long as the process.
 const char* intern_string(const char* text);
 
 }  // namespace torvane

@@ -1,0 +1,100 @@
+// The commands by which a grammar file declares types of vectors.
+#include <iostream>
+
+#include "att/aliases.h"
+#include "att/att_args.h"
+#include "shell/exec.h"
+
+namespace torvane {
+
+namespace {
+
+// The attribute made last, until its type takes it over.
+std::unique_ptr<AttInterpreter>& pending_attribute() {
+  static auto& attribute = *new std::unique_ptr<AttInterpreter>;
+  return attribute;
+}
+
+Value defattribute(IRSlist* form) {
+  const char* name = form->get_str_val();
+  const char* type = name ? form->get_str_val() : nullptr;
+  if (!type) {
+    std::cerr << "Missing argument: (defattribute <name> <type>)\n";
+    return {};
+  }
+  std::unique_ptr<AttInterpreter> att = get_attitp(type);
+  if (!att) return {};
+  att->set_name(name);
+  att->init(form);
+  pending_attribute() = std::move(att);
+  return Value::of(pending_attribute().get());
+}
+
+Value def_att_list(IRSlist* form) {
+  const char* name = form->get_str_val();
+  if (!name) {
+    std::cerr << "Missing arguments in (def-att-list <name> ...)\n";
+    return {};
+  }
+  AttInterpreterList* type = AttInterpreterList::find(name, false);
+  if (!type) type = new AttInterpreterList(name, form->length());
+  while (auto item = form->pop_front()) {
+    auto* att = interpreter().eval(*item).as<AttInterpreter>();
+    if (att && att == pending_attribute().get()) type->add(std::move(pending_attribute()));
+  }
+  AttInterpreterList::set_current(type);
+  return Value::of(type);
+}
+
+Value make_av(IRSlist* form) {
+  static auto& last_made = *new Ref<AttVec>;  // lives until the next one
+  last_made = read_vector(*form);
+  return Value::of(last_made.get());
+}
+
+Value set_att_itp_list(IRSlist* form) {
+  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
+  if (type) AttInterpreterList::set_current(type);
+  return Value::of(type);
+}
+
+Value def_att_set(IRSlist* form) {
+  if (form->length() < 2) {
+    std::cerr << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
+    return {};
+  }
+  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
+  const char* name = form->get_str_val();
+  if (!type || !name) return {};
+  LBitSet set;
+  type->make_att_set(set, form);
+  type->add_att_set(name, std::move(set));
+  return Value::of(type);
+}
+
+constexpr Command kCommands[] = {
+    {"defattribute", defattribute,
+     "(defattribute <att-name> <att-type> <other-parameters>) ---define an attribute"},
+    {"def-att-list", def_att_list,
+     "(def-att-list <type-of-attvec>\n  (defattribute ....)\n  (defattribute ....)\n  ....\n  ) "
+     "--- "
+     "\ndefine a new type of attribute value vector"},
+    {"make-av", make_av, "(make-av [type-of-attvec] <attvec>) --- make an attribute value vector"},
+    {"set-att-itp-list", set_att_itp_list, "(set-att-itp-list att-type) set the current att-type."},
+    {"def-att-set", def_att_set,
+     "(def-att-set att-type name att1 att2 ...) define a set of attribute values and assign it a "
+     "name."},
+};
+
+}  // namespace
+
+void register_attribute_commands() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  register_attribute_types();
+  interpreter().define(kCommands);
+  register_alias_commands();
+}
+
+}  // namespace torvane

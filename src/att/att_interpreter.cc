@@ -1,0 +1,106 @@
+#include "att/att_interpreter.h"
+
+#include <iostream>
+
+#include "att/att_interpreter_list.h"
+#include "shell/object_factory.h"
+
+namespace torvane {
+
+AttWord AttInterpreter::bad_value(const char* value) const {
+  std::cerr << "Oops! The attribute '" << name << "' cannot have '" << or_empty(value)
+            << "' as value\n";
+  return 0;
+}
+
+void AttInterpreter::init(IRSlist* facets) {
+  if (facets && !facets->empty()) unknown_facets(*facets);
+}
+
+void AttInterpreter::unknown_facets(const IRSlist& facets) const {
+  std::cerr << "Unrecognized facet specification for attribute " << name << ' ';
+  if (facets.is_atom())
+    facets.print_item(std::cerr);
+  else
+    facets.print(std::cerr);
+  std::cerr << '\n';
+}
+
+void AttInterpreter::generalize(AttVec* a, const AttVec* b) const {
+  if (!a->has(index)) return;
+  if (!b->has(index) || compare(get(a), get(b)) != subsume::kEqual) a->undefine(index);
+}
+
+void AttInterpreter::subtract(AttVec* a, const AttVec* b) const {
+  if (a->has(index) && b->has(index) && compare(get(a), get(b)) == subsume::kEqual)
+    a->undefine(index);
+}
+
+int AttInterpreter::unify(AttVec* vec, int at, AttWord value, int store) const {
+  if (vec->has(at)) return get(vec) == value;
+  if (store) vec->set(at, value);
+  return 1;
+}
+
+void AttInterpreter::modify(AttVec* vec, int at, AttWord value) const {
+  vec->set(at, value);
+}
+
+int AttInterpreter::compare(AttWord a, AttWord b) const {
+  return a == b ? subsume::kEqual : subsume::kIncomparable;
+}
+
+float AttInterpreter::similarity(AttWord a, AttWord b) const {
+  return compare(a, b) == subsume::kEqual ? weight : 0.0f;
+}
+
+void AttInterpreter::print(std::ostream& out, const AttVec* vec) const {
+  std::string scratch;
+  const char* text = str_val(get(vec), scratch);
+  if (!text) return;
+  if (*text == '+' || *text == '-' || *text == '~')
+    out << *text << name;
+  else
+    out << '(' << name << ' ' << text << ')';
+}
+
+const char* AttInterpreter::str_val(AttWord, std::string&) const {
+  std::cerr << "invalid AttType for AttVec::str_val\n";
+  return nullptr;
+}
+
+AttWord AttInterpreter::make_val(IRSlist* form) const {
+  const char* text = form->is_atom() ? form->atom : form->nth_str_val(0);
+  if (text && *text == '~') return 0;
+  std::cerr << "AttInterpreter " << name << " doesn't know how to make value: ";
+  if (form->is_atom())
+    form->print_item(std::cerr);
+  else
+    form->print(std::cerr);
+  std::cerr << '\n';
+  return 0;
+}
+
+AttWord AttInterpreter::get_val(const char*) const {
+  std::cerr << "AttInterpreter::get_val(const char* value) should not be called by " << type_name()
+            << '\n';
+  return static_cast<AttWord>(-1);
+}
+
+void AttInterpreter::set_name(const char* new_name) {
+  if (new_name)
+    name = new_name;
+  else
+    std::cerr << "AttInterpreter::name(<name>): <name> must not be nil.\n";
+}
+
+std::unique_ptr<AttInterpreter> get_attitp(const char* type) {
+  register_attribute_types();
+  auto* entry = ObjFactory::family("AttIntepreter")->find(type);
+  if (entry)
+    if (auto* prototype = entry->value.as<AttInterpreter>()) return prototype->clone();
+  std::cerr << "AttInterpreter::get_attitp:  unknown type: " << or_empty(type) << '\n';
+  return nullptr;
+}
+
+}  // namespace torvane

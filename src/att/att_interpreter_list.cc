@@ -1,0 +1,137 @@
+#include "att/att_interpreter_list.h"
+
+#include <cstring>
+#include <iostream>
+
+#include "shell/named_objects.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr const char* kObjectType = "AttInterpreterList";
+
+// The index does not move: every step looks at the value behind the last one.
+float default_weight(const float* values, int n) {
+  float sum = 0;
+  for (int i = 0; i < n; ++i) {
+    if (values[n] != 0)
+      sum += values[n];
+    else
+      sum -= values[n];
+  }
+  return sum;
+}
+
+AttInterpreterList* current_list = nullptr;
+
+void report_get_att(const char* list_name, const char* att_name, const char* value_text) {
+  std::cerr << "AttInterpreterList::get_att(\"" << or_empty(list_name) << "\", \""
+            << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
+}
+
+// The attribute of a list, and its index; null after the report.
+AttInterpreter* find_att(const char* list_name, const char* att_name, const char* value_text,
+                         int& index) {
+  AttInterpreterList* list = AttInterpreterList::find(list_name, false);
+  AttInterpreter* att = list ? list->lookup(att_name, &index) : nullptr;
+  if (att) return att;
+  report_get_att(list_name, att_name, value_text);
+  if (list)
+    std::cerr << '"' << or_empty(att_name) << "\" is not an attribute\n";
+  else
+    std::cerr << '"' << or_empty(list_name) << "\" is not a type of attribute value vector\n";
+  return nullptr;
+}
+
+}  // namespace
+
+AttInterpreterList::AttInterpreterList(const char* list_name, int estimated_size)
+    : atts(estimated_size),
+      name(or_empty(list_name)),
+      weight_fn(default_weight),
+      slots(estimated_size) {
+  register_object(name.c_str(), Value::of(this), kObjectType);
+}
+
+void AttInterpreterList::add(std::unique_ptr<AttInterpreter> att) {
+  int ignored;
+  if (lookup(att->name.c_str(), &ignored)) {
+    std::cerr << "Mutiplely defined attribute: " << att->name << '\n';
+    return;
+  }
+  if (count() >= kMostAtts) {
+    std::cerr << "Too many attributes in " << name << ": " << att->name << '\n';
+    return;
+  }
+  AttInterpreter* added = att.release();
+  added->index = count();
+  atts.append(added);
+  if (!added->list) added->list = this;
+  added->allocate(this);
+  AttSlot slot{static_cast<std::int16_t>(added->slot), added->storage, added->holds, added->plain};
+  slots.append(slot);
+  if (slot.counted()) counted_atts.set(added->index);
+}
+
+AttInterpreter* AttInterpreterList::lookup(const char* att_name, int* index) const {
+  *index = -1;
+  if (!att_name) return nullptr;
+  if (*att_name == '+' || *att_name == '-' || *att_name == '~') ++att_name;
+  for (AttInterpreter* att : atts) {
+    ++*index;
+    if (std::strcmp(att->name.c_str(), att_name) == 0) return att;
+  }
+  return nullptr;
+}
+
+void AttInterpreterList::make_att_set(LBitSet& out, IRSlist* names) const {
+  out = LBitSet(count());
+  while (names && !names->empty()) {
+    const char* att_name = names->get_str_val();
+    if (!att_name) continue;
+    int index;
+    if (lookup(att_name, &index))
+      out.set(index);
+    else
+      std::cerr << "AttInterpreterList::make_att_set " << att_name << " is not an attribute name\n";
+  }
+}
+
+void AttInterpreterList::add_alias(const char* alias_name, Ref<AttVec> vec) {
+  if (alias_name && vec && vec->interpreters) aliases.insert(alias_name, std::move(vec));
+}
+
+AttVec* AttInterpreterList::find_alias(const char* alias_name) const {
+  auto* entry = aliases.find(alias_name);
+  return entry ? entry->value.get() : nullptr;
+}
+
+void AttInterpreterList::add_att_set(const char* set_name, LBitSet set) {
+  if (set_name) att_sets.insert(set_name, std::move(set));
+}
+
+AttInterpreterList* AttInterpreterList::current() {
+  return current_list;
+}
+void AttInterpreterList::set_current(AttInterpreterList* list) {
+  current_list = list;
+}
+
+AttInterpreterList* AttInterpreterList::find(const char* list_name, bool report) {
+  return find_object_as<AttInterpreterList>(list_name, kObjectType, report);
+}
+
+AttWord AttInterpreterList::get_att(const char* list_name, const char* att_name,
+                                    const char* value_text) {
+  int index;
+  AttInterpreter* att = find_att(list_name, att_name, value_text, index);
+  return att ? att->get_val(value_text) : 0;
+}
+
+int AttInterpreterList::get_att(const char* list_name, const char* att_name) {
+  int index;
+  return find_att(list_name, att_name, nullptr, index) ? index : -1;
+}
+
+}  // namespace torvane

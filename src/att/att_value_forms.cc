@@ -1,0 +1,120 @@
+// The forms that look at what a vector holds.
+#include <iostream>
+#include <optional>
+#include <sstream>
+
+#include "att/att_pred.h"
+
+namespace torvane {
+
+namespace {
+
+// One attribute, named where the form is compiled.
+class OneAtt : public AttPred {
+ protected:
+  /// The attribute of a type; one that it lacks is reported under the class's name.
+  void find(const char* form_class, const AttInterpreterList* type, const char* att_name) {
+    if (!type || !type->lookup(att_name, &index_)) {
+      std::cerr << form_class << "::init: the attribute name '" << or_empty(att_name)
+                << "' is not found\n";
+      index_ = -1;
+    }
+  }
+  const AttInterpreter* att_in(const AttVec& vec) const {
+    return vec.interpreters ? vec.interpreters->at(index_) : nullptr;
+  }
+
+  int index_ = -1;
+};
+
+// The raw value, passed through an expression if there is one.
+class AttValPred : public Form<AttValPred, OneAtt> {
+ public:
+  static constexpr const char* kName = "value";
+  void init(IRSlist* args) override {
+    std::string att_name = or_empty(args->get_str_val());
+    const char* result_type = args->nth_str_val(0);
+    value_type_ = type_id(result_type ? result_type : "AttVal");
+    if (result_type) args->pop_front();
+    find("AttValPred", take_att_type(*args), att_name.c_str());
+    if (auto form = args->pop_front()) exp_ = get_exp(form.get());
+    out_type = exp_ ? exp_.out_type() : value_type_;
+  }
+
+ protected:
+  Value apply(AttVec& vec, Value, int) override {
+    const AttInterpreter* att = att_in(vec);
+    if (!att) return {};
+    // What is done to a nested vector must not be seen by others that share it.
+    AttVec* nested = vec.own_vec(index_);
+    Value value = nested ? Value::of(nested) : att->to_value(vec.get(index_));
+    return exp_ ? exp_.eval(value, value_type_) : value;
+  }
+
+ private:
+  int value_type_ = kAnyType;
+  ExpPtr exp_;
+};
+
+// The text of the value.
+class AttStrVal : public Form<AttStrVal, OneAtt> {
+ public:
+  static constexpr const char* kName = "att-str-val";
+  AttStrVal() { out_type = type_id_of<const char*>(); }
+  void init(IRSlist* args) override {
+    std::string att_name = or_empty(args->get_str_val());
+    find("AttStrVal", take_att_type(*args), att_name.c_str());
+  }
+
+ protected:
+  Value apply(AttVec& vec, Value, int) override {
+    const AttInterpreter* att = att_in(vec);
+    if (!att || !vec.has(index_)) return {};
+    const char* text = att->str_val(vec.get(index_), scratch_);
+    return text == scratch_.c_str() ? Value::buffer_text(text) : Value::constant(text);
+  }
+
+ private:
+  std::string scratch_;
+};
+
+// The vector as it prints.
+class AttVec2Str : public Form<AttVec2Str, AttPred> {
+ public:
+  static constexpr const char* kName = "attvec2str";
+  AttVec2Str() { out_type = type_id_of<const char*>(); }
+  void init(IRSlist* args) override {
+    const AttInterpreterList* type = AttInterpreterList::current();
+    if (const char* first = args->nth_str_val(0)) {
+      int index;
+      bool is_att = type && type->lookup(first, &index);
+      if (auto* named = is_att ? nullptr : AttInterpreterList::find(first, false)) {
+        type = named;
+        args->pop_front();
+      }
+    }
+    if (!args->empty()) mask_ = find_att_set(type, args);
+  }
+
+ protected:
+  Value apply(AttVec& vec, Value, int) override {
+    std::ostringstream out;
+    vec.print(out, mask_ ? &*mask_ : nullptr, true);
+    text_ = out.str();
+    return Value::buffer_text(text_.c_str());
+  }
+
+ private:
+  std::optional<LBitSet> mask_;
+  std::string text_;
+};
+
+}  // namespace
+
+void register_att_value_forms() {
+  register_form<AttValPred>();
+  register_form<AttStrVal>();
+  register_form<AttVec2Str>();
+}
+
+}  // namespace torvane

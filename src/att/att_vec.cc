@@ -1,0 +1,371 @@
+#include "att/att_vec.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <iostream>
+
+#include "att/att_interpreter_list.h"
+#include "att/block_pool.h"
+
+namespace torvane {
+
+namespace {
+
+std::size_t block_words(int longs, int chars) {
+  return static_cast<std::size_t>(longs) + BlockPool::words_for(static_cast<std::size_t>(chars)) +
+         1;
+}
+
+// Counts a vector for the length of a walk over it, so that a nested value which is the vector
+// itself is copied before it is changed. Vectors that nobody counts are in no value.
+class Hold {
+ public:
+  explicit Hold(const AttVec& vec) : vec_(vec.refcount > 0 ? &vec : nullptr) {
+    if (vec_) vec_->retain();
+  }
+  ~Hold() {
+    if (vec_) vec_->release();
+  }
+  Hold(const Hold&) = delete;
+  Hold& operator=(const Hold&) = delete;
+
+ private:
+  const AttVec* vec_;
+};
+
+std::uint32_t masked(const LBitSet& set, const LBitSet* mask, int w) {
+  return mask ? set.word(w) & mask->word(w) : set.word(w);
+}
+
+Ref<AttVec> copy_of(const AttVec& vec) {
+  return make_ref<AttVec>(vec);
+}
+
+Ref<AttVecList> copy_of(const AttVecList& list) {
+  Ref<AttVecList> copy = AttVecList::make();
+  copy->vecs = list.vecs;
+  return copy;
+}
+
+Ref<TraceChain> copy_of(const TraceChain& chain) {
+  Ref<TraceChain> copy = TraceChain::make();
+  copy->records = chain.records;
+  return copy;
+}
+
+bool nothing_in(const LBitSet& set, const LBitSet* mask) {
+  for (int w = 0; w < set.word_count(); ++w)
+    if (masked(set, mask, w)) return false;
+  return true;
+}
+
+}  // namespace
+
+AttVec::AttVec(AttInterpreterList* type) : interpreters(type) {
+  if (!type) {
+    std::cerr << "Creating AttVec with nil Interpreter\n";
+    return;
+  }
+  defined = LBitSet(type->count());
+  bin_values = LBitSet(type->count());
+}
+
+AttVec::AttVec(const AttVec& other) : Counted(other), interpreters(other.interpreters) {
+  take_values(other);
+}
+
+AttVec::AttVec(IRSlist* form, AttInterpreterList* type) : AttVec(type) {
+  read(form);
+}
+
+AttVec::~AttVec() {
+  if (interpreters) {
+    for (int w = 0; w < defined.word_count(); ++w)
+      for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
+           bits &= bits - 1)
+        interpreters->atts[w * 32 + std::countr_zero(bits)]->clear(this);
+  }
+  BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
+}
+
+void* AttVec::operator new(std::size_t bytes) {
+  return BlockPool::take(BlockPool::words_for(bytes));
+}
+
+void AttVec::operator delete(void* block, std::size_t bytes) {
+  BlockPool::give(block, BlockPool::words_for(bytes));
+}
+
+// Vectors nest as deep as a grammar lets them grow, far deeper than the stack.
+void AttVec::destroy(AttVec* vec) {
+  constexpr int kMostNested = 100;
+  static int depth = 0;
+  static auto& waiting = *new Array<AttVec*>;
+  if (depth == kMostNested) {
+    waiting.append(vec);
+    return;
+  }
+  ++depth;
+  delete vec;
+  while (depth == 1 && !waiting.empty()) {
+    AttVec* next = waiting.back();
+    waiting.pop_back();
+    delete next;
+  }
+  --depth;
+}
+
+void AttVec::lay_out() {
+  if (!interpreters) return;
+  int longs = interpreters->long_count;
+  int chars = interpreters->char_count;
+  std::size_t words = block_words(longs, chars);
+  auto* block = static_cast<AttWord*>(BlockPool::take(words));
+  std::fill_n(block, words, AttWord{0});
+  auto* bytes = reinterpret_cast<unsigned char*>(block + longs);
+  if (long_values) {
+    std::copy_n(long_values, laid_out_long, block);
+    std::copy_n(small_values, laid_out_char, bytes);
+    BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
+  }
+  long_values = block;
+  small_values = bytes;
+  laid_out_long = static_cast<std::int16_t>(longs);
+  laid_out_char = static_cast<std::int16_t>(chars);
+}
+
+// Of a defined attribute that is not binary: its slot is in the block.
+inline AttWord AttVec::word_at(const AttSlot& slot) const {
+  return slot.storage == Storage::byte ? small_values[slot.at] : long_values[slot.at];
+}
+
+AttWord AttVec::get(int index) const {
+  if (!has(index)) return 0;
+  const AttSlot& slot = interpreters->slots[index];
+  return slot.storage == Storage::bit ? bin_values.test(index) : word_at(slot);
+}
+
+void AttVec::set(int index, AttWord value) {
+  AttInterpreter* att = interpreters ? interpreters->at(index) : nullptr;
+  if (!att) return;
+  att->set(this, value);
+  defined.set(index);
+}
+
+void AttVec::undefine(int index) {
+  if (!has(index)) return;
+  defined.clear(index);
+  if (interpreters->slots[index].counted()) interpreters->atts[index]->clear(this);
+}
+
+// The counted value in the slot of a defined attribute, with no other owner.
+template <class T>
+T* AttVec::own_value(int index, Holds what) {
+  if (!has(index) || interpreters->slots[index].holds != what) return nullptr;
+  AttWord& slot = long_values[interpreters->slots[index].at];
+  auto* value = reinterpret_cast<T*>(slot);
+  if (!value || !value->shared()) return value;
+  Ref<T> copy = copy_of(*value);
+  value->release();
+  value = copy.leak();
+  slot = reinterpret_cast<AttWord>(value);
+  return value;
+}
+
+AttVec* AttVec::own_vec(int index) {
+  return own_value<AttVec>(index, Holds::vec);
+}
+AttVecList* AttVec::own_list(int index) {
+  return own_value<AttVecList>(index, Holds::list);
+}
+TraceChain* AttVec::own_trace(int index) {
+  return own_value<TraceChain>(index, Holds::trace);
+}
+
+// The vector is empty and of the other's type.
+void AttVec::take_values(const AttVec& other) {
+  defined = other.defined;
+  bin_values = other.bin_values;
+  if (!other.long_values) return;
+  if (!long_values || laid_out_long != other.laid_out_long ||
+      laid_out_char != other.laid_out_char) {
+    std::size_t words = block_words(other.laid_out_long, other.laid_out_char);
+    auto* block = static_cast<AttWord*>(BlockPool::take(words));
+    BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
+    long_values = block;
+    laid_out_long = other.laid_out_long;
+    laid_out_char = other.laid_out_char;
+    small_values = reinterpret_cast<unsigned char*>(block + laid_out_long);
+  }
+  std::memcpy(long_values, other.long_values,
+              block_words(laid_out_long, laid_out_char) * sizeof(AttWord));
+  for (int w = 0; w < defined.word_count(); ++w)
+    for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
+         bits &= bits - 1) {
+      int index = w * 32 + std::countr_zero(bits);
+      interpreters->atts[index]->share(word_at(interpreters->slots[index]));
+    }
+}
+
+void AttVec::clear_all() {
+  if (!interpreters) return;
+  for (int w = 0; w < defined.word_count(); ++w) {
+    std::uint32_t counted = defined.word(w) & interpreters->counted_atts.word(w);
+    defined.put_word(w, ~0u, 0);
+    for (; counted; counted &= counted - 1)
+      interpreters->atts[w * 32 + std::countr_zero(counted)]->clear(this);
+  }
+}
+
+void AttVec::copy_from(const AttVec& other) {
+  if (this == &other) return;
+  Hold hold(other);
+  clear_all();
+  if (interpreters != other.interpreters) {
+    BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
+    long_values = nullptr;
+    small_values = nullptr;
+    laid_out_long = laid_out_char = 0;
+    interpreters = other.interpreters;
+  }
+  take_values(other);
+}
+
+// One attribute of `other` that is not binary.
+inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, int store) {
+  const AttSlot& slot = interpreters->slots[index];
+  AttWord value = other.word_at(slot);
+  if (is_defined) {
+    if (slot.plain && word_at(slot) == value) return true;
+  } else if (!slot.counted()) {
+    if (slot.storage == Storage::byte)
+      small_values[slot.at] = static_cast<unsigned char>(value);
+    else
+      long_values[slot.at] = value;
+    return true;
+  } else {
+    interpreters->atts[index]->set(this, value);
+    return true;
+  }
+  return interpreters->atts[index]->unify(this, index, value, store) != 0;
+}
+
+// The attributes `bits` of word w. The binary ones are one operation, but what stands behind the
+// first failure in index order must stay as it is.
+inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, int store) {
+  const std::uint32_t mine = defined.word(w);
+  const std::uint32_t binary = bits & interpreters->binary_atts.word(w);
+  const std::uint32_t clash = binary & mine & (bin_values.word(w) ^ other.bin_values.word(w));
+  if (clash && !store) return false;
+  std::uint32_t reached = clash ? (clash & -clash) - 1 : ~0u;
+  std::uint32_t rest = bits & ~binary & reached;
+  if (!store) rest &= mine;
+  bool ok = clash == 0;
+  if (store && rest &&
+      (laid_out_long < interpreters->long_count || laid_out_char < interpreters->char_count))
+    lay_out();
+  for (; rest; rest &= rest - 1) {
+    int bit = std::countr_zero(rest);
+    if (unify_slot(other, w * 32 + bit, (mine >> bit) & 1, store)) continue;
+    reached = (1u << bit) - 1;
+    ok = false;
+    break;
+  }
+  if (store) {
+    std::uint32_t fresh = bits & ~mine & reached;
+    if (fresh & binary) bin_values.put_word(w, fresh & binary, other.bin_values.word(w));
+    if (fresh) defined.put_word(w, fresh, fresh);
+  }
+  return ok;
+}
+
+int AttVec::unify(const AttVec& other, const LBitSet* mask, int store) {
+  if (interpreters != other.interpreters || !interpreters) return nothing_in(other.defined, mask);
+  if (store && !mask && defined.is_empty()) {
+    if (this != &other) take_values(other);
+    return 1;
+  }
+  Hold hold(other);
+  for (int w = 0; w < other.defined.word_count(); ++w) {
+    std::uint32_t bits = masked(other.defined, mask, w);
+    if (bits && !unify_word(other, w, bits, store)) return 0;
+  }
+  return 1;
+}
+
+// Visits what `other` defines (within the mask); nothing if the types differ.
+template <class Visit>
+void AttVec::for_each_in(const AttVec& other, const LBitSet* mask, Visit visit) const {
+  if (interpreters != other.interpreters || !interpreters) return;
+  Hold hold(other);
+  for (int w = 0; w < other.defined.word_count(); ++w)
+    for (std::uint32_t bits = masked(other.defined, mask, w); bits; bits &= bits - 1) {
+      int index = w * 32 + std::countr_zero(bits);
+      visit(*interpreters->atts[index], index);
+    }
+}
+
+void AttVec::force_unify(const AttVec& other, const LBitSet* mask) {
+  for_each_in(other, mask, [&](const AttInterpreter& att, int index) {
+    att.unify(this, index, other.get(index), 1);
+  });
+}
+
+void AttVec::modify(const AttVec& other, const LBitSet* mask) {
+  for_each_in(other, mask, [&](const AttInterpreter& att, int index) {
+    att.modify(this, index, other.get(index));
+  });
+}
+
+void AttVec::subtract(const AttVec& other, const LBitSet* mask) {
+  for_each_in(other, mask, [&](const AttInterpreter& att, int) { att.subtract(this, &other); });
+}
+
+void AttVec::generalize(const AttVec& other, const LBitSet* mask) {
+  if (!interpreters) return;
+  for_each_in(other, mask, [&](const AttInterpreter& att, int) { att.generalize(this, &other); });
+  bool same_type = interpreters == other.interpreters;
+  for (int w = 0; w < defined.word_count(); ++w) {
+    std::uint32_t lost = masked(defined, mask, w);
+    if (same_type) lost &= ~other.defined.word(w);
+    for (; lost; lost &= lost - 1) undefine(w * 32 + std::countr_zero(lost));
+  }
+}
+
+int AttVec::compare(const AttVec& other, const LBitSet* mask) const {
+  const int words = std::max(defined.word_count(), other.defined.word_count());
+  std::uint32_t outside = 0;        // what this defines and the other does not
+  std::uint32_t other_outside = 0;  // and the reverse
+  for (int w = 0; w < words; ++w) {
+    std::uint32_t differing = defined.word(w) ^ other.defined.word(w);
+    if (mask) differing &= mask->word(w);
+    outside |= differing & defined.word(w);
+    other_outside |= differing & other.defined.word(w);
+  }
+  if (outside && other_outside) return subsume::kIncomparable;
+  int result = outside         ? subsume::kMoreSpecific
+               : other_outside ? subsume::kMoreGeneral
+                               : subsume::kEqual;
+  for (int w = 0; w < words; ++w) {
+    std::uint32_t common = masked(defined, mask, w) & other.defined.word(w);
+    if (!common) continue;
+    if (interpreters != other.interpreters) return subsume::kIncomparable;
+    const std::uint32_t binary = common & interpreters->binary_atts.word(w);
+    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return subsume::kIncomparable;
+    for (common &= ~binary; common; common &= common - 1) {
+      int index = w * 32 + std::countr_zero(common);
+      const AttSlot& slot = interpreters->slots[index];
+      AttWord mine = word_at(slot);
+      AttWord theirs = other.word_at(slot);
+      if (mine == theirs) continue;
+      int code = interpreters->atts[index]->compare(mine, theirs);
+      if (code == subsume::kEqual) continue;
+      if (result != subsume::kEqual && result != code) return subsume::kIncomparable;
+      result = code;
+    }
+  }
+  return result;
+}
+
+}  // namespace torvane

@@ -1,0 +1,82 @@
+#include "att/disjunction_atts.h"
+
+#include <iostream>
+
+namespace torvane {
+
+template <class Base>
+void DisjunctionAtt<Base>::init(IRSlist* facets) {
+  this->read_facets(facets, "allowable-values", [this](IRSlist& facet) {
+    constexpr int kMostValues = 32;  // for either width
+    int count = names.read(facet);
+    if (count > kMostValues)
+      std::cerr << "The attribute " << this->name << " can only have up to " << kMostValues
+                << " values, " << count << " found.\n";
+  });
+}
+
+// A defined 0 unifies only with 0.
+template <class Base>
+int DisjunctionAtt<Base>::unify(AttVec* vec, int at, AttWord value, int store) const {
+  if (!vec->has(at)) {
+    if (store) vec->set(at, value);
+    return 1;
+  }
+  AttWord current = this->get(vec);
+  if (current == 0 && value == 0) return 1;
+  AttWord common = current & value;
+  if (common == 0) return 0;
+  if (store) vec->set(at, common);
+  return 1;
+}
+
+template <class Base>
+int DisjunctionAtt<Base>::compare(AttWord a, AttWord b) const {
+  auto mine = static_cast<std::uint32_t>(a);
+  auto theirs = static_cast<std::uint32_t>(b);
+  if (mine == theirs) return subsume::kEqual;
+  if (mine == 0 || theirs == 0) return subsume::kIncomparable;
+  if ((theirs & ~mine) == 0) return subsume::kMoreGeneral;
+  if ((mine & ~theirs) == 0) return subsume::kMoreSpecific;
+  return subsume::kIncomparable;
+}
+
+template <class Base>
+const char* DisjunctionAtt<Base>::str_val(AttWord value, std::string& scratch) const {
+  if (value == 0) return names.at(0);
+  scratch.clear();
+  for (AttWord i = 1; i <= 32 && names.at(i); ++i) {
+    if (((value >> (i - 1)) & 1) == 0) continue;
+    if (!scratch.empty()) scratch += ' ';
+    scratch += names.at(i);
+  }
+  return scratch.c_str();
+}
+
+template <class Base>
+AttWord DisjunctionAtt<Base>::make_val(IRSlist* form) const {
+  if (form->is_atom()) return *form->atom == '~' ? 0 : get_val(form->atom);
+  AttWord mask = 0;
+  for (bool first = true; !form->empty(); first = false) {
+    const char* token = form->get_str_val();
+    if (!token) continue;
+    if (first && *token == '~') return 0;
+    mask |= get_val(token);
+  }
+  return mask;
+}
+
+// The table's entry 0 and a name that is not in it come out as bits 31 and 30.
+template <class Base>
+AttWord DisjunctionAtt<Base>::get_val(const char* token) const {
+  token = or_empty(token);
+  int found = names.find(token);
+  if (found < 0 && *token != '~')
+    std::cerr << this->type_name() << "::get_val: Unknown attribute value " << token << '\n';
+  return std::uint32_t{1} << (static_cast<unsigned>(found - 1) & 31);
+}
+
+template class DisjunctionAtt<Long32Att>;
+template class DisjunctionAtt<CharAtt>;
+
+}  // namespace torvane

@@ -1,0 +1,134 @@
+// What nested attributes share: facets, printing, and the attribute of one vector.
+#include "att/nested_atts.h"
+
+#include <sstream>
+
+#include "att/nesting.h"
+
+namespace torvane {
+
+DepthLimit& nesting_limit() {
+  static DepthLimit limit{"Attribute vectors are nested too deep"};
+  return limit;
+}
+
+bool is_signed_name(const IRSlist* item) {
+  return item && item->is_atom() &&
+         (*item->atom == '+' || *item->atom == '-' || *item->atom == '~');
+}
+
+template <class T>
+void ComplexAtt<T>::init(IRSlist* facets) {
+  this->read_facets(facets, "interpreter", [this](IRSlist& facet) {
+    nested = AttInterpreterList::find(facet.get_str_val());
+  });
+}
+
+template <class T>
+void ComplexAtt<T>::print(std::ostream& out, const AttVec* vec) const {
+  AttWord value = this->get(vec);
+  if (!value) {
+    out << '~' << this->name;
+  } else if (this->shows(value)) {
+    out << '(' << this->name;
+    print_vectors(out, *this->object(value), " ");
+    out << ')';
+  }
+}
+
+template class ComplexAtt<AttVec>;
+template class ComplexAtt<AttVecList>;
+
+void print_vectors(std::ostream& out, const AttVec& vec, const char* before) {
+  out << before;
+  vec.print(out);
+}
+
+void VecAtt::generalize(AttVec* a, const AttVec* b) const {
+  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
+  DepthGuard guard(nesting_limit());
+  if (guard) a->own_vec(index)->generalize(*object(b->get(index)));
+}
+
+void VecAtt::subtract(AttVec* a, const AttVec* b) const {
+  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
+  DepthGuard guard(nesting_limit());
+  if (!guard) return;
+  if (compare(a->get(index), b->get(index)) == subsume::kEqual)
+    a->undefine(index);
+  else
+    a->own_vec(index)->subtract(*object(b->get(index)));
+}
+
+int VecAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
+  if (!vec->has(at)) {
+    if (store) vec->set(at, value);
+    return 1;
+  }
+  AttWord current = get(vec);
+  if (!value || !current) return value == current;
+  if (value == current && !store) return 1;
+  DepthGuard guard(nesting_limit());
+  if (!guard) return 0;
+  AttVec* mine = store ? vec->own_vec(at) : object(current);
+  return mine->unify(*object(value), nullptr, store);
+}
+
+void VecAtt::modify(AttVec* vec, int at, AttWord value) const {
+  if (!value || vec->get(at) == 0) return vec->set(at, value);
+  DepthGuard guard(nesting_limit());
+  if (guard) vec->own_vec(at)->modify(*object(value));
+}
+
+int VecAtt::compare(AttWord a, AttWord b) const {
+  if (!a || !b || a == b) return AttInterpreter::compare(a, b);
+  DepthGuard guard(nesting_limit());
+  return guard ? object(a)->compare(*object(b)) : subsume::kIncomparable;
+}
+
+const char* VecAtt::str_val(AttWord value, std::string& scratch) const {
+  if (!value) return nullptr;
+  std::ostringstream out;
+  print_vectors(out, *object(value), "");
+  scratch = out.str();
+  return scratch.c_str();
+}
+
+// A printed vector stands in a list of its own, `(v (+a (k x)))`, a written one does not: `(v +a (k
+// x))`.
+AttWord VecAtt::make_val(IRSlist* form) const {
+  if (form->empty()) return 0;
+  DepthGuard guard(nesting_limit());
+  if (!guard) return 0;
+  IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
+  const IRSlist* first = only && only->is_list() ? only->nth(0) : nullptr;
+  bool printed = first && (first->is_list() || is_signed_name(first));
+  return word(new AttVec(printed ? only : form, nested_type()));
+}
+
+void VecAtt::pack(const AttVec* vec, StrBufs& out) const {
+  if (const AttVec* value = object(get(vec))) pack_nested(*value, out);
+}
+
+bool VecAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
+  Ref<AttVec> value = make_ref<AttVec>(nested_type());
+  if (!unpack_nested(*value, p, end)) return false;
+  set(vec, word(value.get()));
+  return true;
+}
+
+bool VecAtt::shows(AttWord value) const {
+  return !value || !object(value)->is_empty();
+}
+
+void pack_nested(const AttVec& vec, StrBufs& out) {
+  DepthGuard guard(nesting_limit());
+  if (guard) vec.pack(out);
+}
+
+bool unpack_nested(AttVec& vec, const char*& p, const char* end) {
+  DepthGuard guard(nesting_limit());
+  return guard && vec.unpack(p, end);
+}
+
+}  // namespace torvane

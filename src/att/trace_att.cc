@@ -1,0 +1,64 @@
+#include <iostream>
+
+#include "att/nested_atts.h"
+#include "support/text.h"
+
+namespace torvane {
+
+int TraceAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
+  if (!vec->has(at)) {
+    if (store) vec->set(at, value);
+    return 1;
+  }
+  AttWord current = get(vec);
+  if (!value || !current) return value == current;
+  if (!store) return 1;
+  Ref<TraceChain> added(object(value));
+  TraceChain* chain = vec->own_trace(at);
+  for (const TraceRecord& record : added->records) chain->records.insert_at(0, record);
+  return 1;
+}
+
+void TraceAtt::print(std::ostream& out, const AttVec* vec) const {
+  AttWord value = get(vec);
+  std::string scratch;
+  if (!value)
+    out << '~' << name;
+  else if (shows(value))
+    out << '(' << name << ' ' << str_val(value, scratch) << ')';
+}
+
+const char* TraceAtt::str_val(AttWord value, std::string& scratch) const {
+  if (!value) return nullptr;
+  scratch.clear();
+  for (const TraceRecord& record : object(value)->records) {
+    if (!scratch.empty()) scratch += ' ';
+    scratch += '(';
+    append_quoted(scratch, or_empty(record.role), QuoteComma::yes);
+    scratch += ')';
+  }
+  return scratch.c_str();
+}
+
+AttWord TraceAtt::make_val(IRSlist* form) const {
+  if (form->empty() && (!form->is_atom() || *form->atom == '~')) return 0;
+  std::cerr << "TraceAtt::make_val(IRSlist*) fails with argument: ";
+  if (form->is_atom())
+    form->print_item(std::cerr);
+  else
+    form->print(std::cerr);
+  std::cerr << '\n';
+  return 0;
+}
+
+// Nothing was packed: that it was defined is all that is left.
+bool TraceAtt::unpack(AttVec* vec, const char*&, const char*) const {
+  set(vec, 0);
+  return true;
+}
+
+bool TraceAtt::shows(AttWord value) const {
+  return !value || !object(value)->records.empty();
+}
+
+}  // namespace torvane
