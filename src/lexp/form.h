@@ -1,5 +1,5 @@
-// The idioms in which forms are written: a form says its name, its types and its one step, and the base
-// does what all forms share.
+// The idioms in which forms are written: a form says its name, its types and its one step, and the
+// base does what all forms share.
 #pragma once
 
 #include <memory>
@@ -86,8 +86,8 @@ const char* arg_type_name() {
 ///     static constexpr const char* kName = "pitem-low";
 ///     int step(PItem& item) const { return item._low; }
 ///   };
-/// R is an integer, `const char*` never (give a Value with the text's life), a pointer, or a Value with
-/// the declared type `Out`.
+/// R is an integer, `const char*` never (give a Value with the text's life), a pointer, or a Value
+/// with the declared type `Out`.
 template <class D, class T, class R, class Out = std::remove_const_t<std::remove_pointer_t<R>>>
 class Adaptor : public Form<D, LAdaptor> {
  public:
@@ -102,14 +102,26 @@ class Adaptor : public Form<D, LAdaptor> {
   }
 };
 
+/// An adaptor from a text to a text (a null or foreign input gives 0):
+///   Value step(const char* text, Value input)
+template <class D>
+class TextAdaptor : public Form<D, LAdaptor> {
+ public:
+  TextAdaptor() { this->in_type = this->mid_type = type_id_of<const char*>(); }
+  Value convert(Value input) override {
+    const char* text = input.text();
+    return text ? static_cast<D*>(this)->step(text, input) : Value();
+  }
+};
+
 /// Registers a form class under its kName; `doc` null: "No documentation provided".
 template <class D>
 void register_form(const char* doc = nullptr, const char* name = D::kName) {
   register_lexp(std::make_unique<D>(), name, doc);
 }
 
-/// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const char*,
-/// integers or Value. Arity and type names come from the signature.
+/// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const
+/// char*, integers or Value. Arity and type names come from the signature.
 namespace form_detail {
 template <auto fn, class R, class In, class... A, std::size_t... I>
 Value call(const Value* v, std::index_sequence<I...>) {
@@ -122,8 +134,10 @@ Value call(const Value* v, std::index_sequence<I...>) {
 }
 template <auto fn, class R, class In, class... A>
 void register_fn(R (*)(In, A...), const char* name, const char* doc) {
+  static_assert(sizeof...(A) <= MArgExp::kMostArgs);
   auto exp = std::make_unique<MArgExp>(
-      name, [](const Value* v) { return call<fn, R, In, A...>(v, std::index_sequence_for<A...>{}); },
+      name,
+      [](const Value* v) { return call<fn, R, In, A...>(v, std::index_sequence_for<A...>{}); },
       sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
   exp->in_type = type_id(arg_type_name<In>());
   if constexpr (!std::is_void_v<R>) exp->out_type = type_id(arg_type_name<R>());

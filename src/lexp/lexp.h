@@ -1,5 +1,5 @@
-// A compiled expression: a function of one input, compiled once from a form, kept, and evaluated many
-// times. Conditions and actions of grammars and rules are all of this kind.
+// A compiled expression: a function of one input, compiled once from a form, kept, and evaluated
+// many times. Conditions and actions of grammars and rules are all of this kind.
 #pragma once
 
 #include <memory>
@@ -131,7 +131,8 @@ class CharPred : public LExp {
 class MArgExp : public LExp {
  public:
   static constexpr int kMostArgs = 4;
-  using Fn = Value (*)(const Value* values);  ///< the input, then max_args arguments, missing ones 0
+  using Fn =
+      Value (*)(const Value* values);  ///< the input, then max_args arguments, missing ones 0
 
   MArgExp(const char* form_name, Fn fn, int most_args)
       : name_text(form_name), max_args(most_args), fn_(fn) {}
@@ -151,18 +152,27 @@ class MArgExp : public LExp {
 };
 
 /// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
-/// prototype. This is how every module adds a form, and how `defun` adds a function. The factory owns it.
-bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr, const char* doc = nullptr);
+/// prototype. This is how every module adds a form, and how `defun` adds a function. The factory
+/// owns it.
+bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr,
+                   const char* doc = nullptr);
 /// The prototype of a head word, or null.
 LExp* find_lexp_proto(const char* name);
 
+/// Frees what variables and lists let go of since the last call. Does nothing while an expression
+/// is running commands; to be called where no other expression runs, such as between two sentences.
+void settle_values();
+
+/// Creates the family that all forms stand in.
+void add_lexp_family();
 /// The core forms, `declare-var`, `defun`, `eval`, `foreach` and the macro commands.
 void register_core_forms();
 void register_constant_forms();
-void register_string_forms();   ///< with word lists
-void register_integer_forms();  ///< with regular expressions
+void register_string_forms();  ///< with word lists
+void register_integer_forms();
 
-/// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to case.
+/// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to
+/// case.
 std::unique_ptr<LExp> make_str_is(const char* text);
 
 }  // namespace torvane

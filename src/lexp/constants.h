@@ -1,0 +1,42 @@
+// Forms that give a fixed value, whatever the input.
+#pragma once
+
+#include "lexp/form.h"
+#include "lexp/lexp.h"
+
+namespace torvane {
+
+/// A copy of a text that lives as long as the process, at a place of its own; null for null.
+const char* constant_text(const char* text);
+
+/// The expression itself, not its result: a way to hand an expression over as a value. Since
+/// whoever gets it may keep it, it is never destroyed.
+class PredConst : public Form<PredConst, LConst> {
+ public:
+  static constexpr const char* kName = "pred";
+  PredConst() { out_type = type_id_of<LExp>(); }
+  PredConst(const PredConst& other);
+  void init(IRSlist* args) override;
+};
+
+class NamedObjConst : public Form<NamedObjConst, LConst> {
+ public:
+  static constexpr const char* kName = "named-obj";
+  void init(IRSlist* args) override;
+};
+
+class IntegerConst : public Form<IntegerConst, LConst> {
+ public:
+  static constexpr const char* kName = "int";
+  IntegerConst() { out_type = type_id_of<int>(); }
+  void init(IRSlist* args) override { value = Value::integer(args->get_long_val()); }
+};
+
+class StrConst : public Form<StrConst, LConst> {
+ public:
+  static constexpr const char* kName = "str";
+  StrConst() { out_type = type_id_of<const char*>(); }
+  void init(IRSlist* args) override { value = Value::constant(constant_text(args->get_str_val())); }
+};
+
+}  // namespace torvane

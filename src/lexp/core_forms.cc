@@ -1,0 +1,113 @@
+#include "lexp/control_forms.h"
+#include "lexp/exec_commands.h"
+#include "lexp/functions.h"
+#include "lexp/stream_forms.h"
+#include "lexp/variables.h"
+#include "shell/exec.h"
+#include "shell/macro.h"
+#include "shell/object_factory.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr Command kCommands[] = {
+    {"declare-var", declare_var_command, "(declare-var varname) declare a variable."},
+    {"defun", defun, "(defun funcname ( [args] ) LExp LExp ...) define a function."},
+    {"eval", eval_command, "(eval LExp) Evaluate LExp with 0 as input."},
+    {"foreach", foreach_command,
+     "(foreach LIST :eval LEXP) Evaluate LExp with each of the string in the list."},
+};
+
+void register_sequence_forms() {
+  register_lexp(std::make_unique<CompExp>(), nullptr,
+                "(prog <lexp1> <lexp2> ... <lexpn>)\n"
+                "  The input is passed to and evaluated by <lexp1>, then <lexp2>, ..., <lexpn>.\n"
+                "  The return value is the result of <lexpn>");
+  register_form<Prog1Exp>(
+      "(prog1 <lexp1> <lexp2> ... <lexpn>)\n"
+      "  The input is passed to and evaluated by <lexp1>, then <lexp2>, ..., <lexpn>.\n"
+      "  The return value is the result of <lexp1>");
+  register_form<FuncComp>(
+      "(comp <lexp1> <lexp2> ... <lexpn>)\n"
+      "  the input is passed to and evaluated by <lexp1>. the result is then\n"
+      "  passed to <lexp2> for evaluation. ... the result of evaluating\n"
+      "  <lexpn> is returned.");
+}
+
+void register_conditional_forms() {
+  register_form<IfAction>(
+      "(if <lexp-cond>\n"
+      "    <lexp-t>\n"
+      "    <lexp-f>)\n"
+      "  The input is passed to <lexp-cond> if the result is not 0, the input\n"
+      "  is passed to <lexp-t>, otherwise to <lexp-f>. The result of <lexp-t>\n"
+      "  or <lexp-f> is returned.");
+  register_form<WhileAction>(
+      "(while <lexp-cond> <lexp> <lexp> <lexp>)\n"
+      "  The input is passed to <lexp-cond> if the result is not 0, the input\n"
+      "  is passed to the <lexp>'s to be evaluated. Continues until <lexp-cond> fails");
+  register_form<WhenAction>(
+      "(when <lexp-cond> <lexp> <lexp> <lexp>)\n"
+      "  The input is passed to <lexp-cond> if the result is not 0, the input\n"
+      "  is passed to the <lexp>'s to be evaluated.");
+  register_form<OneOf>(
+      "(one-of <lexp1> ... <lexpn> :is <pred>)\n"
+      "Return a non zero value if the evaluation result of one of <lexp> satisfy <pred>");
+  register_form<CondAction>(
+      "(cond\n"
+      "  (<lexp-cond>  <lexp>  ... <lexp>)\n"
+      "  (<lexp-cond>  <lexp>  ... <lexp>)\n"
+      "   ... ...\n"
+      "  (<lexp-cond>  <lexp>  ... <lexp>)\n"
+      "  )\n"
+      "  Sequentially test each of the <lexp-cond>s, when one of them\n"
+      "  evaluates to true, the <lexp>s following the condtion are\n"
+      "  evaluated. The rest of the cond are then skipped. The return value\n"
+      "  is the result of the last <lexp> evaluated.");
+}
+
+void register_value_forms() {
+  register_form<CollectExp>(
+      "(list <lexp1> <lexp2> ... <lexpn>)\n"
+      "  The argument is passed to each of the <lexp>s, the return value is\n"
+      "  collected in a Slist. The pointer to the Slist is returned.");
+  register_form<NegExp>("(not <lexp>)\n  returns true if <lexp> evaluates to 0;");
+  register_form<OrExp>(
+      "(or <lexp> <lexp> ... <lexp>)\n  returns true if one of <lexp>s evaluates to true.");
+  register_form<XorExp>(
+      "(xor <lexp> <lexp> ... <lexp>)\n  returns true if odd number of <lexp>s evaluate to true.");
+  register_form<AndExp>(
+      "(and <lexp> <lexp> ... <lexp>)\n  returns true if all of <lexp>s evaluate to true.");
+  register_form<AlwaysTrue>("(t)\n  Always return 1");
+  register_form<AlwaysFalse>("(nil)\n  Always return 0");
+  register_form<NilPred>("(is-nil)\n  Returns true if the input is 0. Returns false otherwise.");
+  register_form<Ident>("(ident)\n  Always return the input.");
+  register_lexp(std::make_unique<AssignVar>(), nullptr, "(setq <var-name> <lexp>)");
+  register_lexp(std::make_unique<GetVarVal>(), nullptr, "(get-val <var-name> [ <lexp> ])");
+  register_lexp(std::make_unique<LetExp>(), nullptr, "(let (<varlist>) <lexp> <lexp> ...)");
+}
+
+}  // namespace
+
+void register_core_forms() {
+  static bool registered = false;
+  if (registered) return;
+  registered = true;
+  add_lexp_family();
+  register_sequence_forms();
+  register_conditional_forms();
+  register_value_forms();
+  register_form<OneOfTwo>();
+  register_form<TwoOfTwo>();
+  register_form<ExecCommands>();
+  register_form<OpenFile>();
+  register_form<CloseFile>();
+  register_form<SetTokenizerInput>();
+  register_form<SetTokenizerStringInput>();
+  register_form<EqExp>();
+  interpreter().define(kCommands);
+  register_macro_commands();
+}
+
+}  // namespace torvane

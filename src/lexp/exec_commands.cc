@@ -1,0 +1,55 @@
+#include "lexp/exec_commands.h"
+
+#include "shell/exec.h"
+
+namespace torvane {
+
+namespace {
+int commands_running = 0;  // from within expressions
+}
+
+void settle_values() {
+  if (commands_running == 0) free_retired_values();
+}
+
+ExecCommands::ExecCommands(const ExecCommands& other) : Form(other) {
+  commands_.copy_into(other.commands_, texts_);
+}
+
+void ExecCommands::init(IRSlist* args) {
+  commands_.copy_into(*args, texts_);
+}
+
+Value ExecCommands::eval(Value, int) {
+  // Local, since a command may come back to this very expression.
+  StrBufs texts(256);
+  IRSlist forms;
+  forms.copy_into(commands_, texts);
+  ++commands_running;
+  Value result = interpreter().eval_all(forms);
+  --commands_running;
+  // What `quote` gives goes with the copy.
+  const char* text = result.text();
+  return text && result.tag() == &tags::name ? result_.set(text) : result;
+}
+
+Value eval_command(IRSlist* form) {
+  for (IRSlist* item : form->items) {
+    ExpPtr(LExp::get_exp(item)).eval(Value(), kAnyType);
+    settle_values();
+  }
+  return Value();
+}
+
+Value foreach_command(IRSlist* form) {
+  ExpPtr exp = LExp::get_exp(form->find_keyword_node(":eval", false));
+  IRSlist* list = form->nth(0);
+  if (!exp || !list) return Value();
+  for (const IRSlist* item : list->items) {
+    exp->eval(Value::buffer_text(item->atom), type_id_of<const char*>());
+    settle_values();
+  }
+  return Value();
+}
+
+}  // namespace torvane

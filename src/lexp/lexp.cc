@@ -1,0 +1,171 @@
+#include "lexp/lexp.h"
+
+#include <iostream>
+#include <string>
+
+#include "lexp/form.h"
+#include "shell/macro.h"
+#include "shell/object_factory.h"
+#include "support/depth.h"
+
+namespace torvane {
+
+namespace tags {
+const TypeTag lexp{"LExp*"};
+}
+
+namespace {
+
+constexpr const char* kFamily = "LExp";
+
+// The depth also bounds how deep one compiled expression evaluates, copies and destroys itself.
+DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 1000};
+
+[[gnu::noinline]] void report_no_form(const IRSlist& form) {
+  std::cerr << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
+}
+
+// All expressions that a macro's expansion holds, as one.
+[[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(const std::string& text) {
+  Array<ExpPtr> exps;
+  IRSlistReader reader;
+  for (IRSlist* form = reader.start_string(text.c_str()); form; form = reader.next()) {
+    if (auto exp = LExp::get_exp(form)) exps.append(std::move(exp));
+  }
+  if (exps.empty()) return nullptr;
+  if (exps.count() == 1) return exps[0].release();
+  auto all = std::make_unique<CompExp>();
+  all->exps = std::move(exps);
+  return all;
+}
+
+std::unique_ptr<LExp> compile_head(IRSlist* form) {
+  const char* head = form->get_str_val();
+  if (!head) return nullptr;
+  LExp* prototype = find_lexp_proto(head);
+  if (!prototype) {
+    std::cerr << "LExp::get_exp:  unknown type: '" << head << "'\n";
+    return nullptr;
+  }
+  std::unique_ptr<LExp> exp = prototype->copy();
+  exp->in_type = prototype->in_type;
+  exp->out_type = prototype->out_type;
+  exp->init(form);
+  return exp;
+}
+
+}  // namespace
+
+void LExp::init(IRSlist*) {}
+
+std::unique_ptr<LExp> LExp::get_exp(IRSlist* form) {
+  if (!form) return nullptr;
+  if (form->empty()) {
+    report_no_form(*form);
+    return nullptr;
+  }
+  DepthGuard guard(compile_depth);
+  if (!guard) return nullptr;
+  if (auto expansion = expand_macro(*form)) return compile_expansion(*expansion);
+  return compile_head(form);
+}
+
+std::unique_ptr<LExp> LExp::get_exp_from_text(const char* text) {
+  if (!text) return nullptr;
+  auto tokenizer = Tokenizer::make_default();
+  tokenizer->set_string_input(text, -1);
+  IRSlist form;
+  form.read(*tokenizer, '(', ')');
+  return get_exp(&form);
+}
+
+void LExp::wrong_type(int input_type) const {
+  std::cerr << name() << " received a wrong type of argument:'" << or_empty(type_name(input_type))
+            << "' (" << input_type << ")\n"
+            << "The expected type of argument is:'" << or_empty(type_name(in_type)) << "' ("
+            << in_type << ")\n";
+}
+
+void LAdaptor::init(IRSlist* args) {
+  sub = get_exp(args->nth(0));
+  out_type = sub ? sub->out_type : mid_type;
+}
+
+Value LAdaptor::eval(Value input, int input_type) {
+  if (!accepts(input_type)) return Value();
+  Value converted = convert(input);
+  return sub ? sub->eval(converted, mid_type) : converted;
+}
+
+void CompExp::init(IRSlist* args) {
+  for (IRSlist* item : args->items) {
+    if (auto exp = get_exp(item)) exps.append(std::move(exp));
+  }
+}
+
+Value CompExp::eval(Value input, int input_type) {
+  Value result = input;
+  for (const ExpPtr& exp : exps) result = exp->eval(input, input_type);
+  return result;
+}
+
+void BinaryFunc::init(IRSlist* args) {
+  a = get_exp(args->nth(0));
+  b = get_exp(args->nth(1));
+}
+
+void TernaryFunc::init(IRSlist* args) {
+  a = get_exp(args->nth(0));
+  b = get_exp(args->nth(1));
+  c = get_exp(args->nth(2));
+}
+
+CharPred::CharPred() {
+  in_type = type_id_of<const char*>();
+}
+
+void MArgExp::init(IRSlist* items) {
+  int count = items->length();
+  if (count > max_args) {
+    std::cerr << "Incorrect number of arguments in " << name_text << ". Expected: " << max_args
+              << " Actual: " << count << '\n';
+    return;
+  }
+  for (IRSlist* item : items->items) args.append(get_exp(item));
+}
+
+Value MArgExp::eval(Value input, int input_type) {
+  if (!accepts(input_type)) return Value();
+  Value values[kMostArgs + 1];
+  values[0] = input;
+  int i = 0;
+  for (const ExpPtr& arg : args) values[++i] = arg.eval(input, input_type);
+  return apply(values);
+}
+
+bool register_lexp(std::unique_ptr<LExp> prototype, const char* name, const char* doc) {
+  if (!prototype) return false;
+  register_core_forms();
+  if (!name) name = prototype->name();
+  if (!doc) doc = prototype->doc();
+  if (!ObjFactory::proto(kFamily, name, Value::of(prototype.get()), doc)) return false;
+  prototype.release();
+  return true;
+}
+
+LExp* find_lexp_proto(const char* name) {
+  static ObjFactory* family = nullptr;
+  if (!family) family = ObjFactory::family(kFamily);
+  if (!family) return nullptr;
+  auto* entry = family->find(name);
+  return entry ? entry->value.as<LExp>() : nullptr;
+}
+
+void add_lexp_family() {
+  ObjFactory::add_family(kFamily, nullptr, [](Value prototype) {
+    LExp* exp = prototype.as<LExp>();
+    return exp ? Value::of(exp->copy().release()) : Value();
+  });
+}
+
+}  // namespace torvane

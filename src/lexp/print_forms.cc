@@ -1,0 +1,101 @@
+#include "lexp/print_forms.h"
+
+#include <fstream>
+#include <iostream>
+
+#include "shell/irslist.h"
+#include "shell/streams.h"
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+bool is_keyword(const IRSlist& item) {
+  return item.is_atom() && (same_word(item.atom, ":prefix") || same_word(item.atom, ":suffix"));
+}
+
+// The first atom or list among the items that belong to no keyword.
+IRSlist* first_item(const IRSlist& args, bool atom) {
+  bool is_value = false;
+  for (IRSlist* item : args.items) {
+    if (!is_value && is_keyword(*item)) {
+      is_value = true;
+    } else if (is_value) {
+      is_value = false;
+    } else if (item->is_atom() == atom) {
+      return item;
+    }
+  }
+  return nullptr;
+}
+
+std::string keyword_text(const IRSlist& args, const char* keyword) {
+  char* text = nullptr;
+  return args.find_keyword_str(keyword, text) ? or_empty(text) : "";
+}
+
+}  // namespace
+
+void PrintStr::init(IRSlist* args) {
+  prefix_ = keyword_text(*args, ":prefix");
+  suffix_ = keyword_text(*args, ":suffix");
+  sub_ = get_exp(first_item(*args, false));
+}
+
+std::ostream* PrintStr::target(Value input, int type, bool& standard) const {
+  auto* stream = sub_.eval(input, type).as<Stream>();
+  standard = stream == nullptr;
+  return stream ? stream->out() : &std::cout;
+}
+
+Value PrintStr::eval(Value input, int type) {
+  if (!accepts(type)) return Value();
+  const char* text = input.text();
+  bool standard;
+  std::ostream* out = target(input, type, standard);
+  if (!out) return Value();
+  *out << prefix_ << (text ? text : sub_ ? "" : "(null)");
+  if (sub_ && standard) out->flush();
+  *out << suffix_;
+  return Value();
+}
+
+void PadStr::init(IRSlist* args) {
+  if (const IRSlist* text = first_item(*args, true)) text_ = text->atom;
+  PrintStr::init(args);
+}
+
+Value PadStr::eval(Value input, int type) {
+  if (!accepts(type)) return Value();
+  if (!text_) return input;
+  bool standard;
+  std::ostream* out = target(input, type, standard);
+  if (!out) return input;
+  *out << prefix_ << *text_;
+  if (sub_ && standard) out->flush();
+  *out << suffix_;
+  return input;
+}
+
+Value FlushOutput::eval(Value input, int type) {
+  if (!accepts(type)) return Value();
+  bool standard;
+  if (std::ostream* out = target(input, type, standard)) out->flush();
+  return input;
+}
+
+void WriteToFile::init(IRSlist* args) {
+  args->take_keyword_node(":mode");
+  file_name_ = get_exp(args->nth(0));
+}
+
+Value WriteToFile::eval(Value input, int type) {
+  if (!accepts(type)) return Value();
+  const char* text = input.text();
+  const char* file = text ? file_name_.eval(input, type).text() : nullptr;
+  if (file) std::ofstream(file) << text << std::flush;
+  return input;
+}
+
+}  // namespace torvane

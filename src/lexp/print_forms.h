@@ -1,0 +1,54 @@
+// Forms that write: on standard output, on a stream that an expression gives, or into a file.
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "lexp/form.h"
+
+namespace torvane {
+
+class PrintStr : public Form<PrintStr, CharPred> {
+ public:
+  static constexpr const char* kName = "print-str";
+  void init(IRSlist* args) override;
+  Value eval(Value input, int type) override;
+
+ protected:
+  /// The stream to write on: null once the one that the expression gives is closed.
+  std::ostream* target(Value input, int type, bool& standard) const;
+
+  std::string prefix_;
+  std::string suffix_;
+  ExpPtr sub_;
+};
+
+class PadStr : public Form<PadStr, PrintStr> {
+ public:
+  static constexpr const char* kName = "pad";
+  void init(IRSlist* args) override;
+  Value eval(Value input, int type) override;
+
+ private:
+  std::optional<std::string> text_;
+};
+
+class FlushOutput : public Form<FlushOutput, PrintStr> {
+ public:
+  static constexpr const char* kName = "flush-output";
+  Value eval(Value input, int type) override;
+};
+
+/// Writes the input as the whole content of the file that an expression names.
+class WriteToFile : public Form<WriteToFile, CharPred> {
+ public:
+  static constexpr const char* kName = "write-to-file";
+  void init(IRSlist* args) override;
+  Value eval(Value input, int type) override;
+
+ private:
+  ExpPtr file_name_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,71 @@
+#include "lexp/str_sim.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+using Trigram = std::array<char, 4>;  // with a zero byte
+using Trigrams = std::vector<Trigram>;
+
+struct BytesHash : std::hash<std::string_view> {
+  using is_transparent = void;
+};
+
+Trigrams make_trigrams(std::string_view word) {
+  std::string padded = " ";
+  padded.append(word).append(" ");
+  Trigrams all;
+  for (std::size_t i = 0; i + 3 <= padded.size(); ++i) {
+    all.push_back({padded[i], padded[i + 1], padded[i + 2], 0});
+  }
+  std::sort(all.begin(), all.end(), [](const Trigram& a, const Trigram& b) {
+    int order = stricmp(a.data(), b.data());
+    return order != 0 ? order < 0 : byte_compare(a.data(), b.data()) < 0;
+  });
+  return all;
+}
+
+// Each word's trigrams are made once in a run.
+const Trigrams& trigrams(std::string_view word) {
+  static auto& cache = *new std::unordered_map<std::string, Trigrams, BytesHash, std::equal_to<>>;
+  auto place = cache.find(word);
+  if (place == cache.end()) place = cache.emplace(word, make_trigrams(word)).first;
+  return place->second;
+}
+
+}  // namespace
+
+int trigram_similarity(const char* a, const char* b) {
+  const Trigrams& left = trigrams(a);
+  const Trigrams& right = trigrams(b);
+  float shared = 0;
+  float total = 0;
+  auto x = left.begin();
+  auto y = right.begin();
+  while (x != left.end() && y != right.end()) {
+    int order = stricmp(x->data(), y->data());
+    if (order == 0) shared += 2.0f;
+    if (order <= 0) ++x, ++total;
+    if (order >= 0) ++y, ++total;
+  }
+  total += static_cast<float>((left.end() - x) + (right.end() - y));
+  return total > 0 ? static_cast<int>(shared * 1000 / total) : 0;
+}
+
+Value StrSim::eval(Value input, int type) {
+  const char* left = a.eval(input, type).text();
+  const char* right = b.eval(input, type).text();
+  if (!left || !right) return Value::integer(!left && !right ? 1000 : 0);
+  return Value::integer(trigram_similarity(left, right));
+}
+
+}  // namespace torvane

@@ -1,0 +1,103 @@
+// Variables: declared at top level, as parameters of a function, or by `let`.
+//
+// Scopes exist only while expressions are being compiled or copied, to decide which variable a name
+// means. A compiled expression holds its variable itself, so that no name is looked at when it
+// runs; earlier bindings of a variable wait on a stack inside it.
+#pragma once
+
+#include <string>
+
+#include "lexp/lexp.h"
+#include "support/ref.h"
+#include "support/text.h"
+
+namespace torvane {
+
+class Var : public Counted<Var> {
+ public:
+  Var(const char* var_name, int declared_type) : name(or_empty(var_name)), type(declared_type) {}
+
+  /// Starts a new binding, which keeps value and declared type of the old one until it is assigned.
+  void push() { saved.append({value, type}); }
+  /// Ends the binding.
+  void pop();
+  /// Sets the value. A type other than a declared one is refused with a message, an unknown one
+  /// too.
+  void assign(Value new_value, int new_type) {
+    if (type >= 0 && type != new_type) {
+      report_type(new_type);
+      return;
+    }
+    value = HeldValue(new_value);
+  }
+
+  std::string name;
+  HeldValue value;
+  int type;
+  struct Binding {
+    HeldValue value;
+    int type;
+  };
+  Array<Binding> saved;
+  /// In a copied `let`: the variable of the original that this one stands for.
+  const Var* stands_for = nullptr;
+
+ private:
+  [[gnu::cold]] void report_type(int given) const;
+};
+
+/// A variable in the top scope. A name that stands there already is reported, and keeps meaning the
+/// first; a null name declares a variable that nothing can name.
+Ref<Var> declare_var(const char* name, int type);
+/// The variable that a name means here, or null.
+Var* find_var(const char* name);
+/// `size` is a hint; a negative one takes the size of the scope below.
+void push_scope(int size);
+/// Leaves the top scope; the global one stays.
+void pop_scope();
+/// True while a `let` is being copied with variables of its own.
+bool copying_let();
+
+/// Declares what a parameter or `let` list names: atoms, or lists of a name and a type.
+Array<Ref<Var>> declare_vars(const IRSlist& list);
+
+/// `(declare-var NAME [TYPE])`
+Value declare_var_command(IRSlist* form);
+
+class VarExp : public LExp {
+ public:
+  VarExp() = default;
+  /// A copy inside a copied `let` binds to the copy's variable, any other shares the old one.
+  VarExp(const VarExp& other);
+
+  Ref<Var> var;
+  ExpPtr sub;
+};
+
+class AssignVar : public VarExp {
+ public:
+  const char* name() const override { return "setq"; }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<AssignVar>(*this); }
+  void init(IRSlist* args) override;
+  Value eval(Value input, int input_type) override;
+};
+
+class GetVarVal : public VarExp {
+ public:
+  const char* name() const override { return "get-val"; }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<GetVarVal>(*this); }
+  void init(IRSlist* args) override;
+  Value eval(Value input, int input_type) override;
+};
+
+class LetExp : public CompExp {
+ public:
+  const char* name() const override { return "let"; }
+  std::unique_ptr<LExp> copy() const override;
+  void init(IRSlist* args) override;
+  Value eval(Value input, int input_type) override;
+
+  Array<Ref<Var>> vars;
+};
+
+}  // namespace torvane
