@@ -1,40 +1,84 @@
-// Random access by key to a large text dictionary of parenthesised entries, through a hash index in a
-// second file that is built at first use and again when the dictionary is newer.
+// Random access by key to a large text dictionary of parenthesised entries, through a hash index in
+// a second file that is built at first use and again when the dictionary is newer.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <string>
+#include <vector>
 
 namespace torvane {
 
+/// A file for reading at any place. It has no state that an error could leave behind: a read past
+/// the end gives fewer bytes.
+class RandomFile {
+ public:
+  RandomFile() = default;
+  RandomFile(const RandomFile&) = delete;
+  RandomFile& operator=(const RandomFile&) = delete;
+  ~RandomFile() { close(); }
+
+  /// Only a regular file can be opened.
+  bool open(const std::string& path);
+  void close();
+  bool is_open() const { return fd_ >= 0; }
+  /// Up to `n` bytes at `offset`; how many there were.
+  std::size_t read(std::uint64_t offset, char* bytes, std::size_t n) const;
+
+ private:
+  int fd_ = -1;
+};
+
 class DictOnDisk {
  public:
-  /// Opens what a header file (found along the search path) names; every failure writes its message and
-  /// leaves the object not good().
+  /// Opens what a header file (found along the search path) names; every failure writes its message
+  /// and leaves the object not good().
   explicit DictOnDisk(const char* header);
-  bool good() const { return good_; }
+  bool good() const { return index_.is_open(); }
   /// The entry's text, in an internal buffer that the next call reuses; null if there is none.
   const char* get_entry(const char* key);
-  /// Reads the next entry from the dictionary's position; false at its end.
+  /// Reads the next entry from the dictionary's position; false at its end, or after the report of
+  /// an entry that is cut off.
   bool read_entry(std::string& out);
   /// The key of an entry's text; false if it has none.
   bool entry_key(const char* text, std::string& out) const;
 
  private:
-  bool open_header(const char* header);
+  struct IndexEntry {
+    std::uint32_t bucket;
+    std::uint32_t place;  ///< offset in the dictionary plus 1, so that 0 never occurs
+  };
+  bool open_dictionary(const char* header);
+  void open_index(const char* header);
+  bool index_is_current() const;
   bool build_index();
-  bool entry_at(std::uint32_t v, const char* key);
+  /// Writes the slot table and the lists of `entries`, which stand in the order of their buckets.
+  bool write_index(const std::vector<IndexEntry>& entries);
+  /// The byte at the dictionary's position, which moves on; -1 at the end.
+  int next_byte();
+  bool refill();
+  void seek(std::uint64_t offset);
+
+  enum class Found { yes, no, damaged };
+  Found entry_at(std::uint32_t place, const char* key);
+  Found search_list(std::uint64_t offset, const char* key);
 
   std::string path_;
   std::string index_path_;
-  std::ifstream dict_;
-  std::ifstream index_;
+  RandomFile dict_;
+  RandomFile index_;
   char open_char_ = '(';
   char close_char_ = ')';
-  std::int32_t table_size_ = 0;
-  bool good_ = false;
+  std::uint32_t table_size_ = 0;
+
   std::string text_;
+  std::string key_;
+  // The stretch of the dictionary that was read last, and the position in it.
+  std::string window_;
+  std::size_t window_size_ = 0;
+  std::size_t window_pos_ = 0;
+  std::uint64_t window_offset_ = 0;
+  std::size_t next_window_ = 0;
 };
 
 }  // namespace torvane

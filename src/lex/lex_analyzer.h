@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "lex/lex_item.h"
@@ -19,12 +20,16 @@ class LexRuleList;
 
 class LexAnalyzer {
  public:
+  /// Spans have 16 bits; further words of a sentence are refused.
+  static constexpr int kMostWords = 32000;
+
   LexAnalyzer(Lexicon* lexicon, int sentence_length);
   LexAnalyzer(const LexAnalyzer&) = delete;
   LexAnalyzer& operator=(const LexAnalyzer&) = delete;
 
-  /// Enters an item into the chart; with `check_dup`, an item of the same span, root and meaning that is
-  /// there already is given instead. Null, with nothing changed, for a null item or a span off the chart.
+  /// Enters an item into the chart; with `check_dup`, an item of the same span, root and meaning
+  /// that is there already is given instead. Null, with nothing changed, for a null item or a span
+  /// off the chart.
   virtual LexItem* add_item(LexItem* item, int check_dup);
   /// A new item (not in the chart) with a clone of the meaning (may be null).
   virtual LexItem* make_item(const char* root, const Meaning* meaning, int low, int high,
@@ -32,18 +37,18 @@ class LexAnalyzer {
   virtual void delete_item(LexItem* item);
   /// Removes the items strictly inside the span.
   virtual void delete_smaller(int low, int high);
-  /// Forgets the sentence.
+  /// Forgets the sentence. Nothing happens inside `analyze`.
   virtual void reset();
   virtual void print(std::ostream& out) const;
   virtual void analyze();
   /// Enters the items of one key for a span.
   virtual void lookup(const char* word, int low, int high);
-  virtual ~LexAnalyzer();
+  virtual ~LexAnalyzer() = default;
 
   void add_word(const char* text);
   void add_gap(const char* text);
   /// A blank gap and a word for each atom.
-  void add_sentence(const IRSlist* words);
+  void add_sentence(const IRSlist* sentence);
 
   /// Number of positions, the sentinel included; 0 before the first word.
   int word_count() const { return words.count(); }
@@ -52,13 +57,15 @@ class LexAnalyzer {
   /// The word at a position, null outside 1 to the last.
   const char* word(int i) const { return i > 0 ? words.at_or_zero(i) : nullptr; }
   /// The text before a word; empty outside the range.
-  const char* gap(int i) const;
-  /// The text of a span, in the `join` buffer until the reset.
+  const char* gap(int i) const { return or_empty(gaps.at_or_zero(i)); }
+  /// The text of a span, in the `join` buffer until the reset: of a single position the word (null
+  /// if there is none), else the words, with a blank where there was a gap.
   const char* surface(int low, int high);
   /// The items ending (starting) at a position, in chart order; empty outside the sentence.
-  const Slist<LexItem*>& ending_at(int i) const;
-  const Slist<LexItem*>& starting_at(int i) const;
-  /// Calls `visit(item)` for every item of the chart: positions ascending, then the order of ends_at.
+  const Slist<LexItem*>& ending_at(int i) const { return items_at(ends_at, i); }
+  const Slist<LexItem*>& starting_at(int i) const { return items_at(starts_at, i); }
+  /// Calls `visit(item)` for every item of the chart: positions ascending, then the order of
+  /// ends_at.
   template <class Visit>
   void for_each_item(Visit visit) const {
     for (const Slist<LexItem*>& items : ends_at)
@@ -74,7 +81,7 @@ class LexAnalyzer {
   std::int32_t suggested_length;
   std::int32_t mixed_case = 1;
   Array<const char*> words;
-  Array<char*> gaps;  ///< the text before each word
+  Array<const char*> gaps;  ///< the text before each word
   Array<const char*> pos_tags;
   char pos_marker = 0;
   char focus_marker = 0;
@@ -92,12 +99,36 @@ class LexAnalyzer {
   bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
 
  private:
+  struct Expansion;
+
+  static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
+  void add_sentinel();
+  void need_positions(int count);
+  void split_last_word();
+  int last_real_word() const;
+  void insert_word(int at, const char* text);
+  void prune_by_tag(int position);
+  LexItem* new_item();
+  static void set_meaning(LexItem& item, const Meaning* meaning);
+  void print_line(std::ostream& out, const LexItem& item, int depth) const;
+  LexItem* duplicate_of(const LexItem& item) const;
+  void link(LexItem* item);
+  void unlink(LexItem* item);
+  LexItem* copy_parts(const LexItem& item, int& budget);
+  void entry_items(const LexEntry& entry, int low, int high, Expansion& expansion);
+  bool phrase_at(const PhraseRec& phrase, int position) const;
+
   std::deque<LexItem> item_pool_;
   std::size_t items_used_ = 0;
+  bool overfull_ = false;  // words were refused
+  std::vector<EntryReading> readings_;
 };
 
 template <>
 struct ValueTraits<LexAnalyzer> : TagOf<LexAnalyzer, tags::lex_analyzer> {};
+
+/// Makes `analyze` print the chart.
+extern bool lexical_debug;
 
 /// Runs a rule list on the chart; set by the rules module at registration.
 extern void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer);

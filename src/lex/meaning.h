@@ -1,5 +1,5 @@
-// One sense of a lexicon entry: what a lexical item carries into the parser. Which kinds exist, and under
-// which names, a grammar file decides.
+// One sense of a lexicon entry: what a lexical item carries into the parser. Which kinds exist, and
+// under which names, a grammar file decides.
 #pragma once
 
 #include <memory>
@@ -12,9 +12,11 @@
 
 namespace torvane {
 
+class AVMeaning;
+
 class Meaning {
  public:
-  /// The kind's name; "avm" tells an AVMeaning.
+  /// The kind's name, as its prototype was registered.
   virtual const char* type() const = 0;
   virtual void print(std::ostream&) const {}
   virtual std::unique_ptr<Meaning> clone() const = 0;
@@ -25,6 +27,17 @@ class Meaning {
   /// A clone, initialised from the form; null for a kind that works by side effect.
   virtual std::unique_ptr<Meaning> make(IRSlist* form) const;
   virtual ~Meaning() = default;
+
+  /// The meaning as the class that holds a vector, or null. The name cannot tell: a grammar may
+  /// give a kind of text the name "avm".
+  virtual const AVMeaning* avm() const { return nullptr; }
+  /// The text of a kind of text; null for every other class, and where there is no text.
+  virtual const char* kept_text() const { return nullptr; }
+
+ protected:
+  Meaning() = default;
+  Meaning(const Meaning&) = default;
+  Meaning& operator=(const Meaning&) = delete;
 };
 
 namespace tags {
@@ -37,20 +50,28 @@ struct ValueTraits<Meaning> : TagOf<Meaning, tags::meaning> {};
 class AVMeaning : public Meaning {
  public:
   explicit AVMeaning(AttInterpreterList* att_type) : vec(make_ref<AttVec>(att_type)) {}
-  AVMeaning(const AVMeaning& other) : vec(make_ref<AttVec>(*other.vec)) {}
+  AVMeaning(const AVMeaning& other) : Meaning(other), vec(make_ref<AttVec>(*other.vec)) {}
   const char* type() const override { return "avm"; }
   void print(std::ostream& out) const override;
   std::unique_ptr<Meaning> clone() const override;
   int compare(const Meaning* other) const override;
   int unifiable(const Meaning* other) const override;
   void init(IRSlist* form) override;
+  const AVMeaning* avm() const override { return this; }
 
   Ref<AttVec> vec;  ///< never null, not shared with another meaning
 };
 
 /// The vector's holder if the meaning is an AVMeaning, else null.
-inline AVMeaning* as_avm(Meaning* meaning);
-inline const AVMeaning* as_avm(const Meaning* meaning);
+inline const AVMeaning* as_avm(const Meaning* meaning) {
+  return meaning ? meaning->avm() : nullptr;
+}
+inline AVMeaning* as_avm(Meaning* meaning) {
+  return const_cast<AVMeaning*>(as_avm(static_cast<const Meaning*>(meaning)));
+}
+inline bool is_avm(const Meaning* meaning) {
+  return as_avm(meaning) != nullptr;
+}
 
 /// A sense that is a text.
 class StrMeaning : public Meaning {
@@ -61,26 +82,20 @@ class StrMeaning : public Meaning {
   std::unique_ptr<Meaning> clone() const override;
   int compare(const Meaning* other) const override;
   void init(IRSlist* form) override;
+  const char* kept_text() const override { return has_text ? text.c_str() : nullptr; }
 
   const char* type_name;  ///< lives for ever, shared by all of the kind
   std::string text;
   bool has_text = false;
 };
 
-/// A meaning from a form `(KIND body)`; the head names the prototype. Null for an unknown kind, silently.
+/// A meaning from a form `(KIND body)`; the head names the prototype. Null for an unknown kind,
+/// silently.
 std::unique_ptr<Meaning> make_meaning(IRSlist* form);
 
+/// The family "Meaning", still without kinds.
+void register_meanings();
 /// `make-avmeaning-proto` and `make-str-meaning-proto`, the forms `meaning-type` and `avm`.
 void register_avmeaning_proto();
-/// The family "Meaning" with its reserved kind `phrases`.
-void register_meanings();
-
-bool is_avm(const Meaning* meaning);
-inline AVMeaning* as_avm(Meaning* meaning) {
-  return is_avm(meaning) ? static_cast<AVMeaning*>(meaning) : nullptr;
-}
-inline const AVMeaning* as_avm(const Meaning* meaning) {
-  return is_avm(meaning) ? static_cast<const AVMeaning*>(meaning) : nullptr;
-}
 
 }  // namespace torvane

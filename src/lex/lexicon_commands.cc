@@ -1,0 +1,135 @@
+#include <iostream>
+#include <utility>
+
+#include "lex/lexicon.h"
+#include "lex/lexicon_files.h"
+#include "lexp/form.h"
+#include "shell/exec.h"
+#include "shell/named_objects.h"
+
+namespace torvane {
+namespace {
+
+Lexicon* take_lexicon(IRSlist* form) {
+  return find_object_as<Lexicon>(form->get_str_val(), "Lexicon", true);
+}
+
+Value make_lexicon(IRSlist* form) {
+  std::unique_ptr<IRSlist> endings = form->take_keyword_node(":ending-table");
+  const char* name = form->get_str_val();
+  if (!name) return Value();
+  auto lexicon = std::make_unique<Lexicon>(static_cast<int>(form->get_long_val()));
+  if (endings && endings->is_list()) {
+    lexicon->ending_table = std::make_unique<EndingTable>();
+    lexicon->ending_table->read(endings.get());
+  } else if (endings) {
+    // A table of its own name is looked up, but only a list gives a lexicon endings.
+    find_object(endings->atom, "EndingTable", true);
+  }
+  Value value = Value::of(lexicon.get());
+  if (!register_object(name, value, "Lexicon")) return Value();
+  lexicon.release();  // named objects live for the rest of the run
+  return value;
+}
+
+Value lex(IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(form);
+  if (!lexicon) return Value();
+  while (std::unique_ptr<IRSlist> item = form->pop_front()) lexicon->read_entry(item.get(), 0);
+  return Value();
+}
+
+Value load_lex(IRSlist* form) {
+  long no_dup = 1;
+  if (const char* text = form->take_keyword_str(":no-dup")) scan_long(text, no_dup);
+  Lexicon* lexicon = take_lexicon(form);
+  Ref<Stream> in = lexicon ? take_input(form) : Ref<Stream>();
+  if (in) lexicon->load(*in, no_dup != 0);
+  return Value();
+}
+
+Value lex_entry(IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(form);
+  if (!lexicon) return Value();
+  while (std::unique_ptr<IRSlist> word = form->pop_front())
+    if (const LexEntry* entry = lexicon->get_entry(word->atom))
+      lexicon->print_entry(std::cout, entry);
+  return Value();
+}
+
+Value clear_lexicon(IRSlist* form) {
+  if (Lexicon* lexicon = take_lexicon(form)) lexicon->clear();
+  return Value();
+}
+
+Value link_lex_file(IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(form);
+  const char* header = lexicon ? form->get_str_val() : nullptr;
+  if (!header) return Value();
+  auto dictionary = std::make_unique<DictOnDisk>(header);
+  if (dictionary->good()) lexicon->dictionaries.push_back(std::move(dictionary));
+  return Value();
+}
+
+Value print_lex(IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(form);
+  Ref<Stream> out = lexicon ? take_output(form) : Ref<Stream>();
+  if (out) lexicon->print_sorted(*out->out());
+  return Value();
+}
+
+/// The root of a word, by a lexicon that is known when the form is compiled.
+class GetRoot : public Form<GetRoot, LAdaptor> {
+ public:
+  static constexpr const char* kName = "get-root";
+  GetRoot() { in_type = mid_type = type_id("char*"); }
+  void init(IRSlist* args) override {
+    lexicon_ = take_lexicon(args);
+    LAdaptor::init(args);
+  }
+  Value convert(Value input) override {
+    if (!lexicon_ || !input.text()) return Value();
+    // Copies, since the condition of an ending may bring us here again.
+    std::string word = input.text();
+    root_ = std::string(lexicon_->get_root(word.c_str()));
+    return Value::buffer_text(root_.c_str());
+  }
+
+ private:
+  Lexicon* lexicon_ = nullptr;
+  std::string root_;
+};
+
+constexpr Command kCommands[] = {
+    {"make-lexicon", make_lexicon,
+     "(make-lexicon <name> <size>)  <name> is the name of the lexicon, which is accessible as a "
+     "named object.  <size> is the size of the internal hashtable"},
+    {"lex", lex, "(lex <lexicon>  <entry>  ... ...  <entry>)  Load the entries into <lexicon>."},
+    {"load-lex", load_lex, "(load-lex <lexicon> <file>) --- load entries in <file> into <lexicon>"},
+    {"lex-entry", lex_entry,
+     "(lex-entry lexicon-name word1 word2 ...) print the entries for word1 word2 ... in the "
+     "lexicon"},
+    {"clear-lexicon", clear_lexicon,
+     "(clear-lexicon lexicon-name) remove the entries in the lexicon (the disk file is "
+     "unchanged)."},
+    {"link-lex-file", link_lex_file,
+     "(link-lex-file lexicon-name header.hdr) Link a lexicon to a disk file so that if an entry is "
+     "not found, the disk file will be searched."},
+    {"print-lex", print_lex,
+     "(print-lex <lexicon> [file]) --- print the entries in the lexicon to a file"},
+};
+
+}  // namespace
+
+void register_lexicon_commands() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  register_meanings();
+  register_phrases_kind();
+  register_ending_commands();
+  interpreter().define(kCommands);
+  register_lexicon_file_commands();
+  register_form<GetRoot>();
+}
+
+}  // namespace torvane

@@ -1,0 +1,162 @@
+#include "lex/meaning.h"
+
+#include <iostream>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+#include "lexp/form.h"
+#include "shell/exec.h"
+#include "shell/object_factory.h"
+
+namespace torvane {
+
+int Meaning::compare(const Meaning* other) const {
+  if (!other || byte_compare(type(), other->type()) != 0) return subsume::kNotComparable;
+  return subsume::kEqual;
+}
+
+std::unique_ptr<Meaning> Meaning::make(IRSlist* form) const {
+  std::unique_ptr<Meaning> meaning = clone();
+  meaning->init(form);
+  return meaning;
+}
+
+void AVMeaning::print(std::ostream& out) const {
+  vec->print(out, nullptr, true);
+}
+
+std::unique_ptr<Meaning> AVMeaning::clone() const {
+  return std::make_unique<AVMeaning>(*this);
+}
+
+int AVMeaning::compare(const Meaning* other) const {
+  const AVMeaning* avm = as_avm(other);
+  return avm ? vec->compare(*avm->vec) : subsume::kNotComparable;
+}
+
+int AVMeaning::unifiable(const Meaning* other) const {
+  if (!other || byte_compare(type(), other->type()) != 0) return 0;
+  // Two kinds of one name but of different classes count as unifiable, as the code is not zero.
+  const AVMeaning* avm = as_avm(other);
+  return avm ? vec->unifiable(*avm->vec) : subsume::kNotComparable;
+}
+
+void AVMeaning::init(IRSlist* form) {
+  if (IRSlist* first = form->nth(0)) vec->read(first);
+}
+
+void StrMeaning::print(std::ostream& out) const {
+  out << text;
+}
+
+std::unique_ptr<Meaning> StrMeaning::clone() const {
+  return std::make_unique<StrMeaning>(*this);
+}
+
+int StrMeaning::compare(const Meaning* other) const {
+  if (!other || byte_compare(type(), other->type()) != 0 || is_avm(other))
+    return subsume::kNotComparable;
+  const char* mine = kept_text();
+  const char* theirs = other->kept_text();
+  if (mine && theirs)
+    return byte_compare(mine, theirs) == 0 ? subsume::kEqual : subsume::kIncomparable;
+  if (!mine && !theirs) return subsume::kEqual;
+  return mine ? subsume::kMoreSpecific : subsume::kMoreGeneral;
+}
+
+void StrMeaning::init(IRSlist* form) {
+  std::ostringstream out;
+  form->print(out);
+  text = out.str();
+  has_text = true;
+}
+
+std::unique_ptr<Meaning> make_meaning(IRSlist* form) {
+  ObjFactory* family = ObjFactory::family("Meaning");
+  if (!family) {
+    std::cerr << "lexicon: needs maker for Meaning\n";
+    return nullptr;
+  }
+  const auto* entry = family->find(form->peek_str_val());
+  const Meaning* prototype = entry ? entry->value.as<Meaning>() : nullptr;
+  if (!prototype) return nullptr;
+  form->pop_front();
+  return prototype->make(form);
+}
+
+namespace {
+
+void add_kind(const char* name, std::unique_ptr<Meaning> prototype, const char* doc) {
+  // A prototype that was entered lives for the rest of the run.
+  if (ObjFactory::proto("Meaning", name, Value::of(prototype.get()), doc)) prototype.release();
+}
+
+Value make_avmeaning_proto(IRSlist* form) {
+  if (form->length() != 2) return Value();
+  AttInterpreterList* att_type = AttInterpreterList::find(form->get_str_val());
+  const char* name = form->get_str_val();
+  if (att_type && name) add_kind(name, std::make_unique<AVMeaning>(att_type), nullptr);
+  return Value();
+}
+
+Value make_str_meaning_proto(IRSlist* form) {
+  if (form->length() != 1) return Value();
+  const char* kind = form->get_str_val();
+  if (kind) add_kind(kind, std::make_unique<StrMeaning>(intern_string(kind)), nullptr);
+  return Value();
+}
+
+struct MeaningType : Adaptor<MeaningType, Meaning, Value, const char*> {
+  static constexpr const char* kName = "meaning-type";
+  Value step(Meaning& meaning) const { return Value::constant(meaning.type()); }
+};
+
+/// A meaning as a constant of the expression language. A variable may still hold it when the
+/// expression is gone, so that constants live as long as the process.
+class AVMConst : public LConst {
+ public:
+  AVMConst() { out_type = type_id_of<Meaning>(); }
+  AVMConst(const AVMConst& other) : LConst(other) {
+    if (const Meaning* meaning = other.value.as<Meaning>()) value = keep(meaning->clone());
+  }
+  const char* name() const override { return "avm"; }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<AVMConst>(*this); }
+  void init(IRSlist* args) override {
+    IRSlist* first = args->nth(0);
+    if (first) value = keep(make_meaning(first->is_list() ? first : args));
+  }
+
+ private:
+  static Value keep(std::unique_ptr<Meaning> meaning) {
+    static std::vector<std::unique_ptr<Meaning>> constants;
+    if (!meaning) return Value();
+    constants.push_back(std::move(meaning));
+    return Value::of(constants.back().get());
+  }
+};
+
+constexpr Command kCommands[] = {
+    {"make-avmeaning-proto", make_avmeaning_proto, nullptr},
+    {"make-str-meaning-proto", make_str_meaning_proto,
+     "(make-str-meaning-proto type) --- define type to be a type of str-meaning."},
+};
+
+}  // namespace
+
+void register_meanings() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  ObjFactory::add_family("Meaning", "Maker for different kinds of meanings in lexicons", nullptr);
+}
+
+void register_avmeaning_proto() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  register_meanings();
+  interpreter().define(kCommands);
+  register_form<MeaningType>();
+  register_lexp(std::make_unique<AVMConst>());
+}
+
+}  // namespace torvane
