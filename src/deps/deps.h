@@ -1,7 +1,8 @@
-// The result of a parse: the words of the sentence and a tree over them. Counted; it can be written as
-// text and read back, and packed into bytes.
+// The result of a parse: the words of the sentence and a tree over them. Counted; it can be written
+// as text and read back, and packed into bytes.
 #pragma once
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -19,12 +20,16 @@ using RefCounter = Counted<class Deps>;
 
 class Deps : public RefCounter {
  public:
+  /// Positions are 16 bits wide.
+  static constexpr int kMostWords = 32767;
+
   Deps();
   virtual ~Deps();
   virtual DepTree* new_node();
-  /// The tree as bytes; merges nothing: `unpack` reads into a cleared tree, never past `end`, and gives
-  /// false for damaged bytes.
+  /// The nodes as bytes. The words are not among them.
   virtual void pack(StrBufs& out) const;
+  /// Replaces the tree by one read from bytes, never past `end`; advances `p`. False, with no root,
+  /// for damaged bytes.
   virtual bool unpack(const char*& p, const char* end);
   Deps(const Deps&) = delete;
   Deps& operator=(const Deps&) = delete;
@@ -52,19 +57,42 @@ class Deps : public RefCounter {
 
   /// The word, null outside 1 to the last.
   const char* word(int i) const { return i > 0 ? _words.at_or_zero(i) : nullptr; }
-  const char* gap(int i) const { return i > 0 && _gaps.at_or_zero(i) ? _gaps.at_or_zero(i) : ""; }
+  /// The text before a word; empty outside.
+  const char* gap(int i) const {
+    const char* text = i > 0 ? _gaps.at_or_zero(i) : nullptr;
+    return text ? text : "";
+  }
+  /// Number of positions, the one before the first word included; 0 without words.
   int word_count() const { return _words.count(); }
   void set_words(const LexAnalyzer& lex);
+  /// Appends a word, with the text before it. False if there is no room for more.
+  bool add_word(const char* text, const char* gap_text);
+  /// Forgets words, nodes, labels and assertions; whatever a variable still holds of them reads as
+  /// null.
   void clear();
+  bool is_clear() const { return !_nodes && _words.empty(); }
   void set_root(DepTree* node) { _root = node; }
   /// The words lo..hi, joined by a blank where a gap stood; in `_strings`.
   const char* span_text(int lo, int hi);
   DepTree* find_label(const char* text) const;
+  /// The index that a direction leads to: each character is a step, to the next occurrence of the
+  /// word to the right ("<", "*") or to the left (">"). 0 if it leads out of the sentence, or
+  /// (reported) is none.
+  int find_word(int from, const char* direction, const char* word, bool from_empty) const;
   /// Gives a label to every node of the tree that has none.
   void assign_labels();
+
   /// The text format; `show` names the attributes written (null: none).
   void print(std::ostream& out, const LBitSet* show = nullptr);
-  void read(IRSlist* form);
+  /// The words of a node and what is below it, in short: where the parent lies, and the root form.
+  void print_short(std::ostream& out, const DepTree& node) const;
+  /// Reads the text format, a form that stays as it is.
+  void read(const IRSlist& form);
+
+ private:
+  void drop_nodes();
+
+  DepTree* spare_nodes_ = nullptr;
 };
 
 namespace tags {

@@ -1,0 +1,54 @@
+#include "deps/props.h"
+
+#include <vector>
+
+#include "support/name_table.h"
+
+namespace torvane {
+namespace {
+
+struct Property {
+  const char* name;
+  const ValType* type;
+};
+
+struct Table {
+  NameTable<int> ids{101};
+  std::vector<Property> properties{{nullptr, nullptr}};  // by id; 0 is none
+};
+
+Table& table() {
+  static auto& table = *new Table;
+  return table;
+}
+
+const Property& property(int id) {
+  const auto& all = table().properties;
+  return all[id > 0 && static_cast<std::size_t>(id) < all.size() ? static_cast<std::size_t>(id)
+                                                                 : 0];
+}
+
+}  // namespace
+
+int define_property(const char* name, const ValType* type) {
+  Table& t = table();
+  bool added;
+  auto* entry = t.ids.insert(name, static_cast<int>(t.properties.size()), nullptr, &added);
+  if (added) t.properties.push_back({entry->key, type});
+  return entry->value;
+}
+
+int property_id(const char* name) {
+  const auto* entry = table().ids.find(name);
+  return entry ? entry->value : 0;
+}
+
+const char* property_name(int id) {
+  return property(id).name;
+}
+
+const ValType* property_type(int id) {
+  return property(id).type;
+}
+
+}  // namespace torvane
