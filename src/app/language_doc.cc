@@ -1,0 +1,155 @@
+// Writes the reference of the configuration language from the tables that the program itself
+// registers, so that it cannot go stale. What a table documents by no text has a line in a file of
+// usages, which must cover every such name and no other.
+//
+// usage: language_doc USAGES > language.md
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/init.h"
+#include "shell/exec.h"
+#include "shell/object_factory.h"
+#include "support/text.h"
+
+namespace torvane {
+namespace {
+
+struct Entry {
+  std::string name;
+  std::string text;
+};
+using Entries = std::map<std::string, Entry>;  // by lower-cased name
+
+std::string lower_case(std::string text) {
+  for (char& c : text) c = lower(c);
+  return text;
+}
+
+/// A documentation text on one line, or empty if there is none.
+std::string one_line(const char* text) {
+  std::string line;
+  if (!text || !std::strcmp(text, "No documentation provided")) return line;
+  for (const char* p = text; *p; ++p) {
+    if (!is_space(*p)) {
+      line += *p;
+    } else if (!line.empty() && line.back() != ' ') {
+      line += ' ';
+    }
+  }
+  return line;
+}
+
+template <class V>
+Entries entries_of(const NameTable<V>& table) {
+  Entries entries;
+  table.for_each([&](const auto& e) { entries[lower_case(e.key)] = {e.key, one_line(e.text)}; });
+  return entries;
+}
+
+Entries family_entries(const char* family) {
+  ObjFactory* factory = ObjFactory::family(family);
+  return factory ? entries_of(*factory) : Entries();
+}
+
+class Reference {
+ public:
+  bool read_usages(const char* path) {
+    std::ifstream in(path);
+    for (std::string line; std::getline(in, line);) {
+      std::size_t tab = line.find('\t');
+      if (tab != std::string::npos && line[0] != '#')
+        usages_[line.substr(0, tab)] = line.substr(tab + 1);
+    }
+    return !usages_.empty();
+  }
+
+  void section(const std::string& title, const char* kind, const Entries& entries) {
+    if (entries.empty()) return;
+    std::cout << "\n### " << title << "\n\n";
+    for (const auto& [key, entry] : entries) {
+      std::string usage_key = std::string(kind) + " " + key;
+      auto usage = usages_.find(usage_key);
+      if (usage == usages_.end() && entry.text.empty())
+        faults_.push_back("no usage for: " + usage_key);
+      used_.insert(usage_key);
+      std::cout << "- `" << entry.name << "`: ";
+      if (!entry.text.empty()) std::cout << code(entry.text);
+      if (usage != usages_.end()) std::cout << (entry.text.empty() ? "" : " ") << usage->second;
+      std::cout << "\n";
+    }
+  }
+
+  /// True if usages and tables agree.
+  bool sound() const {
+    bool ok = faults_.empty();
+    for (const std::string& fault : faults_) std::cerr << fault << '\n';
+    for (const auto& [key, usage] : usages_) {
+      if (used_.count(key)) continue;
+      std::cerr << "usage of what is not there: " << key << '\n';
+      ok = false;
+    }
+    return ok;
+  }
+
+ private:
+  /// The program's own text, as code.
+  static std::string code(const std::string& text) {
+    return text.find('`') == std::string::npos ? "`" + text + "`" : "`` " + text + " ``";
+  }
+
+  std::map<std::string, std::string> usages_;
+  std::set<std::string> used_;
+  std::vector<std::string> faults_;
+};
+
+Entries without(Entries entries, const Entries& known) {
+  for (const auto& [key, entry] : known) entries.erase(key);
+  return entries;
+}
+
+int write_reference(const char* usages) {
+  Reference reference;
+  if (!reference.read_usages(usages)) {
+    std::cerr << "cannot read " << usages << '\n';
+    return 1;
+  }
+  std::cout << "# The configuration language\n\n"
+               "Written by the build from the tables of the program; do not edit. Texts in code "
+               "are what `help` "
+               "and\n`objects` print. A module's commands run once, when their form is read; its "
+               "forms are "
+               "compiled and\nevaluated on a value.\n\n## Commands and forms\n";
+  Entries commands = entries_of(interpreter().commands), forms,
+          patterns = family_entries("LPattern");
+  reference.section("the interpreter", "command", commands);
+  for (const Registration& row : registrations()) {
+    if (!row.run) continue;
+    row.run();
+    Entries now = entries_of(interpreter().commands), forms_now = family_entries("LExp");
+    reference.section(std::string(row.what) + ": commands", "command", without(now, commands));
+    reference.section(std::string(row.what) + ": forms", "form", without(forms_now, forms));
+    commands = std::move(now);
+    forms = std::move(forms_now);
+  }
+  std::cout << "\n## Families\n";
+  reference.section("lexical patterns", "pattern", family_entries("LPattern"));
+  reference.section("kinds of meanings", "meaning", family_entries("Meaning"));
+  reference.section("attribute types", "attribute", family_entries("AttIntepreter"));
+  return reference.sound() ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace torvane
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: language_doc USAGES\n";
+    return 2;
+  }
+  return torvane::write_reference(argv[1]);
+}
