@@ -1,0 +1,280 @@
+#include "lex/item_forms.h"
+
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "lex/match.h"
+#include "lexp/form.h"
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+// Accessors on the match that a rule is about.
+
+template <class D, class R, class Out = std::remove_const_t<std::remove_pointer_t<R>>>
+using MatchAccessor = Adaptor<D, Match, R, Out>;
+
+struct MatchItem : MatchAccessor<MatchItem, LexItem*> {
+  static constexpr const char* kName = "litem";
+  LexItem* step(Match& match) const { return match.item; }
+};
+
+struct MatchMeaning : MatchAccessor<MatchMeaning, Meaning*> {
+  static constexpr const char* kName = "meaning";
+  Meaning* step(Match& match) const { return match.item ? match.item->meaning.get() : nullptr; }
+};
+
+struct MatchLow : MatchAccessor<MatchLow, int> {
+  static constexpr const char* kName = "low";
+  int step(Match& match) const { return match.low; }
+};
+
+struct MatchHigh : MatchAccessor<MatchHigh, int> {
+  static constexpr const char* kName = "high";
+  int step(Match& match) const { return match.high; }
+};
+
+struct MatchWord : MatchAccessor<MatchWord, Value, const char*> {
+  static constexpr const char* kName = "matching-word";
+  Value step(Match& match) const {
+    if (match.is_empty()) return Value();
+    LexAnalyzer& chart = *match.analyzer;
+    return Value::sentence_text(match.low == match.high ? chart.word(match.low)
+                                                        : chart.surface(match.low, match.high));
+  }
+};
+
+struct MatchAnalyzer : MatchAccessor<MatchAnalyzer, LexAnalyzer*> {
+  static constexpr const char* kName = "analyzer";
+  LexAnalyzer* step(Match& match) const { return match.analyzer; }
+};
+
+struct MatchComponent : MatchAccessor<MatchComponent, Match*> {
+  static constexpr const char* kName = "$";
+  void init(IRSlist* args) override {
+    n_ = args->get_long_val();
+    LAdaptor::init(args);
+  }
+  Match* step(Match& match) const {
+    int count = match.component_count();
+    return n_ >= -count && n_ <= count ? match.component(static_cast<int>(n_)) : nullptr;
+  }
+
+ private:
+  long n_ = 0;
+};
+
+class ForEachMatchComp : public Form<ForEachMatchComp> {
+ public:
+  static constexpr const char* kName = "foreach-match-component";
+  ForEachMatchComp() { in_type = type_id_of<Match>(); }
+  void init(IRSlist* args) override { sub_ = get_exp(args->nth(0)); }
+  Value eval(Value input, int input_type) override {
+    if (!accepts(input_type)) return Value();
+    Match* match = input.as<Match>();
+    if (!match) return Value();
+    std::vector<Ref<Match>> components;
+    match->append_components(components);
+    for (const Ref<Match>& component : components)
+      sub_.eval(Value::of(component.get()), type_id_of<Match>());
+    return Value();
+  }
+
+ private:
+  ExpPtr sub_;
+};
+
+// Predicates on lexical items.
+
+template <class D, class R, class Out = std::remove_const_t<std::remove_pointer_t<R>>>
+using LexPred = Adaptor<D, LexItem, R, Out>;
+
+struct AttComponentPred : LexPred<AttComponentPred, AttVec*> {
+  static constexpr const char* kName = "att";
+  AttVec* step(LexItem& item) const { return item.vec(); }
+};
+
+struct MeaningComponentPred : LexPred<MeaningComponentPred, Meaning*> {
+  static constexpr const char* kName = "lexitem-meaning";
+  Meaning* step(LexItem& item) const { return item.meaning.get(); }
+};
+
+struct RootPred : LexPred<RootPred, Value, const char*> {
+  static constexpr const char* kName = "root";
+  Value step(LexItem& item) const { return Value::sentence_text(item.root); }
+};
+
+struct SurformPred : LexPred<SurformPred, Value, const char*> {
+  static constexpr const char* kName = "surform";
+  Value step(LexItem& item) const {
+    if (item.is_empty() || !item.analyzer) return Value();
+    return Value::sentence_text(item.analyzer->surface(item.low, item.high));
+  }
+};
+
+struct LexItemRel : LexPred<LexItemRel, Value, const char*> {
+  static constexpr const char* kName = "lexitem-rel";
+  Value step(LexItem& item) const { return Value::sentence_text(item.role); }
+};
+
+struct EndingPred : LexPred<EndingPred, LexItem*> {
+  static constexpr const char* kName = "ending";
+  void init(IRSlist* args) override {
+    name_ = or_empty(args->get_str_val());
+    LAdaptor::init(args);
+  }
+  LexItem* step(LexItem& item) const {
+    for (const char* affix : item.affixes)
+      if (name_ == or_empty(affix)) return &item;
+    return nullptr;
+  }
+
+ private:
+  std::string name_;
+};
+
+struct CapPred : LexPred<CapPred, LexItem*> {
+  static constexpr const char* kName = "cap";
+  LexItem* step(LexItem& item) const {
+    int n = item.high - item.low + 1;
+    if (n < 1 || !item.analyzer) return nullptr;
+    for (int i = item.low; i <= item.high; ++i) {
+      const char* word = item.analyzer->word(i);
+      if (!word) return nullptr;
+      if (is_lower(word[0]) && (n < kLongName || std::strlen(word) > kShortWord)) return nullptr;
+    }
+    return &item;
+  }
+
+ private:
+  // A name of so many words may hold short words in lower case.
+  static constexpr int kLongName = 3;
+  static constexpr std::size_t kShortWord = 3;
+};
+
+struct LexItemLength : LexPred<LexItemLength, int> {
+  static constexpr const char* kName = "lexitem-length";
+  int step(LexItem& item) const { return item.high - item.low + 1; }
+};
+
+class NoAlternativePred : public Form<NoAlternativePred> {
+ public:
+  static constexpr const char* kName = "no-alternative";
+  NoAlternativePred() { in_type = out_type = type_id_of<LexItem>(); }
+  void init(IRSlist* args) override { cond_ = get_exp(args->nth(0)); }
+  Value eval(Value input, int input_type) override {
+    if (!accepts(input_type)) return Value();
+    LexItem* item = input.as<LexItem>();
+    if (!item || !item->analyzer) return Value();
+    const Slist<LexItem*> items = item->analyzer->ending_at(item->high);
+    for (LexItem* other : items)
+      if (other->low == item->low && passes(cond_, Value::of(other), in_type)) return Value();
+    return Value::of(item);
+  }
+
+ private:
+  ExpPtr cond_;
+};
+
+struct IsDeleted : LexPred<IsDeleted, LexItem*> {
+  static constexpr const char* kName = "is-deleted";
+  LexItem* step(LexItem& item) const { return item.deleted ? &item : nullptr; }
+};
+
+struct GetSubLexItem : LexPred<GetSubLexItem, LexItem*> {
+  static constexpr const char* kName = "get-sub-lexitem";
+  void init(IRSlist* args) override {
+    IRSlist* first = args->nth(0);
+    any_role_ = !first || first->is_list();
+    if (!any_role_) role_ = args->get_str_val();
+    LAdaptor::init(args);
+  }
+  LexItem* step(LexItem& item) const {
+    for (LexItem* part : item.components)
+      if (any_role_ || same_word(part->role, role_.c_str())) return part;
+    return nullptr;
+  }
+
+ private:
+  bool any_role_ = true;
+  std::string role_;
+};
+
+LexItem* set_cate(LexItem* item, const char* category) {
+  if (!item) {
+    std::cerr << "Cannot set-cate a nil lexitem.\n";
+  } else if (item->analyzer) {
+    item->category = item->analyzer->pool_copy(category);
+  }
+  return item;
+}
+
+// On analysers.
+
+class SetMixedCase : public Form<SetMixedCase> {
+ public:
+  static constexpr const char* kName = "set-mixed-case";
+  SetMixedCase() {
+    in_type = type_id_of<LexAnalyzer>();
+    out_type = type_id_of<int>();
+  }
+  void init(IRSlist* args) override {
+    const char* flag = args->get_str_val();
+    if (flag) flag_ = flag[0] != '0';
+    sets_ = flag != nullptr;
+  }
+  Value eval(Value input, int input_type) override {
+    if (!accepts(input_type)) return Value();
+    LexAnalyzer* analyzer = input.as<LexAnalyzer>();
+    if (!analyzer) return Value();
+    if (sets_) analyzer->mixed_case = flag_;
+    return Value::integer(analyzer->mixed_case);
+  }
+
+ private:
+  bool sets_ = false;
+  bool flag_ = false;
+};
+
+struct IsMixedCase : Adaptor<IsMixedCase, LexAnalyzer, LexAnalyzer*> {
+  static constexpr const char* kName = "is-mixed-case";
+  LexAnalyzer* step(LexAnalyzer& analyzer) const {
+    return analyzer.mixed_case ? &analyzer : nullptr;
+  }
+};
+
+}  // namespace
+
+void register_item_forms() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  register_form<MatchItem>();
+  register_form<MatchMeaning>();
+  register_form<MatchLow>();
+  register_form<MatchHigh>();
+  register_form<MatchWord>();
+  register_form<MatchAnalyzer>();
+  register_form<MatchComponent>();
+  register_form<ForEachMatchComp>();
+  register_form<AttComponentPred>();
+  register_form<MeaningComponentPred>();
+  register_form<RootPred>();
+  register_form<SurformPred>();
+  register_form<LexItemRel>();
+  register_form<EndingPred>();
+  register_form<CapPred>();
+  register_form<LexItemLength>();
+  register_form<NoAlternativePred>();
+  register_form<IsDeleted>();
+  register_form<GetSubLexItem>();
+  register_function<&set_cate>("set-cate");
+  register_form<SetMixedCase>();
+  register_form<IsMixedCase>();
+}
+
+}  // namespace torvane

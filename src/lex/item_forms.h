@@ -1,0 +1,9 @@
+// What an expression sees of a match and of a lexical item.
+#pragma once
+
+namespace torvane {
+
+/// The accessors on matches and the predicates on lexical items.
+void register_item_forms();
+
+}  // namespace torvane

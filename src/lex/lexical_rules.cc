@@ -1,0 +1,165 @@
+#include "lex/lexical_rules.h"
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "lexp/form.h"
+#include "shell/exec.h"
+#include "shell/named_objects.h"
+#include "support/regexp.h"
+#include "support/text.h"
+
+namespace torvane {
+
+Rule::Rule(IRSlist* form) : name(or_empty(form->get_str_val())) {
+  bool has_pattern = false;
+  bool has_action = false;
+  while (!form->empty()) {
+    std::unique_ptr<IRSlist> item = form->pop_front();
+    if (take_option(*item)) continue;
+    if (!std::exchange(has_pattern, true)) {
+      pattern = make_pattern(item.get());
+    } else if (!std::exchange(has_action, true)) {
+      action = LExp::get_exp(item.get());
+    }
+  }
+  if (!has_pattern) std::cerr << "The lexical rule '" << name << "' has no pattern\n";
+}
+
+bool Rule::take_option(IRSlist& item) {
+  const char* head = item.is_list() ? item.nth_str_val(0) : nullptr;
+  if (same_word(head, ":precondition")) {
+    precondition = LExp::get_exp(item.nth(1));
+  } else if (same_word(head, ":act-on-all-matches")) {
+    act_on_all = true;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Rule::apply(LexAnalyzer& analyzer) {
+  if (!passes(precondition, Value::of(&analyzer), type_id_of<LexAnalyzer>())) return;
+  if (debug) std::cerr << "\nLexical Rule: " << name << '\n';
+  if (!pattern) return;
+  MatchList matches;
+  {
+    MatchRun run(analyzer);
+    pattern->match(run, matches);
+  }
+  fire(matches);
+}
+
+void Rule::fire(MatchList& matches) {
+  int last_low = -1;
+  int last_high = -1;
+  for (const Ref<Match>& match : matches) {
+    if (debug) {
+      match->print(std::cerr);
+      std::cerr << '\n';
+    }
+    if (match->high != last_high) {
+      last_low = match->low;
+      last_high = match->high;
+    } else if (!act_on_all && match->low != last_low) {
+      continue;
+    }
+    action.eval(Value::of(match.get()), type_id_of<Match>());
+  }
+}
+
+void LexRuleList::apply(LexAnalyzer& analyzer) {
+  // An action may add rules to this very list.
+  std::vector<Rule*> now;
+  now.reserve(rules.size());
+  for (const auto& rule : rules) now.push_back(rule.get());
+  for (Rule* rule : now) rule->apply(analyzer);
+}
+
+namespace {
+
+std::vector<std::unique_ptr<Rule>> read_rules(IRSlist* form) {
+  std::vector<std::unique_ptr<Rule>> rules;
+  for (IRSlist* item : form->items)
+    if (item->is_list()) rules.push_back(std::make_unique<Rule>(item));
+  return rules;
+}
+
+void insert_rules(LexRuleList& list, std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
+  list.rules.insert(list.rules.begin() + static_cast<std::ptrdiff_t>(at),
+                    std::make_move_iterator(rules.begin()), std::make_move_iterator(rules.end()));
+}
+
+LexRuleList* find_rules(const char* name) {
+  return find_object_as<LexRuleList>(name, "LexRuleList", false);
+}
+
+Value def_rules(IRSlist* form) {
+  const char* name = form->get_str_val();
+  if (!name) return Value();
+  LexRuleList* list = find_rules(name);
+  if (!list) {
+    auto fresh = std::make_unique<LexRuleList>();
+    if (!register_object(name, Value::of(fresh.get()), "LexRuleList")) return Value();
+    list = fresh.release();
+  }
+  insert_rules(*list, list->rules.size(), read_rules(form));
+  return Value();
+}
+
+Value insert_lex_rules(IRSlist* form) {
+  const char* name = form->get_str_val();
+  LexRuleList* list = find_rules(name);
+  if (!list) {
+    std::cerr << "(insert-lex-rules ...): the lexical rule set '" << or_empty(name)
+              << "' is not defined\n";
+    return Value();
+  }
+  auto at = list->rules.end();
+  if (const char* anchor = form->get_str_val()) {
+    at = std::find_if(list->rules.begin(), at,
+                      [&](const auto& rule) { return same_word(rule->name.c_str(), anchor); });
+    if (at == list->rules.end()) return Value();
+  }
+  insert_rules(*list, static_cast<std::size_t>(at - list->rules.begin()), read_rules(form));
+  return Value();
+}
+
+Value debug_rules(IRSlist* form) {
+  const char* name = form->get_str_val();
+  LexRuleList* list = find_rules(name);
+  if (!list) {
+    std::cerr << "the lexical rules `" << or_empty(name) << "' are not found\n";
+    return Value();
+  }
+  std::unique_ptr<regexp> names;
+  if (const char* text = form->get_str_val())
+    names = regcomp(text[0] == '^' ? text : ("^" + std::string(text)).c_str());
+  for (const auto& rule : list->rules)
+    if (!names || regexec(names.get(), rule->name.c_str())) rule->debug = !rule->debug;
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"def-rules", def_rules,
+     "(def-rules name rule1 rule2 ...) define a set of lexical rules. If the rule set so name is "
+     "already defined, rule1 rule2 ... are appended at the end."},
+    {"insert-lex-rules", insert_lex_rules,
+     "(insert-lex-rules rule-set anchor-rule rule1 ...) define new rules and insert them before "
+     "the "
+     "anchor-rule."},
+    {"debug-rules", debug_rules,
+     "(debug-rules name-of-rule-set 0|1) set the debugging flag for a rule-set"},
+};
+
+}  // namespace
+
+void register_lexical_rule_commands() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  interpreter().define(kCommands);
+  apply_lexical_rules = [](LexRuleList& rules, LexAnalyzer& analyzer) { rules.apply(analyzer); };
+}
+
+}  // namespace torvane

@@ -1,0 +1,50 @@
+// Lexical rules: a pattern over the chart, and an action on each place where it fits. A set of
+// rules runs once a sentence, after the look-up of the words and before parsing.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "lex/pattern.h"
+
+namespace torvane {
+
+class Rule {
+ public:
+  /// Reads a rule form: its name, then options, the pattern and the action.
+  explicit Rule(IRSlist* form);
+
+  void apply(LexAnalyzer& analyzer);
+
+  PatternPtr pattern;  ///< null: the rule never fires
+  ExpPtr action;       ///< on Match*; null: nothing is done
+  std::string name;
+  ExpPtr precondition;      ///< on LexAnalyzer*, may be null
+  bool act_on_all = false;  ///< fires also for the shorter ones of matches with one end
+  bool debug = false;
+
+ private:
+  bool take_option(IRSlist& item);
+  void fire(MatchList& matches);
+};
+
+class LexRuleList {
+ public:
+  /// Each rule once, in order, on the chart as the earlier ones left it. Rules that an action adds
+  /// run from the next sentence on.
+  void apply(LexAnalyzer& analyzer);
+
+  std::vector<std::unique_ptr<Rule>> rules;
+};
+
+namespace tags {
+inline constexpr TypeTag lex_rule_list{"LexRuleList*"};
+}
+template <>
+struct ValueTraits<LexRuleList> : TagOf<LexRuleList, tags::lex_rule_list> {};
+
+/// `def-rules`, `insert-lex-rules`, `debug-rules`; lets the analyser run rules.
+void register_lexical_rule_commands();
+
+}  // namespace torvane

@@ -1,0 +1,99 @@
+#include "lex/pattern.h"
+
+#include <iostream>
+
+#include "lexp/form.h"
+#include "shell/object_factory.h"
+#include "support/depth.h"
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int kMostNesting = 1000;
+DepthLimit pattern_depth{"make_pattern: the patterns are nested too deeply", kMostNesting};
+
+LPattern* find_prototype(const ObjFactory& family, const char* head) {
+  auto* entry = family.find(head);
+  return entry ? entry->value.as<LPattern>() : nullptr;
+}
+
+}  // namespace
+
+void LPattern::match(MatchRun& run, MatchList& results) const {
+  int last = run.analyzer.last_position();
+  for (int i = 1; i <= last; ++i) {
+    MatchList here;
+    if (front_to_back) {
+      match_start(run, i, here);
+    } else {
+      match_end(run, last + 1 - i, here);
+    }
+    results.append(here);
+  }
+}
+
+bool LPattern::take_option(IRSlist* args) {
+  IRSlist* front = args->nth(0);
+  const char* word = front->is_atom() ? front->atom : front->nth_str_val(0);
+  if (front->is_atom() && same_word(word, ":front-to-back")) {
+    front_to_back = true;
+  } else if (front->is_atom() && same_word(word, ":overlapping")) {
+    overlapping = true;
+  } else if (front->is_list() && same_word(word, "constraint")) {
+    constraint = LExp::get_exp(front->nth(1));
+  } else {
+    return false;
+  }
+  args->pop_front();
+  return true;
+}
+
+bool LPattern::passes_constraint(Match& match) const {
+  return passes(constraint, Value::of(&match), type_id_of<Match>());
+}
+
+void AtomicPat::init(IRSlist* args) {
+  exp = LExp::get_exp(args->nth(0));
+}
+
+void WordPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
+  const char* word = run.analyzer.word(pos);
+  if (word && passes(exp, Value::sentence_text(word), type_id_of<const char*>()))
+    results.add(Match::make(&run.analyzer, pos, pos));
+}
+
+std::unique_ptr<LPattern> make_pattern(IRSlist* form) {
+  ObjFactory* family = ObjFactory::family("LPattern");
+  if (!family) {
+    std::cerr << "need to call pattern_init()\n";
+    return nullptr;
+  }
+  if (!form) return nullptr;
+  if (form->is_atom()) {
+    auto word = std::make_unique<WordPat>();
+    word->exp = make_str_is(form->atom);
+    return word;
+  }
+  IRSlist* head = form->nth(0);
+  if (!head || !head->is_atom()) {
+    std::cerr << "Unable to make pattern: ";
+    form->print_item(std::cerr);
+    std::cerr << '\n';
+    return nullptr;
+  }
+  LPattern* prototype = find_prototype(*family, head->atom);
+  if (!prototype) {
+    std::cerr << "The pattern " << head->atom << " is not defined\n";
+    return nullptr;
+  }
+  DepthGuard guard(pattern_depth);
+  if (!guard) return nullptr;
+  form->pop_front();
+  std::unique_ptr<LPattern> pattern = prototype->clone();
+  pattern->init(form);
+  return pattern;
+}
+
+}  // namespace torvane

@@ -1,0 +1,51 @@
+#include "lex/rule_actions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "lexp/form.h"
+
+namespace torvane {
+
+bool Cond::passes(LexItem* item) const {
+  return exp_ ? static_cast<bool>(exp_->eval(Value::of(item), type_id_of<LexItem>())) : passes_all_;
+}
+
+bool Cond::passes(const char* word) const {
+  if (!exp_) return passes_all_;
+  return static_cast<bool>(exp_->eval(Value::sentence_text(word), type_id_of<const char*>()));
+}
+
+LexAnalyzer* chart_of(const Match* match, const LexItem* item) {
+  if (!item) return nullptr;
+  return !match || match->analyzer == item->analyzer ? item->analyzer : nullptr;
+}
+
+WordSpan::WordSpan(const LexAnalyzer& chart, Word from, Word to)
+    : low(static_cast<int>(std::clamp<Word>(from, 1, chart.last_position() + 1))),
+      high(static_cast<int>(std::clamp<Word>(to, 0, chart.last_position()))) {}
+
+Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high) {
+  Slist<LexItem*> found;
+  WordSpan span(chart, low, high);
+  for (int i = span.low; i <= span.high; ++i)
+    for (LexItem* item : chart.ending_at(i))
+      if (item->low >= low) found.append(item);
+  return found;
+}
+
+void register_rule_actions() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  register_item_setters();
+  register_deleting_actions();
+  register_searching_actions();
+  register_flag_actions();
+  register_component_actions();
+  register_making_actions();
+  register_compound_look_up();
+  register_abbreviation_actions();
+  register_antecedent_actions();
+}
+
+}  // namespace torvane

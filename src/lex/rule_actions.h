@@ -1,0 +1,53 @@
+// The vocabulary of lexical rule actions: what a rule can do with the match it fired on.
+//
+// All of them are safe on what a rule may hand them: a null, deleted or foreign item, a span that
+// is reversed or lies outside the sentence, a chart that a condition changes while it is being
+// searched.
+#pragma once
+
+#include "lex/match.h"
+#include "lexp/lexp.h"
+
+namespace torvane {
+
+void register_rule_actions();
+
+/// The actions of one kind each; called by the above.
+void register_item_setters();
+void register_deleting_actions();
+void register_searching_actions();
+void register_flag_actions();
+void register_component_actions();
+void register_making_actions();
+void register_compound_look_up();
+void register_abbreviation_actions();
+void register_antecedent_actions();
+
+/// A condition that comes as a value, `(pred EXP)`: none passes everything, and what is no
+/// expression passes nothing.
+class Cond {
+ public:
+  explicit Cond(Value value) : exp_(value.as<LExp>()), passes_all_(!value) {}
+  bool passes(LexItem* item) const;
+  bool passes(const char* word) const;
+
+ private:
+  LExp* exp_;
+  bool passes_all_;
+};
+
+/// The chart that an action on an item works on: that of the match, or without one the item's own.
+/// Null for an item of another chart than the match's.
+LexAnalyzer* chart_of(const Match* match, const LexItem* item);
+
+/// A stretch of word positions, cut to those of the sentence; empty (high below low) if none is
+/// left.
+struct WordSpan {
+  WordSpan(const LexAnalyzer& chart, Word from, Word to);
+  int low, high;
+};
+
+/// The items that end in the span and do not start before it, in chart order.
+Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high);
+
+}  // namespace torvane
