@@ -1,0 +1,6 @@
+(load balanced.lsp)
+(load open.lsp)
+(load heads.lsp)
+(load closed.lsp)
+(echo done)
+(exit)

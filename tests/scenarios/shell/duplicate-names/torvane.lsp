@@ -1,0 +1,5 @@
+(def-tokenizer :name X " " "" "" "" "" "")
+(def-tokenizer :name x "," "" "" "" "" "")
+(def-tokenizer :name STRCMP "," "" "" "" "" "")
+(test-tokenizer x in.txt)
+(exit)

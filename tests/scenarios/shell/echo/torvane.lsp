@@ -1,0 +1,6 @@
+(echo)
+(ECHO a "b  c" d)
+(echo (a b) c (d))
+("echo" "" x "")
+(echo ,)
+(exit)

@@ -1,0 +1,3 @@
+(echo a)
+(exit now or never)
+(echo b)

@@ -1,0 +1,6 @@
+(help "^(echo|exit|quote|ec|system.)$")
+(? "^nosuch")
+(help x*)
+(HELP "^\\?" "more" )
+(help (a))
+(exit)

@@ -1,0 +1,3 @@
+(load again.lsp)
+(load again.lsp)
+(load other.lsp)

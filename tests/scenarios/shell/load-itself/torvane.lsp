@@ -1,0 +1,5 @@
+(load again.lsp)
+(echo back)
+(load other.lsp)
+(load again.lsp)
+(exit)

@@ -1,0 +1,2 @@
+(load big.lsp)
+(exit)

@@ -1,0 +1,8 @@
+(defmacro once () (once) (echo up))
+(defmacro twice (x) (twice x) (twice x))
+(defmacro other () (twice 1) (echo other))
+(once)
+(twice 1)
+(other)
+(echo good)
+(exit)

@@ -1,0 +1,8 @@
+(classes)
+(CLASSES "^LE" more)
+(objects "^(t|nil|prog1)$")
+(objects "^(t|nil)$" "^lexp$")
+(objects "^(t|nil)$" "^LExp$")
+(objects nosuch nosuch)
+(objects (a) (b))
+(exit)

@@ -1,0 +1,2 @@
+(echo carriage
+ return)

@@ -1,0 +1,1 @@
+(echo "end of digits\65

@@ -1,0 +1,1 @@
+(echo x y) (deep (b (c

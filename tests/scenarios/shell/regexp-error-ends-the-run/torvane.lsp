@@ -1,0 +1,3 @@
+(echo before)
+(help "a**")
+(echo never)

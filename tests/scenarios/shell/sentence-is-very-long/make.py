@@ -1,0 +1,1 @@
+open("sentense.dat", "w").write("word " * 20000)

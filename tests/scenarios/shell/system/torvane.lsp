@@ -1,0 +1,7 @@
+(echo before)
+(system "echo from the shell")
+(system)
+(system (echo never))
+(system "exit 3")
+(echo after)
+(exit)

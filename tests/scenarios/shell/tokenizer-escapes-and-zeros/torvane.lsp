@@ -1,0 +1,5 @@
+(def-tokenizer :name t " \n" "()" "," "\" '" "\\" "#")
+(test-tokenizer t in.txt)
+(def-tokenizer :name bare " " "" "" "\"" "" "")
+(test-tokenizer bare bare.txt)
+(exit)
