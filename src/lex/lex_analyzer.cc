@@ -4,6 +4,8 @@
 #include <cstring>
 #include <iostream>
 
+#include "lex/retired.h"
+
 namespace torvane {
 
 bool lexical_debug = false;
@@ -67,21 +69,32 @@ void LexAnalyzer::add_sentence(const IRSlist* sentence) {
 
 void LexAnalyzer::reset() {
   if (analyzing) return;
-  pool.reset();
-  join.reset();
   mixed_case = 1;
   for (LBitSet* set : {&focus, &first_conjunctions, &last_conjunctions, &adverbs, &skipped})
     set->reset();
   ends_at.clear();
   starts_at.clear();
-  for (std::size_t i = 0; i < items_used_; ++i) item_pool_[i].clear();
-  items_used_ = 0;
-  all_items.clear();
   words.clear();
   gaps.clear();
   pos_tags.clear();
   overfull_ = false;
+  forget_items();
   bump_sentence_epoch();
+}
+
+void LexAnalyzer::forget_items() {
+  if (expression_waits()) {
+    // Texts and meanings may be on their way through that expression.
+    std::vector<std::unique_ptr<Meaning>> meanings;
+    for (LexItem* item : all_items) meanings.push_back(std::move(item->meaning));
+    retire(std::move(meanings));
+  } else {
+    pool.reset();
+    join.reset();
+  }
+  for (LexItem* item : all_items) item->clear();
+  all_items.clear();
+  items_used_ = 0;
 }
 
 void LexAnalyzer::analyze() {

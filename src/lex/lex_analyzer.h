@@ -103,6 +103,7 @@ class LexAnalyzer {
 
   static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
   void add_sentinel();
+  void forget_items();
   void need_positions(int count);
   void split_last_word();
   int last_real_word() const;

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <utility>
 
+#include "lex/retired.h"
 #include "support/depth.h"
 
 namespace torvane {
@@ -89,7 +90,7 @@ void Lexicon::clear() {
 
 void Lexicon::destroy_dropped() {
   if (pins_ > 0 || dropped_.empty()) return;
-  dropped_.clear();
+  retire(std::exchange(dropped_, {}));
   bump_sentence_epoch();  // a variable may hold a meaning of theirs
 }
 

@@ -4,6 +4,7 @@
 #include "lex/lexicon.h"
 #include "lex/lexicon_files.h"
 #include "lexp/form.h"
+#include "lexp/text_result.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
 
@@ -89,15 +90,14 @@ class GetRoot : public Form<GetRoot, LAdaptor> {
   }
   Value convert(Value input) override {
     if (!lexicon_ || !input.text()) return Value();
-    // Copies, since the condition of an ending may bring us here again.
+    // A copy, since the condition of an ending may bring us here again.
     std::string word = input.text();
-    root_ = std::string(lexicon_->get_root(word.c_str()));
-    return Value::buffer_text(root_.c_str());
+    return root_.set(lexicon_->get_root(word.c_str()));
   }
 
  private:
   Lexicon* lexicon_ = nullptr;
-  std::string root_;
+  TextResult root_;
 };
 
 constexpr Command kCommands[] = {

@@ -12,6 +12,10 @@ void settle_values() {
   if (commands_running == 0) free_retired_values();
 }
 
+bool expression_waits() {
+  return commands_running > 0;
+}
+
 ExecCommands::ExecCommands(const ExecCommands& other) : Form(other) {
   commands_.copy_into(other.commands_, texts_);
 }

@@ -162,6 +162,8 @@ LExp* find_lexp_proto(const char* name);
 /// Frees what variables and lists let go of since the last call. Does nothing while an expression
 /// is running commands; to be called where no other expression runs, such as between two sentences.
 void settle_values();
+/// True while an expression waits for commands that it runs.
+bool expression_waits();
 
 /// Creates the family that all forms stand in.
 void add_lexp_family();
