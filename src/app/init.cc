@@ -1,6 +1,18 @@
 #include "app/init.h"
 
+#include "att/att_interpreter.h"
+#include "lex/antecedent_list.h"
+#include "lex/item_forms.h"
+#include "lex/lex_analyzer.h"
+#include "lex/lexicon.h"
+#include "lex/llrule.h"
+#include "lex/meaning.h"
+#include "lex/patterns.h"
+#include "lex/rule_actions.h"
+#include "lex/sentence_boundary.h"
 #include "lexp/lexp.h"
+#include "parser/syntax_atts.h"
+#include "parser/torvane_parser.h"
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/object_factory.h"
@@ -10,37 +22,39 @@ namespace torvane {
 namespace {
 
 constexpr Registration kRegistrations[] = {
-    {"attribute types", nullptr},
+    {"attribute types", register_attribute_types},
     {"tokenizers", register_tokenizer_commands},
     {"the object factory", register_object_factory_commands},
-    {"the lexicon", nullptr},
-    {"the lexical analyser", nullptr},
-    {"the family of lexical patterns", nullptr},
-    {"lexical patterns", nullptr},
-    {"core forms", nullptr},
-    {"rule actions and antecedent lists", nullptr},
-    {"attribute predicates", nullptr},
-    {"lexical item predicates", nullptr},
-    {"string functions and word lists", nullptr},
-    {"integer and regular expression functions", nullptr},
-    {"constants", nullptr},
+    {"the lexicon", register_lexicon_commands},
+    {"the lexical analyser", register_lex_analyzer_commands},
+    {"the family of lexical patterns", register_patterns},
+    {"lexical patterns", register_patterns},
+    {"core forms", register_core_forms},
+    {"rule actions and antecedent lists", register_rule_actions},
+    {"attribute predicates", register_attribute_forms},
+    {"lexical item predicates", register_item_forms},
+    {"string functions and word lists", register_string_forms},
+    {"integer and regular expression functions", register_integer_forms},
+    {"constants", register_constant_forms},
     {"tree rules", nullptr},
     {"dependency tree expressions", nullptr},
-    {"sentence boundaries", nullptr},
-    {"left and right context rules", nullptr},
-    {"attributes", nullptr},
+    {"sentence boundaries", register_sentence_boundary_forms},
+    {"left and right context rules", register_llrule_commands},
+    {"attributes", register_attribute_commands},
     {"the parser", nullptr},
-    {"initial attributes", nullptr},
-    {"the sentence separator", nullptr},
-    {"antecedent list expressions", nullptr},
-    {"the attribute vector meaning", nullptr},
+    {"initial attributes", register_init_attributes},
+    {"the sentence separator", register_sentence_separator},
+    {"antecedent list expressions", register_antecedent_forms},
+    {"the attribute vector meaning", register_avmeaning_proto},
     {"triple databases", nullptr},
     {"similar words", nullptr},
 };
 
 }  // namespace
 
-std::span<const Registration> registrations() { return kRegistrations; }
+std::span<const Registration> registrations() {
+  return kRegistrations;
+}
 
 void register_modules() {
   for (const Registration& row : kRegistrations)
