@@ -1,0 +1,43 @@
+; The nodes of the network, and which attributes an item shows to the nodes above it. Two items of one
+; node and span that agree in these are the same for the rest of the grammar.
+
+(def-category Conn)                                   ; and, but: as an opening word
+(def-category Comp)                                   ; that, whether
+(def-category Sub)                                    ; when, because
+(def-category Neg)
+(def-category Gen)                                    ; 's
+(def-category RelPro)                                 ; who, which, that
+(def-category Aux (visible-atts (vform own agr)))
+(def-category Adv (visible-atts (wh deg loc front)))
+(def-category Num (visible-atts (agr spec)))
+(def-category Det (visible-atts (agr spec wh rel pre alone)))
+
+; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;
+; N0, with determiner and number; N, with what follows it.
+(def-category NN (visible-atts (agr count spec proper that to time)))
+(def-category NB (visible-atts (agr count spec proper that to time)))
+(def-category Pro (visible-atts (agr case spec pro some time wh)))
+(def-category NPoss (visible-atts (spec wh rel)))      ; a noun phrase with 's
+(def-category N0 (visible-atts (agr case count spec pro some proper that to time wh rel)))
+(def-category N (visible-atts (agr case pro proper that to time wh rel)))
+(def-category Ger (visible-atts (agr move)))          ; swimming, as a noun phrase
+
+(def-category A (visible-atts (deg wh)) (subcat-atts (move)))
+(def-category P (visible-atts (pform verbal time move wh)))
+
+; A verb grows likewise: V, with what its frame asks for; VP, with the free adjuncts behind it;
+; VG, with auxiliaries and adverbs before it; then a clause, finite (S, Q, Imp) or not (I).
+(def-category V (visible-atts (vform agr move)))
+(def-category V_N_VB (visible-atts (vform agr move)))
+(def-category VP (visible-atts (vform agr move)))
+(def-category VG (visible-atts (vform agr move)))
+(def-category S (visible-atts (move wh)))             ; she reads
+(def-category Q (visible-atts (move wh)))             ; does she read
+(def-category Imp)                                    ; read!
+(def-category I (visible-atts (move)))                ; to read
+(def-category WhI (visible-atts (move)))              ; how to read
+(def-category C (visible-atts (move wh)))             ; that she reads, what she reads
+(def-category SubC)                                   ; when she reads
+(def-category RelS)                                   ; who reads
+(def-category RelO (visible-atts (move)))             ; that she reads __
+(def-category RelA)                                   ; where she reads

@@ -1,0 +1,54 @@
+; What the endings mean. A reading whose ending does not suit its word goes: `walked` is no noun.
+; Rules run in this order, each once, over the items that the lexicon gave.
+
+(defun noun () (att (and (contain ((cat n))) (defined (count)))))
+(defun verb () (att (and (contain ((cat v))) (not (defined (vform))))))
+(defun adjective () (att (and (contain ((cat a))) (not (defined (node))))))
+
+(def-rules english-rules
+  (s-noun (:act-on-all-matches) (lexitem (and (ending s) (noun) (att (not (defined (agr))))))
+    (comp (litem) (att (modify (-count (agr p3))))))
+  (s-verb (:act-on-all-matches) (lexitem (and (ending s) (verb)))
+    (comp (litem) (att (modify ((vform pres) (agr s3))))))
+  (s-other (:act-on-all-matches)
+    (lexitem (and (ending s) (not (att (or (contain ((cat n) (agr p3) -count))
+                                           (contain ((cat v) (vform pres))))))))
+    (delete (litem)))
+
+  (ed-verb (:act-on-all-matches) (lexitem (and (ending ed) (verb)))
+    (comp (litem) (att (modify ((vform past en))))))
+  (ed-other (:act-on-all-matches) (lexitem (and (ending ed) (not (att (contain ((cat v) (vform past)))))))
+    (delete (litem)))
+
+  (ing-verb (:act-on-all-matches) (lexitem (and (ending ing) (verb)))
+    (comp (litem) (att (modify ((vform ing))))))
+  (ing-other (:act-on-all-matches) (lexitem (and (ending ing) (not (att (contain ((cat v) (vform ing)))))))
+    (delete (litem)))
+
+  ; A verb with -er is one who does it, unless the word is a noun already.
+  (er-verb (:act-on-all-matches)
+    (lexitem (and (ending er) (verb) (no-alternative (att (contain ((cat n)))))))
+    (comp (litem) (att (prog (undefine (args case tr)) (modify ((cat n) (node NN) +count))))))
+  (er-other (:act-on-all-matches)
+    (lexitem (and (or (ending er) (ending est)) (not (adjective)) (not (noun))))
+    (delete (litem)))
+  (er-noun (:act-on-all-matches)
+    (lexitem (and (or (ending er) (ending est)) (noun) (not (att (contain (+count))))))
+    (delete (litem)))
+
+  ; An adjective with -ly is an adverb.
+  (ly-adjective (:act-on-all-matches) (lexitem (and (ending ly) (adjective) (not (att (defined (args))))))
+    (comp (litem) (att (modify ((node Adv))))))
+  (ly-other (:act-on-all-matches) (lexitem (and (ending ly) (not (att (contain ((node Adv)))))))
+    (delete (litem)))
+
+  ; Without an ending.
+  (bare-verb (:act-on-all-matches) (lexitem (verb))
+    (comp (litem) (att (modify ((vform base pres) (agr s1 s2 p1 p2 p3))))))
+  (bare-noun (:act-on-all-matches) (lexitem (and (noun) (att (not (defined (agr))))))
+    (comp (litem) (att (modify ((agr s3))))))
+  (irregular (:act-on-all-matches) (lexitem (att (defined (lemma))))
+    (set-lexitem-root (litem) (comp (litem) (att (att-str-val lemma)))))
+
+  (rare (:act-on-all-matches) (lexitem (att (contain (+rare))))
+    (add-weight (litem) (int 3))))

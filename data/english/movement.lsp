@@ -1,0 +1,15 @@
+; Readings that lack their object, because it stands elsewhere in the sentence.
+
+(def-rules english-rules
+  ; The passive: the object is the subject now. `sent` also means `sent` by someone.
+  (passive (:act-on-all-matches) (lexitem (att (and (contain ((cat v) +tr)) (strict-unifiable (vform) ((vform en))))))
+    (assert (comp (duplicate-lexitem (litem))
+                  (when (ident)
+                        (att (prog (move-att args object) (modify (-tr (vform pass)))))))))
+
+  ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
+  ; where a link with check-slash takes it.
+  (gap (:act-on-all-matches) (lexitem (att (contain (+tr))))
+    (assert (comp (duplicate-lexitem (litem))
+                  (when (ident)
+                        (att (prog (move-att args move) (modify (-tr)))))))))

@@ -1,0 +1,112 @@
+; Noun phrases, from the inside out. An item that enters at the :head position takes what waits to its
+; left, nearest position first; what stands to the right of :head is added afterwards.
+
+(defun not-pro () (pitem-attvec (not (contain (+pro)))))
+(defun comma-before () (pitem-preceding-word (str= ",")))
+
+; A participle of one word: running water, a broken window.
+(defun participle () (and (int-eq (pitem-length) (int 0))
+                          (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
+
+(def-modifiers Det
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
+  (:head))
+
+(def-modifiers Num
+  (* (Num (dep-type num) (percolate ())) (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg))))))
+  (:head))
+
+(def-modifiers NB
+  (* :skip-word (str= ",")
+     (A (dep-type mod) (modifier-cond (head-last)))
+     (V (dep-type mod) (modifier-cond (participle)) (percolate ()) (dep-weight 1.5))
+     (NN (dep-type nn) (percolate ()) (dep-weight 1.5)
+         (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
+                          (pitem-add-weight 1.5)
+                          (t)))))
+  (:head (NN)))
+
+(def-modifiers NPoss
+  (:head (N (percolate (wh)) (head-cond (pitem-following-word (in ("'s" "'"))))))
+  ((Gen (dep-type case) (percolate (spec)))))
+
+(def-modifiers N0
+  (? (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
+          (modifiee-cond (pitem-attvec (defined (spec))))))
+  (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro)))
+     (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
+  (* (Num (dep-type num) (percolate (agr spec)) (modifiee-cond (not-pro))))
+  (:head (NB)
+         (Pro)
+         (Num (head-cond (pitem-attvec (modify (+pro +some)))))
+         (Det (head-cond (and (pitem-attvec (contain (+alone)))
+                              (pitem-attvec (modify (+pro +some))))))))
+
+; A singular that wants a determiner and has none is possible (by car, go to school), but dear.
+(defun determined ()
+  (if (pitem-attvec (and (contain (+count)) (unifiable ((agr s3))) (not (defined (spec)))))
+      (pitem-add-weight 3)
+      (t)))
+
+; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
+(defun noun-or-verb ()
+  (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (t))
+        ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2))
+        ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
+        ((t) (t))))
+
+(def-modifiers N
+  (:head (N0 (head-cond (determined))))
+  (* (P (dep-type mod) (percolate ()) (merged-cond (noun-or-verb))
+        (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
+     (RelS (dep-type rel))
+     (RelO (dep-type rel) (percolate (move)) (check-slash np))
+     (RelA (dep-type rel) (dep-weight 1.5))
+     (VG (dep-type vrel) (percolate ()) (dep-weight 2) (modifiee-cond (not-pro))
+         (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
+     (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))))
+     (I (dep-type comp) (percolate ())
+        (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
+     (A (dep-type mod) (percolate ()) (dep-weight 2)
+        (modifier-cond (not (head-last))) (modifiee-cond (not-pro)))
+     (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
+     (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
+  ; Between commas; the closing comma becomes part of the noun phrase.
+  (* :skip-word (str= ",")
+     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (comma-before))
+        (merged-cond (include-following-word (str= ","))))
+     (RelS (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
+     (RelA (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
+     (VG (dep-type vrel) (percolate ()) (dep-weight 2.5)
+         (modifier-cond (and (comma-before) (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
+         (merged-cond (include-following-word (str= ","))))))
+
+; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
+(def-modifiers Ger
+  (? (NPoss (dep-type gen)) (Det (dep-type det) (percolate ())))
+  (:head (VG (head-cond (pitem-attvec (and (strict-unifiable (vform) ((vform ing)))
+                                           (undefine (vform agr))
+                                           (unify ((agr s3)))))))))
+(def-subclass N (Ger (dep-weight 2)))
+
+; Adjectives, adverbs, prepositions.
+(def-modifiers A
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (and (not (contain (+loc))) (not (contain (+front)))
+                                                           (or (contain (+deg)) (t)))))
+          (percolate (wh))))
+  (:head)
+  (* (P (dep-type mod) (percolate (move)))
+     (I (dep-type comp) (percolate ()) (dep-weight 1.5))
+     (SubC (dep-type mod) (percolate ()) (dep-weight 1.5))
+     (Adv (dep-type mod) (modifier-cond (pitem-head-word (in (enough))))))
+  )
+
+(def-modifiers Adv
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
+  (:head)
+  (? (P (dep-type mod) (percolate ()) (dep-weight 2))))
+
+(def-modifiers P
+  (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
+          (dep-weight 1.5)))
+  (:head))

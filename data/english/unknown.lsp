@@ -1,0 +1,59 @@
+; Words that the lexicon does not have, numbers, names, compounds. They come before the other rules, which
+; then treat them like any word.
+
+(def-rules english-rules
+  ; Negated auxiliaries are cut before the 't: "won" is one only in front of it.
+  (contracted (:act-on-all-matches)
+    (lexitem (and (att (contain ((node Aux)))) (root) (surform (in (don doesn didn won couldn wouldn shouldn mustn haven hasn
+                                                       hadn isn aren wasn weren)))))
+    (if (followed-by-word (pred (in ("'t" "n't"))))
+        (delete-if (low) (high) (pred (not (att (contain ((node Aux)))))))
+        (delete (litem))))
+
+  ; 12, 3.50, $5, 10:30, 1990s
+  (number (& (not-in-lexicon) (word (reg-match "^[$]?[0-9][0-9.,:/]*(th|st|nd|rd|s|m|km|kg|%|am|pm)?$")))
+    (assert (make-lexitem (low) (high) (avm (avm (num))))))
+
+  ; A capital inside the sentence makes a name, whatever else the word may be.
+  (name (word (reg-match "^[A-Z][a-z]"))
+    (if (int-gt (low) (int 1))
+        (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
+            (assert (add-weight (make-lexitem (low) (high) (avm (avm (name)))) (int 1))))))
+
+  ; By ending.
+  (unknown-ly (& (not-in-lexicon) (word (reg-match "..ly$")))
+    (assert (make-lexitem (low) (high) (avm (avm (adv))))))
+  (unknown-ing (& (not-in-lexicon) (word (reg-match "...ing$")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (vo (vform ing))))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 1)))))
+  (unknown-ed (& (not-in-lexicon) (word (reg-match "...ed$")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (vo ed)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 1)))))
+  (unknown-s (& (not-in-lexicon) (word (reg-match "^[a-z].*[^su]s$")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (plural)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo (vform pres) sg)))) (int 2)))))
+  (unknown-adj (& (not-in-lexicon) (word (reg-match "(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (adj)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 2)))))
+  (unknown-noun (& (not-in-lexicon) (word (reg-match "(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
+    (assert (make-lexitem (low) (high) (avm (avm (mass))))))
+  (unknown-name (& (not-in-lexicon) (word (reg-match "^[A-Z]")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (name)))))
+          (if (int-eq (low) (int 1))
+              (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 1))))))
+  (unknown (& (not-in-lexicon) (word (reg-match "^[a-z]")))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (mass)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 2)))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo)))) (int 3)))))
+
+  ; A hyphenated compound is looked up whole; what is not found is an adjective or a noun.
+  (hyphen (seq (word (t)) - (word (t)))
+    (if (comp (matching-word) (not (reg-match " ")))
+        (prog
+          (look-up (low) (high) (str))
+          (if (exist-lexitem (low) (high) (pred (t)))
+              (delete-smaller (low) (high))
+              (prog
+                (delete-smaller (low) (high))
+                (assert (make-lexitem (low) (high) (avm (avm (adj)))))
+                (assert (make-lexitem (low) (high) (avm (avm (noun)))))))))))

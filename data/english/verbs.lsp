@@ -1,0 +1,53 @@
+; Verbs. V takes its arguments through frame nodes that the parser makes from `args`: for (args ((cat n)
+; ...) ((cat c) ...)) a node V_N_C that hands its finished items to V.
+
+; make him go: a frame with conditions of its own, so it is written out.
+(def-modifiers V (:head))
+(def-subcat V_N_VB V
+  (:head)
+  ((N (dep-type obj) (percolate (case))))
+  ((VP (dep-type comp) (percolate (move))
+       (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base ing pass))))))))
+
+(defun to-predicate () (pitem-attvec (modify ((vform prd)))))
+
+; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
+(def-modifiers VP
+  (:head (V)
+         (A (percolate (move)) (head-cond (to-predicate)))
+         (N (percolate (move)) (head-cond (to-predicate)))
+         (P (percolate (move)) (head-cond (to-predicate)))
+         (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
+         (I (percolate (move)) (head-cond (to-predicate)))
+         (C (percolate (move)) (head-cond (to-predicate))))
+  (* :skip-word (str= ",")
+     (P (dep-type mod) (percolate (move)) (dep-weight 1.2)
+        (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
+     (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
+          (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
+     (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
+         (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing))))))))
+
+; The verb group. An auxiliary has in `vform` the form that it wants: percolating it is the test. Then the
+; group takes on the auxiliary's own form, and its person.
+(defun agree-with-aux ()
+  (and (pitem-attvec (undefine (agr)))
+       (unify2 (pitem-attvec) (pitem-modifier (pitem-attvec)) (agr))))
+
+(def-modifiers VG
+  (* (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own fin))))) (percolate (vform))
+          (merged-cond (and (pitem-attvec (modify ((vform fin)))) (agree-with-aux))))
+     (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own base))))) (percolate (vform))
+          (merged-cond (and (pitem-attvec (modify ((vform base)))) (agree-with-aux))))
+     (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own en))))) (percolate (vform))
+          (merged-cond (and (pitem-attvec (modify ((vform en)))) (agree-with-aux))))
+     (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own ing))))) (percolate (vform))
+          (merged-cond (and (pitem-attvec (modify ((vform ing)))) (agree-with-aux))))
+     (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
+          (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux))))
+     (Neg (dep-type neg))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))))
+  (:head (VP)))
