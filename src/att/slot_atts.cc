@@ -4,10 +4,6 @@
 
 namespace torvane {
 
-AttWord CharAtt::get(const AttVec* vec) const {
-  return slot >= 0 && slot < vec->laid_out_char ? vec->small_values[slot] : 0;
-}
-
 void CharAtt::set(AttVec* vec, AttWord value) const {
   if (slot >= vec->laid_out_char) vec->lay_out();
   if (slot >= 0 && slot < vec->laid_out_char)
@@ -27,10 +23,6 @@ bool CharAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
 AttWord* LongVAtt::cell(AttVec* vec) const {
   if (slot >= vec->laid_out_long) vec->lay_out();
   return slot >= 0 && slot < vec->laid_out_long ? &vec->long_values[slot] : nullptr;
-}
-
-AttWord LongVAtt::get(const AttVec* vec) const {
-  return slot >= 0 && slot < vec->laid_out_long ? vec->long_values[slot] : 0;
 }
 
 void LongVAtt::set(AttVec* vec, AttWord value) const {

@@ -10,8 +10,10 @@ class CharAtt : public AttInterpreter {
  public:
   CharAtt() { storage = Storage::byte; }
   void allocate(AttInterpreterList* owner) override { slot = owner->char_count++; }
-  AttWord get(const AttVec* vec) const override;
-  void set(AttVec* vec, AttWord value) const override;
+  AttWord get(const AttVec* vec) const final {
+    return slot >= 0 && slot < vec->laid_out_char ? vec->small_values[slot] : 0;
+  }
+  void set(AttVec* vec, AttWord value) const final;
   void pack(const AttVec* vec, StrBufs& out) const override;
   bool unpack(AttVec* vec, const char*& p, const char* end) const override;
 };
@@ -20,7 +22,9 @@ class CharAtt : public AttInterpreter {
 class LongVAtt : public AttInterpreter {
  public:
   void allocate(AttInterpreterList* owner) override { slot = owner->long_count++; }
-  AttWord get(const AttVec* vec) const override;
+  AttWord get(const AttVec* vec) const final {
+    return slot >= 0 && slot < vec->laid_out_long ? vec->long_values[slot] : 0;
+  }
   void set(AttVec* vec, AttWord value) const override;
 
  protected:
