@@ -14,7 +14,9 @@ namespace torvane {
 
 namespace {
 
-DepthLimit llrule_depth{"apply-llrule: the rules are nested too deeply"};
+// How often the action of a rule may lead to a rule again.
+constexpr int kMostNesting = 100;
+DepthLimit llrule_depth{"apply-llrule: the rules are nested too deeply", kMostNesting};
 
 constexpr const char* kKind = "llrule";
 

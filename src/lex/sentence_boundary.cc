@@ -60,7 +60,8 @@ void SBnd::read_state(IRSlist& form, Marker marker) {
     return;
   }
   if (state_count() == kMostStates) {
-    std::cerr << "(sbnd ...): more than " << kMostStates << " states\n";
+    if (!std::exchange(overfull_, true))
+      std::cerr << "(sbnd ...): more than " << kMostStates << " states\n";
     return;
   }
   State state;

@@ -71,6 +71,7 @@ class SBnd : public Form<SBnd> {
   int _repeats = 0;  ///< of the current state
   int own_type_;
   bool stepping_ = false;
+  bool overfull_ = false;  ///< states were left out
 };
 
 namespace tags {
