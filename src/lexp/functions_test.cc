@@ -48,7 +48,7 @@ TEST_F(FunctionsTest, AFunctionThatCallsItselfForEverIsEndedOnce) {
 TEST_F(FunctionsTest, ADeepBodyFitsTheStackThatAGuardLeaves) {
   std::string body;
   std::string close;
-  for (int i = 0; i < 900; ++i) {
+  for (int i = 0; i < 490; ++i) {
     body += "(cond (";
     close += "))";
   }
