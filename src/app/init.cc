@@ -41,7 +41,7 @@ constexpr Registration kRegistrations[] = {
     {"sentence boundaries", register_sentence_boundary_forms},
     {"left and right context rules", register_llrule_commands},
     {"attributes", register_attribute_commands},
-    {"the parser", nullptr},
+    {"the parser", register_parser_commands},
     {"initial attributes", register_init_attributes},
     {"the sentence separator", register_sentence_separator},
     {"antecedent list expressions", register_antecedent_forms},

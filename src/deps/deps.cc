@@ -41,7 +41,9 @@ const TypeTag tags::deps{
     [](Word word) { reinterpret_cast<const Deps*>(word)->release(); },
 };
 
-Deps::Deps() : _id(std::to_string(++trees_made)) {}
+Deps::Deps() {
+  take_number();
+}
 
 Deps::~Deps() {
   if (_nodes) bump_sentence_epoch();
@@ -64,7 +66,13 @@ void Deps::drop_nodes() {
   _next_empty = 0;
 }
 
+void Deps::take_number() {
+  number_ = ++trees_made;
+  _id = std::to_string(number_);
+}
+
 void Deps::clear() {
+  if (is_clear() && _assertions.empty() && _id == std::to_string(number_)) return;
   bump_sentence_epoch();
   drop_nodes();
   _words.clear();
@@ -72,7 +80,7 @@ void Deps::clear() {
   _assertions.clear();
   _separators.reset();
   _strings.reset();
-  _id = std::to_string(++trees_made);
+  take_number();
 }
 
 DepTree* Deps::new_node() {

@@ -67,8 +67,8 @@ class Deps : public RefCounter {
   void set_words(const LexAnalyzer& lex);
   /// Appends a word, with the text before it. False if there is no room for more.
   bool add_word(const char* text, const char* gap_text);
-  /// Forgets words, nodes, labels and assertions; whatever a variable still holds of them reads as
-  /// null.
+  /// Forgets words, nodes, labels and assertions, and takes a new id; whatever a variable still
+  /// holds of them reads as null. A tree that is clear stays as it is.
   void clear();
   bool is_clear() const { return !_nodes && _words.empty(); }
   void set_root(DepTree* node) { _root = node; }
@@ -91,7 +91,9 @@ class Deps : public RefCounter {
 
  private:
   void drop_nodes();
+  void take_number();
 
+  int number_ = 0;
   DepTree* spare_nodes_ = nullptr;
 };
 

@@ -10,15 +10,16 @@
 #include <vector>
 
 #include "deps/deps.h"
+#include "deps/deps_modifier.h"
+#include "deps/dep_statistics.h"
 #include "lex/lex_analyzer.h"
 #include "parser/grammar.h"
 #include "parser/p_item.h"
+#include "parser/parse_forest.h"
 #include "shell/tokenizer.h"
 #include "support/name_table.h"
 
 namespace torvane {
-
-class ParseForest;
 
 /// One record of the root table.
 struct RootRule {
@@ -52,6 +53,11 @@ class TorvaneParser {
   GCate* _adjunct = nullptr;
   Ref<Deps> _deps;  ///< last result; null before the first
   bool _constituency = false;
+  DepStatistics* _reldb = nullptr;  ///< null: costs are the weights of parsing
+  std::unique_ptr<NameTable<float>> _cost_cache;  ///< by triple, for all sentences; null until used
+  std::unique_ptr<NameTable<char>> _bad_triples;  ///< a set; null if there are none
+  DepsModifier* _deps_modifier = nullptr;
+  ParseForest _forest{this};
 
   /// The node of a name; made if `create`, else null when missing.
   GCate* get_node(const char* name, bool create);
@@ -63,8 +69,14 @@ class TorvaneParser {
   PItem* new_item();
   /// Keeps a link for the whole run.
   Link* make_link(GCate* parent, GCate* child);
-  /// The node "Adjunct", remembered once it exists.
-  GCate* adjunct_node() { return _adjunct ? _adjunct : _adjunct = get_node("Adjunct", false); }
+  /// The node "Adjunct", remembered once it exists, and not sought again before there are new nodes.
+  GCate* adjunct_node() {
+    if (!_adjunct && nodes_at_look_up_ != _nodes.count()) {
+      nodes_at_look_up_ = _nodes.count();
+      _adjunct = get_node("Adjunct", false);
+    }
+    return _adjunct;
+  }
   /// Marks in a merged item that an argument's gap was filled; false if there is no room for it.
   bool insert_empty_category(PItem& merged, PItem& modifier);
 
@@ -115,6 +127,7 @@ class TorvaneParser {
   std::vector<Initial> initial_;
   std::size_t limited_words_ = 0;  // of _spans: those that may differ from the default
   std::string name_buffer_;
+  int nodes_at_look_up_ = -1;
 };
 
 namespace tags {

@@ -1,0 +1,65 @@
+// The cheapest way to lay a row of result trees over a sentence.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace torvane {
+
+struct TNode;
+
+/// A word as the cover sees it.
+struct CoverWord {
+  float cost = 0;                   ///< of leaving it outside every tree
+  bool is_punctuation = false;      ///< a single punctuation character: joining beside it is cheap
+  bool starts_punctuation = false;  ///< dropped at the end of the sentence
+};
+
+class Cover {
+ public:
+  static constexpr float kJoin = 35.0f;
+  static constexpr float kJoinAtPunctuation = 10.0f;
+  /// The table grows with the square of the words, and the work with the cube. In a longer sentence
+  /// a cheaper way around an overpriced tree is not looked for.
+  static constexpr int kMostTableWords = 1000;
+
+  /// Starts on a sentence. `words[0]` stands before the first word and is never covered.
+  std::vector<CoverWord>& start(int word_slots);
+  /// Offers a tree for its span. The cheapest one stays; of equals, the earliest.
+  void offer(TNode* node, int low, int high, float cost);
+  /// The chosen trees, from left to right.
+  std::vector<TNode*> choose();
+
+  static std::size_t cell_index(int low, int high) {
+    return static_cast<std::size_t>((high + 3) * high / 2 - low);
+  }
+  static std::size_t cell_count(int words) {
+    return static_cast<std::size_t>((words + 3) * words / 2);
+  }
+
+ private:
+  struct Offer {
+    TNode* node;
+    int low, high;
+    float cost;
+  };
+  struct Cell {
+    TNode* node = nullptr;
+    float cost = -1;  // -1: unset
+    int split = 0;    // the last word of the left part; 0: none
+  };
+
+  void keep_best_offers();
+  int end_of_cover() const;
+  float join_cost(int last) const;
+  std::vector<TNode*> choose_by_table(int end);
+  void fill_cell(int low, int high);
+  std::vector<TNode*> choose_by_chain(int end);
+  Cell chain_cell(int low, int end, std::size_t& next_offer) const;
+
+  std::vector<CoverWord> words_;
+  std::vector<Offer> offers_;
+  std::vector<Cell> cells_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,139 @@
+// All results of a sentence, with shared subtrees, ranked by cost. A chain of alternative items is
+// taken apart once, into decompositions: a head, and one modifier a step, each of them a chain
+// again.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <ostream>
+#include <vector>
+
+#include "parser/dep_cost.h"
+#include "parser/p_item.h"
+#include "support/slist.h"
+
+namespace torvane {
+
+class ParseForest;
+class TorvaneParser;
+struct Derivation;
+struct RootRule;
+struct TNode;
+
+/// The decompositions of a chain, cheapest first.
+struct Derivations {
+  Slist<Derivation*> list;
+  float _cost = 0;       ///< of the first, with what belongs to the list as a whole
+  float own_weight = 0;  ///< that part
+  int n_trees = 0;
+};
+
+/// One step of a decomposition. The rest of it, the head's side, is shared: every step to a head
+/// child names the one list of that child's decompositions.
+struct Derivation {
+  int _is_head = 0;                   ///< the entry stands for the head word's side
+  PItem* _item = nullptr;             ///< of this step
+  PItem* merged = nullptr;            ///< the item that this step made; null at a word
+  Link* _link = nullptr;              ///< of this step, may be null
+  TNode* _child = nullptr;            ///< the subtree; null for a word, which is a leaf
+  float _cost = 0;                    ///< total
+  float _local_cost = 0;              ///< of this dependency alone
+  const Derivations* head = nullptr;  ///< the head's decompositions; null where `_is_head`
+};
+
+/// A distinct chain of alternatives.
+struct TNode {
+  ParseForest* _forest = nullptr;
+  GCate* _node = nullptr;
+  PItem* _item = nullptr;  ///< first of the chain
+  const Derivations* _choices = nullptr;
+  Slist<Derivation*> _best;  ///< the flattened best decomposition, filled on demand
+  float _weight = 0;         ///< cost of the best decomposition
+  int _root_penalty = 0;
+  int _expanded = 0;  ///< 1 once `_best` is filled
+  int _n_trees = 0;
+  bool is_root = false;  ///< stands in the forest's roots
+
+  /// The best decomposition, from the outermost modifier to the head.
+  const Slist<Derivation*>& best();
+};
+
+class ParseForest {
+ public:
+  explicit ParseForest(TorvaneParser* parser) : parser_(parser) {}
+  ParseForest(const ParseForest&) = delete;
+  ParseForest& operator=(const ParseForest&) = delete;
+
+  virtual void print(std::ostream& out) const;
+  /// Forgets the sentence; the memory stays for the next one.
+  virtual void clear();
+  virtual ~ParseForest() = default;
+
+  /// The TNode of the item's chain, made on first request.
+  TNode* get_tnode(PItem* item);
+  /// Fills `_roots` by the parser's root table.
+  void collect_roots();
+
+  Slist<TNode*> _roots;
+
+ private:
+  enum class State : std::uint8_t { fresh, building, built };
+  /// A chain of alternatives, known by its first item.
+  struct Chain {
+    PItem* first = nullptr;
+    State state = State::fresh;
+    PItem* cursor = nullptr;  // the alternative whose parts are being built
+    Derivations choices;
+    TNode* node = nullptr;
+    std::vector<ModifierSide> sides;  // the different alternatives, as costs see them
+  };
+  struct Slot {
+    Chain* chain;
+    std::uint64_t sentence;
+  };
+
+  /// Objects that are used again for each sentence.
+  template <class T>
+  class Pool {
+   public:
+    T* take() {
+      if (used_ == all_.size()) all_.emplace_back();
+      return &all_[used_++];
+    }
+    void reset() { used_ = 0; }
+    const std::deque<T>& all() const { return all_; }
+    std::size_t used() const { return used_; }
+
+   private:
+    std::deque<T> all_;
+    std::size_t used_ = 0;
+  };
+
+  Chain* chain_of(PItem* first);
+  Slot& find_slot(const PItem* first);
+  void grow_table();
+  /// Builds the chain's decompositions, and before them those of all chains that they consist of.
+  Chain* expand(PItem* first);
+  Chain* unbuilt_part(Chain& chain);
+  void build(Chain& chain);
+  void derive(PItem& item, Derivations& into);
+  Derivation* new_entry(PItem& item);
+  TNode* node_of_chain(Chain& chain);
+  float step_cost(const PItem& merged);
+  float dependency_cost(const PItem& merged);
+  float best_cost(const PItem& head, PItem* modifier, const char* relation);
+  const std::vector<ModifierSide>& sides_of(Chain& chain);
+  void collect(const RootRule& rule);
+  void add_root(PItem& item, const RootRule& rule);
+
+  TorvaneParser* parser_;
+  Pool<Chain> chains_;
+  Pool<TNode> tnodes_;
+  Pool<Derivation> derivations_;
+  std::vector<Slot> table_;
+  std::uint64_t sentence_ = 1;
+  std::vector<Chain*> stack_;
+  std::vector<Derivation*> scratch_;
+};
+
+}  // namespace torvane

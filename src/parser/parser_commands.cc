@@ -1,0 +1,146 @@
+#include "parser/parser_commands.h"
+
+#include <chrono>
+#include <iostream>
+#include <vector>
+
+#include "parser/item_text.h"
+#include "parser/sentence_tree.h"
+#include "parser/torvane_parser.h"
+#include "shell/exec.h"
+#include "support/regexp.h"
+
+namespace torvane {
+namespace {
+
+using Words = std::vector<const char*>;
+
+Words take_words(IRSlist* form) {
+  Words words;
+  while (!form->empty())
+    if (const char* word = form->get_str_val()) words.push_back(word);
+  return words;
+}
+
+void parse_and_time(TorvaneParser& parser, const Words& words) {
+  if (!parser.feed_words(words)) return;
+  std::cout << ";; length: " << parser._lex->last_position() << '\n';
+  auto start = std::chrono::steady_clock::now();
+  parser.parse_items();
+  std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  std::cout << ";; parse time: " << time.count() << " sec. \n";
+  if (parser._constituency) return;
+  SentenceTree tree;
+  fill_tree(parser, tree);
+  tree.print(std::cout);
+}
+
+Value parse(IRSlist* form) {
+  if (TorvaneParser* parser = current_parser()) parse_and_time(*parser, take_words(form));
+  return Value();
+}
+
+void print_result(const TorvaneParser& parser, const SentenceTree& tree) {
+  if (!parser._constituency) tree.print(std::cout);
+}
+
+Value parse_words_plainly(IRSlist* form) {
+  TorvaneParser* parser = current_parser();
+  if (!parser) return Value();
+  SentenceTree tree;
+  parse_words(take_words(form), tree);
+  print_result(*parser, tree);
+  return Value();
+}
+
+Value parse_text(IRSlist* form) {
+  TorvaneParser* parser = current_parser();
+  if (!parser) return Value();
+  SentenceTree tree;
+  parse_sentence(form->get_str_val(), tree);
+  print_result(*parser, tree);
+  return Value();
+}
+
+// The block is the argument list itself, or the one list in it.
+Value reparse(IRSlist* form) {
+  TorvaneParser* parser = current_parser();
+  if (!parser) return Value();
+  const IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
+  Deps deps;
+  deps.read(only && only->is_list() ? *only : *form);
+  Words words;
+  for (int i = 1; i < deps.word_count(); ++i) {
+    words.push_back(deps.word(i));
+    std::cout << (i > 1 ? " " : "") << deps.word(i);
+  }
+  std::cout << '\n';
+  parse_and_time(*parser, words);
+  return Value();
+}
+
+Value reset_parser(IRSlist*) {
+  if (TorvaneParser* parser = current_parser()) parser->reset();
+  return Value();
+}
+
+Value print_nodes(IRSlist* form) {
+  TorvaneParser* parser = current_parser();
+  if (!parser) return Value();
+  const char* name = form->get_str_val();
+  const char* type = form->get_str_val();
+  auto wanted = name ? regcomp(name) : nullptr;
+  parser->_nodes.for_each([&](const auto& entry) {
+    if (wanted && !regexec(wanted.get(), entry.key)) return;
+    std::cout << "Node: " << entry.key << '\n';
+    if (type) {
+      print_waiting(std::cout, *entry.value, type);
+    } else {
+      print_chart(std::cout, *entry.value);
+    }
+  });
+  return Value();
+}
+
+Value print_lexitems(IRSlist*) {
+  TorvaneParser* parser = current_parser();
+  if (parser && parser->_lex) parser->_lex->print(std::cout);
+  return Value();
+}
+
+Value set_debug_weight(IRSlist* form) {
+  debug_weight = form->get_long_val();
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"parse", parse, "(parse word1 ... wordn) parse a sentence consisting of word1 ... wordn."},
+    {"p", parse, "(p word1 ... wordn) parse a sentence consisting of word1 ... wordn."},
+    {"p2", parse_words_plainly,
+     "(p2 word1 ... wordn) parse a sentence consisting of word1 ... wordn."},
+    {"p3", parse_text, "(p3 \"a sentence\") parse a sentence."},
+    {"reparse", reparse, "(reparse DEPTREE) extract the sentence from DEPTREE and parse it."},
+    {"rp", reparse, "(rp DEPTREE) extract the sentence from DEPTREE and parse it."},
+    {"reset-parser", reset_parser, "(reset-parser) reset the parser."},
+    {"pn", print_nodes, "(pn category)"},
+    {"prlexitems", print_lexitems, "(prlexitems) print the lexical items."},
+    {"li", print_lexitems, "(li) print the lexical items."},
+    {"debug-weight", set_debug_weight, nullptr},
+};
+
+}  // namespace
+
+void register_parser_commands() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  register_grammar_commands();
+  interpreter().define(kCommands);
+  register_parser_definition();
+  register_p_item_forms();
+  register_word_walk_forms();
+  register_lexitem_forms();
+  register_deps_commands();
+}
+
+}  // namespace torvane

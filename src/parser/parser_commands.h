@@ -1,0 +1,15 @@
+// The commands that make and drive a parser, and the forms that its grammar is written in.
+#pragma once
+
+namespace torvane {
+
+/// `def-torvane-parser`, `show-attributes`, `set-reldb`, `set-deps-modifier`, `output-tree`.
+void register_parser_definition();
+/// The forms that read and change items.
+void register_p_item_forms();
+/// The forms that look at the words around an item.
+void register_word_walk_forms();
+/// The forms on lexical items and word positions, and the functions of lexical rules.
+void register_lexitem_forms();
+
+}  // namespace torvane

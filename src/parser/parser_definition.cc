@@ -1,0 +1,158 @@
+// The making of a parser from its form, and the commands that change its settings.
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "att/att_interpreter_list.h"
+#include "parser/parser_commands.h"
+#include "parser/torvane_parser.h"
+#include "shell/exec.h"
+#include "shell/file_search.h"
+#include "shell/named_objects.h"
+
+namespace torvane {
+namespace {
+
+constexpr int kDefaultHashtableSize = 197;
+constexpr int kBadTripleBuckets = 19997;
+
+/// The attributes of a list of names; `what` says of whom the unknown ones are reported.
+AttSet read_atts(const IRSlist* names, const AttInterpreterList* type, const char* what) {
+  AttSet atts;
+  if (!names) return atts;
+  auto add = [&](const IRSlist& name) {
+    int index = -1;
+    if (name.is_atom() && type && type->lookup(name.atom, &index)) {
+      atts.set(index);
+      return;
+    }
+    std::cerr << what << ": ";
+    name.print_item(std::cerr);
+    std::cerr << " is not an attribute name\n";
+  };
+  if (names->is_atom()) add(*names);
+  for (const IRSlist* name : names->items) add(*name);
+  return atts;
+}
+
+AttSet all_atts(const AttInterpreterList* type) {
+  AttSet atts;
+  if (type && type->count() > 0) atts.set(0, type->count() - 1);
+  return atts;
+}
+
+template <class T>
+T* named_object(IRSlist* form, const char* keyword, const char* type) {
+  const char* name = form->take_keyword_str(keyword);
+  return name ? find_object_as<T>(name, type, true) : nullptr;
+}
+
+void read_bad_triples(TorvaneParser& parser, const char* file_name) {
+  Ref<Stream> file = open_file(file_name);
+  if (!file || !file->in()) return;
+  parser._bad_triples = std::make_unique<NameTable<char>>(kBadTripleBuckets);
+  for (std::string line; std::getline(*file->in(), line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    bool known = line.empty() || parser._bad_triples->find(line.c_str());
+    if (!known) parser._bad_triples->insert(line.c_str(), 1);
+  }
+}
+
+void read_settings(TorvaneParser& parser, IRSlist* form) {
+  auto take_atts = [&](const char* keyword, const char* what) {
+    auto names = form->take_keyword_node(keyword, false);
+    return read_atts(names.get(), parser._att_type, what);
+  };
+  parser._att_type =
+      named_object<AttInterpreterList>(form, ":attribute-vector-type", "AttInterpreterList");
+  AttSet lexical = take_atts(":lexical-attributes", "lexical attributes");
+  parser._non_lexical = all_atts(parser._att_type) & lexical.complement();
+  parser._show = std::make_unique<AttSet>(take_atts(":show-attributes", "show attributes"));
+  parser._percolating =
+      take_atts(":default-percolating-attributes", "default percolating attributes");
+  auto weights = form->take_keyword_node(":weights-of-words", false);
+  if (weights) parser._word_weight = LExp::get_exp(weights.get());
+  parser._lex = named_object<LexAnalyzer>(form, ":lexical-analyzer", "LexAnalyzer");
+  if (const char* file = form->take_keyword_str(":bad-triples")) read_bad_triples(parser, file);
+  const char* category = form->take_keyword_str(":empty-category");
+  const char* relation = form->take_keyword_str(":empty-category-rel");
+  if (category || relation)
+    parser.set_empty_category(category ? category : "EC", relation ? relation : "ECR");
+}
+
+Value def_torvane_parser(IRSlist* form) {
+  if (refuse_while_parsing("def-torvane-parser")) return Value();
+  const char* name = form->get_str_val();
+  if (!name) {
+    std::cerr << "def-torvane-parser: a parser must have a name\n";
+    return Value();
+  }
+  long size = kDefaultHashtableSize;
+  form->find_keyword_long(":hashtable-size", size);
+  constexpr long kMostBuckets = 1 << 20;
+  if (size < 1 || size > kMostBuckets) size = kDefaultHashtableSize;
+  static auto& parsers = *new std::vector<std::unique_ptr<TorvaneParser>>;
+  parsers.push_back(std::make_unique<TorvaneParser>(name, static_cast<int>(size)));
+  TorvaneParser* parser = parsers.back().get();
+  register_object(name, Value::of(parser), "TorvaneParser");
+  read_settings(*parser, form);
+  return Value();
+}
+
+Value output_tree(IRSlist* form) {
+  if (TorvaneParser* parser = current_parser()) parser->_constituency = form->get_long_val() != 0;
+  return Value();
+}
+
+Value show_attributes(IRSlist* form) {
+  TorvaneParser* parser = current_parser();
+  if (!parser) return Value();
+  const IRSlist* names = form;
+  if (const IRSlist* first = form->nth(0); first && first->is_list()) names = first;
+  *parser->_show = names->empty() ? all_atts(parser->_att_type)
+                                  : read_atts(names, parser->_att_type, "show attributes");
+  return Value();
+}
+
+TorvaneParser* take_parser(IRSlist* form) {
+  return find_object_as<TorvaneParser>(form->get_str_val(), "TorvaneParser", true);
+}
+
+Value set_reldb(IRSlist* form) {
+  if (!current_parser()) return Value();
+  TorvaneParser* parser = take_parser(form);
+  Value database = find_object(form->get_str_val(), "TripleDb", true);
+  if (parser && database && dep_statistics_of) parser->_reldb = dep_statistics_of(database);
+  return Value();
+}
+
+Value set_deps_modifier(IRSlist* form) {
+  if (!current_parser()) return Value();
+  TorvaneParser* parser = take_parser(form);
+  auto* modifier = find_object_as<DepsModifier>(form->get_str_val(), "TreeModifier", true);
+  if (parser && modifier) parser->_deps_modifier = modifier;
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"def-torvane-parser", def_torvane_parser,
+     "(def-torvane-parser name size-of-hash att-type lex-attributes output-attributes "
+     "default-percolating-attributes max-weight-difference ...)"},
+    {"output-tree", output_tree, "(output-tree 0|1) turn off/on constituency format"},
+    {"show-attributes", show_attributes,
+     "(show-attributes [ ( ATTRIBUTE ATTRIBUTE ... ) ]) show these attributes when printing parse "
+     "trees. If the attribute list is empty, all attributes are shown."},
+    {"set-reldb", set_reldb, "(det-reldb PARSER DEPDB) use the DEPDB in the parser."},
+    {"set-deps-modifier", set_deps_modifier,
+     "(set-deps-modifier PARSER MODIFIER) use MODIFIER to change the dependency trees returned by "
+     "PARSER"},
+};
+
+}  // namespace
+
+void register_parser_definition() {
+  interpreter().define(kCommands);
+}
+
+}  // namespace torvane
