@@ -168,13 +168,27 @@ class AttVecConst : public Form<AttVecConst, LConst> {
   Ref<AttVec> vec_;
 };
 
-// Sets of attributes live on when their expression is gone; equal ones are one.
-const LBitSet* kept_set(const LBitSet& set) {
-  static auto& sets = *new Array<const LBitSet*>;
-  for (const LBitSet* kept : sets)
-    if (*kept == set) return kept;
-  return sets.append(new LBitSet(set));
+// A set of attributes that lives as long as anybody holds it.
+struct HeldSet : LBitSet, Counted<HeldSet> {
+  explicit HeldSet(LBitSet set) : LBitSet(std::move(set)) {}
+};
+HeldSet* held_set(Word word) {
+  return static_cast<HeldSet*>(reinterpret_cast<LBitSet*>(word));
 }
+
+constinit const TypeTag kHeldSet{"LBitSet*", &tags::bit_set, Life::counted,
+                                 [](Word word) { held_set(word)->retain(); },
+                                 [](Word word) { held_set(word)->release(); }};
+
+}  // namespace
+
+template <>
+struct ValueTraits<HeldSet> {
+  using Base = LBitSet;
+  static const TypeTag& tag() { return kHeldSet; }
+};
+
+namespace {
 
 class AttSetConst : public Form<AttSetConst, LConst> {
  public:
@@ -185,7 +199,8 @@ class AttSetConst : public Form<AttSetConst, LConst> {
     AttInterpreterList* type = take_att_type(*args);
     negated = take_not(*args) || negated;
     LBitSet set = find_att_set(type, args->pop_front().get());
-    value = Value::of(kept_set(negated ? set.complement() : set));
+    set_ = make_ref<HeldSet>(negated ? set.complement() : set);
+    value = Value::of(set_.get());
   }
 
  private:
@@ -194,6 +209,8 @@ class AttSetConst : public Form<AttSetConst, LConst> {
     args.pop_front();
     return true;
   }
+
+  Ref<HeldSet> set_;
 };
 
 class AttIndex : public Form<AttIndex, LConst> {
