@@ -1,0 +1,3 @@
+(set-att-itp-list T)
+(alias new I (-a))
+(echo in the command file)

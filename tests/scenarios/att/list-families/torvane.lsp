@@ -1,0 +1,5 @@
+(objects ".*" AttIntepreter)
+(classes Att)
+(help "def-att-.*|defattribute|set-att-itp-list|make-av$")
+(help ".*alias.*")
+(exit)
