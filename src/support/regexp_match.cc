@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstring>
 #include <iostream>
 
@@ -102,7 +101,7 @@ class Matcher {
       }
       case ANYOF:
       case ANYBUT:
-        return in_set(node, *at_++);
+        return set_of(node).test(static_cast<unsigned char>(*at_++));
       case NOTHING:
       case BACK:
         return true;
@@ -118,9 +117,8 @@ class Matcher {
     }
   }
 
-  bool in_set(std::size_t node, char c) const {
-    return prog_.sets[static_cast<std::size_t>(prog_.node_number[node])].test(
-        static_cast<unsigned char>(c));
+  const std::bitset<256>& set_of(std::size_t node) const {
+    return prog_.sets[static_cast<std::size_t>(prog_.node_number[node])];
   }
 
   // The slots of the starts, then those of the ends. On the way back the old value returns, so that
@@ -146,12 +144,15 @@ class Matcher {
   // Takes as many as there are; the fewer are tried on the way back.
   bool enter_repeat(std::size_t node) {
     const char* least = at_ + (program_[node] == PLUS ? 1 : 0);
-    if (!record_.empty() && is_recorded(node, at_)) return false;
-    const char* most = run_of(node + kNodeHead);
-    spend(most - at_);
-    if (!record_.empty()) record(node, at_, most);
-    if (most < least) return false;
-    return settle_repeat(node, most, least);
+    const char* most;
+    if (record_.empty()) {
+      most = run_of(node + kNodeHead);
+      spend(most - at_);
+    } else {
+      if (is_recorded(node, at_)) return false;
+      most = unrecorded_run_of(node);
+    }
+    return most >= least && settle_repeat(node, most, least);
   }
 
   // Goes on behind a repetition that ends at `most` or as little before it as lets the next node
@@ -172,23 +173,22 @@ class Matcher {
   }
 
   // The end of the run of bytes that fit a simple node.
-  const char* run_of(std::size_t node) const {
+  const char* run_of(std::size_t simple) const {
     const char* s = at_;
-    switch (program_[node]) {
-      case ANY:
-        return s + std::strlen(s);
-      case EXACTLY:
-        while (*s && *s == program_[node + kNodeHead]) ++s;
-        return s;
-      case ANYOF:
-      case ANYBUT: {
-        const std::bitset<256>& set = prog_.sets[static_cast<std::size_t>(prog_.node_number[node])];
-        while (set.test(static_cast<unsigned char>(*s))) ++s;
-        return s;
-      }
-      default:
-        regerror("internal foulup");
+    if (program_[simple] == ANY) return s + std::strlen(s);
+    if (program_[simple] == EXACTLY) {
+      while (*s && *s == program_[simple + kNodeHead]) ++s;
+      return s;
     }
+    const std::bitset<256>& set = set_of(simple);
+    while (set.test(static_cast<unsigned char>(*s))) ++s;
+    return s;
+  }
+
+  bool fits(std::size_t simple, char c) const {
+    if (program_[simple] == ANY) return c != '\0';
+    if (program_[simple] == EXACTLY) return c != '\0' && c == program_[simple + kNodeHead];
+    return set_of(simple).test(static_cast<unsigned char>(c));
   }
 
   bool push(Choice choice) {
@@ -231,9 +231,8 @@ class Matcher {
   }
 
   // An expression like (a|aa)*b can fail in more ways than the process has time for. Once a search
-  // has cost much, each choice point is walked at most once at each place of the text: what failed
-  // there before, or is still open further down the stack, need not be tried again. Wherever in a
-  // run a repetition begins, it can go on only where the one from the run's front could.
+  // has cost much, each choice point is walked at most once at each place of the text: what was
+  // there before has failed, or else is still open further down the stack.
   static constexpr std::ptrdiff_t kEffortBeforeRecord = 100000;
   void spend(std::ptrdiff_t effort) {
     effort_ += effort;
@@ -242,19 +241,26 @@ class Matcher {
     std::size_t bits = places_ * static_cast<std::size_t>(prog_.choice_count);
     if (bits <= kMostRecorded) record_.assign(bits, false);
   }
-  std::vector<bool>::iterator place(std::size_t node, const char* at) {
+  std::vector<bool>::reference place(std::size_t node, const char* at) {
     auto number = static_cast<std::size_t>(prog_.node_number[node]);
-    return record_.begin() + static_cast<std::ptrdiff_t>(number * places_) + (at - text_);
+    return record_[number * places_ + static_cast<std::size_t>(at - text_)];
   }
-  bool is_recorded(std::size_t node, const char* at) { return *place(node, at); }
-  void record(std::size_t node, const char* from, const char* to) {
-    std::fill(place(node, from), place(node, to) + 1, true);
-  }
+  bool is_recorded(std::size_t node, const char* at) { return place(node, at); }
   bool seen_before(std::size_t node, const char* at) {
     if (record_.empty()) return false;
     if (is_recorded(node, at)) return true;
-    record(node, at, at);
+    place(node, at) = true;
     return false;
+  }
+  // Wherever in a run a repetition begins, it can go on only where one from the run's front can. So
+  // a run is recorded as a whole, and ends where an earlier one began.
+  const char* unrecorded_run_of(std::size_t node) {
+    const char* s = at_;
+    for (; !is_recorded(node, s); ++s) {
+      place(node, s) = true;
+      if (!fits(node + kNodeHead, *s)) break;
+    }
+    return s;
   }
 
   regexp& prog_;

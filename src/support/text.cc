@@ -3,6 +3,7 @@
 #include <array>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace torvane {
@@ -66,7 +67,23 @@ bool scan_long(const char* text, long& out) {
 }
 
 bool scan_float(const char* text, float& out) {
-  return text && std::sscanf(text, "%f", &out) == 1;
+  if (!text) return false;
+  while (is_space(*text)) ++text;
+  const char* p = text;
+  if (*p == '-' || *p == '+') ++p;
+  int digits = 0;
+  for (; is_digit(*p); ++p) ++digits;
+  if (*p == '.')
+    for (++p; is_digit(*p); ++p) ++digits;
+  if (digits == 0) return false;
+  if (lower(*p) == 'e') {
+    const char* exponent = p[1] == '-' || p[1] == '+' ? p + 2 : p + 1;
+    if (is_digit(*exponent))
+      for (p = exponent; is_digit(*p);) ++p;
+  }
+  // Only these bytes: the library would go on into words such as "infinite".
+  out = std::strtof(std::string(text, p).c_str(), nullptr);
+  return true;
 }
 
 std::string float_text(double value) {

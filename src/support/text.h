@@ -54,7 +54,7 @@ int byte_compare(const char* a, const char* b);
 /// Reads a decimal number at the front of `text`, after white space, as a formatted scan of "%ld"
 /// does. False, with `out` untouched, if there is none.
 bool scan_long(const char* text, long& out);
-/// The same for "%f", in single precision.
+/// The same for "%f", in single precision; only of decimal digits.
 bool scan_float(const char* text, float& out);
 
 /// A number as "%g" writes it: six significant digits, no trailing zeros.

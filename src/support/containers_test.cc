@@ -1,0 +1,275 @@
+// The containers whose order can be seen from outside.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/array.h"
+#include "support/hash_table.h"
+#include "support/name_table.h"
+#include "support/poset.h"
+#include "support/slist.h"
+
+namespace torvane {
+namespace {
+
+std::vector<int> contents(const Slist<int>& list) {
+  return {list.begin(), list.end()};
+}
+using Ints = std::vector<int>;
+
+Slist<int> make_list(const Ints& values) {
+  Slist<int> list;
+  for (int v : values) list.append(v);
+  return list;
+}
+
+TEST(Slist, KeepsItsRing) {
+  Slist<int> list;
+  EXPECT_EQ(list.pop_front(), 0);
+  EXPECT_EQ(list.nth(0), 0);
+  list.append(1);
+  EXPECT_EQ(list.head()->next, list.head());
+  list.append(2);
+  list.prepend(0);
+  list.insert_after(list.tail(), 3);
+  EXPECT_EQ(contents(list), (Ints{0, 1, 2, 3}));
+  EXPECT_EQ(list.back(), 3);
+  EXPECT_EQ(list.nth(4), 0);
+  EXPECT_EQ(list.nth(-1), 0);
+  list.reverse();
+  EXPECT_EQ(contents(list), (Ints{3, 2, 1, 0}));
+  EXPECT_TRUE(list.remove(0));
+  EXPECT_FALSE(list.remove(0));
+  EXPECT_EQ(list.back(), 1);
+  list.append(9);
+  EXPECT_EQ(contents(list), (Ints{3, 2, 1, 9}));
+}
+
+TEST(Slist, JoinsListsInBothDirections) {
+  Slist<int> empty;
+  Slist<int> a = make_list({1, 2});
+  a.concat(make_list({3, 4}));
+  a.concat_front(make_list({-1, 0}));
+  a.concat(std::move(empty));
+  EXPECT_EQ(contents(a), (Ints{-1, 0, 1, 2, 3, 4}));
+  EXPECT_EQ(a.back(), 4);
+  Slist<int> b;
+  b.concat_front(std::move(a));
+  EXPECT_TRUE(a.empty());
+  EXPECT_EQ(b.length(), 6);
+  Slist<int> copy = b;
+  copy.pop_front();
+  EXPECT_EQ(b.length(), 6);
+}
+
+TEST(Slist, IteratorEditsWhereItStands) {
+  Slist<int> list = make_list({1, 2, 3, 4});
+  for (SlistIterator<int> it(list); !it.done();) {
+    if (it.current() % 2 == 0) {
+      it.insert_here(it.current() * 10);
+      it.next();
+    } else {
+      it.remove_here();
+    }
+  }
+  EXPECT_EQ(contents(list), (Ints{20, 2, 40, 4}));
+  for (SlistIterator<int> it(list); !it.done();) it.remove_here();
+  EXPECT_TRUE(list.empty());
+  SlistIterator<int> end(list);
+  end.insert_here(5);
+  EXPECT_EQ(contents(list), Ints{5});
+}
+
+TEST(Slist, FindsThePlaceInASortedList) {
+  Slist<int> list = make_list({10, 20, 30});
+  Slist<int>::Cell* cursor;
+  auto compare = [](int element, int key) { return element - key; };
+  EXPECT_FALSE(list.find_sorted(5, compare, cursor));
+  EXPECT_EQ(cursor, nullptr);
+  EXPECT_FALSE(list.find_sorted(25, compare, cursor));
+  list.insert_after(cursor, 25);
+  EXPECT_FALSE(list.find_sorted(99, compare, cursor));
+  list.insert_after(cursor, 99);
+  EXPECT_EQ(contents(list), (Ints{10, 20, 25, 30, 99}));
+}
+
+TEST(Array, ReportsABadIndexAndGivesZero) {
+  Array<int> a;
+  a.append(7);
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(a[1], 0);
+  a[-1] = 5;
+  EXPECT_EQ(a[-1], 0);
+  const std::string report = "Array index out of bounds: ";
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            report + "1 It should be between 0 and 0\n" + report +
+                "-1 It should be between 0 and 0\n" + report + "-1 It should be between 0 and 0\n");
+  EXPECT_EQ(a[0], 7);
+}
+
+TEST(Array, GrowsByAQuarterAndFour) {
+  Array<int> a;
+  a.append(1);
+  EXPECT_EQ(a.capacity(), 4);
+  for (int i = 0; i < 4; ++i) a.append(i);
+  EXPECT_EQ(a.capacity(), 9);
+  a.grow(2);
+  EXPECT_EQ(a.capacity(), 11);
+}
+
+TEST(Array, SortsAndHoldsObjects) {
+  std::mt19937 random(1);
+  for (int n : {0, 1, 2, 3, 4, 5, 50, 3000}) {
+    Array<std::string> a;
+    std::vector<std::string> wanted;
+    for (int i = 0; i < n; ++i) {
+      a.append(std::to_string(random() % 100));
+      wanted.push_back(a[i]);
+    }
+    a.sort([](const std::string& x, const std::string& y) { return x.compare(y); });
+    std::sort(wanted.begin(), wanted.end());
+    EXPECT_EQ(std::vector<std::string>(a.begin(), a.end()), wanted);
+  }
+  Array<int> equal;
+  for (int i = 0; i < 100000; ++i) equal.append(1);
+  equal.sort([](int x, int y) { return x - y; });  // neither deep nor slow
+  EXPECT_EQ(equal.count(), 100000);
+}
+
+TEST(Array, InsertsAndRemovesInPlace) {
+  Array<std::string> a;
+  for (const char* s : {"a", "c"}) a.append(s);
+  a.insert_at(1, "b");
+  a.insert_at(3, "d");
+  a.insert_at(0, "_");
+  a.remove_at(1);
+  Array<std::string> copy = a;
+  a.resize(1);
+  EXPECT_EQ(std::vector<std::string>(copy.begin(), copy.end()),
+            (std::vector<std::string>{"_", "b", "c", "d"}));
+  EXPECT_EQ(a.count(), 1);
+}
+
+TEST(Hash, IsOf32BitsAndWithoutCase) {
+  EXPECT_EQ(string_hash(""), 0U);
+  EXPECT_EQ(string_hash("a"), 0x61U);
+  EXPECT_EQ(string_hash("aB"), 0x61U * 16 + 0x62);
+  // What the seventh letter pushes out at the top comes back at the bottom.
+  EXPECT_EQ(string_hash("aaaaaa"), 0x6777771U);
+  EXPECT_EQ(string_hash("aaaaaaa"), 0x7777711U);
+  EXPECT_EQ(string_hash("AAAAAAAA"), 0x7777101U);
+  EXPECT_EQ(int_hash(2), 0x3C6EF36EU);
+  EXPECT_EQ(next_prime(0), 101);
+  EXPECT_EQ(next_prime(101), 101);
+  EXPECT_EQ(next_prime(102), 1997);
+  EXPECT_EQ(next_prime(99991), 99991);
+  EXPECT_EQ(next_prime(100000), 100000);
+}
+
+TEST(NameTable, IgnoresCaseAndKeepsTheFirst) {
+  NameTable<int> table(1);
+  EXPECT_EQ(table.bucket_count(), 11);
+  bool added;
+  std::string key = "Key";
+  table.insert(key.c_str(), 1, "text", &added);
+  EXPECT_TRUE(added);
+  key = "gone";
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(table.insert("kEY", 2, nullptr, &added)->value, 1);
+  EXPECT_FALSE(added);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Duplicate definition of kEY\n");
+  EXPECT_STREQ(table.find("KEY")->key, "Key");
+  table.replace("KEY", 3, nullptr);
+  EXPECT_EQ(table.find("key")->value, 3);
+  EXPECT_EQ(table.find("key")->text, nullptr);
+  EXPECT_EQ(table.find(nullptr), nullptr);
+}
+
+TEST(NameTable, ListsBucketsWithAscendingChains) {
+  NameTable<int> table(11);
+  // Eleven letters apart: one bucket.
+  for (const char* key : {"x", "m", "b"}) table.insert(key, 0);
+  ASSERT_EQ(string_hash("x") % 11, string_hash("b") % 11);
+  std::string keys;
+  table.for_each([&](const auto& entry) { keys += entry.key; });
+  EXPECT_EQ(keys, "bmx");
+}
+
+struct Person {
+  long id;
+  const char* name;
+};
+
+TEST(HashTable, AddsWhereTheSearchEnded) {
+  THashTableWithOrd<Person*, long> table(
+      1, [](long) { return std::uint32_t{5}; },
+      [](Person* person, long id) { return static_cast<int>(person->id - id); });
+  EXPECT_EQ(table.size(), 101);
+  Person people[] = {{2, "b"}, {3, "c"}, {1, "a"}};
+  for (Person& person : people) {
+    EXPECT_EQ(table.find(person.id), nullptr);
+    table.insert_at_cursor(&person);
+  }
+  std::string names;
+  table.for_each([&](Person* person) { names += person->name; });
+  EXPECT_EQ(names, "abc");
+  EXPECT_EQ(table.remove(1), &people[2]);
+  EXPECT_EQ(table.remove(3), &people[1]);
+  EXPECT_EQ(table.remove(3), nullptr);
+  EXPECT_EQ(table.find(2), &people[0]);
+  EXPECT_EQ(table.count(), 1);
+}
+
+// Numbers under divisibility: 12 above 4 and 6, which stand above 2.
+int divides(Poset::Value a, Poset::Value b) {
+  int x = *static_cast<const int*>(a);
+  int y = *static_cast<const int*>(b);
+  return x == y ? 0 : y % x == 0 ? -1 : x % y == 0 ? 1 : 2;
+}
+
+TEST(Poset, LinksEachValueToItsClosestNeighbours) {
+  static const int numbers[] = {12, 1, 2, 3, 6, 5, 4, 60};
+  Poset poset(divides);
+  for (const int& n : numbers) poset.insert(&n, divides);
+  poset.insert(&numbers[0], divides);
+  EXPECT_EQ(poset.count(), 8);
+  auto node = [&](int n) { return poset.find_or_add(&n, false); };
+  auto values = [](const Slist<PosetNode*>& nodes) {
+    Ints list;
+    for (PosetNode* n : nodes) list.push_back(*static_cast<const int*>(n->value));
+    std::sort(list.begin(), list.end());
+    return list;
+  };
+  EXPECT_EQ(values(node(60)->below), (Ints{5, 12}));
+  EXPECT_EQ(values(node(1)->above), (Ints{2, 3, 5, 12}));  // 12 was there before 2
+  EXPECT_TRUE(node(60)->reach.test(node(2)->index));
+  EXPECT_FALSE(node(12)->reach.test(node(5)->index));
+
+  Ints visited;
+  for (PosetIterator it(poset); it.current(); it.next())
+    visited.push_back(*static_cast<const int*>(it.current()->value));
+  auto place = [&](int n) {
+    return std::find(visited.begin(), visited.end(), n) - visited.begin();
+  };
+  EXPECT_EQ(visited.size(), 8U);
+  EXPECT_LT(place(2), place(4));
+  EXPECT_LT(place(6), place(12));
+  PosetIterator skipping(poset);
+  skipping.skip();  // past 1, and so past all
+  EXPECT_EQ(skipping.current(), nullptr);
+}
+
+TEST(Poset, KeepsCopiesOfTexts) {
+  Poset poset(Poset::compare_texts);
+  EXPECT_EQ(PosetIterator(poset).current(), nullptr);
+  std::string text = "one";
+  PosetNode* node = poset.find_or_add(text.c_str(), true);
+  text = "two";
+  EXPECT_EQ(poset.find_or_add("one", false), node);
+}
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,60 @@
+#include "support/depth.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace torvane {
+namespace {
+
+DepthLimit counted{"counted: too deep", 100};
+DepthLimit by_stack{"by stack: too deep"};
+int calls;
+
+void call_twice(DepthLimit& limit) {
+  DepthGuard guard(limit);
+  if (!guard) return;
+  ++calls;
+  call_twice(limit);
+  call_twice(limit);
+}
+
+TEST(Depth, EndsARecursionThatBranches) {
+  for (int round = 0; round < 2; ++round) {
+    calls = 0;
+    testing::internal::CaptureStderr();
+    call_twice(counted);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "counted: too deep\n");
+    EXPECT_EQ(calls, 100);
+  }
+}
+
+int deepest;
+int go_down(int n) {
+  volatile char frame[1000] = {};
+  DepthGuard guard(by_stack);
+  if (!guard) return n;
+  return go_down(n + 1) + frame[n % 1000];
+}
+
+TEST(Depth, EndsBeforeTheStackDoes) {
+  testing::internal::CaptureStderr();
+  int on_this_stack = go_down(0);
+  std::thread([] { deepest = go_down(0); }).join();
+  int on_a_large_one = run_on_large_stack(std::size_t{64} << 20, [] { return go_down(0); });
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "by stack: too deep\nby stack: too deep\nby stack: too deep\n");
+  EXPECT_GT(on_this_stack, 1000);
+  EXPECT_GT(deepest, 1000);
+  EXPECT_GT(on_a_large_one, 4 * on_this_stack);
+}
+
+TEST(Depth, KnowsTheStackThatIsLeft) {
+  char here;
+  EXPECT_GT(stack_left(), 100000U);
+  EXPECT_LT(stack_left(), std::size_t{1} << 40);
+  (void)here;
+}
+
+}  // namespace
+}  // namespace torvane
