@@ -73,7 +73,8 @@ void clear_search_path() {
 
 std::optional<std::string> find_file(const char* name) {
   last_dir().clear();
-  std::optional<std::string> expanded = expand_references(or_empty(name));
+  std::optional<std::string> expanded;
+  if (name) expanded = expand_references(name);
   if (!expanded) return std::nullopt;
   std::list<std::string>& path = search_path();
   if (path.empty()) path.emplace_back(".");
