@@ -40,6 +40,7 @@
   (defattribute alone BinAtt)         ; a determiner that can do without a noun
   (defattribute pro BinAtt)           ; a pronoun: closed to most modifiers
   (defattribute some BinAtt)          ; ... but not to an adjective behind it: something new
+  (defattribute part BinAtt)          ; ... nor to `of`: some of them
   (defattribute proper BinAtt)        ; a name
   (defattribute that BinAtt)          ; the fact that ...
   (defattribute to BinAtt)            ; the chance to ...
@@ -52,6 +53,8 @@
   (defattribute loc BinAtt)           ; here, away: also after a form of `be`
   (defattribute front BinAtt)         ; may only open the sentence
   (defattribute verbal BinAtt)        ; a preposition that goes with verbs rather than nouns
+  (defattribute heavy BinAtt)         ; an adjective with a complement stands behind its noun
+  (defattribute marked BinAtt)        ; a clause that shows that it is one: that, what, whether
   (defattribute conj BinAtt)          ; and, or: joins what is before and behind it
   (defattribute conj1 BinAtt))        ; both, either: stands before the first of two
 

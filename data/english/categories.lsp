@@ -16,13 +16,13 @@
 ; N0, with determiner and number; N, with what follows it.
 (def-category NN (visible-atts (agr count spec proper that to time)))
 (def-category NB (visible-atts (agr count spec proper that to time)))
-(def-category Pro (visible-atts (agr case spec pro some time wh)))
+(def-category Pro (visible-atts (agr case spec pro some part time wh)))
 (def-category NPoss (visible-atts (spec wh rel)))      ; a noun phrase with 's
-(def-category N0 (visible-atts (agr case count spec pro some proper that to time wh rel)))
+(def-category N0 (visible-atts (agr case count spec pro some part proper that to time wh rel)))
 (def-category N (visible-atts (agr case pro proper that to time wh rel)))
 (def-category Ger (visible-atts (agr move)))          ; swimming, as a noun phrase
 
-(def-category A (visible-atts (deg wh)) (subcat-atts (move)))
+(def-category A (visible-atts (deg wh heavy)) (subcat-atts (move)))
 (def-category P (visible-atts (pform verbal time move wh)))
 
 ; A verb grows likewise: V, with what its frame asks for; VP, with the free adjuncts behind it;
@@ -36,7 +36,7 @@
 (def-category Imp)                                    ; read!
 (def-category I (visible-atts (move)))                ; to read
 (def-category WhI (visible-atts (move)))              ; how to read
-(def-category C (visible-atts (move wh)))             ; that she reads, what she reads
+(def-category C (visible-atts (move wh marked)))      ; that she reads, what she reads
 (def-category SubC)                                   ; when she reads
 (def-category RelS)                                   ; who reads
 (def-category RelO (visible-atts (move)))             ; that she reads __

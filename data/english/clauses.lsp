@@ -4,6 +4,7 @@
 (defun no-gap () (pitem-attvec (not (defined (move)))))
 (defun nominative () (pitem-attvec (unifiable ((case nom)))))
 (defun wh () (pitem-attvec (contain (+wh))))
+(defun marked () (pitem-attvec (contain (+marked))))
 (defun finite () (pitem-attvec (unify ((vform pres past fin)))))
 
 ; she reads
@@ -19,7 +20,7 @@
          (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing pass)))))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (nominative)))
    (I (dep-type subj) (percolate ()) (dep-weight 2))
-   (C (dep-type subj) (percolate ()) (dep-weight 2))
+   (C (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (marked)))
    (Adv (dep-type pred) (percolate (wh)) (dep-weight 2)
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
@@ -67,12 +68,15 @@
   (:head (I)))
 
 ; that she reads, where she reads, what she reads
+(defun mark () (pitem-attvec (modify (+marked))))
+
 (def-modifiers C
-  (? (Comp (dep-type mark))
-     (N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
-     (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)))
-     (A (dep-type wh) (percolate ()) (modifier-cond (wh)))
-     (P (dep-type wh) (percolate ()) (modifier-cond (wh))))
+  (? (Comp (dep-type mark) (merged-cond (mark)))
+     (N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap))
+        (merged-cond (mark)))
+     (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
+     (A (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
+     (P (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark))))
   (:head (S)))
 (def-subclass C (WhI))
 

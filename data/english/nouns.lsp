@@ -18,7 +18,7 @@
 
 (def-modifiers NB
   (* :skip-word (str= ",")
-     (A (dep-type mod) (modifier-cond (head-last)))
+     (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
      (V (dep-type mod) (modifier-cond (participle)) (percolate ()) (dep-weight 1.5))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5)
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
@@ -38,9 +38,9 @@
   (* (Num (dep-type num) (percolate (agr spec)) (modifiee-cond (not-pro))))
   (:head (NB)
          (Pro)
-         (Num (head-cond (pitem-attvec (modify (+pro +some)))))
+         (Num (head-cond (pitem-attvec (modify (+pro +part)))))
          (Det (head-cond (and (pitem-attvec (contain (+alone)))
-                              (pitem-attvec (modify (+pro +some))))))))
+                              (pitem-attvec (modify (+pro +part))))))))
 
 ; A singular that wants a determiner and has none is possible (by car, go to school), but dear.
 (defun determined ()
@@ -58,7 +58,7 @@
 (def-modifiers N
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (merged-cond (noun-or-verb))
-        (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
+        (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel))
      (RelO (dep-type rel) (percolate (move)) (check-slash np))
      (RelA (dep-type rel) (dep-weight 1.5))
@@ -68,7 +68,7 @@
      (I (dep-type comp) (percolate ())
         (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
      (A (dep-type mod) (percolate ()) (dep-weight 2)
-        (modifier-cond (not (head-last))) (modifiee-cond (not-pro)))
+        (modifier-cond (pitem-attvec (contain (+heavy)))) (modifiee-cond (not-pro)))
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
      (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
   ; Between commas; the closing comma becomes part of the noun phrase.
@@ -90,21 +90,21 @@
 (def-subclass N (Ger (dep-weight 2)))
 
 ; Adjectives, adverbs, prepositions.
+(defun heavy () (pitem-attvec (modify (+heavy))))
+
 (def-modifiers A
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (and (not (contain (+loc))) (not (contain (+front)))
                                                            (or (contain (+deg)) (t)))))
           (percolate (wh))))
   (:head)
-  (* (P (dep-type mod) (percolate (move)))
-     (I (dep-type comp) (percolate ()) (dep-weight 1.5))
-     (SubC (dep-type mod) (percolate ()) (dep-weight 1.5))
-     (Adv (dep-type mod) (modifier-cond (pitem-head-word (in (enough))))))
-  )
+  (* (P (dep-type mod) (percolate (move)) (merged-cond (heavy)))
+     (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))
 
 (def-modifiers Adv
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
-  (:head)
-  (? (P (dep-type mod) (percolate ()) (dep-weight 2))))
+  (:head))
 
 (def-modifiers P
   (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))

@@ -177,6 +177,7 @@
 (move out (avm (vi)))
 (new york (avm (name)))
 (new zealand (avm (name)))
+(next door (avm (adv +loc)))
 (no longer (avm (adv)))
 (object to (avm (vt)))
 (of course (avm (adv)))

@@ -19,7 +19,7 @@
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (to-predicate)))
-         (C (percolate (move)) (head-cond (to-predicate))))
+         (C (percolate (move)) (modifier-cond (pitem-attvec (contain (+marked)))) (head-cond (to-predicate))))
   (* :skip-word (str= ",")
      (P (dep-type mod) (percolate (move)) (dep-weight 1.2)
         (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
