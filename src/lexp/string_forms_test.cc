@@ -14,7 +14,8 @@ class StringFormsTest : public testing::Test {
   std::string on(const char* form, const char* input) {
     kept_.append(LExp::get_exp_from_text(form));
     Value result = kept_.back().eval(Value::buffer_text(input), type_id("char*"));
-    return result.text() ? result.text() : "(" + std::to_string(result.number()) + ")";
+    if (result.text()) return result.text();
+    return std::string("(").append(std::to_string(result.number())).append(")");
   }
 
   ExpressionRun run_;
