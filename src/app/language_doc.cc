@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/init.h"
+#include "lexp/lexp.h"
 #include "shell/exec.h"
 #include "shell/object_factory.h"
 #include "support/text.h"
@@ -127,8 +128,11 @@ int write_reference(const char* usages) {
   Entries commands = entries_of(interpreter().commands), forms,
           patterns = family_entries("LPattern");
   reference.section("the interpreter", "command", commands);
-  for (const Registration& row : registrations()) {
-    if (!row.run) continue;
+  // Other modules pull the core forms in with their own first form; here they come first.
+  std::vector<Registration> rows = {{"core", register_core_forms}};
+  for (const Registration& row : registrations())
+    if (row.run) rows.push_back(row);
+  for (const Registration& row : rows) {
     row.run();
     Entries now = entries_of(interpreter().commands), forms_now = family_entries("LExp");
     reference.section(std::string(row.what) + ": commands", "command", without(now, commands));
