@@ -43,21 +43,23 @@ void PrintStr::init(IRSlist* args) {
   sub_ = get_exp(first_item(*args, false));
 }
 
-std::ostream* PrintStr::target(Value input, int type, bool& standard) const {
+std::ostream* PrintStr::target(Value input, int type) const {
   auto* stream = sub_.eval(input, type).as<Stream>();
-  standard = stream == nullptr;
   return stream ? stream->out() : &std::cout;
+}
+
+void PrintStr::write(std::ostream* out, std::string_view text) const {
+  if (!out) return;
+  *out << prefix_ << text;
+  if (sub_ && out == &std::cout) out->flush();
+  *out << suffix_;
 }
 
 Value PrintStr::eval(Value input, int type) {
   if (!accepts(type)) return Value();
   const char* text = input.text();
-  bool standard;
-  std::ostream* out = target(input, type, standard);
-  if (!out) return Value();
-  *out << prefix_ << (text ? text : sub_ ? "" : "(null)");
-  if (sub_ && standard) out->flush();
-  *out << suffix_;
+  if (!text) text = sub_ ? "" : "(null)";
+  write(target(input, type), text);
   return Value();
 }
 
@@ -68,20 +70,13 @@ void PadStr::init(IRSlist* args) {
 
 Value PadStr::eval(Value input, int type) {
   if (!accepts(type)) return Value();
-  if (!text_) return input;
-  bool standard;
-  std::ostream* out = target(input, type, standard);
-  if (!out) return input;
-  *out << prefix_ << *text_;
-  if (sub_ && standard) out->flush();
-  *out << suffix_;
+  if (text_) write(target(input, type), *text_);
   return input;
 }
 
 Value FlushOutput::eval(Value input, int type) {
   if (!accepts(type)) return Value();
-  bool standard;
-  if (std::ostream* out = target(input, type, standard)) out->flush();
+  if (std::ostream* out = target(input, type)) out->flush();
   return input;
 }
 

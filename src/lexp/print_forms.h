@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "lexp/form.h"
 
@@ -16,8 +17,10 @@ class PrintStr : public Form<PrintStr, CharPred> {
   Value eval(Value input, int type) override;
 
  protected:
-  /// The stream to write on: null once the one that the expression gives is closed.
-  std::ostream* target(Value input, int type, bool& standard) const;
+  /// The stream that the expression gives, else standard output; null once it is closed.
+  std::ostream* target(Value input, int type) const;
+  /// Writes a text between prefix and suffix.
+  void write(std::ostream* out, std::string_view text) const;
 
   std::string prefix_;
   std::string suffix_;

@@ -49,12 +49,9 @@ class ScratchText {
 
   void add(char c) { store().push_back(c); }
   void add(std::string_view text) { store().append(text); }
-  bool empty() const { return store().size() == start_; }
-  char back() const { return store().back(); }
   /// Valid until the next change.
   std::string_view view() const { return std::string_view(store()).substr(start_); }
   char* data() { return store().data() + start_; }
-  std::string& whole_store() { return store(); }
 
  private:
   static std::string& store() {
