@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "att/att_pred.h"
-#include "support/depth.h"
+#include "att/nesting.h"
 
 namespace torvane {
 
@@ -226,8 +226,6 @@ class AttIndex : public Form<AttIndex, LConst> {
   }
 };
 
-DepthLimit walk_limit{"Attribute vectors are nested too deep"};
-
 template <class Visit>
 void for_each_nested(const AttVec& vec, const LBitSet* mask, Visit visit) {
   if (!vec.interpreters) return;
@@ -238,7 +236,7 @@ void for_each_nested(const AttVec& vec, const LBitSet* mask, Visit visit) {
 
 // True if one of the values of `vec` (in the mask) is `wanted`, or has it somewhere inside.
 bool reaches(const AttVec& vec, const LBitSet* mask, const AttVec& wanted) {
-  DepthGuard guard(walk_limit);
+  DepthGuard guard(nesting_limit());
   if (!guard) return true;
   bool found = false;
   auto look = [&](const AttVec* nested) {
@@ -255,7 +253,7 @@ bool reaches(const AttVec& vec, const LBitSet* mask, const AttVec& wanted) {
 
 // Gives `vec` values that it shares with nobody. False if they nest too deep for that.
 bool detach(AttVec& vec) {
-  DepthGuard guard(walk_limit);
+  DepthGuard guard(nesting_limit());
   bool ok = static_cast<bool>(guard);
   if (!ok) return false;
   for_each_nested(vec, nullptr, [&](int index) {

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "att/att_interpreter_list.h"
-#include "support/depth.h"
+#include "att/nesting.h"
 
 namespace torvane {
 
@@ -29,8 +29,7 @@ void AttVec::read(IRSlist* form) {
 }
 
 void AttVec::print(std::ostream& out, const LBitSet* mask, bool use_aliases) const {
-  static DepthLimit limit{"Attribute vectors are nested too deep to be printed"};
-  DepthGuard guard(limit);
+  DepthGuard guard(nesting_limit());
   if (!guard) return;
   out << '(';
   if (use_aliases && interpreters && interpreters->aliases.count() > 0) {

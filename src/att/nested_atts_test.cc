@@ -244,7 +244,7 @@ TEST_F(NestedAttsTest, DepthIsNoDanger) {
   AttVec twin(*deep);
   const char* too_deep = "Attribute vectors are nested too deep";
   EXPECT_EQ(text(twin).substr(0, 12), "((v ((fr ((v");
-  guarded("Attribute vectors are nested too deep to be printed");
+  guarded(too_deep);
   StrBufs bytes;
   twin.pack(bytes);
   guarded(too_deep);
