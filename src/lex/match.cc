@@ -5,6 +5,15 @@
 
 namespace torvane {
 
+namespace tags {
+constinit const TypeTag match{"Match*",
+                              nullptr,
+                              Life::counted,
+                              [](Word word) { reinterpret_cast<Match*>(word)->retain(); },
+                              [](Word word) { reinterpret_cast<Match*>(word)->release(); },
+                              [](Word) { return true; }};
+}  // namespace tags
+
 namespace {
 
 Match* spare_matches = nullptr;

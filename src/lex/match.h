@@ -56,7 +56,7 @@ class Match : public Counted<Match> {
 };
 
 namespace tags {
-inline constexpr TypeTag match{"Match*", nullptr, Life::transient};
+extern const TypeTag match;  // counted; its items are of the sentence
 }
 template <>
 struct ValueTraits<Match> : TagOf<Match, tags::match> {};

@@ -1,0 +1,15 @@
+; Ever more ways through a sentence, most of which lead nowhere or to the same span.
+(load base.lsp)
+(load words.lsp)
+(def-rules R
+  (pairs (:act-on-all-matches) (seq :overlapping (lexitem (t)) (lexitem (int-eq (lexitem-length) (int 1))))
+         (assert (make-lexitem (low) (high) (comp ($ 1) (meaning)))))
+  (nowhere (seq nowhere (load-of-items)) (say (str wrong)))
+  (forward (seq :front-to-back (load-of-items) nowhere) (say (str wrong)))
+  (no-such (no (seq (load-of-items))) (show-span))
+  (rows (+ (seq (load-of-items))) (t))
+  (both (seq ($) (& (whole-sentence) (seq (load-of-items)))) (say (str wrong)))
+  (done (seq :front-to-back (^) (word (t))) (say (str done))))
+(load run.lsp)
+(load sentence.lsp)
+(exit)

@@ -1,0 +1,17 @@
+; One of several patterns: the first with a match. All of several: the spans of the first that all match.
+(load base.lsp)
+(lex L (saw (avm ((cat v))) (avm ((cat n)))) (the (avm ((cat d)))))
+(def-rules R
+  (first (! (lexitem (comp (att) (att-str-val cat) (str= p))) (lexitem (comp (att) (att-str-val cat) (str= n))) saw)
+         (prog (show-span) (comp (litem) (att) (att-str-val cat) (print-str :suffix "\n"))))
+  (or-words (or-pat the a) (show-span))
+  (none (! a b) (say (str wrong)))
+  (both (& saw (lexitem (comp (att) (att-str-val cat) (str= v)))) (yes-or-no (str "has an item") (litem)))
+  (both (and-pat (lexitem (comp (att) (att-str-val cat) (str= v))) saw) (yes-or-no (str "has an item") (litem)))
+  (spans-differ (& (word-seq the saw) saw) (say (str wrong)))
+  (spans-agree (& (seq the saw) (seq (word (t)) (lexitem (t)))) (show-span))
+  (no-parts (!) (say (str wrong)))
+  (no-parts (&) (say (str wrong))))
+(load run.lsp)
+(p3 "the saw")
+(exit)

@@ -1,0 +1,15 @@
+; A long name before its abbreviation in brackets, and behind it.
+(load base.lsp)
+(lex L (uc (avm ((cat n)))) (university (avm ((cat n)))) (tv (avm ((cat n)))))
+(def-rules R
+  (before (seq "(" (lexitem (t)) ")") (comp (abbrev-def (comp ($ 2) (meaning))) (show-root)))
+  (behind (seq :front-to-back "(" (lexitem (t)) ")") (comp (abbrev-with-def (comp ($ 2) (meaning))) (show-root)))
+  (nothing (seq "(" (lexitem (t)) ")") (yes-or-no (str "without a meaning") (abbrev-def)))
+  (bye (seq :front-to-back (^) (word (t))) (exec-commands (li))))
+(load run.lsp)
+(p3 "the University of California (UC) met")
+(p3 "a Television (TV) set")
+(p3 "some words (UC)")
+(p3 "(UC) University at California met")
+(p3 "(UC)")
+(exit)

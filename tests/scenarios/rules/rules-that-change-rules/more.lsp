@@ -1,0 +1,2 @@
+(echo loaded)
+(def-rules R (from-file y (nil)))
