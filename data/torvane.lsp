@@ -19,6 +19,7 @@
       english/rules.lsp
       english/parser.lsp
       english/categories.lsp
+      english/conditions.lsp
       english/nouns.lsp
       english/verbs.lsp
       english/clauses.lsp

@@ -38,6 +38,7 @@
   (defattribute spec BinAtt)          ; has a determiner
   (defattribute pre BinAtt)           ; a determiner before another one
   (defattribute alone BinAtt)         ; a determiner that can do without a noun
+  (defattribute few BinAtt)           ; a determiner that can have `a` before it: a few
   (defattribute pro BinAtt)           ; a pronoun: closed to most modifiers
   (defattribute some BinAtt)          ; ... but not to an adjective behind it: something new
   (defattribute part BinAtt)          ; ... nor to `of`: some of them
@@ -83,7 +84,7 @@
 (alias vd  (make-av syn ((cat v) (case acc) +tr
                          (args ((cat n) +opt (role iobj) (slash np)) ((cat n) (role obj))))))
 (alias vnp (make-av syn ((cat v) (case acc) +tr
-                         (args ((cat n) (role obj) (slash np)) ((cat p) (role loc))))))
+                         (args ((cat n) (role obj) (slash np)) ((cat p) +opt (role loc))))))
 (alias vc  (make-av syn ((cat v) (args ((cat c) +opt (role comp))))))
 (alias vnc (make-av syn ((cat v) (case acc) +tr
                          (args ((cat n) (role obj) (slash np)) ((cat c) (role comp))))))

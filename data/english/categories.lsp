@@ -10,7 +10,7 @@
 (def-category Aux (visible-atts (vform own agr)))
 (def-category Adv (visible-atts (wh deg loc front)))
 (def-category Num (visible-atts (agr spec)))
-(def-category Det (visible-atts (agr spec wh rel pre alone)))
+(def-category Det (visible-atts (agr spec wh rel pre alone few)))
 
 ; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;
 ; N0, with determiner and number; N, with what follows it.
@@ -19,7 +19,7 @@
 (def-category Pro (visible-atts (agr case spec pro some part time wh)))
 (def-category NPoss (visible-atts (spec wh rel)))      ; a noun phrase with 's
 (def-category N0 (visible-atts (agr case count spec pro some part proper that to time wh rel)))
-(def-category N (visible-atts (agr case pro proper that to time wh rel)))
+(def-category N (visible-atts (agr case count spec pro some part proper that to time wh rel)))
 (def-category Ger (visible-atts (agr move)))          ; swimming, as a noun phrase
 
 (def-category A (visible-atts (deg wh heavy)) (subcat-atts (move)))
@@ -28,12 +28,14 @@
 ; A verb grows likewise: V, with what its frame asks for; VP, with the free adjuncts behind it;
 ; VG, with auxiliaries and adverbs before it; then a clause, finite (S, Q, Imp) or not (I).
 (def-category V (visible-atts (vform agr move)))
+(def-category V_N_P (visible-atts (vform agr move)))
 (def-category V_N_VB (visible-atts (vform agr move)))
 (def-category VP (visible-atts (vform agr move)))
 (def-category VG (visible-atts (vform agr move)))
 (def-category S (visible-atts (move wh)))             ; she reads
 (def-category Q (visible-atts (move wh)))             ; does she read
 (def-category Imp)                                    ; read!
+(def-category Rep)                                    ; said she
 (def-category I (visible-atts (move)))                ; to read
 (def-category WhI (visible-atts (move)))              ; how to read
 (def-category C (visible-atts (move wh marked)))      ; that she reads, what she reads

@@ -1,52 +1,56 @@
 ; Clauses.
 
-(defun with-gap () (pitem-attvec (defined (move))))
-(defun no-gap () (pitem-attvec (not (defined (move)))))
-(defun nominative () (pitem-attvec (unifiable ((case nom)))))
-(defun wh () (pitem-attvec (contain (+wh))))
-(defun marked () (pitem-attvec (contain (+marked))))
-(defun finite () (pitem-attvec (unify ((vform pres past fin)))))
-
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
-     (P (dep-type mod) (percolate ()) (dep-weight 1.2))
+     (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
-     (N (dep-type time) (percolate ()) (modifier-cond (pitem-attvec (contain (+time)))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+time)))))
      (SubC (dep-type sub))
-     (I (dep-type purpose) (dep-weight 2))
-     (VG (dep-type sub) (percolate ()) (dep-weight 2)
-         (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing pass)))))))
-  ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (nominative)))
-   (I (dep-type subj) (percolate ()) (dep-weight 2))
-   (C (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (marked)))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
+     (A (dep-type mod) (percolate ()) (dep-weight 3))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (participial))))
+  ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
+   (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
+   (C (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (and (marked) (no-gap))))
    (Adv (dep-type pred) (percolate (wh)) (dep-weight 2)
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
-  (:head (VG (head-cond (finite)))))
+  (:head (VG (head-cond (finite))))
+  ; "I am tired," he said. "So am I," said she.
+  (? :skip-word (str= ",")
+     (Rep (dep-type report) (dep-weight 2))))
+
+; said she, she said: only around what is said.
+(def-modifiers Rep
+  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
+  (:head (VG (head-cond (and (finite)
+                             (pitem-head-word (in (said says asked replied answered cried shouted whispered
+                                                   thought explained added wrote)))))))
+  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
 
 ; does she read, what does she read
 (def-modifiers Q
   (* :skip-word (str= ",")
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
-     (P (dep-type mod) (percolate ()))
+     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
      (SubC (dep-type sub)))
   (? (N (dep-type wh) (percolate (wh)) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
      (Adv (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
      (A (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
-     (P (dep-type wh) (percolate (wh)) (modifier-cond (wh))))
+     (P (dep-type wh) (percolate (wh)) (modifier-cond (and (wh) (no-gap)))))
   ((Aux (dep-type aux) (percolate (vform)) (modifier-cond (pitem-attvec (contain ((own fin)))))))
   (? (Neg (dep-type neg)))
-  ((N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
   (:head (VG (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base en ing pass prd))))))))
 
 ; read!
 (def-modifiers Imp
   (* :skip-word (str= ",")
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
-     (P (dep-type mod) (percolate ()))
+     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
      (SubC (dep-type sub)))
   (? (Aux (dep-type aux) (percolate ())
@@ -57,7 +61,7 @@
 ; to read, for her to read
 (def-modifiers I
   (? (P (dep-type subj) (percolate ()) (dep-weight 1.5)
-        (modifier-cond (pitem-attvec (contain ((pform for)))))))
+        (modifier-cond (and (no-gap) (pitem-attvec (contain ((pform for))))))))
   (:head (VG (head-cond (pitem-attvec (strict-unifiable (vform) ((vform inf))))))))
 
 ; how to read, what to read
@@ -76,7 +80,7 @@
         (merged-cond (mark)))
      (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
      (A (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
-     (P (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark))))
+     (P (dep-type wh) (percolate ()) (modifier-cond (and (wh) (no-gap))) (merged-cond (mark))))
   (:head (S)))
 (def-subclass C (WhI))
 
@@ -85,7 +89,7 @@
   (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (contain (+deg))))))
   ((Sub (dep-type mark)))
   (:head (S (head-cond (no-gap)))
-         (VG (head-cond (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))))
+         (VG (head-cond (participial)))))
 
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS
@@ -95,13 +99,13 @@
 
 ; ... (that) she reads __ ...
 (def-modifiers RelO
-  (? (RelPro (dep-type rel) (check-slash np))
+  (? (RelPro (dep-type rel) (check-slash np) (merged-cond (pitem-add-weight -1)))
      (N (dep-type rel) (percolate ()) (check-slash np) (modifier-cond (pitem-attvec (contain (+rel))))))
-  (:head (S (percolate (move)) (head-cond (with-gap)))))
+  (:head (S (percolate (move)) (head-cond (and (with-gap) (pitem-add-weight 1))))))
 
 ; ... where she reads, in which she reads.
 (def-modifiers RelA
   ((Adv (dep-type rel) (percolate ()) (modifier-cond (wh)))
-   (P (dep-type rel) (percolate ()) (modifier-cond (wh))))
+   (P (dep-type rel) (percolate ()) (modifier-cond (and (wh) (no-gap)))))
   (:head (S (percolate ()) (head-cond (no-gap)))))
 

@@ -50,5 +50,23 @@
   (irregular (:act-on-all-matches) (lexitem (att (defined (lemma))))
     (set-lexitem-root (litem) (comp (litem) (att (att-str-val lemma)))))
 
+  ; A verb may serve as a noun and a noun as a verb, at a price.
+  (verb-as-noun (:act-on-all-matches)
+    (lexitem (and (ending bare) (att (contain ((cat v) (vform base)))) (int-eq (lexitem-length) (int 1))
+                  (no-alternative (att (or (contain ((cat n))) (contain ((cat i))) (contain ((cat p))))))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (noun sg)))) (int 4))))
+  (verb-as-nouns (:act-on-all-matches)
+    (lexitem (and (ending s) (att (contain ((cat v) (vform pres)))) (int-eq (lexitem-length) (int 1))
+                  (no-alternative (att (or (contain ((cat n))) (contain ((cat i))))))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (plural)))) (int 4))))
+  (noun-as-verb (:act-on-all-matches)
+    (lexitem (and (ending bare) (att (contain ((cat n) (node NN) (agr s3)))) (int-eq (lexitem-length) (int 1))
+                  (no-alternative (att (not (contain ((cat n))))))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 6))))
+  (nouns-as-verb (:act-on-all-matches)
+    (lexitem (and (ending s) (att (contain ((node NN) (agr p3))))
+                  (no-alternative (att (not (contain ((cat n))))))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 6))))
+
   (rare (:act-on-all-matches) (lexitem (att (contain (+rare))))
     (add-weight (litem) (int 3))))

@@ -1,15 +1,10 @@
 ; Noun phrases, from the inside out. An item that enters at the :head position takes what waits to its
 ; left, nearest position first; what stands to the right of :head is added afterwards.
 
-(defun not-pro () (pitem-attvec (not (contain (+pro)))))
-(defun comma-before () (pitem-preceding-word (str= ",")))
-
-; A participle of one word: running water, a broken window.
-(defun participle () (and (int-eq (pitem-length) (int 0))
-                          (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
-
 (def-modifiers Det
-  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh)))
+     (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (a the every no)))) 
+          (modifiee-cond (pitem-attvec (contain (+few))))))
   (:head))
 
 (def-modifiers Num
@@ -19,7 +14,7 @@
 (def-modifiers NB
   (* :skip-word (str= ",")
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
-     (V (dep-type mod) (modifier-cond (participle)) (percolate ()) (dep-weight 1.5))
+     (V (dep-type mod) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (percolate ()) (dep-weight 1.5))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5)
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
                           (pitem-add-weight 1.5)
@@ -33,7 +28,8 @@
 (def-modifiers N0
   (? (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
           (modifiee-cond (pitem-attvec (defined (spec))))))
-  (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro)))
+  (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
+          (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
   (* (Num (dep-type num) (percolate (agr spec)) (modifiee-cond (not-pro))))
   (:head (NB)
@@ -51,25 +47,27 @@
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
 (defun noun-or-verb ()
   (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (t))
+        ((pitem-attvec (contain (+part))) (pitem-add-weight 3))
         ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2))
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
         ((t) (t))))
 
 (def-modifiers N
   (:head (N0 (head-cond (determined))))
-  (* (P (dep-type mod) (percolate ()) (merged-cond (noun-or-verb))
+  (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel))
      (RelO (dep-type rel) (percolate (move)) (check-slash np))
      (RelA (dep-type rel) (dep-weight 1.5))
-     (VG (dep-type vrel) (percolate ()) (dep-weight 2) (modifiee-cond (not-pro))
-         (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
-     (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))))
+     (VG (dep-type vrel) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)) (modifier-cond (participial)))
+     (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
      (I (dep-type comp) (percolate ())
         (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
-     (A (dep-type mod) (percolate ()) (dep-weight 2)
-        (modifier-cond (pitem-attvec (contain (+heavy)))) (modifiee-cond (not-pro)))
+     (A (dep-type mod) (percolate ()) (dep-weight 2.5) (modifier-cond (pitem-attvec (contain (+heavy))))
+        (modifiee-cond (pitem-attvec (not (contain (+pro)) (contain (+proper))))))
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
+     (N (dep-type appo) (percolate ()) (dep-weight 1.2) (modifier-cond (pitem-attvec (contain (+proper))))
+        (modifiee-cond (pitem-attvec (and (contain (+spec)) (not (contain (+pro))) (not (contain (+proper)))))))
      (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
   ; Between commas; the closing comma becomes part of the noun phrase.
   (* :skip-word (str= ",")
@@ -77,8 +75,10 @@
         (merged-cond (include-following-word (str= ","))))
      (RelS (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
      (RelA (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
-     (VG (dep-type vrel) (percolate ()) (dep-weight 2.5)
-         (modifier-cond (and (comma-before) (pitem-attvec (strict-unifiable (vform) ((vform ing pass))))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (comma-before))
+        (merged-cond (include-following-word (str= ","))))
+     (VG (dep-type vrel) (percolate ()) (dep-weight 3.5)
+         (modifier-cond (and (comma-before) (participial)))
          (merged-cond (include-following-word (str= ","))))))
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
@@ -97,7 +97,7 @@
                                                            (or (contain (+deg)) (t)))))
           (percolate (wh))))
   (:head)
-  (* (P (dep-type mod) (percolate (move)) (merged-cond (heavy)))
+  (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))

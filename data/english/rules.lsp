@@ -1,6 +1,10 @@
 ; Flags for the parser: words that join, and signs that it should look through.
 
 (def-rules english-rules
+  ; The head of a phrase is its first word, that of a nominal one its last.
+  (heads (:act-on-all-matches) (lexitem (int-gt (lexitem-length) (int 1)))
+    (comp (litem) (set-head-of-lexitem)))
+
   (joins (lexitem (att (contain (+conj)))) (flag-last-conjunction (litem)))
   (joins-first (lexitem (att (contain (+conj1)))) (flag-first-conjunction (litem)))
   (quotes (word (in ("\"" "`" "(" ")" "[" "]" "{" "}"))) (skip (low))))

@@ -10,6 +10,8 @@
         (delete-if (low) (high) (pred (not (att (contain ((node Aux)))))))
         (delete (litem))))
 
+  (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
+
   ; 12, 3.50, $5, 10:30, 1990s
   (number (& (not-in-lexicon) (word (reg-match "^[$]?[0-9][0-9.,:/]*(th|st|nd|rd|s|m|km|kg|%|am|pm)?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
@@ -18,7 +20,12 @@
   (name (word (reg-match "^[A-Z][a-z]"))
     (if (int-gt (low) (int 1))
         (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
-            (assert (add-weight (make-lexitem (low) (high) (avm (avm (name)))) (int 1))))))
+            (assert (make-lexitem (low) (high) (avm (avm (name))))))))
+
+  ; ... and a name has one, unless it is all that there is.
+  (no-name (:act-on-all-matches) (lexitem (and (att (contain (+proper))) (surform (reg-match "^[a-z]"))))
+    (if (exist-lexitem (low) (high) (pred (att (not (contain (+proper))))))
+        (delete (litem))))
 
   ; By ending.
   (unknown-ly (& (not-in-lexicon) (word (reg-match "..ly$")))

@@ -9,17 +9,24 @@
   ((VP (dep-type comp) (percolate (move))
        (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base ing pass))))))))
 
+; What a form of `be` can stand before; a noun rather less than an adjective, and both less than a participle.
+; put it there: the place belongs to the verb, however near the object is.
+(def-subcat V_N_P V
+  (:head)
+  ((N (dep-type obj) (check-arg 0) (percolate (case move))))
+  ((P (dep-type loc) (check-arg 1) (percolate (move)) (merged-cond (pitem-add-weight -1.5)))))
+
 (defun to-predicate () (pitem-attvec (modify ((vform prd)))))
 
 ; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
 (def-modifiers VP
   (:head (V)
-         (A (percolate (move)) (head-cond (to-predicate)))
-         (N (percolate (move)) (head-cond (to-predicate)))
+         (A (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 0.2))))
+         (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 0.4))))
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (to-predicate)))
-         (C (percolate (move)) (modifier-cond (pitem-attvec (contain (+marked)))) (head-cond (to-predicate))))
+         (C (percolate (move)) (modifier-cond (marked)) (head-cond (to-predicate))))
   (* :skip-word (str= ",")
      (P (dep-type mod) (percolate (move)) (dep-weight 1.2)
         (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
@@ -27,9 +34,11 @@
           (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
      (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2))
+     (A (dep-type pred) (percolate ()) (dep-weight 3))
+     (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
+     (I (dep-type purpose) (percolate (move)) (dep-weight 2))
      (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
-         (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform ing))))))))
+         (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing)))))))))
 
 ; The verb group. An auxiliary has in `vform` the form that it wants: percolating it is the test. Then the
 ; group takes on the auxiliary's own form, and its person.
@@ -37,8 +46,15 @@
   (and (pitem-attvec (undefine (agr)))
        (unify2 (pitem-attvec) (pitem-modifier (pitem-attvec)) (agr))))
 
+; the plan, however, failed: the first comma becomes part of the group, so that the subject is next to it.
+(defun between-commas ()
+  (if (and (pitem-modifier (pitem-following-word (str= ","))) (pitem-preceding-word (str= ",")))
+      (include-preceding-word)
+      (t)))
+
 (def-modifiers VG
-  (* (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own fin))))) (percolate (vform))
+  (* :skip-word (str= ",")
+     (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own fin))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform fin)))) (agree-with-aux))))
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own base))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform base)))) (agree-with-aux))))
@@ -47,7 +63,8 @@
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own ing))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform ing)))) (agree-with-aux))))
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
-          (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux))))
+          (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux) (pitem-add-weight -1))))
      (Neg (dep-type neg))
-     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))
+          (merged-cond (between-commas))))
   (:head (VP)))
