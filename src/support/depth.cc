@@ -18,9 +18,9 @@ namespace {
 
 // What must be left for the calls between two guards and for the way out.
 #ifdef TORVANE_FAT_FRAMES
-constexpr std::size_t kReserve = 1024 * 1024;
+constexpr std::size_t kReserve = 3 * 1024 * 1024;
 #else
-constexpr std::size_t kReserve = 256 * 1024;
+constexpr std::size_t kReserve = 2 * 1024 * 1024;
 #endif
 
 thread_local char* lowest_address = nullptr;
