@@ -1,0 +1,44 @@
+// A tokenizer whose classes come from the input too: the first lines are its classes, the rest its
+// text.
+#include <cstdint>
+#include <string>
+
+#include "shell/tokenizer.h"
+
+namespace {
+
+std::string take_line(std::string& text) {
+  std::size_t end = text.find('\n');
+  std::string line = text.substr(0, end);
+  text.erase(0, end == std::string::npos ? end : end + 1);
+  return line;
+}
+
+void read_all(torvane::TokenizerBase& tokenizer, const std::string& text) {
+  torvane::Ref<torvane::Stream> stream = torvane::Stream::from_text(text.data(), text.size());
+  tokenizer.set_input(stream.get());
+  while (tokenizer.next_token() && (tokenizer.token_length() > 0 || tokenizer.more_input)) continue;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace torvane;
+  std::string text(reinterpret_cast<const char*>(data), size);
+  std::string classes[8];
+  for (std::string& line : classes) line = take_line(text);
+  char escape = classes[4].empty() ? '\0' : classes[4][0];
+  char comment = classes[4].size() < 2 ? '\0' : classes[4][1];
+  Tokenizer tokenizer(classes[0].c_str(), classes[1].c_str(), classes[2].c_str(),
+                      classes[3].c_str(), escape, comment, 16, 16);
+  tokenizer.double_byte = classes[4].size() > 2;
+  for (int i : {5, 6})
+    if (classes[i].size() > 1)
+      tokenizer.long_quotes.append(new LongQuote{classes[i].substr(0, 1), classes[i].substr(1)});
+  read_all(tokenizer, text);
+  Tokenizer copy(static_cast<const TokenizerBase&>(tokenizer));
+  read_all(copy, text);
+  Tokenizer separated(classes[7].c_str(), 16, 16);
+  read_all(separated, text);
+  return 0;
+}
