@@ -13,8 +13,8 @@
 (load-lex english english/adverbs.lex    :no-dup 0)
 (load-lex english english/phrases.lex    :no-dup 0)
 
-(load english/unknown.lsp
-      english/inflection.lsp
+(load english/inflection.lsp
+      english/unknown.lsp
       english/movement.lsp
       english/rules.lsp
       english/parser.lsp

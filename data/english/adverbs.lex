@@ -87,8 +87,6 @@
 (nowhere (avm (adv +loc)))
 (occasionally (avm (adv)))
 (often (avm (adv)))
-(ok (avm (adv)))
-(okay (avm (adv)))
 (otherwise (avm (adv)))
 (outdoors (avm (adv +loc)))
 (overhead (avm (adv +loc)))

@@ -107,6 +107,7 @@
 ; Auxiliaries, by what they want behind them.
 (alias modal (make-av syn ((cat i) (node Aux) (vform base))))
 (alias have  (make-av syn ((cat i) (node Aux) (vform en))))
+(alias getting (make-av syn ((cat i) (node Aux) (vform pass))))
 (alias be    (make-av syn ((cat i) (node Aux) (vform ing pass prd))))
 
 ; Adjectives, adverbs, prepositions, and the small words.

@@ -43,3 +43,7 @@
 (def-category RelS)                                   ; who reads
 (def-category RelO (visible-atts (move)))             ; that she reads __
 (def-category RelA)                                   ; where she reads
+
+; What may stand between a verb and its argument: he told me yesterday that ... The parser knows this node
+; by its name; such a guest costs 10.
+(def-category Adjunct)

@@ -1,8 +1,13 @@
 ; Clauses.
 
+; Tom, ...
+(defun called ()
+  (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
+
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
+     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
      (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
@@ -26,13 +31,14 @@
 (def-modifiers Rep
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
   (:head (VG (head-cond (and (finite)
-                             (pitem-head-word (in (said says asked replied answered cried shouted whispered
+                             (pitem-head-word (in (said says know think believe suppose guess asked replied answered cried shouted whispered
                                                    thought explained added wrote)))))))
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
 
 ; does she read, what does she read
 (def-modifiers Q
   (* :skip-word (str= ",")
+     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
      (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
@@ -49,6 +55,7 @@
 ; read!
 (def-modifiers Imp
   (* :skip-word (str= ",")
+     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
      (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))

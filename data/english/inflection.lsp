@@ -60,13 +60,19 @@
                   (no-alternative (att (or (contain ((cat n))) (contain ((cat i))))))))
     (assert (add-weight (make-lexitem (low) (high) (avm (avm (plural)))) (int 4))))
   (noun-as-verb (:act-on-all-matches)
-    (lexitem (and (ending bare) (att (contain ((cat n) (node NN) (agr s3)))) (int-eq (lexitem-length) (int 1))
+    (lexitem (and (ending bare) (att (contain ((cat n) (node NN) (agr s3)))) (att (not (contain (+proper)))) (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (not (contain ((cat n))))))))
     (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 6))))
   (nouns-as-verb (:act-on-all-matches)
     (lexitem (and (ending s) (att (contain ((node NN) (agr p3))))
                   (no-alternative (att (not (contain ((cat n))))))))
     (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 6))))
+
+  ; "that he ..." is hardly a determiner.
+  (that-he (:act-on-all-matches)
+    (lexitem (and (att (contain ((cat d) +alone))) (root) (surform (in (that)))))
+    (if (followed-by (pred (att (contain (+pro (case nom))))))
+        (add-weight (litem) (int 3))))
 
   (rare (:act-on-all-matches) (lexitem (att (contain (+rare))))
     (add-weight (litem) (int 3))))

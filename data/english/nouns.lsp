@@ -52,12 +52,15 @@
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
         ((t) (t))))
 
+; Not: yesterday that ..., them who ...
+(defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
+
 (def-modifiers N
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
-     (RelS (dep-type rel))
-     (RelO (dep-type rel) (percolate (move)) (check-slash np))
+     (RelS (dep-type rel) (modifiee-cond (relatable)))
+     (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifiee-cond (relatable)))
      (RelA (dep-type rel) (dep-weight 1.5))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))

@@ -1,5 +1,5 @@
-; Words that the lexicon does not have, numbers, names, compounds. They come before the other rules, which
-; then treat them like any word.
+; Words that the lexicon does not have, numbers, names, compounds. These rules come after those of
+; inflection.lsp, which may have left a word without any reading, and before those of movement.lsp.
 
 (def-rules english-rules
   ; Negated auxiliaries are cut before the 't: "won" is one only in front of it.
@@ -20,7 +20,7 @@
   (name (word (reg-match "^[A-Z][a-z]"))
     (if (int-gt (low) (int 1))
         (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
-            (assert (make-lexitem (low) (high) (avm (avm (name))))))))
+            (assert (make-lexitem (low) (high) (avm (avm (name sg))))))))
 
   ; ... and a name has one, unless it is all that there is.
   (no-name (:act-on-all-matches) (lexitem (and (att (contain (+proper))) (surform (reg-match "^[a-z]"))))
@@ -32,7 +32,7 @@
     (assert (make-lexitem (low) (high) (avm (avm (adv))))))
   (unknown-ing (& (not-in-lexicon) (word (reg-match "...ing$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (vo (vform ing))))))
-          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 1)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 1)))))
   (unknown-ed (& (not-in-lexicon) (word (reg-match "...ed$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (vo ed)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 1)))))
@@ -41,17 +41,17 @@
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo (vform pres) sg)))) (int 2)))))
   (unknown-adj (& (not-in-lexicon) (word (reg-match "(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (adj)))))
-          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 2)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 2)))))
   (unknown-noun (& (not-in-lexicon) (word (reg-match "(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
-    (assert (make-lexitem (low) (high) (avm (avm (mass))))))
+    (assert (make-lexitem (low) (high) (avm (avm (mass sg))))))
   (unknown-name (& (not-in-lexicon) (word (reg-match "^[A-Z]")))
-    (prog (assert (make-lexitem (low) (high) (avm (avm (name)))))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (name sg)))))
           (if (int-eq (low) (int 1))
-              (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass)))) (int 1))))))
+              (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 1))))))
   (unknown (& (not-in-lexicon) (word (reg-match "^[a-z]")))
-    (prog (assert (make-lexitem (low) (high) (avm (avm (mass)))))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 2)))
-          (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo)))) (int 3)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 3)))))
 
   ; A hyphenated compound is looked up whole; what is not found is an adjective or a noun.
   (hyphen (seq (word (t)) - (word (t)))
@@ -63,4 +63,4 @@
               (prog
                 (delete-smaller (low) (high))
                 (assert (make-lexitem (low) (high) (avm (avm (adj)))))
-                (assert (make-lexitem (low) (high) (avm (avm (noun)))))))))))
+                (assert (make-lexitem (low) (high) (avm (avm (noun sg)))))))))))

@@ -311,7 +311,7 @@
 (dive (avm (vi)))
 (divide (avm (vt)))
 (divorce (avm (vo)))
-(do (avm (vt)))
+(do (avm (vo)))
 (donate (avm (vo)))
 (double (avm (vo)))
 (doubt (avm (vt)) (avm (vc)))

@@ -13,8 +13,8 @@
 ; put it there: the place belongs to the verb, however near the object is.
 (def-subcat V_N_P V
   (:head)
-  ((N (dep-type obj) (check-arg 0) (percolate (case move))))
-  ((P (dep-type loc) (check-arg 1) (percolate (move)) (merged-cond (pitem-add-weight -1.5)))))
+  (:skip-adjunct (N (dep-type obj) (check-arg 0) (percolate (case move))))
+  (:skip-adjunct (P (dep-type loc) (check-arg 1) (percolate (move)) (merged-cond (pitem-add-weight -1.5)))))
 
 (defun to-predicate () (pitem-attvec (modify ((vform prd)))))
 
@@ -39,6 +39,11 @@
      (I (dep-type purpose) (percolate (move)) (dep-weight 2))
      (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
          (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing)))))))))
+
+(def-subclass Adjunct
+  (Adv (modifier-cond (pitem-attvec (not (contain (+deg))))))
+  (P (modifier-cond (no-gap)))
+  (N (modifier-cond (pitem-attvec (contain (+time))))))
 
 ; The verb group. An auxiliary has in `vform` the form that it wants: percolating it is the test. Then the
 ; group takes on the auxiliary's own form, and its person.
