@@ -51,6 +51,7 @@
 
   ; Adverbs, prepositions, conjunctions.
   (defattribute deg BinAtt)           ; very, too: before adjectives and adverbs only
+  (defattribute focus BinAtt)         ; only, even: before a noun phrase too
   (defattribute loc BinAtt)           ; here, away: also after a form of `be`
   (defattribute front BinAtt)         ; may only open the sentence
   (defattribute verbal BinAtt)        ; a preposition that goes with verbs rather than nouns

@@ -8,7 +8,7 @@
 (def-category Gen)                                    ; 's
 (def-category RelPro)                                 ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
-(def-category Adv (visible-atts (wh deg loc front)))
+(def-category Adv (visible-atts (wh deg focus loc front)))
 (def-category Num (visible-atts (agr spec)))
 (def-category Det (visible-atts (agr spec wh rel pre alone few)))
 

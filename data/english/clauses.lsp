@@ -24,8 +24,10 @@
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
   (:head (VG (head-cond (finite))))
   ; "I am tired," he said. "So am I," said she.
-  (? :skip-word (str= ",")
-     (Rep (dep-type report) (dep-weight 2))))
+  (? :skip-word (in ("," ":"))
+     (Rep (dep-type report) (dep-weight 2))
+     (S (dep-type report) (percolate ()) (dep-weight 6)
+        (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 
 ; said she, she said: only around what is said.
 (def-modifiers Rep
@@ -96,7 +98,9 @@
   (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (contain (+deg))))))
   ((Sub (dep-type mark)))
   (:head (S (head-cond (no-gap)))
-         (VG (head-cond (participial)))))
+         (VG (head-cond (participial)))
+         (A (percolate ()) (head-cond (pitem-add-weight 2)))
+         (P (percolate ()) (modifier-cond (no-gap)) (head-cond (pitem-add-weight 2)))))
 
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS

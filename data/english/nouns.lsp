@@ -34,15 +34,19 @@
   (* (Num (dep-type num) (percolate (agr spec)) (modifiee-cond (not-pro))))
   (:head (NB)
          (Pro)
+         ; the rich, the same: an adjective that has a determiner (see `determined`)
+         (A (head-cond (and (pitem-attvec (modify (-pro +part))) (pitem-add-weight 3))))
          (Num (head-cond (pitem-attvec (modify (+pro +part)))))
          (Det (head-cond (and (pitem-attvec (contain (+alone)))
                               (pitem-attvec (modify (+pro +part))))))))
 
 ; A singular that wants a determiner and has none is possible (by car, go to school), but dear.
 (defun determined ()
+  (if (pitem-attvec (and (contain (-pro)) (not (defined (spec)))))
+      (nil)
   (if (pitem-attvec (and (contain (+count)) (unifiable ((agr s3))) (not (defined (spec)))))
       (pitem-add-weight 3)
-      (t)))
+      (t))))
 
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
 (defun noun-or-verb ()
@@ -56,6 +60,7 @@
 (defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
 
 (def-modifiers N
+  (? (Adv (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+focus))))))
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))

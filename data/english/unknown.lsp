@@ -17,7 +17,7 @@
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 
   ; A capital inside the sentence makes a name, whatever else the word may be.
-  (name (word (reg-match "^[A-Z][a-z]"))
+  (name (word (reg-match "^[A-Z][A-Za-z.]"))
     (if (int-gt (low) (int 1))
         (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
             (assert (make-lexitem (low) (high) (avm (avm (name sg))))))))
