@@ -1,17 +1,15 @@
 // One sentence through the parser: words to the analyser, its items to their nodes.
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <iostream>
 #include <limits>
 
+#include "lexp/lexp.h"
 #include "parser/torvane_parser.h"
 #include "support/text.h"
 
 namespace torvane {
 namespace {
 
-constexpr int kMostWords = 32000;  // positions are 16 bits wide
 constexpr int kDefaultWeight = 18;
 
 // The charts, the pool and the analyser hold one sentence. What runs while they do (rules,
@@ -24,26 +22,6 @@ class Parsing {
   ~Parsing() { g_parsing = false; }
   Parsing(const Parsing&) = delete;
   Parsing& operator=(const Parsing&) = delete;
-};
-
-/// Hands tokens to the analyser.
-class WordFeeder {
- public:
-  explicit WordFeeder(LexAnalyzer& lex) : lex_(lex) {}
-  void gap(const char* text) {
-    if (!full_) lex_.add_gap(text);
-  }
-  void word(const char* text) {
-    if (!full_ && lex_.last_position() >= kMostWords) {
-      full_ = true;
-      std::cerr << "The sentence is cut after " << kMostWords << " words\n";
-    }
-    if (!full_) lex_.add_word(text);
-  }
-
- private:
-  LexAnalyzer& lex_;
-  bool full_ = false;
 };
 
 TokenizerBase& sentence_tokenizer() {
@@ -72,7 +50,7 @@ int frequency_weight(const char* list, const char* word) {
     float value = 0;
     if (key == word && scan_float(number.c_str(), value)) {
       constexpr float kMost = std::numeric_limits<std::int16_t>::max();
-      return static_cast<int>(std::clamp(value, -kMost, kMost));
+      return static_cast<int>(value > -kMost ? std::min(value, kMost) : -kMost);
     }
   }
   return kDefaultWeight;
@@ -103,23 +81,24 @@ bool TorvaneParser::feed_with(AddWords add_words) {
   forget_result();
   if (!_lex) return false;
   reset();
+  settle_values();
   Parsing parsing;
-  add_words(WordFeeder(*_lex));
+  add_words(*_lex);
   _lex->analyze();
   return true;
 }
 
 bool TorvaneParser::feed(const char* text, TokenizerBase* tokenizer) {
-  return feed_with([&](WordFeeder feeder) {
+  return feed_with([&](LexAnalyzer& lex) {
     TokenizerBase& tokens = tokenizer ? *tokenizer : sentence_tokenizer();
     tokens.reset_tokens();
     tokens.set_string_input(or_empty(text), -1);
     while (const char* token = tokens.next_token()) {
       if (!*token && !tokens.more_input) break;
       if (tokens.white.has(static_cast<unsigned char>(*token))) {
-        feeder.gap(token);
+        lex.add_gap(token);
       } else {
-        feeder.word(token);
+        lex.add_word(token);
       }
     }
     tokens.reset_tokens();
@@ -127,10 +106,10 @@ bool TorvaneParser::feed(const char* text, TokenizerBase* tokenizer) {
 }
 
 bool TorvaneParser::feed_words(const std::vector<const char*>& words) {
-  return feed_with([&](WordFeeder feeder) {
+  return feed_with([&](LexAnalyzer& lex) {
     for (const char* word : words) {
-      feeder.gap(" ");
-      feeder.word(word);
+      lex.add_gap(" ");
+      lex.add_word(word);
     }
   });
 }

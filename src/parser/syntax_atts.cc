@@ -88,10 +88,9 @@ Value init_attributes(IRSlist*) {
   SyntaxAtts found;
   found.type = AttInterpreterList::find(kTypeName, false);
   for (const Role& role : kRoles) found.*role.index = find_att(found.type, role);
-  if (found.slash >= 0) found.wh = AttInterpreterList::get_att(kTypeName, "slash", "wh");
-  if (found.cat >= 0)
-    for (const CategoryValue& category : kCategories)
-      found.*category.value = AttInterpreterList::get_att(kTypeName, "cat", category.name);
+  found.wh = AttInterpreterList::get_att(kTypeName, "slash", "wh");
+  for (const CategoryValue& category : kCategories)
+    found.*category.value = AttInterpreterList::get_att(kTypeName, "cat", category.name);
   syntax_detail::handles = found;
   return Value();
 }

@@ -94,6 +94,7 @@ void TorvaneParser::reset() {
   _pool_free = static_cast<int>(_pool.size());
   case_marks.reset();
   oblique_case_marks.reset();
+  if (debug_weight && _cost_cache) _cost_cache->clear();
   if (_lex) _lex->reset();
 }
 

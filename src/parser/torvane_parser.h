@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "deps/dep_statistics.h"
 #include "deps/deps.h"
 #include "deps/deps_modifier.h"
-#include "deps/dep_statistics.h"
 #include "lex/lex_analyzer.h"
 #include "parser/grammar.h"
 #include "parser/p_item.h"
@@ -53,7 +53,7 @@ class TorvaneParser {
   GCate* _adjunct = nullptr;
   Ref<Deps> _deps;  ///< last result; null before the first
   bool _constituency = false;
-  DepStatistics* _reldb = nullptr;  ///< null: costs are the weights of parsing
+  DepStatistics* _reldb = nullptr;                ///< null: costs are the weights of parsing
   std::unique_ptr<NameTable<float>> _cost_cache;  ///< by triple, for all sentences; null until used
   std::unique_ptr<NameTable<char>> _bad_triples;  ///< a set; null if there are none
   DepsModifier* _deps_modifier = nullptr;
@@ -69,7 +69,8 @@ class TorvaneParser {
   PItem* new_item();
   /// Keeps a link for the whole run.
   Link* make_link(GCate* parent, GCate* child);
-  /// The node "Adjunct", remembered once it exists, and not sought again before there are new nodes.
+  /// The node "Adjunct", remembered once it exists, and not sought again before there are new
+  /// nodes.
   GCate* adjunct_node() {
     if (!_adjunct && nodes_at_look_up_ != _nodes.count()) {
       nodes_at_look_up_ = _nodes.count();

@@ -1,0 +1,37 @@
+; Conditions of links and nodes, and when they are asked.
+(def-att-list syn
+  (defattribute args ListAtt) (defattribute cm BinAtt)
+  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
+  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
+  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
+  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
+  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
+  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np pp))
+  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+(make-lexicon dict 101)
+(make-avmeaning-proto syn avm)
+(lex dict
+  (uh (avm ((cat j)))) (the (avm ((cat d)))) (this (avm ((cat d) (num sg)))) (these (avm ((cat d) (num pl))))
+  (big (avm ((cat a)))) (old (avm ((cat a)))) (boy (avm ((cat n) (num sg)))) (boys (avm ((cat n) (num pl))))
+  (in (avm ((cat p)))) (sleep (avm ((cat v)))))
+(make-lex-analyzer la :lexicon dict)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
+  :show-attributes (cat) :default-percolating-attributes ()
+  :weights-of-words (int 0) :lexical-analyzer la)
+(init-attributes)
+
+(def-category Det) (def-category A)
+(def-category N (full-pitem-cond (or (pitem-head-word (print-str :prefix "full " :suffix "\n")) (t))))
+(def-modifiers N
+  (? (Det (modifier-cond (or (pitem-head-word (print-str :prefix "modifier " :suffix "\n")) (t)))
+          (modifiee-cond (or (pitem-head-word (print-str :prefix "modifiee " :suffix "\n")) (t)))
+          (merged-cond (or (pitem-head-word (print-str :prefix "merged " :suffix "\n")) (t)))))
+  (:head))
+(def-category NP)
+(def-modifiers NP (:head (N (head-cond (or (pitem-head-word (print-str :prefix "head " :suffix "\n")) (t))))))
+(roots (NP))
+
+(echo "-- the boy")
+(p3 "the boy")
+(exit)

@@ -1,0 +1,28 @@
+; The pool of items ends, the sentence does not; nor does it harm the next one.
+(def-att-list syn
+  (defattribute args ListAtt) (defattribute cm BinAtt)
+  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
+  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
+  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
+  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
+  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
+  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np pp))
+  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+(make-lexicon dict 101)
+(make-avmeaning-proto syn avm)
+(lex dict
+  (boy (avm ((cat n)))))
+(make-lex-analyzer la :lexicon dict)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
+  :show-attributes (cat) :default-percolating-attributes ()
+  :weights-of-words (int 0) :lexical-analyzer la)
+(init-attributes)
+
+(def-category N)
+(def-modifiers N (* (N (dep-type left))) (:head) (* (N (dep-type right))))
+(roots (N))
+
+(load long.lsp)
+(p3 "boy boy boy")
+(exit)

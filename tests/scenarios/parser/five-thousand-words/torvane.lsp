@@ -1,0 +1,28 @@
+; A sentence far beyond any that a grammar is written for.
+(def-att-list syn
+  (defattribute args ListAtt) (defattribute cm BinAtt)
+  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
+  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
+  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
+  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
+  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
+  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np pp))
+  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+(make-lexicon dict 101)
+(make-avmeaning-proto syn avm)
+(lex dict
+  (boy (avm ((cat n)))) (big (avm ((cat a)))))
+(make-lex-analyzer la :lexicon dict)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
+  :show-attributes (cat) :default-percolating-attributes ()
+  :weights-of-words (int 0) :lexical-analyzer la)
+(init-attributes)
+
+(def-category A) (def-category N)
+(def-modifiers N (* (A (dep-type mod))) (:head) (* (A (dep-type mod))))
+(roots (N))
+
+(load long.lsp)
+(p3 "big boy big")
+(exit)

@@ -1,0 +1,30 @@
+; An item that was given a category weighs what its entry's list says.
+(def-att-list syn
+  (defattribute args ListAtt) (defattribute cm BinAtt)
+  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
+  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
+  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
+  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
+  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
+  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np pp))
+  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+(make-lexicon dict 101)
+(make-avmeaning-proto syn avm)
+(make-str-meaning-proto freq)
+(lex dict
+  (boy (avm ((cat n))) (freq NN 7.9 VB 3)) (girl (avm ((cat n)))))
+(def-rules lr (r1 (lexitem (comp (att) (defined (cat)))) (comp (litem) (set-cate (str NN)))))
+(make-lex-analyzer la :lexicon dict :lexical-rules lr)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
+  :show-attributes (cat) :default-percolating-attributes ()
+  :weights-of-words (int 0) :lexical-analyzer la)
+(init-attributes)
+
+(def-category N)
+(roots (N))
+
+(echo "-- boy girl")
+(p3 "boy girl")
+(pn)
+(exit)

@@ -1,0 +1,30 @@
+; An argument that lacks something of its own leaves an empty category.
+(def-att-list syn
+  (defattribute args ListAtt) (defattribute cm BinAtt)
+  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
+  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
+  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
+  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
+  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
+  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np pp))
+  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+(make-lexicon dict 101)
+(make-avmeaning-proto syn avm)
+(lex dict
+  (uh (avm ((cat j)))) (tree (avm ((cat n)))) (easy (avm ((cat a) (args ((cat v) (move ((slash np)))))))) 
+  (climb (avm ((cat v) (move ((slash np) (role obj)))))) (rest (avm ((cat v) (move)))))
+(make-lex-analyzer la :lexicon dict)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
+  :show-attributes (cat) :default-percolating-attributes (move)
+  :weights-of-words (int 0) :lexical-analyzer la)
+(init-attributes)
+
+(def-category V (visible-atts (cat move))) (def-category N) (def-category Conn)
+(def-category A)
+(def-modifiers A (:head))
+(roots (A (or (pitem-head-word (print-str :prefix "A[" :suffix "]\n")) (t))))
+
+(echo "-- uh easy climb")
+(p3 "uh easy climb")
+(exit)
