@@ -1,0 +1,55 @@
+// Lexicon files of any bytes: what is read prints, reads back, and finds phrases in a sentence.
+#include <cstdint>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+#include "lex/lex_analyzer.h"
+#include "shell/exec.h"
+
+namespace torvane {
+namespace {
+
+void define_kinds() {
+  register_attribute_types();
+  register_attribute_commands();
+  register_lexicon_commands();
+  register_avmeaning_proto();
+  std::cerr.setstate(std::ios::failbit);
+  interpreter().prompt = false;
+  interpreter().load_string(
+      "(def-att-list syn (defattribute c EnumAtt (allowable-values a b)) (defattribute b BinAtt))"
+      "(make-avmeaning-proto syn avm) (make-str-meaning-proto g)");
+}
+
+std::string printed(Lexicon& lexicon) {
+  std::ostringstream out;
+  lexicon.print_sorted(out);
+  return out.str();
+}
+
+void check(const std::string& text) {
+  Lexicon lexicon(11);
+  lexicon.load(*Stream::from_text(text.data(), text.size()), static_cast<int>(text.size() & 1));
+  std::string all = printed(lexicon);
+  Lexicon again(11);
+  again.load(*Stream::from_text(all.data(), all.size()), 0);
+  printed(again);
+  LexAnalyzer analyzer(&lexicon, 10);
+  std::istringstream words(text);
+  std::string word;
+  for (int n = 0; n < 100 && words >> word; ++n) analyzer.add_word(word.c_str());
+  analyzer.analyze();
+  std::ostringstream out;
+  analyzer.print(out);
+}
+
+}  // namespace
+}  // namespace torvane
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static bool once = (torvane::define_kinds(), true);
+  (void)once;
+  torvane::check(std::string(reinterpret_cast<const char*>(data), size));
+  return 0;
+}

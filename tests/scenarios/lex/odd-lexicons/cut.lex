@@ -1,0 +1,2 @@
+(whole (g a))
+(cut (g b) (g c
