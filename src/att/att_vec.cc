@@ -80,13 +80,15 @@ AttVec::AttVec(IRSlist* form, AttInterpreterList* type) : AttVec(type) {
 }
 
 AttVec::~AttVec() {
-  if (interpreters) {
-    for (int w = 0; w < defined.word_count(); ++w)
-      for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
-           bits &= bits - 1)
-        interpreters->atts[w * 32 + std::countr_zero(bits)]->clear(this);
-  }
+  if (interpreters) release_values();
   BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
+}
+
+void AttVec::release_values() {
+  for (int w = 0; w < defined.word_count(); ++w)
+    for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
+         bits &= bits - 1)
+      interpreters->atts[w * 32 + std::countr_zero(bits)]->clear(this);
 }
 
 void* AttVec::operator new(std::size_t bytes) {
@@ -210,12 +212,8 @@ void AttVec::take_values(const AttVec& other) {
 
 void AttVec::clear_all() {
   if (!interpreters) return;
-  for (int w = 0; w < defined.word_count(); ++w) {
-    std::uint32_t counted = defined.word(w) & interpreters->counted_atts.word(w);
-    defined.put_word(w, ~0u, 0);
-    for (; counted; counted &= counted - 1)
-      interpreters->atts[w * 32 + std::countr_zero(counted)]->clear(this);
-  }
+  release_values();
+  defined.reset();
 }
 
 void AttVec::copy_from(const AttVec& other) {

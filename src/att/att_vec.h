@@ -120,6 +120,7 @@ class AttVec : public Counted<AttVec> {
   template <class T>
   T* own_value(int index, Holds what);
   void take_values(const AttVec& other);
+  void release_values();
   void print_atts(std::ostream& out, const LBitSet* mask, bool first) const;
 
   template <class Visit>
