@@ -308,8 +308,8 @@ TEST_F(LexAnalyzerTest, ExpressionsMayLookUpAndClearWhileItemsAreMade) {
   chart.meaning_selector =
       LExp::get_exp_from_text("(prog (exec-commands (clear-lexicon busy)) (ident))");
   chart.hook = LExp::get_exp_from_text("(exec-commands (lex busy (dog up (g z))))");
-  std::string text = "(dog (g a) (g b)) (dog up (g c))";
-  busy->load(*Stream::from_text(text.data(), text.size()), 0);
+  std::istringstream in("(dog (g a) (g b)) (dog up (g c))");
+  busy->load(in, 0);
   chart.add_word("dog");
   chart.add_word("up");
   complaints([&] { chart.analyze(); });

@@ -17,6 +17,19 @@ std::size_t bucket_count(int size) {
   return static_cast<std::size_t>(std::clamp(next_prime(size), 1, kMostBuckets));
 }
 
+/// A stream of someone else as the input of a tokenizer.
+class BorrowedStream : public Stream {
+ public:
+  explicit BorrowedStream(std::istream& in) { in_ = &in; }
+};
+
+template <class Visit>
+void each_form(std::istream& in, Visit visit) {
+  Ref<Stream> stream(new BorrowedStream(in));
+  IRSlistReader reader;
+  for (IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) visit(form);
+}
+
 }  // namespace
 
 Lexicon::Lexicon(int size) {
@@ -114,15 +127,12 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
   return result;
 }
 
-void Lexicon::load(Stream& in, int no_dup) {
-  IRSlistReader reader;
-  for (IRSlist* form = reader.start_stream(&in); form; form = reader.next())
-    read_entry(form, no_dup);
+void Lexicon::load(std::istream& in, int no_dup) {
+  each_form(in, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
 }
 
-void Lexicon::load_unique(Stream& in) {
-  IRSlistReader reader;
-  for (IRSlist* form = reader.start_stream(&in); form; form = reader.next()) add_if_absent(form);
+void Lexicon::load_unique(std::istream& in) {
+  each_form(in, [this](IRSlist* form) { add_if_absent(form); });
 }
 
 LexEntry* Lexicon::add_if_absent(IRSlist* form) {

@@ -2,6 +2,7 @@
 // dictionaries, with a negative cache and clock-based eviction. Endings reduce an inflected form.
 #pragma once
 
+#include <istream>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -31,8 +32,8 @@ class Lexicon {
   /// Reads what every dictionary has under the key; the entry read last, or null.
   virtual LexEntry* load_from_disk(const char* key);
   /// Reads all entries of a stream.
-  virtual void load(Stream& in, int no_dup);
-  virtual void load_unique(Stream& in);
+  virtual void load(std::istream& in, int no_dup);
+  virtual void load_unique(std::istream& in);
   virtual std::unique_ptr<LexEntry> new_entry(const char* key);
   virtual LexEntry* add_if_absent(IRSlist* form);
   /// Adds the form's entry, or its meanings to the entry of that key; with `no_dup` such an entry

@@ -45,7 +45,7 @@ Value load_lex(IRSlist* form) {
   if (const char* text = form->take_keyword_str(":no-dup")) scan_long(text, no_dup);
   Lexicon* lexicon = take_lexicon(form);
   Ref<Stream> in = lexicon ? take_input(form) : Ref<Stream>();
-  if (in) lexicon->load(*in, no_dup != 0);
+  if (in && in->in()) lexicon->load(*in->in(), no_dup != 0);
   return Value();
 }
 

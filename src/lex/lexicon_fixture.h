@@ -43,7 +43,8 @@ struct Words : Lexicon {
     read(text, no_dup);
   }
   void read(const std::string& text, int no_dup = 0) {
-    load(*Stream::from_text(text.data(), text.size()), no_dup);
+    std::istringstream in(text);
+    load(in, no_dup);
   }
   /// Gives the lexicon endings, from the list that `:ending-table` takes.
   void set_endings(const std::string& text) {

@@ -40,8 +40,8 @@ TEST(Lexicon, DuplicatesMergeOrAreReported) {
 
 TEST(Lexicon, AddIfAbsentLeavesWhatIsThere) {
   Words words("(dog (g a))");
-  std::string text = "(dog (g b)) (cat (g c))";
-  words.load_unique(*Stream::from_text(text.data(), text.size()));
+  std::istringstream in("(dog (g b)) (cat (g c))");
+  words.load_unique(in);
   EXPECT_EQ(words.printed("dog"), "(dog\n (g a)\n (phrases)\n )\n");
   EXPECT_NE(words.printed("cat"), "");
 }

@@ -30,10 +30,12 @@ std::string printed(Lexicon& lexicon) {
 
 void check(const std::string& text) {
   Lexicon lexicon(11);
-  lexicon.load(*Stream::from_text(text.data(), text.size()), static_cast<int>(text.size() & 1));
+  std::istringstream in(text);
+  lexicon.load(in, static_cast<int>(text.size() & 1));
   std::string all = printed(lexicon);
   Lexicon again(11);
-  again.load(*Stream::from_text(all.data(), all.size()), 0);
+  std::istringstream printed_in(all);
+  again.load(printed_in, 0);
   printed(again);
   LexAnalyzer analyzer(&lexicon, 10);
   std::istringstream words(text);
