@@ -40,11 +40,8 @@ std::size_t hash_of(const PItem* item) {
 const Slist<Derivation*>& TNode::best() {
   if (_expanded) return _best;
   _expanded = 1;
-  for (const Derivations* rest = _choices; rest && !rest->list.empty();) {
-    Derivation* entry = rest->list.front();
-    _best.append(entry);
-    rest = entry->head;
-  }
+  for (const Derivations* rest = _choices; rest && rest->best; rest = rest->best->head)
+    _best.append(rest->best);
   return _best;
 }
 
@@ -87,20 +84,25 @@ ParseForest::Chain* ParseForest::chain_of(PItem* first) {
   Slot& slot = find_slot(first);
   if (slot.sentence == sentence_) return slot.chain;
   Chain* chain = chains_.take();
+  std::vector<ModifierSide> sides = std::move(chain->sides);
+  sides.clear();
+  *chain = Chain();
+  chain->sides = std::move(sides);
   chain->first = chain->cursor = first;
-  chain->state = State::fresh;
-  chain->choices = Derivations();
-  chain->node = nullptr;
-  chain->sides.clear();
   slot = {chain, sentence_};
   return chain;
 }
 
+// Where the alternatives run into a chain that is built, the rest is known.
 ParseForest::Chain* ParseForest::unbuilt_part(Chain& chain) {
-  for (; chain.cursor; chain.cursor = chain.cursor->_next)
+  for (; chain.cursor; chain.cursor = chain.cursor->_next) {
+    Chain* alternative = chain_of(chain.cursor);
+    if (alternative->state == State::built) return nullptr;
+    if (alternative->derived) continue;
     for (PItem* part : {chain.cursor->_head_child, chain.cursor->_modifier})
       if (part)
         if (Chain* found = chain_of(part); found->state == State::fresh) return found;
+  }
   return nullptr;
 }
 
@@ -121,66 +123,90 @@ ParseForest::Chain* ParseForest::expand(PItem* first) {
   return wanted;
 }
 
+// From the last alternative to the first, so that every chain that begins further down is built on
+// the way. An alternative that consists of a chain still being built, as with a category that is
+// its own head, leads back to itself: it is left out here, and the chains before it wait for their
+// own turn.
 void ParseForest::build(Chain& chain) {
-  scratch_.clear();
-  Derivations& choices = chain.choices;
-  for (PItem* item = chain.first; item; item = item->_next) derive(*item, choices);
-  std::stable_sort(scratch_.begin(), scratch_.end(),
-                   [](const Derivation* a, const Derivation* b) { return a->_cost < b->_cost; });
-  std::int64_t n_trees = 0;
-  for (Derivation* entry : scratch_) {
-    choices.list.append(entry);
-    n_trees += count_trees(*entry);
+  alternatives_.clear();
+  Derivations choices;
+  for (PItem* item = chain.first; item; item = item->_next) {
+    Chain* alternative = chain_of(item);
+    if (alternative->state == State::built) {
+      choices = alternative->choices;
+      break;
+    }
+    alternatives_.push_back(alternative);
   }
-  choices.n_trees = saturated(n_trees);
-  choices._cost = choices.own_weight + (scratch_.empty() ? 0.0f : scratch_.front()->_cost);
-  chain.state = State::built;
+  bool complete = true;
+  for (auto it = alternatives_.rbegin(); it != alternatives_.rend(); ++it) {
+    Chain& alternative = **it;
+    if (derive(alternative)) {
+      add_choices(alternative, choices);
+    } else {
+      complete = false;
+    }
+    if (&alternative != &chain && (!complete || alternative.state == State::building)) continue;
+    alternative.choices = choices;
+    alternative.state = State::built;
+  }
 }
 
-Derivation* ParseForest::new_entry(PItem& item) {
+void ParseForest::add_choices(const Chain& from, Derivations& choices) {
+  Derivation* best = from.entry ? from.entry : from.same_as->best;
+  int n_trees = from.entry ? count_trees(*best) : from.same_as->n_trees;
+  choices.own_weight = tame(choices.own_weight + from.own_weight);
+  choices.n_trees = saturated(std::int64_t{choices.n_trees} + n_trees);
+  if (best && (!choices.best || best->_cost <= choices.best->_cost)) choices.best = best;
+  choices._cost = tame(choices.own_weight + (choices.best ? choices.best->_cost : 0));
+}
+
+Derivation* ParseForest::new_entry(Chain& chain, PItem& item) {
   Derivation* entry = derivations_.take();
   *entry = Derivation();
   entry->_item = &item;
-  scratch_.push_back(entry);
-  return entry;
+  return chain.entry = entry;
 }
 
-// A chain may come back to itself, by a category that is its own head: a step to a chain that is
-// still being built leads nowhere and is left out.
-void ParseForest::derive(PItem& item, Derivations& into) {
-  PItem* head = item._head_child;
-  if (!head) {
-    Derivation* entry = new_entry(item);
+/// Takes the first item of a chain apart; false while its parts are not built.
+bool ParseForest::derive(Chain& chain) {
+  if (chain.derived) return true;
+  PItem& item = *chain.first;
+  if (item._head_child) {
+    Chain* head = chain_of(item._head_child);
+    Chain* modifier = item._modifier ? chain_of(item._modifier) : nullptr;
+    if (head->state != State::built || (modifier && modifier->state != State::built)) return false;
+    take_apart(chain, *head, modifier);
+  } else {
+    Derivation* entry = new_entry(chain, item);
     entry->_is_head = 1;
     entry->_cost = entry->_local_cost = tame(item._weight);
-    return;
   }
-  Chain* head_chain = chain_of(head);
-  if (head_chain->state != State::built) return;
-  const Derivations& rest = head_chain->choices;
-  float added = tame(item._weight - head->_weight);
+  return chain.derived = true;
+}
 
-  if (item._modifier) {
-    Chain* modifier = chain_of(item._modifier);
-    if (modifier->state != State::built) return;
-    Derivation* entry = new_entry(*item._modifier);
+void ParseForest::take_apart(Chain& chain, Chain& head, Chain* modifier) {
+  PItem& item = *chain.first;
+  float added = tame(item._weight - head.first->_weight);
+  if (modifier) {
+    Derivation* entry = new_entry(chain, *modifier->first);
     entry->merged = &item;
     entry->_link = item._link;
     entry->_child = node_of_chain(*modifier);
-    entry->head = &rest;
+    entry->head = &head.choices;
     entry->_local_cost = step_cost(item);
-    entry->_cost = tame(entry->_child->_weight + rest._cost + entry->_local_cost);
-  } else if (!item._link) {
-    into.own_weight = tame(into.own_weight + added + rest.own_weight);
-    for (Derivation* entry : rest.list) scratch_.push_back(entry);
-  } else {
-    Derivation* entry = new_entry(*head);
+    entry->_cost = tame(entry->_child->_weight + head.choices._cost + entry->_local_cost);
+  } else if (item._link) {
+    Derivation* entry = new_entry(chain, *head.first);
     entry->_is_head = 1;
     entry->merged = &item;
     entry->_link = item._link;
-    entry->_child = node_of_chain(*head_chain);
+    entry->_child = node_of_chain(head);
     entry->_local_cost = added;
     entry->_cost = tame(entry->_child->_weight + added);
+  } else {
+    chain.same_as = &head.choices;
+    chain.own_weight = tame(added + head.choices.own_weight);
   }
 }
 

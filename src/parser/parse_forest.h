@@ -1,6 +1,6 @@
-// All results of a sentence, with shared subtrees, ranked by cost. A chain of alternative items is
-// taken apart once, into decompositions: a head, and one modifier a step, each of them a chain
-// again.
+// All results of a sentence, with shared subtrees, ranked by cost. An item is taken apart into a
+// head and one modifier a step; head and modifier are each the first of a chain of alternatives, of
+// which the cheapest counts.
 #pragma once
 
 #include <cstdint>
@@ -20,16 +20,16 @@ struct Derivation;
 struct RootRule;
 struct TNode;
 
-/// The decompositions of a chain, cheapest first.
+/// The decompositions of a chain. Of those, the cheapest is all that is ever asked for.
 struct Derivations {
-  Slist<Derivation*> list;
-  float _cost = 0;       ///< of the first, with what belongs to the list as a whole
-  float own_weight = 0;  ///< that part
+  Derivation* best = nullptr;  ///< of equals, the one that stands first in the chain
+  float _cost = 0;             ///< of the best, with what belongs to the chain as a whole
+  float own_weight = 0;        ///< that part
   int n_trees = 0;
 };
 
-/// One step of a decomposition. The rest of it, the head's side, is shared: every step to a head
-/// child names the one list of that child's decompositions.
+/// One step of a decomposition. The rest of it, the head's side, is shared by all steps to that
+/// head.
 struct Derivation {
   int _is_head = 0;                   ///< the entry stands for the head word's side
   PItem* _item = nullptr;             ///< of this step
@@ -78,11 +78,16 @@ class ParseForest {
 
  private:
   enum class State : std::uint8_t { fresh, building, built };
-  /// A chain of alternatives, known by its first item.
+  /// What is known of an item: how it was made, and the chain that begins with it.
   struct Chain {
     PItem* first = nullptr;
-    State state = State::fresh;
-    PItem* cursor = nullptr;  // the alternative whose parts are being built
+    State state = State::fresh;   // of `choices`
+    bool derived = false;         // the item itself is taken apart
+    Derivation* entry = nullptr;  // its last step;
+    const Derivations* same_as =
+        nullptr;              // or the decompositions that it has in common with its head
+    float own_weight = 0;     // and what it adds to them
+    PItem* cursor = nullptr;  // while building: the alternative whose parts are looked at
     Derivations choices;
     TNode* node = nullptr;
     std::vector<ModifierSide> sides;  // the different alternatives, as costs see them
@@ -116,8 +121,10 @@ class ParseForest {
   Chain* expand(PItem* first);
   Chain* unbuilt_part(Chain& chain);
   void build(Chain& chain);
-  void derive(PItem& item, Derivations& into);
-  Derivation* new_entry(PItem& item);
+  bool derive(Chain& chain);
+  void take_apart(Chain& chain, Chain& head, Chain* modifier);
+  static void add_choices(const Chain& from, Derivations& choices);
+  Derivation* new_entry(Chain& chain, PItem& item);
   TNode* node_of_chain(Chain& chain);
   float step_cost(const PItem& merged);
   float dependency_cost(const PItem& merged);
@@ -133,7 +140,7 @@ class ParseForest {
   std::vector<Slot> table_;
   std::uint64_t sentence_ = 1;
   std::vector<Chain*> stack_;
-  std::vector<Derivation*> scratch_;
+  std::vector<Chain*> alternatives_;
 };
 
 }  // namespace torvane

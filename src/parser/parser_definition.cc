@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "att/att_interpreter_list.h"
+#include "att/text_atts.h"
 #include "parser/parser_commands.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
@@ -59,6 +60,17 @@ void read_bad_triples(TorvaneParser& parser, const char* file_name) {
   }
 }
 
+// The parser keeps the head word's item in the attribute `lexitem`, and nobody else stores there.
+void open_lexitem_att(const AttInterpreterList* type) {
+  int index;
+  EntAtt* att = type ? ent_att(type->lookup("lexitem", &index)) : nullptr;
+  if (!att) return;
+  att->printer = [](AttWord value, std::ostream& out) {
+    out << or_empty(reinterpret_cast<const LexItem*>(value)->root);
+  };
+  att->viewer = [](AttWord value) { return Value::of(reinterpret_cast<const LexItem*>(value)); };
+}
+
 void read_settings(TorvaneParser& parser, IRSlist* form) {
   auto take_atts = [&](const char* keyword, const char* what) {
     auto names = form->take_keyword_node(keyword, false);
@@ -66,6 +78,7 @@ void read_settings(TorvaneParser& parser, IRSlist* form) {
   };
   parser._att_type =
       named_object<AttInterpreterList>(form, ":attribute-vector-type", "AttInterpreterList");
+  open_lexitem_att(parser._att_type);
   AttSet lexical = take_atts(":lexical-attributes", "lexical attributes");
   parser._non_lexical = all_atts(parser._att_type) & lexical.complement();
   parser._show = std::make_unique<AttSet>(take_atts(":show-attributes", "show attributes"));
@@ -110,8 +123,9 @@ Value show_attributes(IRSlist* form) {
   if (!parser) return Value();
   const IRSlist* names = form;
   if (const IRSlist* first = form->nth(0); first && first->is_list()) names = first;
-  *parser->_show = names->empty() ? all_atts(parser->_att_type)
-                                  : read_atts(names, parser->_att_type, "show attributes");
+  AttSet shown = names->empty() ? all_atts(parser->_att_type)
+                                : read_atts(names, parser->_att_type, "show attributes");
+  parser->_show = std::make_unique<AttSet>(std::move(shown));
   return Value();
 }
 

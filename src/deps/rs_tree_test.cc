@@ -1,0 +1,257 @@
+#include "deps/rs_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "deps/tree_walk.h"
+
+namespace torvane {
+namespace {
+
+struct Named : RSTree {
+  explicit Named(char c) : name(c) {}
+  char name;
+};
+
+/// A tree written as "a(b c(d))".
+class TreeTest : public testing::Test {
+ protected:
+  Named* make(const char* text) { return read(text); }
+  void forget_all() { nodes_.clear(); }
+  Named* node(char name) {
+    for (auto n = nodes_.rbegin(); n != nodes_.rend(); ++n)
+      if ((*n)->name == name) return n->get();
+    return nullptr;
+  }
+  static std::string show(const RSTree* tree) {
+    std::string out(1, static_cast<const Named*>(tree)->name);
+    if (tree->empty()) return out;
+    out += '(';
+    for (const RSTree* child : *tree) out += (out.back() == '(' ? "" : " ") + show(child);
+    return out + ')';
+  }
+  /// The names in the order of a walk, with an action at each node.
+  template <class Walk>
+  static std::string walk(RSTree* tree, const std::function<void(Walk&, char)>& action = nullptr) {
+    std::string out;
+    Walk it(tree);
+    while (RSTree* found = it.next()) {
+      out += static_cast<Named*>(found)->name;
+      if (action) action(it, out.back());
+    }
+    return out;
+  }
+  /// What an operation reports.
+  static std::string report(const std::function<void()>& body) {
+    testing::internal::CaptureStderr();
+    body();
+    return testing::internal::GetCapturedStderr();
+  }
+
+ private:
+  Named* read(const char*& text) {
+    nodes_.push_back(std::make_unique<Named>(*text++));
+    Named* tree = nodes_.back().get();
+    if (*text == '(') {
+      do tree->append(read(++text));
+      while (*text == ' ');
+      ++text;
+    }
+    return tree;
+  }
+
+  std::vector<std::unique_ptr<Named>> nodes_;
+};
+
+TEST_F(TreeTest, ChildrenOfAnotherParentAreRefused) {
+  Named* tree = make("a(b c(d))");
+  EXPECT_EQ(report([&] { tree->insert(node('d')); }), "RSTree::insert error.\n");
+  EXPECT_EQ(report([&] { tree->append(node('d')); }), "RSTree::append error.\n");
+  EXPECT_EQ(show(tree), "a(b c(d))");
+}
+
+TEST_F(TreeTest, NoLinkClosesToARing) {
+  Named* tree = make("a(b(c))");
+  EXPECT_EQ(report([&] { node('c')->append(tree); }), "RSTree::append error.\n");
+  EXPECT_EQ(report([&] { tree->insert(tree); }), "RSTree::insert error.\n");
+  EXPECT_EQ(node('c')->insert_after(tree), nullptr);
+  EXPECT_EQ(node('c')->insert_before(node('b')), nullptr);
+  EXPECT_EQ(node('c')->insert_before(node('c')), nullptr);
+  EXPECT_EQ(show(tree), "a(b(c))");
+}
+
+TEST_F(TreeTest, AChildAppendedAgainStandsTwiceAndLeavesWhole) {
+  Named* tree = make("a(b c)");
+  tree->append(node('b'));
+  EXPECT_EQ(show(tree), "a(b c b)");
+  EXPECT_EQ(tree->pop_child(), node('b'));
+  EXPECT_EQ(node('b')->_parent, tree);
+  tree->insert(node('b'));
+  EXPECT_EQ(node('b')->detach(), node('b'));
+  EXPECT_EQ(show(tree), "a(c)");
+  EXPECT_EQ(node('b')->_parent, nullptr);
+}
+
+TEST_F(TreeTest, DetachingARootIsReported) {
+  Named* tree = make("a(b)");
+  RSTree* detached = tree;
+  EXPECT_EQ(report([&] { detached = tree->detach(); }),
+            "cannot delete the root node of a RSTree\n");
+  EXPECT_EQ(detached, nullptr);
+  EXPECT_EQ(show(tree), "a(b)");
+}
+
+TEST_F(TreeTest, InsertBesideMovesFromTheOldParent) {
+  Named* tree = make("a(b c(d e) f)");
+  EXPECT_EQ(node('b')->insert_before(node('e')), tree);
+  EXPECT_EQ(show(tree), "a(e b c(d) f)");
+  EXPECT_EQ(node('f')->insert_after(node('d')), tree);
+  EXPECT_EQ(show(tree), "a(e b c f d)");
+  EXPECT_EQ(node('f')->insert_after(node('e')), tree);
+  EXPECT_EQ(show(tree), "a(b c f e d)");
+  EXPECT_EQ(tree->insert_before(node('b')), nullptr);
+  EXPECT_EQ(show(tree), "a(b c f e d)");
+}
+
+TEST_F(TreeTest, AncestorsAreProper) {
+  Named* tree = make("a(b(c))");
+  EXPECT_TRUE(tree->is_ancestor_of(node('c')));
+  EXPECT_FALSE(node('c')->is_ancestor_of(tree));
+  EXPECT_FALSE(tree->is_ancestor_of(tree));
+  EXPECT_FALSE(tree->is_ancestor_of(nullptr));
+  EXPECT_EQ(node('c')->root(), tree);
+}
+
+TEST_F(TreeTest, WalksVisitTheStartNodeToo) {
+  Named* tree = make("a(b(c d) e(f))");
+  EXPECT_EQ(walk<PreIterator>(tree), "abcdef");
+  EXPECT_EQ(walk<PostIterator>(tree), "cdbfea");
+  EXPECT_EQ(walk<RSlistIterator>(tree), "be");
+  EXPECT_EQ(walk<PreIterator>(node('b')), "bcd");
+  EXPECT_EQ(walk<PostIterator>(node('b')), "cdb");
+  EXPECT_EQ(walk<PreIterator>(nullptr), "");
+  PreIterator again(tree);
+  again.next();
+  again.next();
+  again.reset();
+  EXPECT_EQ(again.next(), tree);
+}
+
+TEST_F(TreeTest, RemovalGoesOnBehindTheRemoved) {
+  auto remove_b_and_f = [](auto& it, char c) {
+    if (c == 'b' || c == 'f') it.remove();
+  };
+  EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e(f))"), remove_b_and_f), "abef");
+  EXPECT_EQ(show(node('a')), "a(e)");
+  EXPECT_EQ(walk<PostIterator>(make("g(b(c d) e(f))"), remove_b_and_f), "cdbfeg");
+  EXPECT_EQ(show(node('g')), "g(e)");
+  EXPECT_EQ(walk<RSlistIterator>(make("h(b f i)"), remove_b_and_f), "bfi");
+  EXPECT_EQ(show(node('h')), "h(i)");
+}
+
+TEST_F(TreeTest, RemovalOfTheStartEndsTheWalkUnlessItIsTheRoot) {
+  Named* tree = make("a(b(c) d)");
+  auto remove_all = [](auto& it, char) { it.remove(); };
+  EXPECT_EQ(walk<PreIterator>(node('b'), remove_all), "b");
+  EXPECT_EQ(show(tree), "a(d)");
+  EXPECT_EQ(walk<PreIterator>(tree, remove_all), "ad");
+  EXPECT_EQ(show(tree), "a");
+}
+
+TEST_F(TreeTest, SkippingLeavesOutTheSubtreeOrTheSiblings) {
+  auto skip_b = [](auto& it, char c) {
+    if (c == 'b') it.skip();
+  };
+  EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e)"), skip_b), "abe");
+  EXPECT_EQ(walk<PostIterator>(make("a(b(c d) e)"), skip_b), "cdba");
+  // What was removed is behind the walk already.
+  auto remove_and_skip = [](auto& it, char c) {
+    if (c != 'b') return;
+    it.remove();
+    it.skip();
+  };
+  EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e)"), remove_and_skip), "abe");
+  EXPECT_EQ(walk<PostIterator>(make("a(b(c d) e)"), remove_and_skip), "cdbea");
+}
+
+TEST_F(TreeTest, WalksFollowEditsOfOthers) {
+  auto detach = [this](char at, char what) {
+    return [this, at, what](auto&, char c) {
+      if (c == at && node(what)->_parent) node(what)->detach();
+    };
+  };
+  struct Case {
+    char at, what;
+    const char* pre;
+    const char* post;
+  };
+  for (Case c : {Case{'b', 'b', "abef", "cdbfea"}, Case{'c', 'b', "abcef", "cfea"},
+                 Case{'b', 'e', "abcd", "cdba"}, Case{'d', 'e', "abcd", "cdba"},
+                 Case{'c', 'd', "abcef", "cbfea"}, Case{'f', 'e', "abcdef", "cdbfa"}}) {
+    EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e(f))"), detach(c.at, c.what)), c.pre) << c.what;
+    forget_all();
+    EXPECT_EQ(walk<PostIterator>(make("a(b(c d) e(f))"), detach(c.at, c.what)), c.post) << c.what;
+    forget_all();
+  }
+}
+
+TEST_F(TreeTest, NodesMovedAheadAreVisitedThere) {
+  Named* tree = make("a(b c(d) e)");
+  auto move_b_below_e = [this](PreIterator&, char c) {
+    if (c == 'c') {
+      node('b')->detach();
+      node('e')->append(node('b'));
+    }
+  };
+  EXPECT_EQ(walk<PreIterator>(tree, move_b_below_e), "abcdeb");
+}
+
+TEST_F(TreeTest, EditsWithoutEndDoNotKeepAWalkGoing) {
+  Named* tree = make("a(b c)");
+  auto leapfrog = [this](PreIterator&, char c) {
+    if (c == 'b') node('b')->insert_after(node('c'));
+    if (c == 'c') node('c')->insert_after(node('b'));
+  };
+  std::string order;
+  EXPECT_EQ(report([&] { order = walk<PreIterator>(tree, leapfrog); }),
+            "The tree is edited without end\n");
+  EXPECT_LT(order.size(), 1000u);
+}
+
+TEST_F(TreeTest, DeepAndWideTreesAreWalkedWithoutRecursion) {
+  std::vector<std::unique_ptr<Named>> chain;
+  for (int i = 0; i < 200000; ++i) {
+    chain.push_back(std::make_unique<Named>('x'));
+    if (i > 0) chain[static_cast<std::size_t>(i) - 1]->append(chain.back().get());
+  }
+  EXPECT_EQ(walk<PostIterator>(chain[0].get()).size(), chain.size());
+  Named wide('w');
+  std::vector<std::unique_ptr<Named>> leaves;
+  for (int i = 0; i < 200000; ++i) {
+    leaves.push_back(std::make_unique<Named>('y'));
+    wide.append(leaves.back().get());
+  }
+  EXPECT_EQ(walk<PreIterator>(&wide).size(), leaves.size() + 1);
+}
+
+TEST(RSlist, SortedInsertionKeepsEqualsInOrder) {
+  struct Pair {
+    int key, id;
+  };
+  Pair pairs[] = {{2, 0}, {1, 1}, {2, 2}, {3, 3}, {1, 4}};
+  RSlist<Pair> list;
+  for (Pair& pair : pairs)
+    list.insert_sorted(&pair, [](const Pair* a, const Pair* b) { return a->key - b->key; });
+  std::string order;
+  while (Pair* pair = list.pop()) order += std::to_string(pair->id);
+  EXPECT_EQ(order, "14023");
+  EXPECT_EQ(list.pop(), nullptr);
+  EXPECT_EQ(list.tail(), nullptr);
+}
+
+}  // namespace
+}  // namespace torvane
