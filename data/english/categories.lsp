@@ -9,7 +9,7 @@
 (def-category RelPro)                                 ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
 (def-category Adv (visible-atts (wh deg focus loc front)))
-(def-category Num (visible-atts (agr spec)))
+(def-category Num (visible-atts (agr spec time)))
 (def-category Det (visible-atts (agr spec wh rel pre alone few)))
 
 ; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;

@@ -5,7 +5,9 @@
 (defun nominative () (pitem-attvec (unifiable ((case nom)))))
 (defun wh () (pitem-attvec (contain (+wh))))
 (defun marked () (pitem-attvec (contain (+marked))))
-(defun comma-before () (pitem-preceding-word (str= ",")))
+(defun opens () (in ("," "-" "(")))
+(defun closes () (in ("," "-" ")")))
+(defun set-off () (pitem-preceding-word (opens)))
 
 ; Something is missing that stands elsewhere. A link that does not percolate `move` would lose it.
 (defun with-gap () (pitem-attvec (defined (move))))

@@ -77,17 +77,17 @@
      (N (dep-type appo) (percolate ()) (dep-weight 1.2) (modifier-cond (pitem-attvec (contain (+proper))))
         (modifiee-cond (pitem-attvec (and (contain (+spec)) (not (contain (+pro))) (not (contain (+proper)))))))
      (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
-  ; Between commas; the closing comma becomes part of the noun phrase.
-  (* :skip-word (str= ",")
-     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (comma-before))
-        (merged-cond (include-following-word (str= ","))))
-     (RelS (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
-     (RelA (dep-type rel) (modifier-cond (comma-before)) (merged-cond (include-following-word (str= ","))))
-     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (comma-before))
-        (merged-cond (include-following-word (str= ","))))
+  ; Between commas, dashes or brackets; the closing one becomes part of the noun phrase.
+  (* :skip-word (opens)
+     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (set-off))
+        (merged-cond (include-following-word (closes))))
+     (RelS (dep-type rel) (modifier-cond (set-off)) (merged-cond (include-following-word (closes))))
+     (RelA (dep-type rel) (modifier-cond (set-off)) (merged-cond (include-following-word (closes))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (set-off))
+        (merged-cond (include-following-word (closes))))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3.5)
-         (modifier-cond (and (comma-before) (participial)))
-         (merged-cond (include-following-word (str= ","))))))
+         (modifier-cond (and (set-off) (participial)))
+         (merged-cond (include-following-word (closes))))))
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
 (def-modifiers Ger
@@ -101,9 +101,8 @@
 (defun heavy () (pitem-attvec (modify (+heavy))))
 
 (def-modifiers A
-  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (and (not (contain (+loc))) (not (contain (+front)))
-                                                           (or (contain (+deg)) (t)))))
-          (percolate (wh))))
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+loc)) (contain (+front))))) (percolate (wh)))
+     (N (dep-type measure) (modifier-cond (pitem-attvec (contain (+time)))) (percolate ()) (dep-weight 1.5)))
   (:head)
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))

@@ -6,5 +6,6 @@
     (comp (litem) (set-head-of-lexitem)))
 
   (joins (lexitem (att (contain (+conj)))) (flag-last-conjunction (litem)))
+  (adverbs (:act-on-all-matches) (lexitem (att (contain ((node Adv))))) (flag-adv (litem)))
   (joins-first (lexitem (att (contain (+conj1)))) (flag-first-conjunction (litem)))
-  (quotes (word (in ("\"" "`" "(" ")" "[" "]" "{" "}"))) (skip (low))))
+  (quotes (word (in ("\"" "`" "[" "]" "{" "}"))) (skip (low))))

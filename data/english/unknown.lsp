@@ -12,6 +12,9 @@
 
   (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
 
+  ; Years tell when: in 1990.
+  (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
+    (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
   ; 12, 3.50, $5, 10:30, 1990s
   (number (& (not-in-lexicon) (word (reg-match "^[$]?[0-9][0-9.,:/]*(th|st|nd|rd|s|m|km|kg|%|am|pm)?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
@@ -21,6 +24,12 @@
     (if (int-gt (low) (int 1))
         (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
             (assert (make-lexitem (low) (high) (avm (avm (name sg))))))))
+
+  ; Small words inside a name: Ludwig van Beethoven.
+  (long-name (seq (word (reg-match "^[A-Z]")) (word (in (van von der de da di del la bin al)))
+                  (* (word (in (der den la las los)))) (word (reg-match "^[A-Z]")))
+    (prog (delete-smaller (low) (high))
+          (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
 
   ; ... and a name has one, unless it is all that there is.
   (no-name (:act-on-all-matches) (lexitem (and (att (contain (+proper))) (surform (reg-match "^[a-z]"))))
@@ -53,9 +62,18 @@
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 2)))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 3)))))
 
+  ; The World Health Organization (WHO): the name and its abbreviation are one item.
+  (abbreviation (seq "(" (word (reg-match "^[A-Z][A-Z]+$")) ")")
+    (abbrev-def (avm (avm (name sg)))))
+
+  ; twenty-one
+  (numbers (seq (lexitem (att (contain ((node Num))))) - (lexitem (att (contain ((node Num))))))
+    (prog (delete-smaller (low) (high))
+          (assert (make-lexitem (low) (high) (avm (avm (num plu)))))))
+
   ; A hyphenated compound is looked up whole; what is not found is an adjective or a noun.
-  (hyphen (seq (word (t)) - (word (t)))
-    (if (comp (matching-word) (not (reg-match " ")))
+  (hyphen (seq (word (t)) (+ (seq - (word (t)))))
+    (if (not (exist-lexitem (low) (high) (pred (t))) (comp (matching-word) (reg-match " ")))
         (prog
           (look-up (low) (high) (str))
           (if (exist-lexitem (low) (high) (pred (t)))

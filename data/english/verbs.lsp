@@ -27,7 +27,7 @@
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (to-predicate)))
          (C (percolate (move)) (modifier-cond (marked)) (head-cond (to-predicate))))
-  (* :skip-word (str= ",")
+  (* :skip-word (opens)
      (P (dep-type mod) (percolate (move)) (dep-weight 1.2)
         (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
      (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
