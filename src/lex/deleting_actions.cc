@@ -54,8 +54,9 @@ void keep_tags(Match* match, Value cond) {
   if (!match) return;
   LexAnalyzer& chart = *match->analyzer;
   const Slist<LexItem*> items = chart.ending_at(match->high);
-  delete_where(chart, items,
-               [&](LexItem* item) { return item->low == match->low && !Cond(cond).passes(item); });
+  delete_where(chart, items, [&](LexItem* item) {
+    return has_span(*item, match->low, match->high) && !Cond(cond).passes(item);
+  });
 }
 
 // Leaves of each position's items only the longest, and nothing that ends inside those. The others

@@ -172,8 +172,10 @@ class NoAlternativePred : public Form<NoAlternativePred> {
     LexItem* item = input.as<LexItem>();
     if (!item || !item->analyzer) return Value();
     const Slist<LexItem*> items = item->analyzer->ending_at(item->high);
-    for (LexItem* other : items)
-      if (other->low == item->low && passes(cond_, Value::of(other), in_type)) return Value();
+    for (LexItem* other : items) {
+      bool same_span = other->low == item->low && other->high == item->high;
+      if (same_span && passes(cond_, Value::of(other), in_type)) return Value();
+    }
     return Value::of(item);
   }
 

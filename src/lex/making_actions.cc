@@ -83,7 +83,7 @@ class RetrieveLexItem : public MakeLexItem {
   LexItem* carry_out(LexAnalyzer& chart, const Plan& plan) const override {
     if (!plan.meaning) return nullptr;
     for (LexItem* item : chart.ending_at(plan.high)) {
-      if (item->low != plan.low || !item->meaning) continue;
+      if (!has_span(*item, plan.low, plan.high) || !item->meaning) continue;
       if (plan.root && byte_compare(or_empty(item->root), plan.root) != 0) continue;
       int order = item->meaning->compare(plan.meaning);
       if (order == subsume::kEqual || order == subsume::kMoreSpecific) return item;

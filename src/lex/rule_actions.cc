@@ -30,7 +30,7 @@ Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high) {
   WordSpan span(chart, low, high);
   for (int i = span.low; i <= span.high; ++i)
     for (LexItem* item : chart.ending_at(i))
-      if (item->low >= low) found.append(item);
+      if (item->low >= low && item->high <= high) found.append(item);
   return found;
 }
 

@@ -47,7 +47,12 @@ struct WordSpan {
   int low, high;
 };
 
-/// The items that end in the span and do not start before it, in chart order.
+/// Whether the item has exactly this span. (It may have been widened where it stands.)
+inline bool has_span(const LexItem& item, Word low, Word high) {
+  return item.low == low && item.high == high;
+}
+
+/// The items that lie wholly in the span, in chart order.
 Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high);
 
 }  // namespace torvane

@@ -235,6 +235,7 @@ TEST_F(ActionTest, ComponentsWidenTheWhole) {
   EXPECT_EQ(b->high, 3);
   EXPECT_STREQ(c->role, "obj");
   EXPECT_EQ(b->components.front(), c);
+  EXPECT_FALSE(chart.eval("(exist-lexitem (int 2) (int 2))", pair)) << "it stands there no longer";
   auto reverse = Match::of_parts(&chart.analyzer, 2, 3, c, {chart.match(2, 2, b)});
   EXPECT_FALSE(chart.eval("(add-component (litem) (comp ($ 1) (litem)) (str x))", reverse));
 }

@@ -40,7 +40,7 @@ bool preceded_by_word(Match* match, Value cond) {
 LexItem* exist_lexitem(Match* match, Word low, Word high, Value cond) {
   if (!match || high < 0 || high > match->analyzer->last_position()) return nullptr;
   return first_where(match->analyzer->ending_at(static_cast<int>(high)), [&](LexItem* item) {
-    return (low < 0 || item->low == low) && Cond(cond).passes(item);
+    return has_span(*item, low < 0 ? item->low : low, high) && Cond(cond).passes(item);
   });
 }
 

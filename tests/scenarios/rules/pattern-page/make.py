@@ -1,6 +1,7 @@
 import pathlib
 import sys
 
+sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 import page
 
