@@ -6,28 +6,28 @@
 // "[...]", "[^...]", "\x" for a literal x, and literal bytes. At most nine groups.
 #pragma once
 
-#include <bitset>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace torvane {
 
-struct regexp {
-  const char* startp[10];  ///< start and end of the match (0) and of up to nine groups; null: unset
-  const char* endp[10];
-  char regstart;        ///< a byte every match must start with, 0 if unknown
-  char reganch;         ///< non-zero if anchored at the beginning
-  const char* regmust;  ///< a literal every match must contain, into `program`; may be null
-  int regmlen;
-  std::vector<char> program;  ///< a magic byte, then nodes
+struct RegexpSteps;  // the program made ready for walking
 
-  // For speed: the sets of the program as tables, and where each node's one is; the choice points
-  // of the program numbered, for the record of those that failed.
-  std::vector<std::bitset<256>> sets;
-  std::vector<std::int16_t> node_number;  ///< by offset: number of its set, or of the choice point
-  int choice_count = 0;
+struct regexp {
+  regexp();
+  ~regexp();
+
+  const char* startp[10] =
+      {};  ///< start and end of the match (0) and of up to nine groups; null: unset
+  const char* endp[10] = {};
+  char regstart = 0;  ///< a byte every match must start with, 0 if unknown
+  char reganch = 0;   ///< non-zero if anchored at the beginning
+  const char* regmust =
+      nullptr;  ///< a literal every match must contain, into `program`; may be null
+  int regmlen = 0;
+  std::vector<char> program;  ///< a magic byte, then nodes
+  std::unique_ptr<RegexpSteps> steps;
 };
 
 /// Compiles; on a fault `regerror` reports and ends the process. Never null otherwise.

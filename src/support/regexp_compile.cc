@@ -36,7 +36,7 @@ class Compiler {
     auto result = std::make_unique<regexp>();
     result->program = std::move(code_);
     optimize(*result, flags);
-    number_nodes(*result);
+    result->steps = prepare_steps(*result);
     return result;
   }
 
@@ -254,37 +254,6 @@ class Compiler {
       if (length < result.regmlen) continue;
       result.regmust = program + n + kNodeHead;
       result.regmlen = length;
-    }
-  }
-
-  // Walks the program from front to back.
-  void number_nodes(regexp& result) const {
-    const std::vector<char>& program = result.program;
-    result.node_number.resize(program.size());
-    for (std::size_t n = 1; n < program.size(); n += kNodeHead) {
-      const char* operand = program.data() + n + kNodeHead;
-      switch (program[n]) {
-        case ANYOF:
-        case ANYBUT: {
-          result.node_number[n] = static_cast<std::int16_t>(result.sets.size());
-          std::bitset<256>& table = result.sets.emplace_back();
-          for (const char* c = operand; *c; ++c) table.set(static_cast<unsigned char>(*c));
-          if (program[n] == ANYBUT) table.flip();
-          table.reset(0);  // the end of the text is no byte
-          n += std::strlen(operand) + 1;
-          break;
-        }
-        case EXACTLY:
-          n += std::strlen(operand) + 1;
-          break;
-        case BRANCH:
-        case STAR:
-        case PLUS:
-          result.node_number[n] = static_cast<std::int16_t>(result.choice_count++);
-          break;
-        default:
-          break;
-      }
     }
   }
 

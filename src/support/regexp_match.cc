@@ -10,38 +10,40 @@ using namespace regexp_program;
 
 namespace {
 
-// One walk over a text. What is still open stands on a stack of its own and not on the machine's,
-// so that the length of a text never matters to the process: ways not yet tried, and slots to be
-// put back.
+// What is still open in a walk: a BRANCH whose alternatives are to be tried; a repetition that may
+// be shorter; a slot to be put back.
+struct Open {
+  const RegexpStep* step;
+  const char* at;     // of a slot, its value
+  const char* least;  // how far back a repetition may go
+};
+
+// One walk over a text. What is open stands on a stack of its own and not on the machine's, so that
+// the length of a text never matters to the process.
 class Matcher {
  public:
   Matcher(regexp& prog, const char* text, bool line_start)
-      : prog_(prog), program_(prog.program.data()), text_(text), line_start_(line_start) {}
+      : prog_(prog), steps_(*prog.steps), text_(text), line_start_(line_start) {}
 
   bool search() {
-    std::memset(prog_.startp, 0, sizeof prog_.startp);
-    std::memset(prog_.endp, 0, sizeof prog_.endp);
+    clear_slots();
     if (prog_.regmust && !std::strstr(text_, prog_.regmust)) return false;
     bool found = find();
     // A long text leaves a large stack behind, which the next one will hardly need.
-    if (choices().capacity() > kKeptChoices) std::vector<Choice>().swap(choices());
+    if (open_.capacity() > kKept) std::vector<Open>().swap(open_);
     return found;
   }
 
  private:
-  struct Choice {
-    std::int32_t
-        node;  // a BRANCH to try; a STAR or PLUS to shorten; below 0: the slot ~node to put back
-    const char* at;
-    const char* least;  // how far back a repetition may go
-  };
-  static constexpr std::size_t kMostChoices = 8u << 20;
-  static constexpr std::size_t kKeptChoices = 1u << 14;
-  static constexpr std::size_t kMostRecorded = std::size_t{1} << 29;
+  static constexpr std::size_t kMostOpen = 8u << 20;
+  static constexpr std::size_t kKept = 1u << 14;
+  static std::vector<Open> open_;
 
-  static std::vector<Choice>& choices() {
-    static std::vector<Choice> stack;
-    return stack;
+  static unsigned char byte_at(const char* at) { return static_cast<unsigned char>(*at); }
+
+  void clear_slots() {
+    std::memset(prog_.startp, 0, sizeof prog_.startp);
+    std::memset(prog_.endp, 0, sizeof prog_.endp);
   }
 
   bool find() {
@@ -53,178 +55,153 @@ class Matcher {
       return false;
     }
     do {
-      if (match_at(s)) return true;
+      if (steps_.start[byte_at(s)] && match_at(s)) return true;
     } while (*s++ && !gave_up_);
     return false;
   }
 
-  // A failure has put back every slot that it set.
   bool match_at(const char* start) {
-    choices().clear();
-    at_ = start;
-    node_ = 1;
-    if (!run()) return false;
+    open_.clear();
+    const char* end = run(start);
+    if (!end) {
+      spend(0);
+      if (steps_.has_groups) clear_slots();
+      return false;
+    }
     prog_.startp[0] = start;
-    prog_.endp[0] = at_;
+    prog_.endp[0] = end;
     return true;
   }
 
-  bool run() {
+  // The end of the match that begins at `at`, or null.
+  const char* run(const char* at) {
+    const RegexpStep* step = steps_.first;
     while (true) {
-      if (program_[node_] == END) return true;
-      if (!step() && !go_back()) return false;
-    }
-  }
-
-  // Passes one node; false if the text does not fit it.
-  bool step() {
-    std::size_t node = node_;
-    const char* operand = program_ + node + kNodeHead;
-    auto opcode = static_cast<unsigned char>(program_[node]);
-    node_ = next_node(program_, node);
-    if (node_ == 0) regerror("corrupted pointers");
-    switch (opcode) {
-      case BOL:
-        return at_ == text_ && line_start_;
-      case EOL:
-        return *at_ == '\0';
-      case ANY:
-        return *at_++ != '\0';
-      case EXACTLY: {
-        const char* s = at_;
-        while (*operand && *operand == *s) {
-          ++operand;
-          ++s;
+      bool fits;
+      switch (step->opcode) {
+        case END:
+          return at;
+        case BOL:
+          fits = at == text_ && line_start_;
+          break;
+        case EOL:
+          fits = *at == '\0';
+          break;
+        case ANYOF:
+          while ((fits = step->set[byte_at(at++)]) && step->set_follows) ++step;
+          break;
+        case EXACTLY: {
+          const char* literal = step->literal;
+          for (; *literal && *literal == *at; ++literal) ++at;
+          fits = *literal == '\0';
+          break;
         }
-        at_ = s;
-        return *operand == '\0';
+        case OPEN:
+          fits = set_slot(*step, at);
+          break;
+        case BRANCH: {
+          const RegexpStep* alternative = choose(step, at);
+          fits = alternative != nullptr;
+          if (fits) step = alternative;
+          break;
+        }
+        case STAR:
+        case PLUS:
+          fits = enter_repeat(*step, at);
+          break;
+        default:
+          regerror("memory corruption");
       }
-      case ANYOF:
-      case ANYBUT:
-        return set_of(node).test(static_cast<unsigned char>(*at_++));
-      case NOTHING:
-      case BACK:
-        return true;
-      case BRANCH:
-        return enter_branch(node);
-      case STAR:
-      case PLUS:
-        return enter_repeat(node);
-      default:
-        if (opcode > OPEN && opcode < OPEN + kGroups) return set_slot(opcode - OPEN);
-        if (opcode > CLOSE && opcode < CLOSE + kGroups) return set_slot(kGroups + opcode - CLOSE);
-        regerror("memory corruption");
+      if (fits)
+        step = step->next;
+      else if (!go_back(step, at))
+        return nullptr;
     }
   }
 
-  const std::bitset<256>& set_of(std::size_t node) const {
-    return prog_.sets[static_cast<std::size_t>(prog_.node_number[node])];
-  }
-
-  // The slots of the starts, then those of the ends. On the way back the old value returns, so that
-  // the last repetition of a group is the one that stays.
+  // The slots of the starts, then those of the ends.
   const char*& slot(int i) { return i < kGroups ? prog_.startp[i] : prog_.endp[i - kGroups]; }
-  bool set_slot(int i) {
-    if (!push({~i, slot(i), nullptr})) return false;
-    slot(i) = at_;
+
+  // On the way back the old value returns, so that the last repetition of a group is the one that
+  // stays.
+  bool set_slot(const RegexpStep& step, const char* at) {
+    const char*& value = slot(step.number);
+    if (!open_.empty() && !push({&step, value, nullptr})) return false;
+    value = at;
     return true;
   }
 
-  bool enter_branch(std::size_t node) {
-    if (program_[node_] != BRANCH) {  // no choice
-      node_ = node + kNodeHead;
-      return true;
-    }
-    if (seen_before(node, at_)) return false;
-    if (!push({static_cast<std::int32_t>(node_), at_, nullptr})) return false;
-    node_ = node + kNodeHead;
-    return true;
+  // The first alternative, from `branch` on, that can begin here; null if there is none.
+  const RegexpStep* choose(const RegexpStep* branch, const char* at) {
+    const RegexpStep* chosen = next_alternative(branch, at);
+    ++effort_;
+    if (!chosen || (chosen->exclusive && record_.empty())) return chosen;
+    if (seen_before(*chosen, at)) return nullptr;
+    const RegexpStep* later = next_alternative(chosen->other, at);
+    if (later && !push({later, at, nullptr})) return nullptr;
+    return chosen;
+  }
+  const RegexpStep* next_alternative(const RegexpStep* branch, const char* at) const {
+    while (branch && !branch->set[byte_at(at)]) branch = branch->other;
+    return branch;
   }
 
   // Takes as many as there are; the fewer are tried on the way back.
-  bool enter_repeat(std::size_t node) {
-    const char* least = at_ + (program_[node] == PLUS ? 1 : 0);
-    const char* most;
-    if (record_.empty()) {
-      most = run_of(node + kNodeHead);
-      spend(most - at_);
+  bool enter_repeat(const RegexpStep& step, const char*& at) {
+    const char* least = step.opcode == PLUS ? at + 1 : at;
+    const char* most = at;
+    if (!record_.empty()) {
+      if (place(step, at)) return false;
+      most = unrecorded_run(step, at);
+    } else if (step.any_byte) {
+      most += std::strlen(at);
     } else {
-      if (is_recorded(node, at_)) return false;
-      most = unrecorded_run_of(node);
+      while (step.set[byte_at(most)]) ++most;
     }
-    return most >= least && settle_repeat(node, most, least);
+    spend(most - at);
+    return most >= least && settle(step, most, least, at);
   }
 
-  // Goes on behind a repetition that ends at `most` or as little before it as lets the next node
-  // fit.
-  bool settle_repeat(std::size_t node, const char* most, const char* least) {
-    std::size_t following = next_node(program_, node);
-    if (program_[following] == EXACTLY) {
-      char wanted = program_[following + kNodeHead];
-      while (*most != wanted) {
-        if (most == least) return false;
-        --most;
-      }
+  // Goes on behind a repetition that ends at `most`, or as little before it as lets what follows
+  // begin.
+  bool settle(const RegexpStep& step, const char* most, const char* least, const char*& at) {
+    while (!step.follow[byte_at(most)]) {
+      if (most == least || step.never_shorter) return false;
+      --most;
     }
-    if (most > least && !push({static_cast<std::int32_t>(node), most - 1, least})) return false;
-    at_ = most;
-    node_ = following;
+    if (most > least && !step.never_shorter && !push({&step, most - 1, least})) return false;
+    at = most;
     return true;
   }
 
-  // The end of the run of bytes that fit a simple node.
-  const char* run_of(std::size_t simple) const {
-    const char* s = at_;
-    if (program_[simple] == ANY) return s + std::strlen(s);
-    if (program_[simple] == EXACTLY) {
-      while (*s && *s == program_[simple + kNodeHead]) ++s;
-      return s;
-    }
-    const std::bitset<256>& set = set_of(simple);
-    while (set.test(static_cast<unsigned char>(*s))) ++s;
-    return s;
-  }
-
-  bool fits(std::size_t simple, char c) const {
-    if (program_[simple] == ANY) return c != '\0';
-    if (program_[simple] == EXACTLY) return c != '\0' && c == program_[simple + kNodeHead];
-    return set_of(simple).test(static_cast<unsigned char>(c));
-  }
-
-  bool push(Choice choice) {
-    std::vector<Choice>& stack = choices();
-    if (stack.size() >= kMostChoices) {
+  bool push(Open open) {
+    if (open_.size() >= kMostOpen) {
       if (!gave_up_) std::cerr << "regexp: the text is too long to be matched\n";
       gave_up_ = true;
       return false;
     }
-    stack.push_back(choice);
+    open_.push_back(open);
     return true;
   }
 
   // Takes up the latest way that is still open.
-  bool go_back() {
-    std::vector<Choice>& stack = choices();
-    spend(1);
-    while (!stack.empty() && !gave_up_) {
-      Choice choice = stack.back();
-      stack.pop_back();
-      if (choice.node < 0) {
-        slot(~choice.node) = choice.at;
+  bool go_back(const RegexpStep*& step, const char*& at) {
+    while (!open_.empty() && !gave_up_) {
+      Open open = open_.back();
+      open_.pop_back();
+      if (open.step->opcode == OPEN) {
+        slot(open.step->number) = open.at;
         continue;
       }
-      auto node = static_cast<std::size_t>(choice.node);
-      if (program_[node] != BRANCH) {
-        if (settle_repeat(node, choice.at, choice.least)) return true;
-        continue;
-      }
-      // The alternatives behind this one go back on the stack.
-      at_ = choice.at;
-      std::size_t following = next_node(program_, node);
-      if (following && program_[following] == BRANCH &&
-          !push({static_cast<std::int32_t>(following), at_, nullptr}))
-        return false;
-      node_ = node + kNodeHead;
+      spend(1);
+      step = open.step;
+      at = open.at;
+      if (step->opcode == BRANCH)
+        step = choose(step, at);
+      else if (!settle(*step, open.at, open.least, at))
+        step = nullptr;
+      if (!step) continue;
+      step = step->next;
       return true;
     }
     return false;
@@ -234,46 +211,48 @@ class Matcher {
   // has cost much, each choice point is walked at most once at each place of the text: what was
   // there before has failed, or else is still open further down the stack.
   static constexpr std::ptrdiff_t kEffortBeforeRecord = 100000;
+  static constexpr std::size_t kMostRecorded = std::size_t{1} << 29;
   void spend(std::ptrdiff_t effort) {
     effort_ += effort;
-    if (effort_ < kEffortBeforeRecord || places_ > 0) return;
+    if (effort_ >= kEffortBeforeRecord && places_ == 0) [[unlikely]]
+      start_record();
+  }
+  void start_record() {
     places_ = std::strlen(text_) + 1;
-    std::size_t bits = places_ * static_cast<std::size_t>(prog_.choice_count);
+    std::size_t bits = places_ * static_cast<std::size_t>(steps_.choice_count);
     if (bits <= kMostRecorded) record_.assign(bits, false);
   }
-  std::vector<bool>::reference place(std::size_t node, const char* at) {
-    auto number = static_cast<std::size_t>(prog_.node_number[node]);
-    return record_[number * places_ + static_cast<std::size_t>(at - text_)];
+  std::vector<bool>::reference place(const RegexpStep& step, const char* at) {
+    return record_[static_cast<std::size_t>(step.number) * places_ +
+                   static_cast<std::size_t>(at - text_)];
   }
-  bool is_recorded(std::size_t node, const char* at) { return place(node, at); }
-  bool seen_before(std::size_t node, const char* at) {
+  bool seen_before(const RegexpStep& step, const char* at) {
     if (record_.empty()) return false;
-    if (is_recorded(node, at)) return true;
-    place(node, at) = true;
+    if (place(step, at)) return true;
+    place(step, at) = true;
     return false;
   }
   // Wherever in a run a repetition begins, it can go on only where one from the run's front can. So
   // a run is recorded as a whole, and ends where an earlier one began.
-  const char* unrecorded_run_of(std::size_t node) {
-    const char* s = at_;
-    for (; !is_recorded(node, s); ++s) {
-      place(node, s) = true;
-      if (!fits(node + kNodeHead, *s)) break;
+  const char* unrecorded_run(const RegexpStep& step, const char* at) {
+    for (; !place(step, at); ++at) {
+      place(step, at) = true;
+      if (!step.set[byte_at(at)]) break;
     }
-    return s;
+    return at;
   }
 
   regexp& prog_;
-  const char* program_;
+  const RegexpSteps& steps_;
   const char* text_;
   bool line_start_;
-  const char* at_ = nullptr;
-  std::size_t node_ = 0;
   bool gave_up_ = false;
-  std::ptrdiff_t effort_ = 0;
+  std::ptrdiff_t effort_ = 0;  // about how many nodes were walked
   std::size_t places_ = 0;
   std::vector<bool> record_;
 };
+
+std::vector<Open> Matcher::open_;
 
 }  // namespace
 

@@ -3,11 +3,18 @@
 // follows it in sequence (0 for none; of a BACK node, backwards), and its operand.
 #pragma once
 
+#include <bitset>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
 
 #include "support/big_endian.h"
+#include "support/regexp.h"
 
-namespace torvane::regexp_program {
+namespace torvane {
+
+namespace regexp_program {
 
 inline constexpr char kMagic = static_cast<char>(0234);
 inline constexpr int kGroups = 10;  // the whole match and nine groups
@@ -37,4 +44,37 @@ inline std::size_t next_node(const char* program, std::size_t node) {
   return program[node] == BACK ? node - distance : node + distance;
 }
 
-}  // namespace torvane::regexp_program
+}  // namespace regexp_program
+
+/// Bytes that may stand at a place of the text; the zero byte stands for its end.
+using ByteSet = std::bitset<256>;
+
+/// A node as the matcher walks it: without the nodes that only lead on, with its targets found, and
+/// with what a look at the next byte can decide.
+struct RegexpStep {
+  /// An opcode; ANYOF stands for all that is one byte wide, OPEN for setting any slot.
+  unsigned char opcode = regexp_program::END;
+  bool set_follows = false;  ///< the step behind this ANYOF stands next in the row, and is one too
+  bool any_byte = false;     ///< a repetition of ANY
+  bool exclusive = false;    ///< a BRANCH that shares no byte with those behind it
+  /// A repetition of bytes of which none can begin what follows: to end it sooner is of no use.
+  bool never_shorter = false;
+  std::int32_t number = 0;  ///< of a slot (the starts, then the ends), or of a choice point
+  const RegexpStep* next = nullptr;   ///< the step behind; of BRANCH, where its alternative begins
+  const RegexpStep* other = nullptr;  ///< the next BRANCH to choose from, or null
+  const char* literal = nullptr;
+  ByteSet set;     ///< the bytes of ANYOF or of a repetition; those that may begin an alternative
+  ByteSet follow;  ///< those that may stand behind a repetition
+};
+
+struct RegexpSteps {
+  std::vector<RegexpStep> row;
+  const RegexpStep* first = nullptr;
+  ByteSet start;  ///< the bytes with which a match may begin
+  int choice_count = 0;
+  bool has_groups = false;
+};
+
+std::unique_ptr<RegexpSteps> prepare_steps(const regexp& compiled);
+
+}  // namespace torvane

@@ -125,7 +125,7 @@ TEST(Regexp, EndsOnWhatInvitesToGoOnForEver) {
   EXPECT_EQ(match("a*[bc]", long_text), "");
   EXPECT_EQ(match(".*.*.*[bc]", long_text), "");
   testing::internal::CaptureStderr();
-  EXPECT_EQ(match("((a)|b)*[cd]", std::string(3000000, 'a')), "");
+  EXPECT_EQ(match("((a)|b)*[ac]", std::string(3000000, 'a')), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "regexp: the text is too long to be matched\n");
 }
 
