@@ -73,8 +73,8 @@ class GCate {
   std::string _short_name;        ///< up to the first "_"
   Slist<PItem*> _ready;           ///< items waiting to be sent upward
   std::vector<Link*> _out_links;  ///< as child, ascending by weight, then order of definition
-  std::vector<std::vector<Link*>>
-      _positions;  ///< incoming; the extra last row holds subclass links
+  /// Incoming links, by position; the extra last row holds those of subclasses.
+  std::vector<std::vector<Link*>> _positions;
   int _n_positions = 1;
   /// The chart: [word index][position]; the row of a word index is empty until it is first used.
   std::vector<std::vector<Slist<PItem*>>> _items;

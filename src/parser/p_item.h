@@ -21,10 +21,10 @@ struct PItem {
   std::int16_t _high = 0;  ///< last word; an empty item has _high = _low - 1
   Ref<AttVec> _atts;       ///< never null, of the parser's type, of this item alone
   PItem* _next = nullptr;  ///< next alternative with the same signature
-  PItem* _head_child =
-      nullptr;  ///< what this one was projected or extended from; null for a lexical item
-  PItem* _modifier =
-      nullptr;            ///< merged at this step; null for a pure projection and a lexical item
+  /// What this one was projected or extended from; null for a lexical item.
+  PItem* _head_child = nullptr;
+  /// Merged at this step; null for a pure projection and a lexical item.
+  PItem* _modifier = nullptr;
   Link* _link = nullptr;  ///< made the item; null for a lexical item
   float _weight = 0;      ///< accumulated
   /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node

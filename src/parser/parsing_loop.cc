@@ -172,13 +172,13 @@ void GCate::attach_right(PItem* modifier, Link* link) {
 int GCate::add_item(PItem* item, int position) {
   if (position < 0 || item->_high < 0) return 0;
   const SyntaxAtts& syn = syntax_atts();
-  const AttVecList* args = _is_subcat ? list_of(*item->_atts, syn.args) : nullptr;
   bool ready = true;
   int lower = position;
   int upper = position;
-  if (args) {
+  if (_is_subcat && has_att(*item->_atts, syn.args)) {
+    const AttVecList* args = list_of(*item->_atts, syn.args);
     for (int i = position; ready && i <= _n_positions - 2; ++i) {
-      const AttVec* arg = args->at(i);
+      const AttVec* arg = args ? args->at(i) : nullptr;
       ready = !arg || is_true(*arg, syn.opt);
     }
   } else {

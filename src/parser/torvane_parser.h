@@ -45,8 +45,8 @@ class TorvaneParser {
   std::unique_ptr<AttSet> _show;  ///< null shows all
   AttSet _percolating;
   std::vector<RootRule> _roots;
-  std::vector<std::pair<int, int>>
-      _spans;  ///< by word: leftmost start, rightmost end of a merge over it
+  /// By word: leftmost start, rightmost end of a merge over it.
+  std::vector<std::pair<int, int>> _spans;
   std::vector<std::unique_ptr<PItem>> _pool;
   int _pool_free = 0;
   ExpPtr _word_weight;
