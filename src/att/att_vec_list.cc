@@ -23,31 +23,48 @@ constexpr TypeTag vec_tag() {
   return tag;
 }
 
-// Emptied lists and chains wait with their room; a long one is let go.
-constexpr int kMostRoom = 64;
+// Emptied lists and chains wait with their room, so much of it in all.
 constexpr int kMostWaiting = 10000;
+constexpr int kMostRoom = 400000;
 
 template <class T>
-Array<T*>& waiting() {
-  static auto& objects = *new Array<T*>;
+struct Waiting {
+  Array<T*> objects;
+  int room = 0;
+};
+template <class T>
+Waiting<T>& waiting() {
+  static auto& objects = *new Waiting<T>;
   return objects;
 }
 
 template <class T>
-Ref<T> take() {
-  Array<T*>& objects = waiting<T>();
-  if (objects.empty()) return Ref<T>(new T);
-  T* object = objects.back();
-  objects.pop_back();
+Ref<T> take(int (*room)(const T&)) {
+  Waiting<T>& pool = waiting<T>();
+  if (pool.objects.empty()) return Ref<T>(new T);
+  T* object = pool.objects.back();
+  pool.objects.pop_back();
+  pool.room -= room(*object);
   return Ref<T>(object);
 }
 
 template <class T>
 void give(T* object, int room) {
-  if (!BlockPool::recycles() || room > kMostRoom || waiting<T>().count() >= kMostWaiting)
+  Waiting<T>& pool = waiting<T>();
+  if (!BlockPool::recycles() || pool.objects.count() >= kMostWaiting ||
+      room > kMostRoom - pool.room) {
     delete object;
-  else
-    waiting<T>().append(object);
+    return;
+  }
+  pool.room += room;
+  pool.objects.append(object);
+}
+
+int room_of(const AttVecList& list) {
+  return list.vecs.capacity();
+}
+int room_of(const TraceChain& chain) {
+  return chain.records.capacity();
 }
 
 }  // namespace
@@ -66,21 +83,21 @@ AttVec* AttVecList::own(int i) {
 }
 
 Ref<AttVecList> AttVecList::make() {
-  return take<AttVecList>();
+  return take<AttVecList>(room_of);
 }
 
 void AttVecList::destroy(AttVecList* list) {
   list->vecs.clear();
-  give(list, list->vecs.capacity());
+  give(list, room_of(*list));
 }
 
 Ref<TraceChain> TraceChain::make() {
-  return take<TraceChain>();
+  return take<TraceChain>(room_of);
 }
 
 void TraceChain::destroy(TraceChain* chain) {
   chain->records.clear();
-  give(chain, chain->records.capacity());
+  give(chain, room_of(*chain));
 }
 
 const char* intern_string(const char* text) {

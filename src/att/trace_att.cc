@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iostream>
 
 #include "att/nested_atts.h"
@@ -15,7 +16,10 @@ int TraceAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
   if (!store) return 1;
   Ref<TraceChain> added(object(value));
   TraceChain* chain = vec->own_trace(at);
-  for (const TraceRecord& record : added->records) chain->records.insert_at(0, record);
+  // Pushed on the front one by one, they stand in reverse.
+  const int n = added->records.count();
+  for (int i = n; i-- > 0;) chain->records.append(added->records[i]);
+  std::rotate(chain->records.begin(), chain->records.end() - n, chain->records.end());
   return 1;
 }
 
