@@ -3,6 +3,7 @@
 // number of buckets.
 #pragma once
 
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <vector>
@@ -21,6 +22,7 @@ class NameTable {
     const char* key;  ///< owned by the table
     V value;
     const char* text;  ///< owned by the table, may be null
+    std::uint32_t hash;
   };
   using Compare = int (*)(const char*, const char*);
 
@@ -32,8 +34,11 @@ class NameTable {
 
   /// The entry of a key, or null; a null key has none.
   Entry* find(const char* key) const {
-    Entry** link;
-    return key ? search(key, link) : nullptr;
+    if (!key) return nullptr;
+    std::uint32_t hash = string_hash(key);
+    for (Entry* entry = buckets_[bucket_of(hash)]; entry; entry = entry->next)
+      if (entry->hash == hash && compare_(entry->key, key) == 0) return entry;
+    return nullptr;
   }
   /// Adds a key, with copies of key and text. An existing key is reported ("Duplicate definition of
   /// ") and its entry given unchanged, with `*added` false.
@@ -80,8 +85,12 @@ class NameTable {
   }
 
  private:
-  Entry* search(const char* key, Entry**& link) const {
-    link = const_cast<Entry**>(&buckets_[string_hash(key) % buckets_.size()]);
+  std::uint32_t bucket_of(std::uint32_t hash) const {
+    return hash % static_cast<std::uint32_t>(buckets_.size());
+  }
+  /// The entry of a key, or null; `link` is where a new one belongs in its chain.
+  Entry* search(const char* key, Entry**& link) {
+    link = &buckets_[bucket_of(string_hash(key))];
     for (; *link; link = &(*link)->next) {
       int order = compare_((*link)->key, key);
       if (order == 0) return *link;
@@ -91,7 +100,8 @@ class NameTable {
   }
   Entry* link_new(Entry** link, const char* key, V value, const char* text) {
     ++count_;
-    return *link = new Entry{*link, names_->copy(key), std::move(value), names_->copy(text)};
+    return *link = new Entry{*link, names_->copy(key), std::move(value), names_->copy(text),
+                             string_hash(key)};
   }
 
   std::unique_ptr<StrBufs> names_ = std::make_unique<StrBufs>(4096);
