@@ -41,7 +41,7 @@
 (def-category C (visible-atts (move wh marked)))      ; that she reads, what she reads
 (def-category SubC)                                   ; when she reads
 (def-category RelS)                                   ; who reads
-(def-category RelO (visible-atts (move)))             ; that she reads __
+(def-category RelO (visible-atts (move marked)))             ; that she reads __
 (def-category RelA)                                   ; where she reads
 
 ; What may stand between a verb and its argument: he told me yesterday that ... The parser knows this node

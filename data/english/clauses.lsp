@@ -1,5 +1,7 @@
 ; Clauses.
 
+(defun mark () (pitem-attvec (modify (+marked))))
+
 ; Tom, ...
 (defun called ()
   (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
@@ -81,10 +83,8 @@
   (:head (I)))
 
 ; that she reads, where she reads, what she reads
-(defun mark () (pitem-attvec (modify (+marked))))
-
 (def-modifiers C
-  (? (Comp (dep-type mark) (merged-cond (mark)))
+  (? (Comp (dep-type mark) (merged-cond (and (mark) (pitem-add-weight -0.5))))
      (N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap))
         (merged-cond (mark)))
      (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
@@ -110,8 +110,9 @@
 
 ; ... (that) she reads __ ...
 (def-modifiers RelO
-  (? (RelPro (dep-type rel) (check-slash np) (merged-cond (pitem-add-weight -1)))
-     (N (dep-type rel) (percolate ()) (check-slash np) (modifier-cond (pitem-attvec (contain (+rel))))))
+  (? (RelPro (dep-type rel) (check-slash np) (merged-cond (and (mark) (pitem-add-weight -1))))
+     (N (dep-type rel) (percolate ()) (check-slash np) (modifier-cond (pitem-attvec (contain (+rel))))
+        (merged-cond (mark))))
   (:head (S (percolate (move)) (head-cond (and (with-gap) (pitem-add-weight 1))))))
 
 ; ... where she reads, in which she reads.

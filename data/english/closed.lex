@@ -241,7 +241,7 @@
 (across (avm (prep (pform across) +verbal)) (avm (adv +rare)))
 (along (avm (prep (pform along) +verbal)) (avm (adv +rare)))
 (around (avm (prep (pform around))) (avm (adv +rare)) (avm (adv +deg +rare)))
-(round (avm (prep (pform round))) (avm (adj)) (avm (adv +rare)))
+(round (avm (prep (pform round) +rare)) (avm (adj)) (avm (adv +rare)))
 (through (avm (prep (pform through) +verbal)) (avm (adv +rare)))
 (throughout (avm (prep (pform throughout) +verbal)))
 (past (avm (prep (pform past) +verbal)) (avm (adj)) (avm (noun)))

@@ -3,7 +3,7 @@
 
 (def-modifiers Det
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh)))
-     (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (a the every no)))) 
+     (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (a the every no))))
           (modifiee-cond (pitem-attvec (contain (+few))))))
   (:head))
 
@@ -35,24 +35,24 @@
   (:head (NB)
          (Pro)
          ; the rich, the same: an adjective that has a determiner (see `determined`)
-         (A (head-cond (and (pitem-attvec (modify (-pro +part))) (pitem-add-weight 3))))
-         (Num (head-cond (pitem-attvec (modify (+pro +part)))))
-         (Det (head-cond (and (pitem-attvec (contain (+alone)))
-                              (pitem-attvec (modify (+pro +part))))))))
+         (A (head-cond (and (pitem-attvec (modify (-pro +part))) (pitem-add-weight 5))))
+         ; two of them, some of them: dearer than two books, some books
+         (Num (head-cond (and (pitem-attvec (modify (+pro +part))) (pitem-add-weight 1.5))))
+         (Det (head-cond (and (pitem-attvec (contain (+alone))) (pitem-attvec (modify (+pro +part)))
+                              (pitem-add-weight 1.5))))))
 
 ; A singular that wants a determiner and has none is possible (by car, go to school), but dear.
 (defun determined ()
-  (if (pitem-attvec (and (contain (-pro)) (not (defined (spec)))))
-      (nil)
-  (if (pitem-attvec (and (contain (+count)) (unifiable ((agr s3))) (not (defined (spec)))))
-      (pitem-add-weight 3)
-      (t))))
+  (cond ((pitem-attvec (defined (spec))) (t))
+        ((pitem-attvec (contain (-pro))) (nil))
+        ((pitem-attvec (and (contain (+count)) (unifiable ((agr s3))))) (pitem-add-weight 3))
+        ((t) (t))))
 
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
 (defun noun-or-verb ()
   (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (t))
         ((pitem-attvec (contain (+part))) (pitem-add-weight 3))
-        ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2))
+        ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2.5))
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
         ((t) (t))))
 
@@ -65,7 +65,9 @@
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
-     (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifiee-cond (relatable)))
+     (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
+     (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (not (marked)))
+           (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
      (RelA (dep-type rel) (dep-weight 1.5))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
