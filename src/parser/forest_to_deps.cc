@@ -21,6 +21,7 @@ namespace torvane {
 namespace {
 
 DepthLimit tree_depth{"The dependency tree is too deep"};
+constexpr int kMostTrees = 4 * TorvaneParser::kPoolLimit;
 
 class TreeBuilder {
  public:
@@ -72,10 +73,11 @@ class TreeBuilder {
     return head;
   }
 
-  // Empty items can be shared without end; a tree of them cannot be written out.
+  // Empty items and the components of lexical items can be shared over and over; a tree of them may
+  // be far larger than what it is made from.
   bool has_room() {
-    if (++trees_ == TorvaneParser::kPoolLimit) std::cerr << "The dependency tree is too large\n";
-    return trees_ < TorvaneParser::kPoolLimit;
+    if (++trees_ == kMostTrees) std::cerr << "The dependency tree is too large\n";
+    return trees_ < kMostTrees;
   }
 
   DepTree* make_subtree(const Derivation& entry) {
@@ -245,7 +247,8 @@ class TreeBuilder {
     trace->_low = static_cast<std::int16_t>(node._high + 1);
     trace->_high = node._high;
     trace->set_rel(role);
-    trace->set_root_word(antecedent.root_word());
+    const char* root = antecedent.root_word();
+    trace->set_root_word(root && *root ? root : "~");
     trace->antecedent = &antecedent;
     antecedent.label();
     trace->label();

@@ -22,6 +22,12 @@ Words take_words(IRSlist* form) {
   return words;
 }
 
+/// The parser, if it can take a sentence now.
+TorvaneParser* open_parser() {
+  TorvaneParser* parser = current_parser();
+  return parser && !refuse_while_parsing("parse", parser->_lex) ? parser : nullptr;
+}
+
 void parse_and_time(TorvaneParser& parser, const Words& words) {
   if (!parser.feed_words(words)) return;
   std::cout << ";; length: " << parser._lex->last_position() << '\n';
@@ -36,7 +42,7 @@ void parse_and_time(TorvaneParser& parser, const Words& words) {
 }
 
 Value parse(IRSlist* form) {
-  if (TorvaneParser* parser = current_parser()) parse_and_time(*parser, take_words(form));
+  if (TorvaneParser* parser = open_parser()) parse_and_time(*parser, take_words(form));
   return Value();
 }
 
@@ -45,7 +51,7 @@ void print_result(const TorvaneParser& parser, const SentenceTree& tree) {
 }
 
 Value parse_words_plainly(IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   SentenceTree tree;
   parse_words(take_words(form), tree);
@@ -54,7 +60,7 @@ Value parse_words_plainly(IRSlist* form) {
 }
 
 Value parse_text(IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   SentenceTree tree;
   parse_sentence(form->get_str_val(), tree);
@@ -64,7 +70,7 @@ Value parse_text(IRSlist* form) {
 
 // The block is the argument list itself, or the one list in it.
 Value reparse(IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   const IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
   Deps deps;
