@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "support/sanitizer.h"
+
 namespace torvane {
 
 class BlockPool {
@@ -41,7 +43,7 @@ class BlockPool {
     Block* next;
   };
   static constexpr std::size_t kSizes = 128;
-  static const bool kRecycles;
+  static constexpr bool kRecycles = !kAddressSanitizer;
 
   static void* take_fresh(std::size_t words);
   static void free_fresh(void* block);

@@ -4,24 +4,14 @@
 
 #include <iostream>
 
+#include "support/sanitizer.h"
+
 namespace torvane {
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TORVANE_FAT_FRAMES 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TORVANE_FAT_FRAMES 1
-#endif
-#endif
-
 // What must be left for the calls between two guards and for the way out.
-#ifdef TORVANE_FAT_FRAMES
-constexpr std::size_t kReserve = 3 * 1024 * 1024;
-#else
-constexpr std::size_t kReserve = 2 * 1024 * 1024;
-#endif
+constexpr std::size_t kReserve = (kAddressSanitizer ? 3 : 2) * 1024 * 1024;
 
 thread_local char* lowest_address = nullptr;
 

@@ -4,15 +4,46 @@
 #include <new>
 
 #include "support/big_endian.h"
+#include "support/sanitizer.h"
 #include "support/text.h"
 
 namespace torvane {
-
 struct StrBufs::Chunk {
   Chunk* next;
   std::size_t size;
   char* bytes() { return reinterpret_cast<char*>(this + 1); }
+  static Chunk* make(std::size_t size);
+  static void drop(Chunk* chunk);
+
+  // Chunks of the usual size wait for the next stage, so that a sentence's texts do not reach the
+  // allocator each time.
+  static constexpr std::size_t kUsualSize = 4096;
+  static constexpr int kMostSpare = 256;
+  static inline Chunk* spare = nullptr;
+  static inline int spare_count = 0;
 };
+
+StrBufs::Chunk* StrBufs::Chunk::make(std::size_t size) {
+  Chunk* chunk = spare;
+  if (size == kUsualSize && chunk) {
+    spare = chunk->next;
+    --spare_count;
+  } else {
+    chunk = static_cast<Chunk*>(::operator new(sizeof(Chunk) + size));
+    chunk->size = size;
+  }
+  return chunk;
+}
+
+void StrBufs::Chunk::drop(Chunk* chunk) {
+  if (!kAddressSanitizer && chunk->size == kUsualSize && spare_count < kMostSpare) {
+    chunk->next = spare;
+    spare = chunk;
+    ++spare_count;
+  } else {
+    ::operator delete(chunk);
+  }
+}
 
 StrBufs::StrBufs(int chunk_size)
     : chunk_size_(chunk_size < 16 ? 16 : static_cast<std::size_t>(chunk_size)) {}
@@ -20,7 +51,7 @@ StrBufs::StrBufs(int chunk_size)
 StrBufs::~StrBufs() {
   while (Chunk* chunk = chunks_) {
     chunks_ = chunk->next;
-    ::operator delete(chunk);
+    Chunk::drop(chunk);
   }
 }
 
@@ -34,14 +65,13 @@ void StrBufs::grow(std::size_t extra) {
   } else if (length + extra >= size) {
     size += extra + (length > size ? length - size : 0);
   }
-  auto* fresh = static_cast<Chunk*>(::operator new(sizeof(Chunk) + size));
+  Chunk* fresh = Chunk::make(size);
   fresh->next = chunks_;
-  fresh->size = size;
   if (length > 0) std::memcpy(fresh->bytes(), start_, length);
   if (whole_chunk) {
     // The object was all that the old chunk held.
     fresh->next = chunks_->next;
-    ::operator delete(chunks_);
+    Chunk::drop(chunks_);
   }
   chunks_ = fresh;
   chunk_size_ = size;
@@ -138,7 +168,7 @@ void StrBufs::reset() {
   while (chunks_->next) {
     Chunk* chunk = chunks_;
     chunks_ = chunk->next;
-    ::operator delete(chunk);
+    Chunk::drop(chunk);
   }
   chunk_size_ = chunks_->size;
   start_ = next_ = chunks_->bytes();
