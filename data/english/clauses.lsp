@@ -26,7 +26,7 @@
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
   (:head (VG (head-cond (finite))))
   ; "I am tired," he said. "So am I," said she.
-  (? :skip-word (in ("," ":"))
+  (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
      (S (dep-type report) (percolate ()) (dep-weight 6)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
@@ -54,7 +54,8 @@
   ((Aux (dep-type aux) (percolate (vform)) (modifier-cond (pitem-attvec (contain ((own fin)))))))
   (? (Neg (dep-type neg)))
   ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
-  (:head (VG (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base en ing pass prd))))))))
+  (:head (VG (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base en ing pass prd)))))))
+  (? :skip-word (in ("?")) (Rep (dep-type report) (dep-weight 2))))
 
 ; read!
 (def-modifiers Imp
@@ -67,7 +68,8 @@
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
   (? (Neg (dep-type neg)))
-  (:head (VG (head-cond (pitem-attvec (unify ((vform base))))))))
+  (:head (VG (head-cond (pitem-attvec (unify ((vform base)))))))
+  (? :skip-word (in ("," "!")) (Rep (dep-type report) (dep-weight 2))))
 
 ; to read, for her to read
 (def-modifiers I
