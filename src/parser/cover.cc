@@ -13,13 +13,13 @@ std::vector<CoverWord>& Cover::start(int word_slots) {
 
 void Cover::offer(TNode* node, int low, int high, float cost) {
   if (low >= 1 && low <= high && high < static_cast<int>(words_.size()))
-    offers_.push_back({node, low, high, cost});
+    offers_.push_back({node, low, high, cost, offers_.size()});
 }
 
 void Cover::keep_best_offers() {
-  auto key = [](const Offer& o) { return std::tie(o.low, o.high, o.cost); };
-  std::stable_sort(offers_.begin(), offers_.end(),
-                   [&](const Offer& a, const Offer& b) { return key(a) < key(b); });
+  auto key = [](const Offer& o) { return std::tie(o.low, o.high, o.cost, o.number); };
+  std::sort(offers_.begin(), offers_.end(),
+            [&](const Offer& a, const Offer& b) { return key(a) < key(b); });
   auto same_span = [](const Offer& a, const Offer& b) {
     return a.low == b.low && a.high == b.high;
   };
@@ -41,14 +41,19 @@ float Cover::join_cost(int last) const {
   return cheap ? kJoinAtPunctuation : kJoin;
 }
 
-std::vector<TNode*> Cover::choose() {
+const std::vector<TNode*>& Cover::choose() {
+  chosen_.clear();
   keep_best_offers();
   int end = end_of_cover();
-  if (end < 2) return {};
-  return end <= kMostTableWords ? choose_by_table(end) : choose_by_chain(end);
+  if (end > kMostTableWords) {
+    choose_by_chain(end);
+  } else if (end >= 2) {
+    choose_by_table(end);
+  }
+  return chosen_;
 }
 
-std::vector<TNode*> Cover::choose_by_table(int end) {
+void Cover::choose_by_table(int end) {
   cells_.assign(cell_count(end), Cell());
   for (const Offer& offer : offers_)
     if (offer.high < end) cells_[cell_index(offer.low, offer.high)] = {offer.node, offer.cost, 0};
@@ -58,20 +63,18 @@ std::vector<TNode*> Cover::choose_by_table(int end) {
   for (int length = 1; length <= end - 2; ++length)
     for (int low = 1; low + length < end; ++low) fill_cell(low, low + length);
 
-  std::vector<TNode*> chosen;
-  std::vector<std::pair<int, int>> spans{{1, end - 1}};
-  while (!spans.empty()) {
-    auto [low, high] = spans.back();
-    spans.pop_back();
+  spans_.assign(1, {1, end - 1});
+  while (!spans_.empty()) {
+    auto [low, high] = spans_.back();
+    spans_.pop_back();
     const Cell& cell = cells_[cell_index(low, high)];
     if (cell.node) {
-      chosen.push_back(cell.node);
+      chosen_.push_back(cell.node);
     } else if (cell.split > 0) {
-      spans.push_back({cell.split + 1, high});
-      spans.push_back({low, cell.split});
+      spans_.push_back({cell.split + 1, high});
+      spans_.push_back({low, cell.split});
     }
   }
-  return chosen;
 }
 
 // A tree is not compared with a split: a cell that has one keeps it.
@@ -90,15 +93,13 @@ void Cover::fill_cell(int low, int high) {
 
 // From right to left: what remains from each word on is a tree, or the best first part and the
 // rest.
-std::vector<TNode*> Cover::choose_by_chain(int end) {
+void Cover::choose_by_chain(int end) {
   cells_.assign(static_cast<std::size_t>(end) + 1, Cell());
   std::size_t next_offer = offers_.size();
   for (int low = end - 1; low >= 1; --low)
     cells_[static_cast<std::size_t>(low)] = chain_cell(low, end, next_offer);
-  std::vector<TNode*> chosen;
   for (int low = 1; low < end; low = cells_[static_cast<std::size_t>(low)].split + 1)
-    if (TNode* node = cells_[static_cast<std::size_t>(low)].node) chosen.push_back(node);
-  return chosen;
+    if (TNode* node = cells_[static_cast<std::size_t>(low)].node) chosen_.push_back(node);
 }
 
 Cover::Cell Cover::chain_cell(int low, int end, std::size_t& next_offer) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace torvane {
@@ -27,8 +28,8 @@ class Cover {
   std::vector<CoverWord>& start(int word_slots);
   /// Offers a tree for its span. The cheapest one stays; of equals, the earliest.
   void offer(TNode* node, int low, int high, float cost);
-  /// The chosen trees, from left to right.
-  std::vector<TNode*> choose();
+  /// The chosen trees, from left to right; valid until the next call.
+  const std::vector<TNode*>& choose();
 
   static std::size_t cell_index(int low, int high) {
     return static_cast<std::size_t>((high + 3) * high / 2 - low);
@@ -42,6 +43,7 @@ class Cover {
     TNode* node;
     int low, high;
     float cost;
+    std::size_t number;  // in order of arrival
   };
   struct Cell {
     TNode* node = nullptr;
@@ -52,14 +54,16 @@ class Cover {
   void keep_best_offers();
   int end_of_cover() const;
   float join_cost(int last) const;
-  std::vector<TNode*> choose_by_table(int end);
+  void choose_by_table(int end);
   void fill_cell(int low, int high);
-  std::vector<TNode*> choose_by_chain(int end);
+  void choose_by_chain(int end);
   Cell chain_cell(int low, int end, std::size_t& next_offer) const;
 
   std::vector<CoverWord> words_;
   std::vector<Offer> offers_;
   std::vector<Cell> cells_;
+  std::vector<std::pair<int, int>> spans_;
+  std::vector<TNode*> chosen_;
 };
 
 }  // namespace torvane

@@ -23,19 +23,22 @@ namespace {
 DepthLimit tree_depth{"The dependency tree is too deep"};
 constexpr int kMostTrees = 4 * TorvaneParser::kPoolLimit;
 
+/// Used again for each sentence, with the room that it has.
 class TreeBuilder {
  public:
-  TreeBuilder(TorvaneParser& parser, Deps& deps) : parser_(parser), deps_(deps) {}
-
-  void build(const Slist<TNode*>& roots) {
+  void build(const Slist<TNode*>& roots, Deps& deps) {
+    deps_ = &deps;
+    trees_ = 0;
+    gaps_.clear();
+    words_.clear();
     DepTree* top = nullptr;
-    if (!roots.empty() && roots.head() != roots.tail()) top = deps_.new_node();
+    if (!roots.empty() && roots.head() != roots.tail()) top = deps.new_node();
     for (TNode* root : roots) {
       DepTree* tree = make_tree(*root);
       if (top && tree) top->add_child(tree);
       if (!top) top = tree;
     }
-    deps_.set_root(top);
+    deps.set_root(top);
     if (!gaps_.empty()) add_traces();
   }
 
@@ -109,7 +112,7 @@ class TreeBuilder {
   }
 
   DepTree* make_empty(const PItem& item) {
-    DepTree* node = deps_.new_node();
+    DepTree* node = deps_->new_node();
     node->_low = item._low;
     node->_high = static_cast<std::int16_t>(item._low - 1);
     node->label();
@@ -123,7 +126,7 @@ class TreeBuilder {
 
   DepTree* make_word(const PItem& item) {
     if (const LexItem* lexitem = lexitem_of(item)) return make_lexical(*lexitem, item);
-    DepTree* node = deps_.new_node();
+    DepTree* node = deps_->new_node();
     node->_low = item._low;
     node->_high = item._high;
     if (item._low <= item._high) node->_pos = item._low;
@@ -149,6 +152,7 @@ class TreeBuilder {
     int low = lexitem.low;
     int high = lexitem.high;
     while (high > low && is_comma(high)) --high;
+    if (lexitem.components.empty() && low == high) return make_head(lexitem, item, low, high);
 
     std::vector<DepTree*> parts;
     std::vector<bool> covered(static_cast<std::size_t>(std::max(high - low + 1, 0)));
@@ -169,8 +173,11 @@ class TreeBuilder {
         parts.push_back(node);
       }
     }
-    if (!head) head = make_head(lexitem, item, low, high);
-    words_.push_back({head, &lexitem});
+    if (head) {
+      words_.push_back({head, &lexitem});
+    } else {
+      head = make_head(lexitem, item, low, high);
+    }
     cover(head->_pos, head->_pos);
     for (DepTree* part : parts) head->add_child(part);
     for (int i = low; i <= high; ++i)
@@ -179,7 +186,7 @@ class TreeBuilder {
   }
 
   DepTree* make_head(const LexItem& lexitem, const PItem& item, int low, int high) {
-    DepTree* node = deps_.new_node();
+    DepTree* node = deps_->new_node();
     node->_low = static_cast<std::int16_t>(low);
     node->_high = static_cast<std::int16_t>(high);
     node->_pos = lexitem.head;
@@ -192,11 +199,12 @@ class TreeBuilder {
       node->set_root_word(words_joined(low, high).c_str());
     }
     if (const AttVec* vec = lexitem.vec()) unite(*node, *vec);
+    words_.push_back({node, &lexitem});
     return node;
   }
 
   DepTree* make_leaf(int word) {
-    DepTree* node = deps_.new_node();
+    DepTree* node = deps_->new_node();
     node->_low = node->_high = node->_pos = static_cast<std::int16_t>(word);
     node->set_rel("lex-mod");
     return node;
@@ -206,13 +214,13 @@ class TreeBuilder {
     std::string text;
     for (int i = low; i <= high; ++i) {
       if (i > low) text += ' ';
-      text += or_empty(deps_.word(i));
+      text += or_empty(deps_->word(i));
     }
     return text;
   }
 
   bool is_comma(int i) const {
-    const char* word = deps_.word(i);
+    const char* word = deps_->word(i);
     return word && std::strcmp(word, ",") == 0;
   }
 
@@ -220,7 +228,7 @@ class TreeBuilder {
   // below that word refers to it.
   void add_traces() {
     std::unordered_map<const DepTree*, const LexItem*> lexitems(words_.begin(), words_.end());
-    std::vector<DepTree*> nodes = preorder(deps_._root);
+    std::vector<DepTree*> nodes = preorder(deps_->_root);
     for (auto node = nodes.rbegin(); node != nodes.rend(); ++node)
       for (const Gap& gap : gaps_)
         if (gap.filler == *node) add_traces_of(gap, lexitems);
@@ -243,7 +251,7 @@ class TreeBuilder {
   }
 
   void add_trace(DepTree& node, const char* role, DepTree& antecedent) {
-    DepTree* trace = deps_.new_node();
+    DepTree* trace = deps_->new_node();
     trace->_low = static_cast<std::int16_t>(node._high + 1);
     trace->_high = node._high;
     trace->set_rel(role);
@@ -262,8 +270,7 @@ class TreeBuilder {
     return nodes;
   }
 
-  TorvaneParser& parser_;
-  Deps& deps_;
+  Deps* deps_ = nullptr;
   int trees_ = 0;
   std::vector<Part> parts_;
   std::vector<Gap> gaps_;
@@ -299,6 +306,7 @@ void choose_roots(TorvaneParser& parser, ParseForest& forest, Cover& cover) {
 void TorvaneParser::parse_to_deps() {
   if (!_lex) return;
   static Cover cover;
+  static TreeBuilder builder;
   _forest.clear();
   _forest.collect_roots();
   choose_roots(*this, _forest, cover);
@@ -306,7 +314,7 @@ void TorvaneParser::parse_to_deps() {
   if (!_deps->is_clear()) _deps->clear();
   _deps->_att_type = _att_type;
   _deps->set_words(*_lex);
-  TreeBuilder(*this, *_deps).build(_forest._roots);
+  builder.build(_forest._roots, *_deps);
   if (_deps_modifier && _deps->_root) _deps_modifier->modify(_deps->_root);
 }
 

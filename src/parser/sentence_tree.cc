@@ -105,9 +105,9 @@ void SentenceNode::attach(SentenceNode* child) {
 }
 
 SentenceNode* SentenceTree::new_node() {
-  nodes_.push_back(std::make_unique<SentenceNode>());
-  nodes_.back()->tree = this;
-  return nodes_.back().get();
+  SentenceNode& node = nodes_.emplace_back();
+  node.tree = this;
+  return &node;
 }
 
 void SentenceTree::reset() {

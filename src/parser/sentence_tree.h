@@ -1,9 +1,9 @@
-// The tree that is printed: a copy of the parser's dependency tree, detached from the parser's storage,
-// with its two printers.
+// The tree that is printed: a copy of the parser's dependency tree, detached from the parser's
+// storage, with its two printers.
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <deque>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -22,10 +22,10 @@ struct SentenceNode {
   SentenceNode* parent = nullptr;
   SentenceTree* tree = nullptr;
   const char* word = nullptr;
-  const char* root = nullptr;      ///< the base form
+  const char* root = nullptr;  ///< the base form
   const char* category = nullptr;
   const char* relation = nullptr;
-  const char* label = nullptr;     ///< begins with "E" for an empty node
+  const char* label = nullptr;                       ///< begins with "E" for an empty node
   Array<std::pair<const char*, const char*>> props;  ///< attribute name, value text
   SentenceNode* antecedent = nullptr;
   std::int32_t low = 0, high = 0;
@@ -50,11 +50,11 @@ class SentenceTree {
   void print(std::ostream& out) const;
 
  private:
-  std::vector<std::unique_ptr<SentenceNode>> nodes_;
+  std::deque<SentenceNode> nodes_;
 };
 
-/// Parses a text (a row of words) with the current parser and fills the tree. Without a text or a parser
-/// nothing happens.
+/// Parses a text (a row of words) with the current parser and fills the tree. Without a text or a
+/// parser nothing happens.
 void parse_sentence(const char* text, SentenceTree& tree);
 void parse_words(const std::vector<const char*>& words, SentenceTree& tree);
 /// Takes the finished parse out of the parser.
