@@ -19,7 +19,7 @@ def benchmarks(program, options):
     with tempfile.NamedTemporaryFile() as report:
         command = [program, f"--benchmark_out={report.name}", "--benchmark_out_format=json",
                    "--benchmark_min_time=0.2", *options]
-        subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
+        subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
         return json.load(report)["benchmarks"]
 
 

@@ -1,4 +1,5 @@
-// The start of the interpreter: what every module adds to the configuration language, and the start-up file.
+// The start of the interpreter: what every module adds to the configuration language, and the
+// start-up file.
 #pragma once
 
 #include <span>
@@ -11,7 +12,8 @@ struct Registration {
   void (*run)();  ///< null for a module that this build does without
 };
 
-/// All rows, in the order in which they are run: it decides what is found first where names collide.
+/// All rows, in the order in which they are run: it decides what is found first where names
+/// collide.
 std::span<const Registration> registrations();
 
 /// Runs every registration.

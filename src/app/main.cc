@@ -43,4 +43,6 @@ int run() {
 
 }  // namespace torvane
 
-int main() { return torvane::run_on_large_stack(torvane::kStackSize, torvane::run); }
+int main() {
+  return torvane::run_on_large_stack(torvane::kStackSize, torvane::run);
+}
