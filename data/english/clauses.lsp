@@ -35,8 +35,8 @@
 (def-modifiers Rep
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
   (:head (VG (head-cond (and (finite)
-                             (pitem-head-word (in (said says know think believe suppose guess asked replied answered cried shouted whispered
-                                                   thought explained added wrote)))))))
+                             (pitem-head-word (in (said says know think believe suppose guess asked replied answered
+                                                   cried shouted whispered thought explained added wrote)))))))
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
 
 ; does she read, what does she read

@@ -4,8 +4,8 @@
 (def-rules english-rules
   ; Negated auxiliaries are cut before the 't: "won" is one only in front of it.
   (contracted (:act-on-all-matches)
-    (lexitem (and (att (contain ((node Aux)))) (root) (surform (in (don doesn didn won couldn wouldn shouldn mustn haven hasn
-                                                       hadn isn aren wasn weren)))))
+    (lexitem (and (att (contain ((node Aux))))
+                  (surform (in (don doesn didn won couldn wouldn shouldn mustn haven hasn hadn isn aren wasn weren)))))
     (if (followed-by-word (pred (in ("'t" "n't"))))
         (delete-if (low) (high) (pred (not (att (contain ((node Aux)))))))
         (delete (litem))))
@@ -51,7 +51,8 @@
   (unknown-adj (& (not-in-lexicon) (word (reg-match "(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (adj)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 2)))))
-  (unknown-noun (& (not-in-lexicon) (word (reg-match "(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
+  (unknown-noun (& (not-in-lexicon)
+                   (word (reg-match "(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
     (assert (make-lexitem (low) (high) (avm (avm (mass sg))))))
   (unknown-name (& (not-in-lexicon) (word (reg-match "^[A-Z]")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (name sg)))))
