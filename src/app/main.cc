@@ -13,11 +13,12 @@ namespace {
 
 constexpr std::size_t kStackSize = std::size_t{256} << 20;
 
+constexpr const char* kDataDir = "./data";
+
 // The normal end of a run has status 1; only the command `exit` ends with 0.
 constexpr int kNormalEnd = 1;
 
 int run() {
-  char data_dir[256] = "./data";
   std::FILE* file = std::fopen("sentense.dat", "r");
   if (!file) {
     std::cerr << "File Open Error.\n";
@@ -27,7 +28,7 @@ int run() {
   char line[1024] = {};
   if (!std::fgets(line, sizeof line, file)) line[0] = '\0';
 
-  init(data_dir);
+  init(kDataDir);
   {
     SentenceTree tree;
     tree.reset();

@@ -50,7 +50,7 @@ class NestedRun {
 
  private:
   static constexpr std::size_t kMostNested = 500;
-  static constexpr std::size_t kStackNeeded = 2 << 20;
+  static constexpr std::size_t kStackNeeded = 4 << 20;
 
   static bool may_enter(const char* source) {
     refusing = refusing && running.size() > refuse_above;

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <vector>
 
+#include "support/sanitizer.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -101,7 +102,8 @@ struct Copier {
 
 }  // namespace
 
-void* IRSlist::operator new(std::size_t) {
+void* IRSlist::operator new(std::size_t size) {
+  if (kAddressSanitizer) return ::operator new(size);
   if (!free_nodes) {
     constexpr int kBlock = 500;
     auto* block = new PooledNode[kBlock];
@@ -116,6 +118,7 @@ void* IRSlist::operator new(std::size_t) {
 }
 
 void IRSlist::operator delete(void* node) {
+  if (kAddressSanitizer) return ::operator delete(node);
   auto* freed = static_cast<PooledNode*>(node);
   freed->next_free = free_nodes;
   free_nodes = freed;
