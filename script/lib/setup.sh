@@ -45,7 +45,7 @@ install_missing() {
     exit 1
   fi
   echo "installing:$missing" >&2
-  quietly apt-get update
+  quietly apt-get update || :
   # The list is a row of words.
   # shellcheck disable=SC2086
   quietly apt_install $missing
