@@ -152,7 +152,8 @@ class TreeBuilder {
     int low = lexitem.low;
     int high = lexitem.high;
     while (high > low && is_comma(high)) --high;
-    if (lexitem.components.empty() && low == high) return make_head(lexitem, item, low, high);
+    if (lexitem.components.empty() && low == high && lexitem.head == low)
+      return make_head(lexitem, item, low, high);
 
     std::vector<DepTree*> parts;
     std::vector<bool> covered(static_cast<std::size_t>(std::max(high - low + 1, 0)));
