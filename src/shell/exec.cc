@@ -65,7 +65,7 @@ class NestedRun {
   bool entered_;
 };
 
-DepthLimit head_limit{"eval: the name of a command is nested too deeply"};
+DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
 
 }  // namespace
 

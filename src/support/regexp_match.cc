@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 #include <iostream>
 
@@ -42,8 +43,8 @@ class Matcher {
   static unsigned char byte_at(const char* at) { return static_cast<unsigned char>(*at); }
 
   void clear_slots() {
-    std::memset(prog_.startp, 0, sizeof prog_.startp);
-    std::memset(prog_.endp, 0, sizeof prog_.endp);
+    std::fill_n(prog_.startp, steps_.group_count + 1, nullptr);
+    std::fill_n(prog_.endp, steps_.group_count + 1, nullptr);
   }
 
   bool find() {
@@ -65,7 +66,7 @@ class Matcher {
     const char* end = run(start);
     if (!end) {
       spend(0);
-      if (steps_.has_groups) clear_slots();
+      if (steps_.group_count > 0) clear_slots();
       return false;
     }
     prog_.startp[0] = start;

@@ -49,7 +49,7 @@ class Preparer {
         index_[node] = static_cast<std::int32_t>(nodes_.size());
         nodes_.push_back(node);
       }
-      steps.has_groups = steps.has_groups || is_open(op);
+      steps.group_count += is_open(op);
       if (op == EXACTLY || op == ANYOF || op == ANYBUT) node += std::strlen(operand(node)) + 1;
     }
   }

@@ -72,7 +72,7 @@ struct RegexpSteps {
   const RegexpStep* first = nullptr;
   ByteSet start;  ///< the bytes with which a match may begin
   int choice_count = 0;
-  bool has_groups = false;
+  int group_count = 0;
 };
 
 std::unique_ptr<RegexpSteps> prepare_steps(const regexp& compiled);
