@@ -1,5 +1,7 @@
 // The commands by which a grammar file declares types of vectors.
 #include <iostream>
+#include <memory>
+#include <vector>
 
 #include "att/aliases.h"
 #include "att/att_args.h"
@@ -37,7 +39,12 @@ Value def_att_list(IRSlist* form) {
     return {};
   }
   AttInterpreterList* type = AttInterpreterList::find(name, false);
-  if (!type) type = new AttInterpreterList(name, form->length());
+  if (!type) {
+    // Also one whose name another object has: vectors may be made of it from here on.
+    static auto& types = *new std::vector<std::unique_ptr<AttInterpreterList>>;
+    types.push_back(std::make_unique<AttInterpreterList>(name, form->length()));
+    type = types.back().get();
+  }
   while (auto item = form->pop_front()) {
     auto* att = interpreter().eval(*item).as<AttInterpreter>();
     if (att && att == pending_attribute().get()) type->add(std::move(pending_attribute()));
