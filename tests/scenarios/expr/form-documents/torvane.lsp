@@ -1,3 +1,0 @@
-(objects "^(prog|prog1|comp|if|while|when|one-of|cond|list|not|or|xor|and|t|nil|is-nil|ident|1/2|2/2|eq|exec-commands|open-file|close-file|set-tokenizer-input|set-tokenizer-string-input|setq|get-val|let|pred|named-obj|int|str|input|output|reg-match|reg-sub|suffix|in|inverse|stem-word|last-word|str-eq|strstr|str-prefix|str=|print-str|pad|flush-output|exist-word|all-words|int2str|ent2str|null-str|remove-punc|remove-char|format|str-sim|contain-tokens|write-to-file|remove-prefix|int-eq|int-gt|int-diff|int-sum|-1)$" "^LExp$")
-(help "^(eval|foreach|declare-var|defun|flush|make-word-list|add-to-word-list)$")
-(exit)

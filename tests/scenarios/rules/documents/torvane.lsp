@@ -1,5 +1,0 @@
-(help "^(def-rules|insert-lex-rules|debug-rules|make-llrule|def-sentence-separator|make-antecedent-list|clear-antecedent-list)$")
-(classes LPattern)
-(objects . LPattern)
-(objects "^(set-high|\\$|litem|sbnd|apply-llrule|is-abbrev)$" LExp)
-(exit)
