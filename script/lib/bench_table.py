@@ -3,7 +3,7 @@
 
 usage: bench_table.py BENCH_PROGRAM PROGRAM DATA_FOLDER [options of the benchmark program]
 
-A row with a peer (own/..., std/... of one name) gives the ratio of the two, measured in one run. Wanted figures
+A row with a peer (NAME_own/..., beside it NAME_std/... or NAME_peer/...) gives the ratio of the two, measured in one run. Wanted figures
 stand in the last column where there are any.
 """
 import json
@@ -71,8 +71,8 @@ def main():
     bench, program, data = (os.path.abspath(a) for a in sys.argv[1:4])
     rows = benchmarks(bench, sys.argv[4:])
     by_name = {row["name"]: row for row in rows}
-    peers = {name: by_name[name.replace("_own/", "_std/")] for name in by_name
-             if "_own/" in name and name.replace("_own/", "_std/") in by_name}
+    peers = {name: by_name[peer] for name in by_name if "_own/" in name
+             for peer in (name.replace("_own/", "_std/"), name.replace("_own/", "_peer/")) if peer in by_name}
     table = [(row["name"], time_text(row), note(row, peers)) for row in rows]
     seconds, peak = whole_run(program, data)
     table.append(("whole run", f"{seconds * 1e3:.0f} ms", "processor time, start-up included (wanted: below 50 ms)"))
