@@ -1,5 +1,6 @@
 #include "support/stemmer.h"
 
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -9,8 +10,11 @@ namespace torvane {
 
 namespace {
 
+// Words are lower-case letters by the time they are looked at.
 constexpr bool is_vowel(char c) {
-  return std::string_view("aeiou").find(c) != std::string_view::npos;
+  constexpr std::uint32_t kVowels = 1u << ('a' - 'a') | 1u << ('e' - 'a') | 1u << ('i' - 'a') |
+                                    1u << ('o' - 'a') | 1u << ('u' - 'a');
+  return c >= 'a' && (kVowels >> (c - 'a') & 1);
 }
 constexpr bool is_one_of(char c, std::string_view set) {
   return c != '\0' && set.find(c) != std::string_view::npos;
@@ -22,6 +26,7 @@ constexpr bool is_one_of(char c, std::string_view set) {
 struct Word {
   char* text;
   std::ptrdiff_t end;
+  std::ptrdiff_t length;
 };
 
 // The number of vowel-consonant sequences.
@@ -122,18 +127,26 @@ constexpr Rule kStep5b[] = {{503, "ll", "l", 1}, {}};
 // Applies the first rule of a table whose suffix stands at the end and whose root passes; its id,
 // or 0.
 int replace_end(Word& word, const Rule* rules) {
+  // A suffix has to reach to where the word ends, so none is found at an end that was moved.
+  if (word.end != word.length - 1) return 0;
+  const char last = word.length > 0 ? word.text[word.end] : '\0';
   for (const Rule* rule = rules; rule->id; ++rule) {
-    std::ptrdiff_t ending = word.end - (static_cast<std::ptrdiff_t>(rule->old_end.size()) - 1);
-    if (ending < 0 || rule->old_end != word.text + ending) continue;
+    const std::size_t size = rule->old_end.size();
+    const std::ptrdiff_t ending = word.length - static_cast<std::ptrdiff_t>(size);
+    if (size > 0 && (rule->old_end.back() != last || ending < 0 ||
+                     std::memcmp(word.text + ending, rule->old_end.data(), size) != 0))
+      continue;
     char cut = word.text[ending];
     word.text[ending] = '\0';
     if (word_size(word.text) > rule->min_root_size && (!rule->condition || rule->condition(word))) {
       rule->new_end.copy(word.text + ending, rule->new_end.size());
-      word.end = ending + static_cast<std::ptrdiff_t>(rule->new_end.size()) - 1;
-      word.text[word.end + 1] = '\0';
+      word.length = ending + static_cast<std::ptrdiff_t>(rule->new_end.size());
+      word.end = word.length - 1;
+      word.text[word.length] = '\0';
       return rule->id;
     }
     word.text[ending] = cut;
+    if (word.end != word.length - 1) return 0;
   }
   return 0;
 }
@@ -146,7 +159,7 @@ int stem(char* word) {
     if (!is_alpha(*p)) return 0;
     *p = lower(*p);
   }
-  Word w{word, p - word - 1};
+  Word w{word, p - word - 1, p - word};
   replace_end(w, kStep1a);
   int rule = replace_end(w, kStep1b);
   if (rule == 106 || rule == 107) replace_end(w, kStep1b1);
