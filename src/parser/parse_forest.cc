@@ -45,15 +45,16 @@ const Slist<Derivation*>& TNode::best() {
   return _best;
 }
 
+void TNode::print(std::ostream& out, int level) const {
+  out << std::string(static_cast<std::size_t>(2 * level), ' ') << (_node ? _node->_name : "")
+      << ": (" << _n_trees << ") w=" << _weight << '\n';
+  print_item(out, *_item, _forest->parser());
+  out << '\n';
+}
+
 void ParseForest::print(std::ostream& out) const {
   out << "TNodes:\n";
-  for (std::size_t i = 0; i < tnodes_.used(); ++i) {
-    const TNode& node = tnodes_.all()[i];
-    out << (node._node ? node._node->_name : "") << ": (" << node._n_trees << ") w=" << node._weight
-        << '\n';
-    print_item(out, *node._item, *parser_);
-    out << '\n';
-  }
+  for (std::size_t i = 0; i < tnodes_.used(); ++i) tnodes_.all()[i].print(out, 0);
 }
 
 void ParseForest::clear() {

@@ -56,6 +56,8 @@ struct TNode {
 
   /// The best decomposition, from the outermost modifier to the head.
   const Slist<Derivation*>& best();
+  /// The node with its number of trees and its cost, then its items, behind two blanks a level.
+  void print(std::ostream& out, int level) const;
 };
 
 class ParseForest {
@@ -64,6 +66,7 @@ class ParseForest {
   ParseForest(const ParseForest&) = delete;
   ParseForest& operator=(const ParseForest&) = delete;
 
+  TorvaneParser& parser() const { return *parser_; }
   virtual void print(std::ostream& out) const;
   /// Forgets the sentence; the memory stays for the next one.
   virtual void clear();

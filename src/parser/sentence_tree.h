@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <deque>
 #include <ostream>
-#include <string>
 #include <vector>
 
 #include "support/array.h"
