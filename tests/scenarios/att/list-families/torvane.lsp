@@ -1,5 +1,0 @@
-(objects ".*" AttIntepreter)
-(classes Att)
-(help "def-att-.*|defattribute|set-att-itp-list|make-av$")
-(help ".*alias.*")
-(exit)
