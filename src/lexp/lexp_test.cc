@@ -1,0 +1,149 @@
+#include "lexp/lexp.h"
+
+#include <gtest/gtest.h>
+
+#include "lexp/expression_run.h"
+#include "lexp/form.h"
+
+namespace torvane {
+namespace {
+
+struct Thing {
+  int number;
+};
+
+}  // namespace
+
+namespace tags {
+namespace {
+constexpr TypeTag thing{"Thing*"};
+}
+}  // namespace tags
+
+template <>
+struct ValueTraits<Thing> : TagOf<Thing, tags::thing> {};
+
+namespace {
+
+struct ThingNumber : Adaptor<ThingNumber, Thing, int> {
+  static constexpr const char* kName = "thing-number";
+  int step(Thing& thing) const { return thing.number; }
+};
+
+int add_up(Thing* thing, int a, int b) {
+  return (thing ? thing->number : 0) + a + b;
+}
+
+class LExpTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    register_form<ThingNumber>();
+    register_function<add_up>("add-up");
+  }
+  std::unique_ptr<LExp> compile(const char* text) { return LExp::get_exp_from_text(text); }
+
+  ExpressionRun run_;
+};
+
+TEST_F(LExpTest, TypesAreNumberedWithoutRegardToCase) {
+  int id = type_id("Oddity*");
+  EXPECT_GE(id, 1);
+  EXPECT_EQ(type_id("oddity*"), id);
+  EXPECT_STREQ(type_name(id), "Oddity*");
+  EXPECT_EQ(type_id(nullptr), kAnyType);
+  EXPECT_STREQ(type_name(kAnyType), "void*");
+  EXPECT_EQ(type_name(1 << 30), nullptr);
+  EXPECT_STREQ(type_name(0), "");
+  EXPECT_STREQ(type_name(-7), "");
+  EXPECT_EQ(run_.errors(), "Unknown type id: 0\nUnknown type id: -7\n");
+}
+
+TEST_F(LExpTest, CompilingReportsWhatIsNoForm) {
+  EXPECT_EQ(compile(nullptr), nullptr);
+  EXPECT_EQ(compile("word "), nullptr);
+  EXPECT_EQ(compile("()"), nullptr);
+  EXPECT_EQ(compile("(nosuch (t))"), nullptr);
+  EXPECT_EQ(compile("((t) x)"), nullptr);
+  EXPECT_EQ(run_.errors(),
+            "LExp::get_exp: word is not a LExp\n"
+            "LExp::get_exp: () is not a LExp\n"
+            "LExp::get_exp:  unknown type: 'nosuch'\n"
+            "expecting an atom. This is found instead:\n(t)\n");
+}
+
+TEST_F(LExpTest, AFormIsConsumedByCompiling) {
+  IRSlistReader reader;
+  IRSlist* form = reader.start_string("(prog (t))");
+  EXPECT_NE(LExp::get_exp(form), nullptr);
+  EXPECT_EQ(LExp::get_exp(form), nullptr);
+}
+
+TEST_F(LExpTest, TheInputCheckComparesKnownTypesOnly) {
+  auto exp = compile("(thing-number)");
+  Thing thing{7};
+  Value value = Value::of(&thing);
+  EXPECT_EQ(exp->eval(value, type_id("THING*")).number(), 7);
+  EXPECT_EQ(exp->eval(value, kAnyType).number(), 7);
+  EXPECT_EQ(run_.errors(), "");
+  int text = type_id("char*");
+  EXPECT_FALSE(exp->eval(value, text));
+  EXPECT_EQ(run_.errors(), "thing-number received a wrong type of argument:'char*' (" +
+                               std::to_string(text) +
+                               ")\nThe expected type of argument is:'Thing*' (" +
+                               std::to_string(type_id("Thing*")) + ")\n");
+}
+
+TEST_F(LExpTest, AValueOfAnotherKindIsNeverFollowed) {
+  auto number = compile("(thing-number)");
+  EXPECT_FALSE(number->eval(Value::integer(12345), kAnyType));
+  auto text = compile("(inverse)");
+  EXPECT_FALSE(text->eval(Value::integer(12345), kAnyType));
+}
+
+TEST_F(LExpTest, AnAdaptorHandsItsValueOn) {
+  auto exp = compile("(thing-number (+1 (int2str)))");
+  Thing thing{41};
+  EXPECT_EQ(exp->out_type, type_id("char*"));
+  EXPECT_STREQ(exp->eval(Value::of(&thing), kAnyType).text(), "42");
+  EXPECT_EQ(compile("(thing-number)")->out_type, type_id("int"));
+}
+
+TEST_F(LExpTest, AFunctionGetsZeroForWhatIsMissing) {
+  Thing thing{1};
+  EXPECT_EQ(compile("(add-up (int 10) (int 100))")->eval(Value::of(&thing), kAnyType).number(),
+            111);
+  EXPECT_EQ(compile("(add-up (int 10))")->eval(Value::of(&thing), kAnyType).number(), 11);
+  EXPECT_EQ(compile("(add-up x (int 100))")->eval(Value::of(&thing), kAnyType).number(), 101);
+  run_.errors();
+  EXPECT_EQ(compile("(add-up (t) (t) (t))")->eval(Value::of(&thing), kAnyType).number(), 1);
+  EXPECT_EQ(run_.errors(), "Incorrect number of arguments in add-up. Expected: 2 Actual: 3\n");
+}
+
+TEST_F(LExpTest, ACopyIsIndependent) {
+  auto exp = compile("(comp (format a (ident)) (cond ((is-nil) (t)) ((ident (t)))))");
+  auto copy = exp->copy();
+  Value first = exp->eval(Value::constant("1"), kAnyType);
+  Value second = copy->eval(Value::constant("22"), kAnyType);
+  EXPECT_STREQ(first.text(), "a1");
+  EXPECT_STREQ(second.text(), "a22");
+  EXPECT_STREQ(type_name(compile("(inverse)")->copy()->out_type), "char*");
+}
+
+TEST_F(LExpTest, ATextOnItsWayStaysReadable) {
+  // The same expression gives a longer text before the first one is compared.
+  run_.run("(defun wrapped (w) (format \"<\" (get-val w) \">\"))");
+  auto exp = compile(
+      "(str-eq (wrapped (str a))"
+      " (wrapped (str \"bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb\")))");
+  EXPECT_FALSE(exp->eval(Value::constant("x"), kAnyType));
+}
+
+TEST_F(LExpTest, FormsNestedTooDeeplyAreReportedOnce) {
+  std::string text;
+  for (int i = 0; i < 100000; ++i) text += "(not ";
+  EXPECT_NE(compile(text.c_str()), nullptr);
+  EXPECT_EQ(run_.errors(), "LExp::get_exp: the forms are nested too deeply\n");
+}
+
+}  // namespace
+}  // namespace torvane
