@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstring>
 #include <iostream>
 
@@ -32,6 +31,7 @@ class Matcher {
     bool found = find();
     // A long text leaves a large stack behind, which the next one will hardly need.
     if (open_.capacity() > kKept) std::vector<Open>().swap(open_);
+    if (places_ != 0) std::vector<bool>().swap(record_);
     return found;
   }
 
@@ -43,8 +43,12 @@ class Matcher {
   static unsigned char byte_at(const char* at) { return static_cast<unsigned char>(*at); }
 
   void clear_slots() {
-    std::fill_n(prog_.startp, steps_.group_count + 1, nullptr);
-    std::fill_n(prog_.endp, steps_.group_count + 1, nullptr);
+    if (steps_.group_count == 0) {
+      prog_.startp[0] = prog_.endp[0] = nullptr;
+      return;
+    }
+    std::memset(prog_.startp, 0, sizeof prog_.startp);
+    std::memset(prog_.endp, 0, sizeof prog_.endp);
   }
 
   bool find() {
@@ -250,10 +254,11 @@ class Matcher {
   bool gave_up_ = false;
   std::ptrdiff_t effort_ = 0;  // about how many nodes were walked
   std::size_t places_ = 0;
-  std::vector<bool> record_;
+  static std::vector<bool> record_;
 };
 
 std::vector<Open> Matcher::open_;
+std::vector<bool> Matcher::record_;
 
 }  // namespace
 
