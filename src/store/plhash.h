@@ -1,0 +1,214 @@
+// A hash table of entries in memory laid over a hash on disk.
+//
+// A look-up that misses in memory falls through to the disk; what it finds there is unpacked and
+// stays in memory. Changed and new entries are written back by `sync`. What an entry is and how it
+// is packed is a subclass's.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <istream>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "shell/tokenizer.h"
+#include "support/hash_table.h"
+#include "support/str_bufs.h"
+#include "support/value.h"
+
+namespace torvane {
+
+class QHash;
+
+/// What every entry begins with.
+struct PLHashEntry {
+  PLHashEntry* next = nullptr;
+  const char* key = nullptr;  ///< lives at least as long as the entry
+  /// Above 0: clean, the record is there; 0: never written; below 0: changed, the record is at
+  /// -pos.
+  std::int32_t pos = 0;
+
+  /// Says that memory and record differ.
+  void mark_changed() {
+    if (pos > 0) pos = -pos;
+  }
+};
+
+/// Entries chained through their own link, each chain ascending without regard to case. The table
+/// owns its entries.
+class LHashTable {
+ public:
+  using DeleteEntry = void (*)(PLHashEntry* entry);
+  using Compare = int (*)(const PLHashEntry* entry, const char* key);
+  /// The link at which a chain goes on: where a missing entry belongs.
+  using Slot = PLHashEntry**;
+
+  LHashTable(DeleteEntry destroy, std::size_t bucket_count);
+  LHashTable(const LHashTable&) = delete;
+  LHashTable& operator=(const LHashTable&) = delete;
+
+  /// The entry of a key in memory, or null; `slot` is where it belongs (null for a null key).
+  PLHashEntry* find_in_memory(const char* key, Slot& slot) const;
+  void link(Slot slot, PLHashEntry* entry) {
+    entry->next = *slot;
+    *slot = entry;
+  }
+  /// Takes an entry out of its chain; the caller owns it then. False if it is not in the table.
+  bool unlink(PLHashEntry* entry);
+  /// Destroys every entry.
+  void delete_all();
+  /// Calls `visit(entry)` in bucket order; it may change the entry, not the chain.
+  template <class Visit>
+  void for_each(Visit visit) const {
+    for (std::size_t i = 0; i < size; ++i)
+      for (PLHashEntry* entry = buckets[i]; entry;) {
+        PLHashEntry* next = entry->next;
+        visit(entry);
+        entry = next;
+      }
+  }
+
+  DeleteEntry delete_entry;
+  Compare compare;
+  std::size_t size;
+  std::unique_ptr<PLHashEntry*[]> buckets;
+
+ protected:
+  ~LHashTable() { delete_all(); }
+};
+
+class PLHash : public LHashTable {
+ public:
+  /// How many changed entries are gathered before they are written.
+  static constexpr std::size_t kBatch = 20000;
+  /// Counts above this leave `pending` for `total`.
+  static constexpr float kMostPending = 10000.0F;
+
+  /// With at least 1 bucket, and at most a sane number.
+  PLHash(DeleteEntry destroy, long bucket_count);
+  PLHash(const PLHash&) = delete;
+  PLHash& operator=(const PLHash&) = delete;
+
+  // In the order of the slots of a table of operations; those that give a bool say whether all went
+  // well (a message tells what did not).
+
+  /// Writes the global data as the record at `pos`; 0: as a new record.
+  virtual bool save_global(std::int32_t pos);
+  /// Reads it from the first record. False if it is damaged.
+  virtual bool load_global();
+  virtual void pack_global(StrBufs& buf);
+  virtual bool unpack_global(StrBufs& buf);
+  /// Opens the disk file that a header names. Above 0: an existing file; 0: a new one, or failure.
+  virtual int link_stream(int mode, const char* directory, Tokenizer& tokenizer);
+  /// The same from the header's name; -1 if the header cannot be opened.
+  virtual int link_file(const char* header, int mode);
+  /// Writes what changed and lets the disk file go.
+  virtual void unlink_file();
+  /// An empty buffer means that the entry cannot be written now.
+  virtual void v_pack_entry(PLHashEntry* entry, StrBufs& buf);
+  /// A new entry from a record's value, which starts with the key; null if the record is damaged.
+  virtual PLHashEntry* v_unpack_entry(StrBufs& buf);
+  virtual void combine(PLHashEntry* target, PLHashEntry* other);
+  virtual void print_entry(PLHashEntry* entry, std::ostream& out);
+  /// Reads the next record of a text into the buffer, packed; nothing at the end.
+  virtual void read_entry(std::istream& in, StrBufs& buf);
+  virtual void populate(std::istream& in);
+  virtual void reconstruct(std::istream& in);
+  /// Writes an entry and leaves it clean; without a writable file, or on failure, it stays as it
+  /// is.
+  virtual void save_entry(PLHashEntry* entry);
+  virtual void merge(PLHash& other);
+  virtual void copy(PLHash& other);
+  virtual void sync();
+  virtual void clear();
+  virtual ~PLHash();
+
+  /// The entry of a key, from memory or disk, or null; `slot` is where a new one goes.
+  PLHashEntry* find(const char* key, Slot& slot);
+  PLHashEntry* find(const char* key) {
+    Slot slot;
+    return find(key, slot);
+  }
+  void add_count(float count);
+  /// N: the grand total that is shown and that statistics use.
+  float total_count() const { return total + pending; }
+  void print_all(std::ostream& out);
+  void print_profile(int max);
+  void check_all();
+
+  /// The disk file is there and open / may be written.
+  bool has_file() const;
+  bool is_writable() const;
+
+  float total = 0;
+  float pending = 0;
+  int global_size = 1024;
+  std::unique_ptr<QHash> file;
+  /// Keys known to be absent from the disk.
+  THashTableWithOrd<const char*, const char*> missing;
+
+ protected:
+  void forget_missing();
+  /// Writes the entries in file order; with `delete_after` they are destroyed then. Empties the
+  /// list.
+  void flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after);
+
+ private:
+  StrBufs missing_keys_{4096};
+};
+
+/// The typed face of a table whose entries are Ts.
+template <class T>
+class TPLHash : public PLHash {
+ public:
+  explicit TPLHash(long bucket_count)
+      : PLHash([](PLHashEntry* entry) { delete static_cast<T*>(entry); }, bucket_count) {}
+  T* find(const char* key, Slot& slot) { return static_cast<T*>(PLHash::find(key, slot)); }
+  T* find(const char* key) { return static_cast<T*>(PLHash::find(key)); }
+  T* find_in_memory(const char* key) const {
+    Slot slot;
+    return static_cast<T*>(PLHash::find_in_memory(key, slot));
+  }
+};
+
+/// A walk over all entries: with a disk file over its records (what memory holds unsaved is not
+/// among them), each entry a temporary that goes with the next step; without one over the table.
+/// The table must not lose entries during the walk.
+class PLHashIterator {
+ public:
+  explicit PLHashIterator(PLHash& table);
+  ~PLHashIterator() { drop(); }
+  PLHashIterator(const PLHashIterator&) = delete;
+  PLHashIterator& operator=(const PLHashIterator&) = delete;
+
+  bool done() const { return entry_ == nullptr; }
+  PLHashEntry* current() const { return entry_; }
+  void next();
+  /// The record that was read last; empty without a file.
+  StrBufs& record() { return record_; }
+  bool from_disk() const { return on_disk_; }
+
+ private:
+  void drop();
+  void next_in_memory();
+  void next_on_disk();
+
+  PLHash& table_;
+  bool on_disk_;
+  std::uint32_t bucket_ = 0;
+  PLHashEntry* entry_ = nullptr;
+  PLHashEntry* following_ = nullptr;
+  std::int32_t next_pos_ = 0;
+  std::uint32_t steps_left_ = 0;
+  StrBufs record_{20000};
+};
+
+namespace tags {
+inline constexpr TypeTag plhash{"PLHash"};
+}
+template <>
+struct ValueTraits<PLHash> : TagOf<PLHash, tags::plhash> {};
+
+}  // namespace torvane
