@@ -74,4 +74,11 @@ struct ValueTraits<DepTree> {
   static const TypeTag& tag() { return tags::dep_tree; }
 };
 
+/// The node that a value holds, or that a tree is; null for anything else, and for a node whose
+/// Deps was cleared.
+DepTree* dep_tree_of(RSTree* tree);
+inline DepTree* dep_tree_of(Value value) {
+  return dep_tree_of(value.as<RSTree>());
+}
+
 }  // namespace torvane

@@ -1,0 +1,30 @@
+#include "deps/print_text.h"
+
+#include <iostream>
+
+#include "deps/deps.h"
+
+namespace torvane {
+
+namespace {
+constexpr const char* kUnknown = "unknown";
+}
+
+const char* root_text(const DepTree* node) {
+  if (!node || !node->_root_word) return kUnknown;
+  return node->_root_word[0] == '~' ? span_text(*node) : node->_root_word;
+}
+
+const char* relation_text(const DepTree* node) {
+  return node && node->_rel ? node->_rel : kUnknown;
+}
+
+const char* span_text(const DepTree& node) {
+  return node._deps->span_text(node._low, node._high);
+}
+
+std::ostream* output_of(Stream* stream) {
+  return stream ? stream->out() : &std::cout;
+}
+
+}  // namespace torvane
