@@ -1,0 +1,133 @@
+// A file of variable-length records, allocated in whole blocks, with a sorted list of free extents
+// that is saved in the file itself.
+//
+// A record keeps its position for life: what outgrows its blocks goes to a separate overflow
+// extent. So chains and entries in memory can hold plain positions; 0 means none. Nothing reaches
+// the disk for good before `sync`: the file then goes from one synced state to the next in one
+// step, also when the process is killed or the machine stops (see page_file.h).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "store/page_file.h"
+#include "support/str_bufs.h"
+
+namespace torvane {
+
+/// The 8 bytes at a record's position. `blocks` has 16 bits in the file.
+struct RecordHeader {
+  static constexpr std::uint32_t kBytes = 8;
+  static constexpr std::uint16_t kMagic = 0x5554;
+  static constexpr std::uint16_t kContiguous = 1;
+
+  std::uint32_t size = 0;    ///< payload bytes
+  std::uint32_t blocks = 0;  ///< length of the primary extent
+  std::uint16_t flags = 1;   ///< magic and state
+
+  bool valid() const { return (flags & 0x7ffe) == kMagic; }
+  bool contiguous() const { return (flags & kContiguous) != 0; }
+};
+
+/// Where the rest of a spilled record lies.
+struct OverflowRef {
+  static constexpr std::uint32_t kBytes = 8;
+
+  std::uint32_t overflow_pos = 0;
+  std::uint32_t overflow_blocks = 0;
+};
+
+struct FreeExtent {
+  std::uint32_t pos;
+  std::uint32_t length;  ///< in bytes
+
+  std::uint32_t end() const { return pos + length; }
+};
+
+class QFile {
+ public:
+  static constexpr int kWritable = 2;
+
+  /// `mode` is 1 for reading, 3 for reading and writing.
+  explicit QFile(int open_mode) : mode(open_mode) {}
+  QFile(const QFile&) = delete;
+  QFile& operator=(const QFile&) = delete;
+  /// What was not synced is dropped.
+  virtual ~QFile() = default;
+  /// Writes the free list and the header, and makes all changes since the last sync permanent.
+  /// Nothing on a file that is read-only, not open or unchanged.
+  virtual void sync();
+
+  /// 1 for an existing file with content, whose own block size holds; 0 for a new one, and after
+  /// "Can't open NAME" (`file` is null then). Open again, the object starts afresh, and what was
+  /// not synced is dropped.
+  int open(const char* name, long block_size);
+  int read_only() const { return (mode & kWritable) == 0; }
+  int is_open() const { return file != nullptr; }
+
+  /// The position of enough fresh blocks for `size` bytes, their count in `hdr.blocks`; 0 on a
+  /// read-only file, and where the file would outgrow its positions (reported).
+  std::uint32_t alloc(std::uint32_t size, RecordHeader& hdr);
+  /// Gives an extent back; with 0 blocks as many as the record header at `pos` says.
+  void release(std::uint32_t pos, std::uint32_t blocks);
+  /// Makes room for a payload of `size` bytes in the record at `pos` (0: a new one) and writes its
+  /// header. False, with nothing changed in the record, if that cannot be done.
+  bool reserve(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);
+  /// Writes a whole record; its position, which is `pos` unless that was 0. 0 on failure.
+  std::uint32_t write_record(std::uint32_t pos, const char* data, std::size_t size);
+  /// Adds the payload bytes that lie in the primary extent to `buf` (over its last object if that
+  /// is finished); how many there were. 0, after "Invalid magic number!", at a place that holds no
+  /// record.
+  std::uint32_t read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hdr);
+  /// After `read_head` on a spilled record: `count` payload bytes from its overflow extent.
+  bool read_tail(char* dest, std::uint32_t count);
+  /// The whole payload in `buf`, which is finished then (a zero byte stands behind the payload);
+  /// its size.
+  std::uint32_t read_record(std::uint32_t pos, StrBufs& buf);
+  /// "Free list: (POS, LENGTH) ...", on the error stream.
+  void print_free_list() const;
+
+  int mode;
+  std::unique_ptr<PageFile> file;
+  std::uint32_t block_size = 0;
+  std::uint32_t end_pos = 0;
+  std::uint32_t data_start = 0;
+  int dirty = 0;
+  /// Ascending, no two touching. New space reads as zero, so no block of zeros is kept to grow by.
+  std::vector<FreeExtent> free_list;
+
+ protected:
+  static constexpr std::uint32_t kHeaderBytes = 12;
+  static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
+  static constexpr std::uint32_t kMostBytes = 0x7fffffff;
+
+  /// "Can't open NAME"; closed then. 0.
+  int refuse(const char* name);
+  bool read_header(std::uint32_t pos, RecordHeader& hdr) const;
+  bool write_header(std::uint32_t pos, const RecordHeader& hdr);
+  /// Allocates a new record: more than a primary extent can hold spills at once.
+  bool alloc_record(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);
+  /// Writes payload bytes behind the first `skip` ones, over both extents.
+  bool write_payload(std::uint32_t pos, const RecordHeader& hdr, const OverflowRef& ovf,
+                     std::uint32_t skip, std::string_view data);
+  std::uint64_t primary_bytes(const RecordHeader& hdr) const {
+    return std::uint64_t{hdr.blocks} * block_size;
+  }
+  bool complain_of_record() const;  // "Invalid magic number!"; false
+
+ private:
+  bool load_header();
+  void load_free_list(std::uint32_t pos);
+  std::uint32_t save_free_list();
+  std::uint32_t take_free(std::uint32_t bytes);
+  std::uint32_t grow(std::uint64_t bytes);
+  bool extent_is_sound(std::uint32_t pos, std::uint64_t length) const;
+  bool reserve_overflow(std::uint64_t excess, RecordHeader& hdr, OverflowRef& ovf);
+
+  std::uint32_t tail_ref_pos_ = 0;  // of the overflow reference that `read_head` came to
+};
+
+}  // namespace torvane

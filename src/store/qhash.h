@@ -1,0 +1,85 @@
+// A hash table on disk: an array of bucket heads near the start of a block file, and a chain of
+// records a bucket, each of them a key with a value. It holds no entry in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "shell/tokenizer.h"
+#include "store/qfile.h"
+
+namespace torvane {
+
+class QHash : public QFile {
+ public:
+  using Compare = int (*)(const char*, const char*);
+  static constexpr std::uint32_t kNextBytes = 4;  ///< of the link in front of each payload
+
+  explicit QHash(int mode) : QFile(mode) {}
+  void sync() override;
+  /// Takes the four tokens of a header and opens the data file, relative to `directory`; what
+  /// `open_file` gave, 0 if a token is missing. So 0 means new or failed: ask `is_open()`.
+  virtual int open_from(const char* directory, TokenizerBase& tokenizer);
+
+  /// 1 for an existing file, 0 for a new one or after a message (not open then). Block size, number
+  /// of buckets and the name of the comparison count for a new file only. A comparison that is not
+  /// among the named objects ends the process with status 1.
+  int open_file(const char* name, long block_size, long size, const char* function_name,
+                int flag = 0);
+  /// Opens what a header file along the search path names; -1 if there is no such header.
+  int open_header(const char* header_name);
+
+  /// The bucket of a key, and the first position of a bucket's chain.
+  std::uint32_t bucket_of(const char* key) const;
+  std::uint32_t get_bucket(std::uint32_t index) const;
+  /// The position of the next record in the chain of the record at `pos`; 0 at the end, and where
+  /// there is no record (reported).
+  std::uint32_t next_of(std::uint32_t pos) const;
+  /// The position of the first record with the key, or 0. `buf` is reset, and holds the key and the
+  /// value on success, finished: `object_size() - 1` bytes.
+  std::uint32_t find(const char* key, StrBufs& buf);
+  /// Adds a record at the end of its chain, with no test for another one of that key. `data` starts
+  /// with the zero-terminated key. Its position, or 0 if it cannot be written (reported).
+  std::uint32_t insert(const char* data, std::size_t length);
+  /// Rewrites key and value of the record at `pos`, and its link if `set_next`. `pos`, or 0 if it
+  /// cannot be written.
+  std::uint32_t update(std::uint32_t pos, const char* data, std::size_t length, std::uint32_t next,
+                       int set_next);
+  /// Walks the chain from `pos` and aborts the process, after "out of bound" or "invalid header",
+  /// at a link that is not to a record.
+  void check_chain(std::uint32_t pos) const;
+  void check_all() const;
+  /// How many buckets have a chain of each length, on the error stream; lengths from `max` on count
+  /// as `max`.
+  void print_profile(int max) const;
+  /// Puts each chain in ascending order of positions, then syncs.
+  void sort_links();
+
+  Compare compare = nullptr;
+  std::uint32_t buckets_pos = 0;
+  std::uint32_t size = 0;  ///< number of buckets
+
+ private:
+  bool start_file(std::uint32_t buckets, const char* function_name);
+  bool load_file();
+};
+
+/// A walk along the chain of one bucket: `for (ChainWalk at(hash, pos); at.pos(); at.next())`. It
+/// ends where the chain is damaged or bites its tail, after a message.
+class ChainWalk {
+ public:
+  ChainWalk(const QHash& hash, std::uint32_t pos) : hash_(hash), pos_(pos), mark_(pos) {}
+  std::uint32_t pos() const { return pos_; }
+  void next() { go_to(hash_.next_of(pos_)); }
+  /// Where the next position is known already.
+  void go_to(std::uint32_t pos);
+
+ private:
+  const QHash& hash_;
+  std::uint32_t pos_;
+  std::uint32_t mark_;  // a place passed, moved on ever more rarely: who meets it goes in a circle
+  std::uint32_t steps_ = 0;
+  std::uint32_t next_mark_ = 2;
+};
+
+}  // namespace torvane
