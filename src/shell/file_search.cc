@@ -28,25 +28,6 @@ bool exists(const std::string& path) {
   return stat(path.c_str(), &status) == 0;
 }
 
-// The name with the values of its "$(VAR)" references.
-std::optional<std::string> expand_references(const char* name) {
-  std::string expanded;
-  for (const char* p = name; *p; ++p) {
-    if (*p != '$') {
-      expanded += *p;
-      continue;
-    }
-    const char* end = p[1] == '(' ? std::strchr(p, ')') : nullptr;
-    if (!end) {
-      std::cerr << "syntax error in " << name << '\n';
-      return std::nullopt;
-    }
-    expanded += or_empty(std::getenv(std::string(p + 2, end).c_str()));
-    p = end;
-  }
-  return expanded;
-}
-
 }  // namespace
 
 void set_search_path(const char* paths) {
@@ -71,10 +52,28 @@ void clear_search_path() {
   search_path().clear();
 }
 
+std::optional<std::string> expand_file_name(const char* name) {
+  std::string expanded;
+  for (const char* p = name; *p; ++p) {
+    if (*p != '$') {
+      expanded += *p;
+      continue;
+    }
+    const char* end = p[1] == '(' ? std::strchr(p, ')') : nullptr;
+    if (!end) {
+      std::cerr << "syntax error in " << name << '\n';
+      return std::nullopt;
+    }
+    expanded += or_empty(std::getenv(std::string(p + 2, end).c_str()));
+    p = end;
+  }
+  return expanded;
+}
+
 std::optional<std::string> find_file(const char* name) {
   last_dir().clear();
   std::optional<std::string> expanded;
-  if (name) expanded = expand_references(name);
+  if (name) expanded = expand_file_name(name);
   if (!expanded) return std::nullopt;
   std::list<std::string>& path = search_path();
   if (path.empty()) path.emplace_back(".");

@@ -16,6 +16,9 @@ void set_search_path(const char* paths);
 void add_search_path(const char* path);
 void clear_search_path();
 
+/// The name with the values of its "$(VAR)" references; nothing, after "syntax error in NAME", if a
+/// reference is bad.
+std::optional<std::string> expand_file_name(const char* name);
 /// The first place along the path where the file-status call succeeds on the name, with "$(VAR)"
 /// references expanded; nothing if there is none or a reference is bad (reported).
 std::optional<std::string> find_file(const char* name);

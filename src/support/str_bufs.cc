@@ -80,12 +80,19 @@ void StrBufs::grow(std::size_t extra) {
   limit_ = start_ + size;
 }
 
-void StrBufs::add_bytes(const char* bytes, std::size_t n) {
+char* StrBufs::extend(std::size_t n) {
   open();
-  if (n == 0) return;
   if (static_cast<std::size_t>(limit_ - next_) < n) grow(n);
-  std::memcpy(next_, bytes, n);
+  char* room = next_;
   next_ += n;
+  return room;
+}
+
+void StrBufs::add_bytes(const char* bytes, std::size_t n) {
+  if (n > 0)
+    std::memcpy(extend(n), bytes, n);
+  else
+    open();
 }
 
 void StrBufs::add_string(const char* text) {

@@ -48,6 +48,16 @@ class StrBufs {
     next_ = start_;
     closed_ = true;
   }
+  /// Opens the last object again, empty, in the same place.
+  void reopen() {
+    closed_ = false;
+    next_ = start_;
+  }
+  bool finished() const { return closed_; }
+  /// Room for `n` more bytes of the object, which the caller fills.
+  char* extend(std::size_t n);
+  /// Takes the first `n` bytes off the object.
+  void drop_front(std::size_t n) { start_ += n; }
   /// Start and length of the object under construction (or the last closed one, with its zero
   /// byte).
   char* object() const { return start_; }
