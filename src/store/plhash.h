@@ -9,18 +9,20 @@
 #include <cstdint>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "shell/tokenizer.h"
+#include "store/qhash.h"
 #include "support/hash_table.h"
 #include "support/str_bufs.h"
 #include "support/value.h"
 
 namespace torvane {
 
-class QHash;
+class PLHashIterator;
 
 /// What every entry begins with.
 struct PLHashEntry {
@@ -151,11 +153,17 @@ class PLHash : public LHashTable {
 
  protected:
   void forget_missing();
+  /// Writes the entries in file order, and sorts the list so. Those that could not be written stay
+  /// as they are.
+  void write_in_order(std::vector<PLHashEntry*>& entries);
   /// Writes the entries in file order; with `delete_after` they are destroyed then. Empties the
   /// list.
   void flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after);
 
  private:
+  /// Adds the record that a walk over `other` stands on.
+  void insert_raw(PLHashIterator& walk, PLHash& other);
+
   StrBufs missing_keys_{4096};
 };
 
@@ -167,6 +175,7 @@ class TPLHash : public PLHash {
       : PLHash([](PLHashEntry* entry) { delete static_cast<T*>(entry); }, bucket_count) {}
   T* find(const char* key, Slot& slot) { return static_cast<T*>(PLHash::find(key, slot)); }
   T* find(const char* key) { return static_cast<T*>(PLHash::find(key)); }
+  using PLHash::find_in_memory;
   T* find_in_memory(const char* key) const {
     Slot slot;
     return static_cast<T*>(PLHash::find_in_memory(key, slot));
@@ -194,14 +203,15 @@ class PLHashIterator {
   void drop();
   void next_in_memory();
   void next_on_disk();
+  void read(std::uint32_t pos);
 
   PLHash& table_;
   bool on_disk_;
-  std::uint32_t bucket_ = 0;
   PLHashEntry* entry_ = nullptr;
-  PLHashEntry* following_ = nullptr;
-  std::int32_t next_pos_ = 0;
+  std::uint32_t bucket_ = 0;  // the next one to visit
+  std::optional<ChainWalk> chain_;
   std::uint32_t steps_left_ = 0;
+  StrBufs whole_{20000};  // a record with its link
   StrBufs record_{20000};
 };
 

@@ -85,9 +85,11 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
 
  private:
   bool pack_details(TripleDbInfo& entry);
-  bool unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t size, bool with_mutinfo);
+  bool unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t length,
+                      bool with_mutinfo);
   void dump_entry(TripleDbInfo& entry, std::ostream& rel_stream, std::ostream& detail_stream);
   void remove_word(TripleDbInfo& entry, RelInfo& rel, int index);
+  void remove_one_way(const char* word1, int relation_id, const char* word2);
 };
 
 /// Of a word under a relation; computed from the counts, and kept in `word.mi`.

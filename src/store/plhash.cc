@@ -1,0 +1,310 @@
+#include "store/plhash.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdlib>
+#include <iostream>
+
+#include "shell/file_search.h"
+#include "store/qhash.h"
+#include "support/big_endian.h"
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+// A table of more buckets than any store has entries would only cost memory.
+constexpr long kMostBuckets = 1L << 26;
+constexpr int kEntryChunk = 20000;
+constexpr int kReconstructChunk = 10000;
+
+int compare_key(const PLHashEntry* entry, const char* key) {
+  return stricmp(entry->key, key);
+}
+
+void not_defined(const char* operation) {
+  std::cerr << "PLHash::" << operation << " must be defined by a subclass.\n";
+}
+
+}  // namespace
+
+LHashTable::LHashTable(DeleteEntry destroy, std::size_t bucket_count)
+    : delete_entry(destroy),
+      compare(compare_key),
+      size(bucket_count),
+      buckets(std::make_unique<PLHashEntry*[]>(bucket_count)) {}
+
+PLHashEntry* LHashTable::find_in_memory(const char* key, Slot& slot) const {
+  slot = nullptr;
+  if (!key) return nullptr;
+  slot = &buckets[string_hash(key) % size];
+  for (; *slot; slot = &(*slot)->next) {
+    int order = compare(*slot, key);
+    if (order == 0) return *slot;
+    if (order > 0) break;
+  }
+  return nullptr;
+}
+
+bool LHashTable::unlink(PLHashEntry* entry) {
+  Slot slot;
+  if (find_in_memory(entry->key, slot) != entry) return false;
+  *slot = entry->next;
+  entry->next = nullptr;
+  return true;
+}
+
+void LHashTable::delete_all() {
+  for_each(delete_entry);
+  std::fill_n(buckets.get(), size, nullptr);
+}
+
+PLHash::PLHash(DeleteEntry destroy, long bucket_count)
+    : LHashTable(destroy, static_cast<std::size_t>(std::clamp(bucket_count, 1L, kMostBuckets))),
+      missing(
+          static_cast<int>(size), [](const char* key) { return string_hash(key); }, stricmp) {}
+
+PLHash::~PLHash() = default;
+
+bool PLHash::has_file() const {
+  return file && file->is_open();
+}
+
+bool PLHash::is_writable() const {
+  return has_file() && !file->read_only();
+}
+
+bool PLHash::save_global(std::int32_t pos) {
+  StrBufs buf(global_size);
+  pack_global(buf);
+  return is_writable() &&
+         file->write_record(static_cast<std::uint32_t>(pos), buf.object(), buf.object_size()) > 0;
+}
+
+bool PLHash::load_global() {
+  StrBufs buf(global_size);
+  return has_file() && file->read_record(file->data_start, buf) > 0 && unpack_global(buf);
+}
+
+void PLHash::pack_global(StrBufs& buf) {
+  total += pending;
+  pending = 0;
+  buf.add_be32(std::bit_cast<std::uint32_t>(total));
+}
+
+bool PLHash::unpack_global(StrBufs& buf) {
+  if (buf.object_size() < sizeof(std::uint32_t)) return false;
+  total = std::bit_cast<float>(load_be32(buf.object()));
+  return true;
+}
+
+int PLHash::link_stream(int mode, const char* directory, Tokenizer& tokenizer) {
+  if (has_file()) {
+    // Entries know their places in the file that is linked now.
+    sync();
+    clear();
+  }
+  if (!file) file = std::make_unique<QHash>(mode);
+  int result = file->open_from(directory, tokenizer);
+  bool usable = file->is_open();
+  if (usable && result == 0) save_global(0);
+  if (usable && result > 0) usable = load_global();
+  if (usable) return result;
+  // A store without its global data cannot be read, and must not be written.
+  file.reset();
+  return 0;
+}
+
+int PLHash::link_file(const char* header, int mode) {
+  Ref<Stream> stream = open_file(header);
+  if (!stream) return -1;
+  std::string directory = found_dir();
+  Tokenizer tokenizer(" \t\n\r", ";,", "", "\"", '\\', ';', 256, 256);
+  tokenizer.set_input(stream.get());
+  return link_stream(mode, directory.c_str(), tokenizer);
+}
+
+void PLHash::unlink_file() {
+  sync();
+  total = pending = 0;
+  file.reset();
+}
+
+void PLHash::v_pack_entry(PLHashEntry*, StrBufs&) {
+  not_defined("v_pack_entry");
+}
+
+PLHashEntry* PLHash::v_unpack_entry(StrBufs&) {
+  not_defined("v_unpack_entry");
+  return nullptr;
+}
+
+void PLHash::combine(PLHashEntry*, PLHashEntry*) {
+  not_defined("combine");
+}
+
+void PLHash::print_entry(PLHashEntry*, std::ostream&) {
+  not_defined("print_entry");
+}
+
+void PLHash::read_entry(std::istream&, StrBufs&) {
+  not_defined("read_entry");
+}
+
+void PLHash::populate(std::istream&) {
+  std::cerr << "PLHash::populate(istream& istrm) is not implemented\n";
+}
+
+void PLHash::reconstruct(std::istream& in) {
+  StrBufs buf(kReconstructChunk);
+  while (in.good()) {
+    buf.reset();
+    read_entry(in, buf);
+    if (buf.object_size() == 0) break;
+    if (is_writable()) file->insert(buf.object(), buf.object_size());
+  }
+  if (is_writable()) file->sort_links();
+  sync();
+}
+
+void PLHash::save_entry(PLHashEntry* entry) {
+  if (!is_writable()) return;
+  StrBufs buf(kEntryChunk);
+  v_pack_entry(entry, buf);
+  if (buf.object_size() == 0) return;
+  std::uint32_t pos = entry->pos == 0
+                          ? file->insert(buf.object(), buf.object_size())
+                          : file->update(static_cast<std::uint32_t>(std::abs(entry->pos)),
+                                         buf.object(), buf.object_size(), 0, 0);
+  if (pos > 0) entry->pos = static_cast<std::int32_t>(pos);
+}
+
+void PLHash::write_in_order(std::vector<PLHashEntry*>& entries) {
+  std::sort(entries.begin(), entries.end(), [](const PLHashEntry* a, const PLHashEntry* b) {
+    return std::abs(a->pos) < std::abs(b->pos);
+  });
+  for (PLHashEntry* entry : entries) save_entry(entry);
+}
+
+void PLHash::flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after) {
+  write_in_order(entries);
+  if (delete_after)
+    for (PLHashEntry* entry : entries) delete_entry(entry);
+  entries.clear();
+}
+
+void PLHash::merge(PLHash& other) {
+  total += other.total;
+  pending += other.pending;
+  if (!has_file()) {
+    std::cerr << "PLHash::merge cannot open disk file\n";
+    return;
+  }
+  if (!is_writable()) return;
+  std::vector<PLHashEntry*> changed;
+  StrBufs found(kEntryChunk);
+  for (PLHashIterator walk(other); !walk.done(); walk.next()) {
+    std::uint32_t pos = file->find(walk.current()->key, found);
+    if (pos == 0) {
+      insert_raw(walk, other);
+      continue;
+    }
+    PLHashEntry* target = v_unpack_entry(found);
+    if (!target) continue;
+    target->pos = static_cast<std::int32_t>(pos);
+    combine(target, walk.current());
+    changed.push_back(target);
+    if (changed.size() >= kBatch) flush_entries(changed, true);
+  }
+  flush_entries(changed, true);
+  sync();
+}
+
+void PLHash::copy(PLHash& other) {
+  if (&other == this) return;
+  total = other.total;
+  pending = other.pending;
+  if (is_writable()) {
+    file->dirty = 1;
+    for (PLHashIterator walk(other); !walk.done(); walk.next()) insert_raw(walk, other);
+  }
+  sync();
+}
+
+void PLHash::insert_raw(PLHashIterator& walk, PLHash& other) {
+  StrBufs packed(kEntryChunk);
+  StrBufs& record = walk.from_disk() ? walk.record() : packed;
+  if (!walk.from_disk()) {
+    other.v_pack_entry(walk.current(), packed);
+    if (packed.object_size() == 0) return;
+    packed.finish();
+  }
+  file->insert(record.object(), record.object_size() - 1);
+}
+
+void PLHash::sync() {
+  forget_missing();
+  if (!is_writable()) return;
+  std::vector<PLHashEntry*> changed;
+  for_each([&](PLHashEntry* entry) {
+    if (entry->pos > 0) return;
+    if (entry->pos == 0) {
+      save_entry(entry);
+      return;
+    }
+    changed.push_back(entry);
+    if (changed.size() >= kBatch) flush_entries(changed, false);
+  });
+  flush_entries(changed, false);
+  save_global(static_cast<std::int32_t>(file->data_start));
+  file->sync();
+}
+
+void PLHash::clear() {
+  delete_all();
+  forget_missing();
+}
+
+PLHashEntry* PLHash::find(const char* key, Slot& slot) {
+  PLHashEntry* entry = find_in_memory(key, slot);
+  if (entry || !key || !has_file() || missing.find(key)) return entry;
+  StrBufs buf(kEntryChunk);
+  std::uint32_t pos = file->find(key, buf);
+  if (pos == 0) {
+    missing.insert_at_cursor(missing_keys_.copy(key));
+    return nullptr;
+  }
+  entry = v_unpack_entry(buf);
+  if (!entry) return nullptr;
+  entry->pos = static_cast<std::int32_t>(pos);
+  link(slot, entry);
+  return entry;
+}
+
+void PLHash::add_count(float count) {
+  pending += count;
+  if (has_file()) file->dirty = 1;
+  if (pending <= kMostPending) return;
+  total += pending;
+  pending = 0;
+}
+
+void PLHash::print_all(std::ostream& out) {
+  for (PLHashIterator walk(*this); !walk.done(); walk.next()) print_entry(walk.current(), out);
+}
+
+void PLHash::print_profile(int max) {
+  if (has_file()) file->print_profile(max);
+}
+
+void PLHash::check_all() {
+  if (has_file()) file->check_all();
+}
+
+void PLHash::forget_missing() {
+  missing.clear();
+  missing_keys_.reset();
+}
+
+}  // namespace torvane

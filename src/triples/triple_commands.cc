@@ -1,0 +1,148 @@
+#include "triples/triple_commands.h"
+
+#include <algorithm>
+#include <climits>
+#include <iostream>
+#include <utility>
+
+#include "shell/exec.h"
+#include "shell/file_search.h"
+#include "shell/named_objects.h"
+#include "store/store_commands.h"
+#include "triples/populate.h"
+#include "triples/report_parts.h"
+#include "triples/triple_queries.h"
+#include "triples/triple_reports.h"
+
+namespace torvane {
+
+TripleDb* take_triple_db(IRSlist* form) {
+  return find_object_as<TripleDb>(form->get_str_val(), "TripleDb", true);
+}
+
+namespace {
+
+constexpr long kBuckets = 59999;
+constexpr long kIdBuckets = 200011;
+
+long take_long(IRSlist* form, const char* keyword, long otherwise) {
+  long value = otherwise;
+  if (const char* text = form->take_keyword_str(keyword)) scan_long(text, value);
+  return value;
+}
+
+Value make_tripledb(IRSlist* form) {
+  long id_buckets = take_long(form, ":id-table-size", kIdBuckets);
+  long clean_up_after = take_long(form, ":clean-up-after", 0);
+  const char* prefix = form->take_keyword_str(":tmp-file-prefix");
+  bool save_mutinfo = form->take_flag(":save-mutinfo");
+  const char* name = form->get_str_val();
+  if (!name) return Value();
+  long buckets = form->empty() ? kBuckets : form->get_long_val();
+  auto db = std::make_unique<TripleDb>(buckets, id_buckets, save_mutinfo);
+  db->clean_up_after = static_cast<int>(std::clamp<long>(clean_up_after, 0, INT_MAX));
+  db->set_tmp_file_prefix(prefix);
+  Value value = Value::of(db.get());
+  if (!register_object(name, value, "TripleDb/PLHash")) return Value();
+  db.release();  // lives as long as the process
+  return value;
+}
+
+Value merge_tripledbs(IRSlist* form) {
+  TripleDb* target = take_triple_db(form);
+  TripleDb* source = target ? take_triple_db(form) : nullptr;
+  if (source) target->merge_triples(*source);
+  return Value();
+}
+
+Value populate_tripledb(IRSlist* form) {
+  PopulateLimits limits;
+  limits.min_freq = take_float(*form, ":min-freq", limits.min_freq);
+  limits.min_rel_freq = take_float(*form, ":min-rel-freq", limits.min_rel_freq);
+  limits.min_info = take_float(*form, ":min-info", limits.min_info);
+  limits.min_logl = take_float(*form, ":min-logl", limits.min_logl);
+  TripleDb* db = take_triple_db(form);
+  if (!db) return Value();
+  Ref<Stream> relations = open_file(form->get_str_val());
+  if (!relations) return Value();
+  const bool with_details = !form->empty();
+  Ref<Stream> details = with_details ? open_file(form->get_str_val()) : Ref<Stream>();
+  if (with_details && !details) return Value();
+  db->limits = limits;
+  db->populate_relations(*relations->in());
+  if (details)
+    db->populate(*details->in());
+  else
+    db->sync();
+  db->limits = PopulateLimits();
+  return Value();
+}
+
+Value dump_tripledb(IRSlist* form) {
+  TripleDb* db = take_triple_db(form);
+  if (!db) return Value();
+  Ref<Stream> relations = make_ostream(form->empty() ? nullptr : form->get_str_val());
+  Ref<Stream> details =
+      relations ? make_ostream(form->empty() ? nullptr : form->get_str_val()) : relations;
+  if (details) db->dump(*relations->out(), *details->out());
+  return Value();
+}
+
+Value dump_and_clear(IRSlist* form) {
+  if (TripleDb* db = take_triple_db(form)) db->dump_and_clear();
+  return Value();
+}
+
+Value set_tmp_file_prefix(IRSlist* form) {
+  if (TripleDb* db = take_triple_db(form)) db->set_tmp_file_prefix(form->get_str_val());
+  return Value();
+}
+
+Value del_tripledb_entry(IRSlist* form) {
+  TripleDb* db = take_triple_db(form);
+  Ref<Stream> in = db ? open_file(form->get_str_val()) : Ref<Stream>();
+  if (!in) return Value();
+  TripleRowReader row(*in->in());
+  while (row.next(3)) db->remove_triple(row.word(), row.relation(), row.other());
+  db->sync();
+  return Value();
+}
+
+Value print_keys(IRSlist* form) {
+  TripleDb* db = take_triple_db(form);
+  if (!db) return Value();
+  for (PLHashIterator walk(*db); !walk.done(); walk.next()) {
+    const auto& entry = *static_cast<TripleDbInfo*>(walk.current());
+    std::cout << entry.key << '\t' << entry.freq << '\t' << entry.invFreq << '\t' << entry.info
+              << '\n';
+  }
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"make-tripledb", make_tripledb,
+     "(make-tripledb <dbname> <size>) creates a TripleDb object named <dbname>\n"},
+    {"merge-tripledbs", merge_tripledbs, "(merge-tripledbs <DEST> <SRC>) merge SRC into DEST\n"},
+    {"populate-tripledb", populate_tripledb,
+     "(populate-tripledb <DBNAME> <RELATION> [<DETAILS>])\n"},
+    {"dump-tripledb", dump_tripledb, "(dump-tripledb <DBNAME> <FILE>)\n"},
+    {"tripledb-dump-and-clear", dump_and_clear, "(tripledb-dump-and-clear DBNAME)."},
+    {"set-tripledb-tmp-file-prefix", set_tmp_file_prefix,
+     "(set-tripledb-tmp-file-prefix DBNAME TMPFILEPREFIX)."},
+    {"del-tripledb-entry", del_tripledb_entry, "(del-tripledb-entry <DBNAME> FILENAME)\n"},
+    {"print-keys", print_keys, "(print-keys <DBNAME>)\n"},
+};
+
+}  // namespace
+
+void register_triple_commands() {
+  static bool done = false;
+  if (std::exchange(done, true)) return;
+  register_store_commands();
+  interpreter().define(kCommands);
+  dep_statistics_of = [](Value object) -> DepStatistics* { return object.as<TripleDb>(); };
+  register_triple_queries();
+  register_triple_reports();
+}
+
+}  // namespace torvane
