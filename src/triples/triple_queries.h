@@ -3,21 +3,16 @@
 
 #include <ostream>
 
+#include "triples/triple_db.h"
+
 namespace torvane {
 
-class TripleDb;
-struct TripleDbInfo;
-struct RelInfo;
-
-/// The key with its counts, a row a relation, a row a word. Of the relations only the one named: a
-/// name without "-" stands for both directions, one with "-" for the inverse; null for all.
+/// The key with its counts, a row a relation, a row a word. Of the relations only the one named,
+/// which without "-" means both directions, with "-" the inverse; null for all.
 void print_triple_entry(TripleDb& db, TripleDbInfo& entry, std::ostream& out,
                         const char* relation = nullptr);
 
-/// The mutual information of a relation at a word.
-float relation_mutinfo(TripleDb& db, const TripleDbInfo& entry, const RelInfo& rel);
-
+/// `search-tripledbs`, the reports over mutual information, word pairs, averages and clusters.
 void register_triple_queries();
-void register_triple_reports();
 
 }  // namespace torvane

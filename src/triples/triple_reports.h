@@ -1,0 +1,9 @@
+// Pages on the entries of a database of triples, for people to read.
+#pragma once
+
+namespace torvane {
+
+/// `print-tripledb-entry-in-html` and `cmp-tripledb-entries`
+void register_triple_reports();
+
+}  // namespace torvane
