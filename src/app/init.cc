@@ -1,6 +1,8 @@
 #include "app/init.h"
 
 #include "att/att_interpreter.h"
+#include "deps/dep_forms.h"
+#include "deps/val_types.h"
 #include "lex/antecedent_list.h"
 #include "lex/item_forms.h"
 #include "lex/lex_analyzer.h"
@@ -21,8 +23,13 @@ namespace torvane {
 
 namespace {
 
+void register_types() {
+  register_value_types();
+  register_attribute_types();
+}
+
 constexpr Registration kRegistrations[] = {
-    {"attribute types", register_attribute_types},
+    {"attribute types and the value types of properties", register_types},
     {"tokenizers", register_tokenizer_commands},
     {"the object factory", register_object_factory_commands},
     {"the lexicon", register_lexicon_commands},
@@ -37,7 +44,7 @@ constexpr Registration kRegistrations[] = {
     {"integer and regular expression functions", register_integer_forms},
     {"constants", register_constant_forms},
     {"tree rules", nullptr},
-    {"dependency tree expressions", nullptr},
+    {"dependency tree expressions", register_deps_forms},
     {"sentence boundaries", register_sentence_boundary_forms},
     {"left and right context rules", register_llrule_commands},
     {"attributes", register_attribute_commands},

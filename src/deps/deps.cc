@@ -79,6 +79,7 @@ void Deps::clear() {
   _gaps.clear();
   _assertions.clear();
   _separators.reset();
+  _lists.clear();
   _strings.reset();
   take_number();
 }

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "deps/dep_tree.h"
+#include "deps/text_list.h"
 #include "lex/lex_analyzer.h"
 #include "support/array.h"
 #include "support/bit_set.h"
@@ -52,8 +54,9 @@ class Deps : public RefCounter {
   int _next_empty = 0;  ///< counter for labels "E%d"
   std::string _id;      ///< the running number of trees made, unless set
   StrBufs _strings{512};
-  DepTree* _nodes = nullptr;  ///< chain of all nodes
-  LBitSet _separators;        ///< word indexes after which no blank stood
+  DepTree* _nodes = nullptr;    ///< chain of all nodes
+  LBitSet _separators;          ///< word indexes after which no blank stood
+  std::deque<TextList> _lists;  ///< values of properties
 
   /// The word, null outside 1 to the last.
   const char* word(int i) const { return i > 0 ? _words.at_or_zero(i) : nullptr; }
@@ -84,6 +87,8 @@ class Deps : public RefCounter {
 
   /// The text format; `show` names the attributes written (null: none).
   void print(std::ostream& out, const LBitSet* show = nullptr);
+  /// The lines of the words low..high, in parentheses: a node's, or that of a bare word.
+  void print_word_lines(std::ostream& out, int low, int high, const LBitSet* show);
   /// The words of a node and what is below it, in short: where the parent lies, and the root form.
   void print_short(std::ostream& out, const DepTree& node) const;
   /// Reads the text format, a form that stays as it is.

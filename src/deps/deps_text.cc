@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "deps/deps.h"
+#include "deps/node_extent.h"
 #include "deps/tree_walk.h"
 #include "support/depth.h"
 #include "support/text.h"
@@ -27,6 +28,21 @@ class TreeWriter {
     for (; counter_ < deps_.word_count(); ++counter_)
       if (!covered(counter_)) write_bare_word(false);
     write_assertions();
+    out_ << ")\n";
+  }
+
+  void write_words(int low, int high) {
+    deps_.assign_labels();
+    std::vector<DepTree*> nodes = nodes_by_word(deps_._root, deps_);
+    out_ << "(\n";
+    for (counter_ = std::max(low, 1); counter_ <= high && counter_ < deps_.word_count();
+         ++counter_) {
+      if (DepTree* node = nodes[static_cast<std::size_t>(counter_)]) {
+        write_node(*node);
+      } else {
+        write_bare_word(true);
+      }
+    }
     out_ << ")\n";
   }
 
@@ -114,7 +130,7 @@ class TreeWriter {
     out_ << (same ? "~" : quoted(root));
     out_ << ' ' << (node._cat && *node._cat ? quoted(node._cat) : "U") << '\t';
     DepTree* parent = node.parent();
-    out_ << (!parent || parent->has_no_span() ? "*" : quoted(parent->label()));
+    write_parent(parent);
     if (node._rel && *node._rel) out_ << '\t' << quoted(node._rel);
     const char* governor = PRINT_GOV && parent ? parent->root_word() : nullptr;
     if (governor && *governor) out_ << "\t(gov " << quoted(governor) << ')';
@@ -128,6 +144,17 @@ class TreeWriter {
     out_ << ')';
     if (node._pos > 0 && deps_._separators.test(node._pos)) out_ << " :nogap";
     out_ << '\n';
+  }
+
+  // A label that would read as a direction, or as no parent, is marked as a label.
+  void write_parent(DepTree* parent) {
+    if (!parent || parent->has_no_span()) {
+      out_ << '*';
+      return;
+    }
+    const char* label = parent->label();
+    bool misleads = std::strchr("<>-", label[0]) != nullptr || std::strcmp(label, "*") == 0;
+    out_ << (misleads ? "- " : "") << quoted(label);
   }
 
   void write_prop(const DepProp& prop) {
@@ -194,6 +221,10 @@ void write_short(std::ostream& out, const DepTree& node, int level) {
 
 void Deps::print(std::ostream& out, const LBitSet* show) {
   TreeWriter(*this, out, show).write();
+}
+
+void Deps::print_word_lines(std::ostream& out, int low, int high, const LBitSet* show) {
+  TreeWriter(*this, out, show).write_words(low, high);
 }
 
 void Deps::print_short(std::ostream& out, const DepTree& node) const {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "deps/dep_tree.h"
 #include "support/name_table.h"
 
 namespace torvane {
@@ -49,6 +50,18 @@ const char* property_name(int id) {
 
 const ValType* property_type(int id) {
   return property(id).type;
+}
+
+DepProp* find_prop(DepTree& node, int id) {
+  for (DepProp& prop : node._props)
+    if (id != 0 && prop.id == id) return &prop;
+  return nullptr;
+}
+
+DepTree* ante_of(DepTree& node) {
+  static const PropName ante("ante");
+  const DepProp* prop = find_prop(node, ante.id());
+  return prop ? dep_tree_of(prop->value) : nullptr;
 }
 
 }  // namespace torvane

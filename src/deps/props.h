@@ -3,6 +3,8 @@
 #pragma once
 
 #include <ostream>
+#include <string>
+#include <utility>
 
 #include "shell/irslist.h"
 #include "support/value.h"
@@ -10,6 +12,7 @@
 namespace torvane {
 
 class Deps;
+class DepTree;
 
 /// What the values of a property are.
 class ValType {
@@ -46,5 +49,21 @@ int property_id(const char* name);
 /// Null for an id that is none.
 const char* property_name(int id);
 const ValType* property_type(int id);
+
+/// A property by its name, which may be defined later.
+class PropName {
+ public:
+  explicit PropName(std::string name = {}) : name_(std::move(name)) {}
+  int id() const { return id_ ? id_ : id_ = property_id(name_.c_str()); }
+
+ private:
+  std::string name_;
+  mutable int id_ = 0;
+};
+
+/// The first entry of a property on a node, or null.
+DepProp* find_prop(DepTree& node, int id);
+/// The node that the property `ante` of a node names, or null.
+DepTree* ante_of(DepTree& node);
 
 }  // namespace torvane

@@ -1,0 +1,168 @@
+// Forms that write a tree or a part of it, or give its words. The node or tree comes as the input;
+// what else they take are expressions. They give their input back, null if they wrote nothing.
+#include <vector>
+
+#include "deps/dep_forms.h"
+#include "deps/node_extent.h"
+#include "deps/print_text.h"
+
+namespace torvane {
+
+namespace {
+
+Deps* print_deps(Deps* deps, LBitSet* show, Stream* stream) {
+  std::ostream* out = output_of(stream);
+  if (!deps || !out) return nullptr;
+  deps->print(*out, show);
+  return deps;
+}
+
+DepTree* print_dep_tree(RSTree* tree, LBitSet* show, Stream* stream) {
+  DepTree* node = dep_tree_of(tree);
+  return node && print_deps(node->_deps, show, stream) ? node : nullptr;
+}
+
+DepTree* print_sub_deps(RSTree* tree, LBitSet* show, Stream* stream) {
+  DepTree* node = dep_tree_of(tree);
+  std::ostream* out = output_of(stream);
+  if (!node || !out) return nullptr;
+  Extent extent = extent_of(*node);
+  node->_deps->print_word_lines(*out, extent.low, extent.high, show);
+  return node;
+}
+
+void write_dependency(std::ostream& out, const DepTree& node, const DepTree* parent) {
+  out << relation_text(&node) << '(' << root_text(parent) << ", ";
+  out << root_text(&node) << ")\n";
+}
+
+DepTree* print_context(RSTree* tree, Stream* stream) {
+  DepTree* node = dep_tree_of(tree);
+  std::ostream* out = output_of(stream);
+  if (!node || !out) return nullptr;
+  *out << "-----";
+  write_dependency(*out, *node, node->parent());
+  node->for_each_child([&](const DepTree* child) { write_dependency(*out, *child, node); });
+  return node;
+}
+
+/// The words from the first of one node to the last of another; null for nodes of two trees.
+const char* words_between(RSTree* from, RSTree* to) {
+  const DepTree* first = dep_tree_of(from);
+  const DepTree* last = dep_tree_of(to);
+  if (!first || !last || first->_deps != last->_deps) return nullptr;
+  return first->_deps->span_text(first->_low, last->_high);
+}
+
+RSTree* print_words(RSTree* from, RSTree* to, Stream* stream) {
+  const char* words = words_between(from, to);
+  std::ostream* out = output_of(stream);
+  if (!words || !out) return nullptr;
+  *out << words << '\n';
+  return from;
+}
+
+RSTree* print_leaf(RSTree* tree, Stream* stream) {
+  return print_words(tree, tree, stream);
+}
+
+struct LeafStr : DepTreeComponent<LeafStr, const char*> {
+  static constexpr const char* kName = "leaf-str";
+  Value component(DepTree& node) const { return Value::sentence_text(span_text(node)); }
+};
+
+// `(get-words exp)`
+class GetWords : public Form<GetWords> {
+ public:
+  static constexpr const char* kName = "get-words";
+  GetWords() {
+    in_type = type_id_of<DepTree>();
+    out_type = type_id_of<const char*>();
+  }
+  void init(IRSlist* args) override { last_ = get_exp(args->nth(0)); }
+  Value eval(Value input, int type) override {
+    if (!accepts(type)) return Value();
+    RSTree* last = last_.eval(input, type).as<RSTree>();
+    return Value::sentence_text(words_between(input.as<RSTree>(), last));
+  }
+
+ private:
+  ExpPtr last_;
+};
+
+void write_atts(std::ostream& out, const DepTree& node, const LBitSet* show) {
+  out << '\t';
+  if (node._atts) node._atts->print(out, show);
+}
+
+DepTree* print_rel(RSTree* tree, LBitSet* show, Stream* stream) {
+  DepTree* node = dep_tree_of(tree);
+  const DepTree* parent = node ? node->parent() : nullptr;
+  std::ostream* out = output_of(stream);
+  if (!parent || !out) return nullptr;
+  *out << or_empty(node->_rel) << '\t' << or_empty(parent->_root_word);
+  *out << '\t' << or_empty(node->_root_word);
+  if (show) {
+    write_atts(*out, *parent, show);
+    write_atts(*out, *node, show);
+  }
+  *out << '\n';
+  return node;
+}
+
+// `(minimal-across exp)`: the next word that no other dependency holds, on the side of the parent,
+// passes. An expression that gives an expression stands for that one.
+class MinimalAcross : public Form<MinimalAcross> {
+ public:
+  static constexpr const char* kName = "minimal-across";
+  MinimalAcross() {
+    in_type = type_id_of<DepTree>();
+    out_type = type_id_of<int>();
+  }
+
+  void init(IRSlist* args) override { exp_ = get_exp(args->nth(0)); }
+
+  Value eval(Value input, int type) override {
+    if (!accepts(type)) return Value();
+    DepTree* node = dep_tree_of(input);
+    if (!node || !node->_parent) return Value();
+    LExp* test = exp_.get();
+    if (test && test->out_type == type_id_of<LExp>()) test = test->eval(input, type).as<LExp>();
+    return Value::truth(test && finds(*node, *test));
+  }
+
+ private:
+  static bool finds(DepTree& node, LExp& test) {
+    Deps& deps = *node._deps;
+    std::vector<DepTree*> nodes = nodes_by_word(node.root(), deps);
+    int parent_at = node.parent()->_pos;
+    int step = parent_at < 0 || parent_at <= node._pos ? -1 : 1;
+    for (int i = (step < 0 ? node._low : node._high) + step; const char* word = deps.word(i);
+         i += step) {
+      const DepTree* there = nodes[static_cast<std::size_t>(i)];
+      if (there && there->_parent) return false;
+      if (test.eval(Value::sentence_text(word), type_id_of<const char*>())) return true;
+    }
+    return false;
+  }
+
+  ExpPtr exp_;
+};
+
+}  // namespace
+
+void register_dep_print_forms() {
+  register_function<print_dep_tree>("print-dep-tree");
+  register_function<print_deps>("print-deps");
+  register_function<print_deps>("save-deps");
+  register_function<print_sub_deps>("print-sub-deps");
+  register_function<print_context>("print-context");
+  register_function<print_words>("print-words");
+  register_form<GetWords>();
+  register_function<print_rel>("print-rel");
+  register_function<print_leaf>("print-leaf");
+  register_form<LeafStr>();
+  register_form<MinimalAcross>();
+}
+
+}  // namespace torvane
