@@ -10,10 +10,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "store/page_file.h"
+#include "support/big_endian.h"
 #include "support/str_bufs.h"
 
 namespace torvane {
@@ -28,6 +28,11 @@ struct RecordHeader {
   std::uint32_t blocks = 0;  ///< length of the primary extent
   std::uint16_t flags = 1;   ///< magic and state
 
+  void load(const char* bytes) {
+    size = load_be32(bytes);
+    blocks = load_be16(bytes + 4);
+    flags = load_be16(bytes + 6);
+  }
   bool valid() const { return (flags & 0x7ffe) == kMagic; }
   bool contiguous() const { return (flags & kContiguous) != 0; }
 };
@@ -67,6 +72,8 @@ class QFile {
   int open(const char* name, long block_size);
   int read_only() const { return (mode & kWritable) == 0; }
   int is_open() const { return file != nullptr; }
+  /// Lets the file go; what was not synced is dropped.
+  void close();
 
   /// The position of enough fresh blocks for `size` bytes, their count in `hdr.blocks`; 0 on a
   /// read-only file, and where the file would outgrow its positions (reported).
@@ -79,8 +86,8 @@ class QFile {
   /// Writes a whole record; its position, which is `pos` unless that was 0. 0 on failure.
   std::uint32_t write_record(std::uint32_t pos, const char* data, std::size_t size);
   /// Adds the payload bytes that lie in the primary extent to `buf` (over its last object if that
-  /// is finished); how many there were. 0, after "Invalid magic number!", at a place that holds no
-  /// record.
+  /// is finished); how many there were. At a place that holds no record 0, after "Invalid magic
+  /// number!", and a header that is not valid.
   std::uint32_t read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hdr);
   /// After `read_head` on a spilled record: `count` payload bytes from its overflow extent.
   bool read_tail(char* dest, std::uint32_t count);
@@ -101,31 +108,42 @@ class QFile {
 
  protected:
   static constexpr std::uint32_t kHeaderBytes = 12;
-  static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
-  static constexpr std::uint32_t kMostBytes = 0x7fffffff;
+  static constexpr std::uint32_t kMostBytes = PageFile::kMostBytes;
 
   /// "Can't open NAME"; closed then. 0.
   int refuse(const char* name);
+  /// "Invalid magic number!"; false.
+  static bool complain_of_record();
+  /// Whether an extent of records lies in the allocated area, apart from all free ones.
+  bool extent_is_sound(std::uint32_t pos, std::uint64_t length) const;
   bool read_header(std::uint32_t pos, RecordHeader& hdr) const;
-  bool write_header(std::uint32_t pos, const RecordHeader& hdr);
-  /// Allocates a new record: more than a primary extent can hold spills at once.
-  bool alloc_record(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);
+  bool write_word(std::uint32_t pos, std::uint32_t word);
   /// Writes payload bytes behind the first `skip` ones, over both extents.
   bool write_payload(std::uint32_t pos, const RecordHeader& hdr, const OverflowRef& ovf,
-                     std::uint32_t skip, std::string_view data);
-  std::uint64_t primary_bytes(const RecordHeader& hdr) const {
-    return std::uint64_t{hdr.blocks} * block_size;
+                     std::uint32_t skip, const char* data, std::uint32_t size);
+  /// How many payload bytes fit the primary extent; below 0 if that cannot hold a record.
+  std::int64_t head_room(const RecordHeader& hdr) const {
+    std::int64_t bytes = std::int64_t{hdr.blocks} * block_size - RecordHeader::kBytes;
+    return hdr.contiguous() ? bytes : bytes - OverflowRef::kBytes;
   }
-  bool complain_of_record() const;  // "Invalid magic number!"; false
 
  private:
+  static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
+  static constexpr std::uint32_t kGrowth = 4096;
+
   bool load_header();
   void load_free_list(std::uint32_t pos);
   std::uint32_t save_free_list();
   std::uint32_t take_free(std::uint32_t bytes);
+  void take_back(std::uint32_t pos, std::uint32_t length);
   std::uint32_t grow(std::uint64_t bytes);
-  bool extent_is_sound(std::uint32_t pos, std::uint64_t length) const;
-  bool reserve_overflow(std::uint64_t excess, RecordHeader& hdr, OverflowRef& ovf);
+  bool alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf);
+  bool alloc_record(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);
+  bool fit_record(std::uint32_t pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);
+  bool refit_overflow(std::int64_t excess, std::uint32_t ref_pos, RecordHeader& hdr,
+                      OverflowRef& ovf);
+  bool read_overflow_ref(std::uint32_t pos, OverflowRef& ovf) const;
+  bool write_header(std::uint32_t pos, const RecordHeader& hdr);
 
   std::uint32_t tail_ref_pos_ = 0;  // of the overflow reference that `read_head` came to
 };

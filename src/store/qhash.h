@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "shell/tokenizer.h"
 #include "store/qfile.h"
@@ -15,8 +16,7 @@ class QHash : public QFile {
   using Compare = int (*)(const char*, const char*);
   static constexpr std::uint32_t kNextBytes = 4;  ///< of the link in front of each payload
 
-  explicit QHash(int mode) : QFile(mode) {}
-  void sync() override;
+  explicit QHash(int open_mode) : QFile(open_mode) {}
   /// Takes the four tokens of a header and opens the data file, relative to `directory`; what
   /// `open_file` gave, 0 if a token is missing. So 0 means new or failed: ask `is_open()`.
   virtual int open_from(const char* directory, TokenizerBase& tokenizer);
@@ -32,9 +32,9 @@ class QHash : public QFile {
   /// The bucket of a key, and the first position of a bucket's chain.
   std::uint32_t bucket_of(const char* key) const;
   std::uint32_t get_bucket(std::uint32_t index) const;
-  /// The position of the next record in the chain of the record at `pos`; 0 at the end, and where
-  /// there is no record (reported).
-  std::uint32_t next_of(std::uint32_t pos) const;
+  /// The position of the next record in the chain of the record at `pos`, 0 at the end. False if
+  /// there is no record.
+  bool read_next(std::uint32_t pos, std::uint32_t& next) const;
   /// The position of the first record with the key, or 0. `buf` is reset, and holds the key and the
   /// value on success, finished: `object_size() - 1` bytes.
   std::uint32_t find(const char* key, StrBufs& buf);
@@ -60,26 +60,37 @@ class QHash : public QFile {
   std::uint32_t size = 0;  ///< number of buckets
 
  private:
-  bool start_file(std::uint32_t buckets, const char* function_name);
-  bool load_file();
+  bool start_file(long buckets, const char* function_name);
+  bool load_file(std::string& function_name);
+  void find_function(const std::string& name);
+  enum class Match { yes, no, unknown };
+  /// Compares a key with that of the record at `pos`, and gives the next record's position.
+  Match compare_in_place(std::uint32_t pos, const char* key, std::uint32_t& next) const;
 };
 
-/// A walk along the chain of one bucket: `for (ChainWalk at(hash, pos); at.pos(); at.next())`. It
-/// ends where the chain is damaged or bites its tail, after a message.
+/// A walk along a chain: `for (ChainWalk at(hash, pos); at.pos() != 0; at.next())`. It ends, after
+/// "Invalid magic number!", where a link is not to a record or back to where the walk came by.
 class ChainWalk {
  public:
   ChainWalk(const QHash& hash, std::uint32_t pos) : hash_(hash), pos_(pos), mark_(pos) {}
   std::uint32_t pos() const { return pos_; }
-  void next() { go_to(hash_.next_of(pos_)); }
-  /// Where the next position is known already.
-  void go_to(std::uint32_t pos);
+  bool damaged() const { return damaged_; }
+  void next();
+  /// The same where the next position has been read already.
+  void go_to(std::uint32_t next_pos);
+  /// The same without a message: false where the walk goes in a circle.
+  bool advance(std::uint32_t next_pos);
 
  private:
+  void give_up();
+
   const QHash& hash_;
   std::uint32_t pos_;
-  std::uint32_t mark_;  // a place passed, moved on ever more rarely: who meets it goes in a circle
+  std::uint32_t
+      mark_;  // a place passed, moved on ever more rarely: who comes back goes in a circle
   std::uint32_t steps_ = 0;
-  std::uint32_t next_mark_ = 2;
+  std::uint32_t next_mark_ = 1;
+  bool damaged_ = false;
 };
 
 }  // namespace torvane

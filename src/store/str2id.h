@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/array.h"
+#include "support/hash.h"
 #include "support/str_bufs.h"
 
 namespace torvane {
@@ -34,9 +35,14 @@ class Str2Id {
     std::uint32_t hash;
     std::uint32_t next;  // id in the same bucket, 0 at the end
   };
-  void rehash(std::size_t buckets);
+  // The low bits of a string's hash are those of its last letters: the product mixes all of them.
+  std::uint32_t bucket_of(std::uint32_t hash) const { return int_hash(hash) >> (32 - bits_); }
+  int add(const char* string, std::uint32_t hash);
+  /// Sorts all strings into 2 to the `bits` buckets.
+  void rehash(int bits);
 
-  std::vector<std::uint32_t> buckets_;  // ids; as many as a power of two
+  int bits_ = 0;
+  std::vector<std::uint32_t> buckets_;  // ids
   Array<Entry> strings_;                // by id
   StrBufs chars_{4096};
 };

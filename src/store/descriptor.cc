@@ -1,0 +1,51 @@
+#include "store/descriptor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace torvane {
+
+Descriptor::~Descriptor() {
+  if (fd_ >= 0) ::close(fd_);
+}
+
+std::size_t Descriptor::read_at(std::uint64_t offset, char* bytes, std::size_t n) const {
+  std::size_t got = 0;
+  while (got < n) {
+    ssize_t count = ::pread(fd_, bytes + got, n - got, static_cast<off_t>(offset + got));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    got += static_cast<std::size_t>(count);
+  }
+  return got;
+}
+
+bool Descriptor::write_at(std::uint64_t offset, const char* bytes, std::size_t n) const {
+  std::size_t put = 0;
+  while (put < n) {
+    ssize_t count = ::pwrite(fd_, bytes + put, n - put, static_cast<off_t>(offset + put));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    put += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+bool Descriptor::flush_to_device() const {
+  int result;
+  do result = ::fsync(fd_);
+  while (result != 0 && errno == EINTR);
+  return result == 0;
+}
+
+bool flush_folder_of(const std::string& path) {
+  std::size_t slash = path.rfind('/');
+  std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+  Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // Some file systems keep their names safe themselves and refuse.
+  return fd && (fd.flush_to_device() || errno == EINVAL);
+}
+
+}  // namespace torvane

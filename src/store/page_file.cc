@@ -1,0 +1,279 @@
+#include "store/page_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+namespace torvane {
+
+namespace {
+
+// How many pages go to the file in one write.
+constexpr std::size_t kRun = 64;
+
+/// A file beyond the size that the user is allowed ends a write, not the process.
+void survive_size_limit() {
+  struct sigaction action;
+  if (::sigaction(SIGXFSZ, nullptr, &action) == 0 && action.sa_handler == SIG_DFL)
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// The path under which everyone finds the same journal.
+std::string canonical(const std::string& path) {
+  std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+  return real ? real.get() : path;
+}
+
+}  // namespace
+
+std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
+                                         std::size_t cached_pages) {
+  int flags = (writable ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
+  Descriptor fd(::open(path.c_str(), flags, 0666));
+  struct stat status;
+  if (!fd || ::fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode)) return nullptr;
+  if (writable && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0) return nullptr;
+  if (writable) survive_size_limit();
+  std::unique_ptr<PageFile> file(
+      new PageFile(canonical(path), std::move(fd), writable, cached_pages));
+  return file->recover() ? std::move(file) : nullptr;
+}
+
+PageFile::PageFile(const std::string& path, Descriptor fd, bool writable, std::size_t cached_pages)
+    : path_(path),
+      fd_(std::move(fd)),
+      writable_(writable),
+      journal_(path),
+      most_frames_(std::max<std::size_t>(cached_pages, 8)) {}
+
+PageFile::~PageFile() = default;
+
+// Goes back to the last committed state: on disk, or for a reader in what it sees.
+bool PageFile::recover() {
+  auto old = std::make_unique<OldPages>();
+  bool found = old->open(path_);
+  if (found && writable_ && !old->roll_back(fd_)) return fail("restore");
+  struct stat status;
+  if (::fstat(fd_.get(), &status) != 0) return false;
+  std::uint64_t size = static_cast<std::uint64_t>(status.st_size);
+  if (found && !writable_) {
+    size = old->length();
+    old_pages_ = std::move(old);
+  }
+  if (size > kMostBytes || !set_length(size)) return false;
+  disk_length_ = committed_length_ = length_;
+  return true;
+}
+
+bool PageFile::set_length(std::uint64_t length) {
+  if (length > kMostBytes) return false;
+  length_ = static_cast<std::uint32_t>(length);
+  std::size_t count = (length + kPageBytes - 1) / kPageBytes;
+  if (count > pages_.capacity()) pages_.reserve(std::max(count, pages_.capacity() * 3 / 2));
+  pages_.resize(count);
+  return true;
+}
+
+bool PageFile::fail(const char* what) {
+  if (!failing_)
+    std::cerr << "Can't " << what << ' ' << path_ << ": " << std::strerror(errno) << '\n';
+  failing_ = true;
+  return false;
+}
+
+std::size_t PageFile::page_size(std::uint32_t number) const {
+  return std::min(kPageBytes, length_ - number * kPageBytes);
+}
+
+PageFile::Page* PageFile::load(std::uint32_t number) {
+  Page* page = free_frame();
+  page->number = number;
+  page->changed = false;
+  page->recent = true;
+  if (!read_page(*page)) {
+    page->number = UINT32_MAX;  // the frame stays, for another page
+    return nullptr;
+  }
+  return pages_[number] = page;
+}
+
+bool PageFile::read_page(Page& page) {
+  std::uint32_t start = page.number * kPageBytes;
+  if (old_pages_ && old_pages_->holds(page.number)) {
+    return old_pages_->read(page.number, page.bytes) || fail("read");
+  }
+  std::size_t wanted = start < disk_length_ ? std::min(kPageBytes, disk_length_ - start) : 0;
+  errno = 0;
+  std::size_t got = fd_.read_at(start, page.bytes, wanted);
+  std::memset(page.bytes + got, 0, kPageBytes - got);
+  if (got == wanted) return true;
+  if (errno == 0) errno = ENODATA;  // someone has cut the file
+  return fail("read");
+}
+
+PageFile::Page* PageFile::free_frame() {
+  if (frames_.size() >= most_frames_) make_room();
+  // A page that was not used since the hand came by goes; one that was changed never does.
+  for (std::size_t tries = frames_.size() < most_frames_ ? 0 : 2 * frames_.size(); tries > 0;
+       --tries) {
+    hand_ = hand_ + 1 < frames_.size() ? hand_ + 1 : 0;
+    Page* page = frames_[hand_].get();
+    if (page->changed) continue;
+    if (std::exchange(page->recent, false)) continue;
+    if (page->number < pages_.size() && pages_[page->number] == page)
+      pages_[page->number] = nullptr;
+    return page;
+  }
+  frames_.push_back(std::unique_ptr<Page>(new Page));
+  return frames_.back().get();
+}
+
+// Changed pages are written before they take up so much that the others have no room.
+void PageFile::make_room() {
+  if (changed_.size() >= most_frames_ / 2 && !failing_) write_back();
+}
+
+const char* PageFile::view(std::uint32_t pos, std::size_t& n) {
+  n = 0;
+  if (pos >= length_) return nullptr;
+  std::uint32_t number = pos / kPageBytes;
+  Page* found = page(number);
+  if (!found) return nullptr;
+  n = page_size(number) - pos % kPageBytes;
+  return found->bytes + pos % kPageBytes;
+}
+
+bool PageFile::read(std::uint32_t pos, char* bytes, std::size_t n) {
+  while (n > 0) {
+    std::size_t there;
+    const char* found = view(pos, there);
+    if (!found) return false;
+    there = std::min(there, n);
+    std::memcpy(bytes, found, there);
+    bytes += there;
+    pos += static_cast<std::uint32_t>(there);
+    n -= there;
+  }
+  return true;
+}
+
+PageFile::Page* PageFile::page_to_change(std::uint32_t number) {
+  Page* found = page(number);
+  if (found && !found->changed) {
+    found->changed = true;
+    changed_.push_back(number);
+  }
+  return found;
+}
+
+bool PageFile::write(std::uint32_t pos, const char* bytes, std::size_t n) {
+  if (!writable_ || n > kMostBytes - std::min(pos, kMostBytes)) return false;
+  if (pos + n > length_ && !set_length(pos + n)) return false;
+  while (n > 0) {
+    Page* found = page_to_change(pos / kPageBytes);
+    if (!found) return false;
+    std::size_t part = std::min<std::size_t>(n, kPageBytes - pos % kPageBytes);
+    std::memcpy(found->bytes + pos % kPageBytes, bytes, part);
+    bytes += part;
+    pos += static_cast<std::uint32_t>(part);
+    n -= part;
+  }
+  return true;
+}
+
+bool PageFile::clear(std::uint32_t pos, std::uint32_t n) {
+  if (!writable_ || n > kMostBytes - std::min(pos, kMostBytes)) return false;
+  std::uint32_t end = pos + n;
+  // Beyond the end there is nothing but zeros anyway.
+  std::uint32_t old_end = std::min(end, length_);
+  while (pos < old_end) {
+    Page* found = page_to_change(pos / kPageBytes);
+    if (!found) return false;
+    std::uint32_t part = std::min(old_end - pos, kPageBytes - pos % kPageBytes);
+    std::memset(found->bytes + pos % kPageBytes, 0, part);
+    pos += part;
+  }
+  return end <= length_ || set_length(end);
+}
+
+bool PageFile::protect(const std::vector<std::uint32_t>& numbers) {
+  if (!journal_.in_force() && !journal_.start(committed_length_)) return false;
+  protected_.resize((committed_length_ + kPageBytes - 1) / kPageBytes);
+  char image[kPageBytes];
+  for (std::uint32_t number : numbers) {
+    if (number >= protected_.size()) break;
+    if (protected_[number]) continue;
+    std::uint32_t start = number * kPageBytes;
+    std::size_t wanted = std::min(kPageBytes, committed_length_ - start);
+    if (fd_.read_at(start, image, wanted) != wanted) return false;
+    std::memset(image + wanted, 0, kPageBytes - wanted);
+    if (!journal_.add(number, image)) return false;
+  }
+  if (!journal_.flush()) return false;
+  for (std::uint32_t number : numbers)
+    if (number < protected_.size()) protected_[number] = true;
+  return true;
+}
+
+bool PageFile::write_pages(const std::vector<std::uint32_t>& numbers) {
+  if (disk_length_ != length_) {
+    if (::ftruncate(fd_.get(), static_cast<off_t>(length_)) != 0) return false;
+    disk_length_ = length_;
+  }
+  std::vector<char> run;
+  run.reserve(kRun * kPageBytes);
+  for (std::size_t i = 0; i < numbers.size();) {
+    std::uint32_t first = numbers[i];
+    run.clear();
+    do {
+      const char* bytes = pages_[numbers[i]]->bytes;
+      run.insert(run.end(), bytes, bytes + page_size(numbers[i]));
+      ++i;
+    } while (i < numbers.size() && numbers[i] == numbers[i - 1] + 1 &&
+             run.size() < kRun * kPageBytes);
+    if (!fd_.write_at(std::uint64_t{first} * kPageBytes, run.data(), run.size())) return false;
+  }
+  return true;
+}
+
+bool PageFile::write_back() {
+  std::sort(changed_.begin(), changed_.end());
+  if (!protect(changed_)) {
+    fail("write");
+    journal_.drop_unflushed();
+    return false;
+  }
+  if (!write_pages(changed_)) return fail("write");
+  for (std::uint32_t number : changed_) pages_[number]->changed = false;
+  changed_.clear();
+  return true;
+}
+
+bool PageFile::commit() {
+  if (!writable_) return false;
+  if (changed_.empty() && length_ == committed_length_ && !journal_.in_force()) return true;
+  if (lost_) {
+    errno = EIO;
+    return fail("write");
+  }
+  if (!write_back()) return false;
+  if (!fd_.flush_to_device()) {
+    lost_ = true;
+    return fail("write");
+  }
+  if (!journal_.remove()) return fail("write");
+  protected_.clear();
+  committed_length_ = length_;
+  return true;
+}
+
+}  // namespace torvane

@@ -1,0 +1,353 @@
+#include "store/qfile.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "shell/file_search.h"
+#include "support/big_endian.h"
+#include "support/text.h"
+
+namespace torvane {
+
+int QFile::open(const char* name, long new_block_size) {
+  close();
+  auto path = expand_file_name(or_empty(name));
+  if (path) file = PageFile::open(*path, !read_only());
+  if (!file) return refuse(name);
+  data_start = kHeaderBytes;
+  dirty = 1;
+  if (file->length() > 0) return load_header() ? 1 : refuse(name);
+  // Nothing can become of an empty file that may not be written.
+  if (read_only()) return refuse(name);
+  long size = std::clamp(new_block_size, 32L, static_cast<long>(kMostBytes) - 3);
+  block_size = (static_cast<std::uint32_t>(size) + 3) / 4 * 4;
+  end_pos = kHeaderBytes;
+  return 0;
+}
+
+void QFile::close() {
+  file.reset();
+  free_list.clear();
+  block_size = end_pos = data_start = tail_ref_pos_ = 0;
+  dirty = 0;
+}
+
+int QFile::refuse(const char* name) {
+  close();
+  std::cerr << "Can't open " << or_empty(name) << std::endl;
+  return 0;
+}
+
+bool QFile::complain_of_record() {
+  std::cerr << "Invalid magic number!" << std::endl;
+  return false;
+}
+
+bool QFile::load_header() {
+  char bytes[kHeaderBytes];
+  if (!file->read(0, bytes, sizeof bytes)) return false;
+  end_pos = load_be32(bytes);
+  block_size = load_be32(bytes + 8);
+  if (block_size == 0 || end_pos < kHeaderBytes || end_pos > file->length()) return false;
+  if (std::uint32_t pos = load_be32(bytes + 4)) load_free_list(pos);
+  return true;
+}
+
+// The list that a file for reading holds is shown as it is. One that space is taken from must not
+// lead into a record.
+void QFile::load_free_list(std::uint32_t pos) {
+  RecordHeader hdr;
+  if (!read_header(pos, hdr) || file->length() - pos - RecordHeader::kBytes < hdr.size) {
+    complain_of_record();
+    return;
+  }
+  char pair[8];
+  std::uint32_t at = pos + RecordHeader::kBytes;
+  for (std::uint32_t count = hdr.size >> 3; count > 0; --count, at += sizeof pair) {
+    if (!file->read(at, pair, sizeof pair)) break;
+    FreeExtent extent{load_be32(pair), load_be32(pair + 4)};
+    bool ascending = free_list.empty() || free_list.back().end() < extent.pos;
+    if (!read_only() && (!ascending || extent.length == 0 || extent.pos < kHeaderBytes ||
+                         extent.pos > end_pos || extent.length > end_pos - extent.pos)) {
+      free_list.clear();
+      complain_of_record();
+      return;
+    }
+    free_list.push_back(extent);
+  }
+  if (hdr.blocks > 0) release(pos, hdr.blocks);
+}
+
+std::uint32_t QFile::save_free_list() {
+  if (free_list.empty() || read_only()) return 0;
+  std::uint64_t most = (std::uint64_t{kMostBlocks} * block_size - RecordHeader::kBytes) / 8;
+  RecordHeader hdr;
+  std::uint32_t pos =
+      alloc(static_cast<std::uint32_t>(8 * std::min<std::uint64_t>(free_list.size(), most)) +
+                RecordHeader::kBytes,
+            hdr);
+  if (pos == 0) return 0;
+  // Growth may have added an extent; its pair then reaches into that very extent at worst.
+  std::size_t count = std::min<std::uint64_t>(free_list.size(), most);
+  hdr.size = static_cast<std::uint32_t>(8 * count);
+  hdr.flags = RecordHeader::kMagic | RecordHeader::kContiguous;
+  bool written = write_header(pos, hdr);
+  std::uint32_t at = pos + RecordHeader::kBytes;
+  for (std::size_t i = 0; i < count && written; ++i, at += 8)
+    written = write_word(at, free_list[i].pos) && write_word(at + 4, free_list[i].length);
+  return written ? pos : 0;
+}
+
+void QFile::sync() {
+  if (!is_open() || !dirty || read_only()) return;
+  file->try_again();
+  std::uint32_t list_pos = save_free_list();
+  bool written = write_word(0, end_pos) && write_word(4, list_pos) && write_word(8, block_size);
+  if (written && file->commit())
+    dirty = 0;
+  else if (list_pos != 0)
+    release(list_pos, 0);
+}
+
+void QFile::print_free_list() const {
+  std::cerr << "Free list:";
+  for (const FreeExtent& extent : free_list)
+    std::cerr << " (" << extent.pos << ", " << extent.length << ')';
+  std::cerr << std::endl;
+}
+
+std::uint32_t QFile::alloc(std::uint32_t size, RecordHeader& hdr) {
+  if (read_only() || !is_open()) return 0;
+  hdr.blocks = (size - 1) / block_size + 1;
+  std::uint64_t bytes = std::uint64_t{hdr.blocks} * block_size;
+  dirty = 1;
+  std::uint32_t pos = bytes <= kMostBytes ? take_free(static_cast<std::uint32_t>(bytes)) : 0;
+  return pos != 0 ? pos : grow(bytes);
+}
+
+// The first extent that is large enough gives its front.
+std::uint32_t QFile::take_free(std::uint32_t bytes) {
+  auto found = std::find_if(free_list.begin(), free_list.end(),
+                            [bytes](const FreeExtent& extent) { return extent.length >= bytes; });
+  if (found == free_list.end()) return 0;
+  std::uint32_t pos = found->pos;
+  take_back(pos, bytes);
+  return pos;
+}
+
+// Takes a stretch out of the free extent that it lies in.
+void QFile::take_back(std::uint32_t pos, std::uint32_t length) {
+  auto found = std::find_if(free_list.begin(), free_list.end(),
+                            [pos](const FreeExtent& extent) { return extent.end() > pos; });
+  FreeExtent behind{pos + length, found->end() - pos - length};
+  found->length = pos - found->pos;
+  if (behind.length > 0) found = free_list.insert(found + 1, behind) - 1;
+  if (found->length == 0) free_list.erase(found);
+}
+
+std::uint32_t QFile::grow(std::uint64_t bytes) {
+  std::uint64_t amount = std::max<std::uint64_t>(bytes, kGrowth);
+  amount = (amount + block_size - 1) / block_size * block_size;
+  // Near the limit only what is needed.
+  if (end_pos + amount > kMostBytes) amount = bytes;
+  if (end_pos + amount > kMostBytes) {
+    std::cerr << "The file " << file->path() << " cannot grow beyond " << kMostBytes << " bytes"
+              << std::endl;
+    return 0;
+  }
+  if (file->failing() || !file->clear(end_pos, static_cast<std::uint32_t>(amount))) return 0;
+  std::uint32_t pos = end_pos;
+  end_pos += static_cast<std::uint32_t>(amount);
+  std::uint32_t rest = pos + static_cast<std::uint32_t>(bytes);
+  if (rest < end_pos) free_list.push_back({rest, end_pos - rest});
+  return pos;
+}
+
+bool QFile::extent_is_sound(std::uint32_t pos, std::uint64_t length) const {
+  if (length == 0 || pos < data_start || pos > end_pos || length > end_pos - pos) return false;
+  auto next = std::lower_bound(
+      free_list.begin(), free_list.end(), pos,
+      [](const FreeExtent& extent, std::uint32_t place) { return extent.end() <= place; });
+  return next == free_list.end() || pos + length <= next->pos;
+}
+
+void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
+  RecordHeader hdr;
+  if (blocks == 0 && is_open() && read_header(pos, hdr)) blocks = hdr.blocks;
+  std::uint64_t wide = std::uint64_t{blocks} * block_size;
+  // A wrong extent would offer live records as space.
+  if (!is_open() || wide > kMostBytes || (!read_only() && !extent_is_sound(pos, wide))) {
+    complain_of_record();
+    return;
+  }
+  dirty = 1;
+  auto length = static_cast<std::uint32_t>(wide);
+  auto next = std::lower_bound(
+      free_list.begin(), free_list.end(), pos,
+      [](const FreeExtent& extent, std::uint32_t place) { return extent.pos < place; });
+  bool joins_next = next != free_list.end() && pos + length == next->pos;
+  if (next != free_list.begin() && (next - 1)->end() == pos) {
+    (next - 1)->length += length;
+    if (joins_next) {
+      (next - 1)->length += next->length;
+      free_list.erase(next);
+    }
+  } else if (joins_next) {
+    *next = {pos, length + next->length};
+  } else {
+    free_list.insert(next, {pos, length});
+  }
+}
+
+bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {
+  char bytes[RecordHeader::kBytes];
+  if (pos < kHeaderBytes || !file->read(pos, bytes, sizeof bytes)) return false;
+  hdr.load(bytes);
+  return hdr.valid();
+}
+
+bool QFile::write_header(std::uint32_t pos, const RecordHeader& hdr) {
+  char bytes[RecordHeader::kBytes];
+  store_be32(bytes, hdr.size);
+  store_be16(bytes + 4, static_cast<std::uint16_t>(hdr.blocks));
+  store_be16(bytes + 6, hdr.flags);
+  return file->write(pos, bytes, sizeof bytes);
+}
+
+bool QFile::write_word(std::uint32_t pos, std::uint32_t word) {
+  char bytes[4];
+  store_be32(bytes, word);
+  return file->write(pos, bytes, sizeof bytes);
+}
+
+bool QFile::read_overflow_ref(std::uint32_t pos, OverflowRef& ovf) const {
+  char bytes[OverflowRef::kBytes];
+  if (!file->read(pos, bytes, sizeof bytes)) return false;
+  ovf = {load_be32(bytes), load_be32(bytes + 4)};
+  return true;
+}
+
+bool QFile::reserve(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf) {
+  ovf = {};
+  if (read_only() || !is_open() || size > kMostBytes) return false;
+  bool fits = pos == 0 ? alloc_record(pos, size, hdr, ovf) : fit_record(pos, size, hdr, ovf);
+  if (!fits) return false;
+  hdr.size = size;
+  hdr.flags = (hdr.flags & RecordHeader::kContiguous) | RecordHeader::kMagic;
+  return write_header(pos, hdr);
+}
+
+bool QFile::alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf) {
+  RecordHeader scratch;
+  ovf.overflow_pos = bytes <= kMostBytes ? alloc(static_cast<std::uint32_t>(bytes), scratch) : 0;
+  ovf.overflow_blocks = scratch.blocks;
+  hdr.flags &= static_cast<std::uint16_t>(~RecordHeader::kContiguous);
+  return ovf.overflow_pos != 0;
+}
+
+// A primary extent has as many blocks as its header can count; what is larger spills at once.
+bool QFile::alloc_record(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr,
+                         OverflowRef& ovf) {
+  std::uint64_t most = std::uint64_t{kMostBlocks} * block_size;
+  std::uint32_t wanted = size + RecordHeader::kBytes;
+  std::uint32_t place =
+      alloc(static_cast<std::uint32_t>(std::min<std::uint64_t>(wanted, most)), hdr);
+  if (place == 0) return false;
+  if (wanted > most && !alloc_overflow(wanted + OverflowRef::kBytes - most, hdr, ovf)) {
+    release(place, hdr.blocks);
+    return false;
+  }
+  pos = place;
+  return true;
+}
+
+bool QFile::fit_record(std::uint32_t pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf) {
+  if (!read_header(pos, hdr)) return complain_of_record();
+  std::uint64_t extent = std::uint64_t{hdr.blocks} * block_size;
+  if (!extent_is_sound(pos, extent) || extent < RecordHeader::kBytes) return complain_of_record();
+  std::int64_t excess =
+      std::int64_t{size} + RecordHeader::kBytes - static_cast<std::int64_t>(extent);
+  if (hdr.contiguous() && excess <= 0) return true;
+  if (extent < 2 * (RecordHeader::kBytes + OverflowRef::kBytes)) return complain_of_record();
+  if (hdr.contiguous())
+    return alloc_overflow(static_cast<std::uint64_t>(excess) + OverflowRef::kBytes, hdr, ovf);
+  auto ref_pos = static_cast<std::uint32_t>(pos + extent - OverflowRef::kBytes);
+  return refit_overflow(excess, ref_pos, hdr, ovf);
+}
+
+bool QFile::refit_overflow(std::int64_t excess, std::uint32_t ref_pos, RecordHeader& hdr,
+                           OverflowRef& ovf) {
+  if (!read_overflow_ref(ref_pos, ovf)) return false;
+  std::uint64_t room = std::uint64_t{ovf.overflow_blocks} * block_size;
+  if (!extent_is_sound(ovf.overflow_pos, room)) return complain_of_record();
+  std::int64_t wanted = excess + OverflowRef::kBytes;
+  if (excess > 0 && wanted <= static_cast<std::int64_t>(room)) return true;
+  release(ovf.overflow_pos, ovf.overflow_blocks);
+  if (excess <= 0) {
+    hdr.flags |= RecordHeader::kContiguous;
+    return true;
+  }
+  OverflowRef old = ovf;
+  if (alloc_overflow(static_cast<std::uint64_t>(wanted), hdr, ovf)) return true;
+  take_back(old.overflow_pos, static_cast<std::uint32_t>(room));
+  return false;
+}
+
+bool QFile::write_payload(std::uint32_t pos, const RecordHeader& hdr, const OverflowRef& ovf,
+                          std::uint32_t skip, const char* data, std::uint32_t size) {
+  std::uint32_t start = pos + RecordHeader::kBytes + skip;
+  if (hdr.contiguous()) return file->write(start, data, size);
+  auto head = static_cast<std::uint32_t>(head_room(hdr)) - skip;
+  return file->write(start, data, head) && write_word(start + head, ovf.overflow_pos) &&
+         write_word(start + head + 4, ovf.overflow_blocks) &&
+         file->write(ovf.overflow_pos, data + head, size - head);
+}
+
+std::uint32_t QFile::write_record(std::uint32_t pos, const char* data, std::size_t size) {
+  if (read_only()) {
+    std::cerr << "Trying to write read-only file!\n";
+    return 0;
+  }
+  RecordHeader hdr;
+  OverflowRef ovf;
+  if (size > kMostBytes || !reserve(pos, static_cast<std::uint32_t>(size), hdr, ovf)) return 0;
+  dirty = 1;
+  return write_payload(pos, hdr, ovf, 0, data, hdr.size) ? pos : 0;
+}
+
+std::uint32_t QFile::read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hdr) {
+  if (buf.finished()) buf.reopen();
+  bool found = is_open() && read_header(pos, hdr);
+  std::int64_t head = hdr.contiguous() ? std::int64_t{hdr.size} : head_room(hdr);
+  // A size is believed only as far as the file goes.
+  if (found && head >= 0 && head <= hdr.size && hdr.size <= file->length() - pos) {
+    auto count = static_cast<std::uint32_t>(head);
+    tail_ref_pos_ = pos + RecordHeader::kBytes + count;
+    if (file->length() - pos - RecordHeader::kBytes >= count &&
+        file->read(pos + RecordHeader::kBytes, buf.extend(count), count))
+      return count;
+  }
+  hdr = {};
+  return complain_of_record();
+}
+
+bool QFile::read_tail(char* dest, std::uint32_t count) {
+  OverflowRef ovf;
+  return is_open() && read_overflow_ref(tail_ref_pos_, ovf) &&
+         file->read(ovf.overflow_pos, dest, count);
+}
+
+std::uint32_t QFile::read_record(std::uint32_t pos, StrBufs& buf) {
+  RecordHeader hdr;
+  std::uint32_t head = read_head(pos, buf, hdr);
+  std::uint32_t tail = hdr.size - head;
+  if (tail > 0 && !read_tail(buf.extend(tail), tail)) {
+    complain_of_record();
+    hdr = {};
+  }
+  if (!hdr.valid()) buf.reopen();
+  buf.finish();
+  return hdr.size;
+}
+
+}  // namespace torvane

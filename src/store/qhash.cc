@@ -1,0 +1,301 @@
+#include "store/qhash.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "shell/file_search.h"
+#include "shell/named_objects.h"
+#include "support/hash.h"
+#include "support/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::uint32_t kSizePos = 12;
+constexpr std::uint32_t kBucketsPos = 16;
+
+std::uint32_t padded(std::uint32_t pos) {
+  return (pos + 3) / 4 * 4;
+}
+
+/// The next token of a header, without its quotes.
+bool header_token(TokenizerBase& tokenizer, std::string& out) {
+  const char* token = tokenizer.next_significant_token();
+  if (!token) return false;
+  out.assign(token, tokenizer.token_length());
+  if (out.empty() || out[0] != '"') return !out.empty();
+  out.erase(0, 1);
+  if (!out.empty() && out.back() == '"') out.pop_back();
+  return true;
+}
+
+bool header_number(TokenizerBase& tokenizer, long& out) {
+  std::string token;
+  return header_token(tokenizer, token) && scan_long(token.c_str(), out);
+}
+
+[[noreturn]] void abort_over(const char* what) {
+  std::cout.flush();
+  std::cerr << what << std::endl;
+  std::abort();
+}
+
+}  // namespace
+
+int QHash::open_header(const char* header_name) {
+  Ref<Stream> stream = torvane::open_file(header_name);
+  if (!stream) return -1;
+  std::string directory = found_dir();
+  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512);
+  tokenizer.set_input(stream.get());
+  return open_from(directory.c_str(), tokenizer);
+}
+
+int QHash::open_from(const char* directory, TokenizerBase& tokenizer) {
+  close();
+  std::string name, function_name;
+  long block = 0, buckets = 0;
+  if (!header_token(tokenizer, name) || !header_number(tokenizer, block) ||
+      !header_number(tokenizer, buckets))
+    return 0;
+  bool named = header_token(tokenizer, function_name);
+  std::string path = or_empty(directory);
+  if (name[0] == kDirSeparator) path.clear();
+  if (!path.empty() && path.back() != kDirSeparator) path += kDirSeparator;
+  path += name;
+  return open_file(path.c_str(), block, buckets, named ? function_name.c_str() : nullptr);
+}
+
+int QHash::open_file(const char* name, long new_block_size, long buckets, const char* function_name,
+                     int) {
+  int existing = QFile::open(name, new_block_size);
+  if (!file) return 0;
+  std::string function = or_empty(function_name);
+  bool sound = existing ? load_file(function) : function_name && start_file(buckets, function_name);
+  if (!sound) return refuse(name);
+  find_function(function);
+  return existing;
+}
+
+bool QHash::start_file(long buckets, const char* function_name) {
+  std::size_t name_length = std::strlen(function_name);
+  constexpr long kMostBuckets = kMostBytes / 4;
+  if (buckets > kMostBuckets || name_length > kMostBytes / 4) return false;
+  size = static_cast<std::uint32_t>(std::max(buckets, 1L));
+  buckets_pos = kBucketsPos;
+  std::uint64_t name_pos = std::uint64_t{kBucketsPos} + 4 * std::uint64_t{size} + 4;
+  if (name_pos + name_length + 3 > kMostBytes) return false;
+  auto length = static_cast<std::uint32_t>(name_length);
+  auto at = static_cast<std::uint32_t>(name_pos);
+  if (!write_word(kSizePos, size) || !file->clear(buckets_pos, 4 * size) ||
+      !write_word(at - 4, length) || !file->write(at, function_name, length))
+    return false;
+  // The pad repeats the first letter of the name.
+  data_start = padded(at + length);
+  for (std::uint32_t pad = at + length; pad < data_start; ++pad)
+    if (!file->write(pad, function_name, 1)) return false;
+  end_pos = data_start;
+  return true;
+}
+
+bool QHash::load_file(std::string& function_name) {
+  char word[4];
+  if (!file->read(kSizePos, word, 4)) return false;
+  size = load_be32(word);
+  buckets_pos = kBucketsPos;
+  if (size == 0 || size > end_pos / 4) return false;
+  std::uint32_t name_pos = kBucketsPos + 4 * size + 4;
+  if (name_pos > end_pos || !file->read(name_pos - 4, word, 4)) return false;
+  std::uint32_t length = load_be32(word);
+  if (length > end_pos - name_pos || padded(name_pos + length) > end_pos) return false;
+  function_name.resize(length);
+  if (!file->read(name_pos, function_name.data(), length)) return false;
+  data_start = padded(name_pos + length);
+  // Space is taken only from a file whose blocks and free extents lie where records do.
+  return read_only() || ((end_pos - data_start) % block_size == 0 &&
+                         (free_list.empty() || free_list.front().pos >= data_start));
+}
+
+void QHash::find_function(const std::string& name) {
+  auto* found = find_object_as<NamedComparison>(name.c_str(), "function", false);
+  if (!found) {
+    std::cerr << "The function '" << name << "' is not registered as a named object" << std::endl;
+    std::exit(1);
+  }
+  compare = found->compare;
+}
+
+std::uint32_t QHash::bucket_of(const char* key) const {
+  return string_hash(key) % size;
+}
+
+std::uint32_t QHash::get_bucket(std::uint32_t index) const {
+  char word[4];
+  if (!is_open() || index >= size || !file->read(buckets_pos + 4 * index, word, 4)) return 0;
+  return load_be32(word);
+}
+
+bool QHash::read_next(std::uint32_t pos, std::uint32_t& next) const {
+  char bytes[RecordHeader::kBytes + kNextBytes];
+  RecordHeader hdr;
+  if (!is_open() || pos < data_start || !file->read(pos, bytes, sizeof bytes)) return false;
+  hdr.load(bytes);
+  next = load_be32(bytes + RecordHeader::kBytes);
+  return hdr.valid();
+}
+
+std::uint32_t QHash::find(const char* key, StrBufs& buf) {
+  if (!key || !is_open()) return 0;
+  buf.reset();
+  ChainWalk at(*this, get_bucket(bucket_of(key)));
+  while (at.pos() != 0) {
+    std::uint32_t next = 0;
+    Match match = compare_in_place(at.pos(), key, next);
+    if (match != Match::no) {
+      if (read_record(at.pos(), buf) < kNextBytes) return 0;
+      next = load_be32(buf.object());
+      buf.drop_front(kNextBytes);
+      if (match == Match::yes || compare(key, buf.object()) == 0) return at.pos();
+      buf.reset();
+    }
+    at.go_to(next);
+  }
+  return 0;
+}
+
+// Most keys are compared where they lie in the page, so that only the record that is wanted is
+// copied; one whose key goes on elsewhere must be copied to be compared.
+QHash::Match QHash::compare_in_place(std::uint32_t pos, const char* key,
+                                     std::uint32_t& next) const {
+  constexpr std::size_t kKeyAt = RecordHeader::kBytes + kNextBytes;
+  std::size_t there;
+  const char* bytes = file->view(pos, there);
+  if (there <= kKeyAt) return Match::unknown;
+  RecordHeader hdr;
+  hdr.load(bytes);
+  next = load_be32(bytes + RecordHeader::kBytes);
+  std::int64_t head = hdr.contiguous() ? std::int64_t{hdr.size} : head_room(hdr);
+  std::int64_t shown = std::min(head - kNextBytes, static_cast<std::int64_t>(there - kKeyAt));
+  if (!hdr.valid() || shown <= 0 ||
+      !std::memchr(bytes + kKeyAt, 0, static_cast<std::size_t>(shown)))
+    return Match::unknown;
+  return compare(key, bytes + kKeyAt) == 0 ? Match::yes : Match::no;
+}
+
+std::uint32_t QHash::insert(const char* data, std::size_t length) {
+  if (read_only() || !is_open() || length > kMostBytes - kNextBytes ||
+      !std::memchr(data, 0, length))
+    return 0;
+  std::uint32_t bucket = bucket_of(data);
+  std::uint32_t last = 0;
+  ChainWalk at(*this, get_bucket(bucket));
+  for (; at.pos() != 0; at.next()) last = at.pos();
+  if (at.damaged()) return 0;
+  RecordHeader hdr;
+  OverflowRef ovf;
+  std::uint32_t pos = 0;
+  if (!reserve(pos, static_cast<std::uint32_t>(length) + kNextBytes, hdr, ovf)) return 0;
+  bool written = write_word(pos + RecordHeader::kBytes, 0) &&
+                 write_payload(pos, hdr, ovf, kNextBytes, data, hdr.size - kNextBytes);
+  std::uint32_t link = last == 0 ? buckets_pos + 4 * bucket : last + RecordHeader::kBytes;
+  return written && write_word(link, pos) ? pos : 0;
+}
+
+std::uint32_t QHash::update(std::uint32_t pos, const char* data, std::size_t length,
+                            std::uint32_t next, int set_next) {
+  if (read_only() || !is_open() || length > kMostBytes - kNextBytes) return 0;
+  RecordHeader hdr;
+  OverflowRef ovf;
+  if (!reserve(pos, static_cast<std::uint32_t>(length) + kNextBytes, hdr, ovf)) return 0;
+  dirty = 1;
+  if (set_next && !write_word(pos + RecordHeader::kBytes, next)) return 0;
+  return write_payload(pos, hdr, ovf, kNextBytes, data, hdr.size - kNextBytes) ? pos : 0;
+}
+
+void QHash::check_chain(std::uint32_t pos) const {
+  ChainWalk at(*this, pos);
+  while (at.pos() != 0) {
+    std::uint32_t next = 0;
+    if (at.pos() >= end_pos) abort_over("out of bound");
+    if (!read_next(at.pos(), next) || !at.advance(next)) abort_over("invalid header");
+  }
+}
+
+void QHash::check_all() const {
+  for (std::uint32_t i = 0; is_open() && i < size; ++i) check_chain(get_bucket(i));
+}
+
+void QHash::print_profile(int max) const {
+  if (!is_open()) return;
+  std::vector<std::uint32_t> buckets_of(1);  // by length, as far as there are any
+  std::uint64_t total = 0;
+  for (std::uint32_t i = 0; i < size; ++i) {
+    std::size_t length = 0;
+    for (ChainWalk at(*this, get_bucket(i)); at.pos() != 0; at.next()) ++length;
+    total += length;
+    length = std::min(length, static_cast<std::size_t>(std::max(max, 0)));
+    if (length >= buckets_of.size()) buckets_of.resize(length + 1);
+    ++buckets_of[length];
+  }
+  for (long length = 0; length <= max; ++length) {
+    auto known = static_cast<std::size_t>(length) < buckets_of.size();
+    std::cerr << "size=" << length << ':'
+              << (known ? buckets_of[static_cast<std::size_t>(length)] : 0) << "  ";
+    if (length % 5 == 4) std::cerr << '\n';
+  }
+  if (max >= 0 && max % 5 != 4) std::cerr << '\n';
+  std::cerr << "total number of elements = " << total << std::endl;
+}
+
+void QHash::sort_links() {
+  if (read_only() || !is_open()) return;
+  std::vector<std::uint32_t> chain;
+  for (std::uint32_t i = 0; i < size; ++i) {
+    chain.clear();
+    ChainWalk at(*this, get_bucket(i));
+    for (; at.pos() != 0; at.next()) chain.push_back(at.pos());
+    if (at.damaged() || std::is_sorted(chain.begin(), chain.end())) continue;
+    std::sort(chain.begin(), chain.end());
+    bool written = write_word(buckets_pos + 4 * i, chain[0]);
+    for (std::size_t k = 0; k < chain.size() && written; ++k)
+      written =
+          write_word(chain[k] + RecordHeader::kBytes, k + 1 < chain.size() ? chain[k + 1] : 0);
+    dirty = 1;
+  }
+  sync();
+}
+
+void ChainWalk::next() {
+  std::uint32_t next_pos = 0;
+  if (hash_.read_next(pos_, next_pos))
+    go_to(next_pos);
+  else
+    give_up();
+}
+
+void ChainWalk::go_to(std::uint32_t next_pos) {
+  if (!advance(next_pos)) give_up();
+}
+
+bool ChainWalk::advance(std::uint32_t next_pos) {
+  pos_ = next_pos;
+  if (++steps_ == next_mark_) {
+    mark_ = pos_;
+    next_mark_ *= 2;
+    return true;
+  }
+  return pos_ != mark_ && steps_ <= hash_.end_pos / hash_.block_size;
+}
+
+void ChainWalk::give_up() {
+  pos_ = 0;
+  damaged_ = true;
+  std::cerr << "Invalid magic number!" << std::endl;
+}
+
+}  // namespace torvane

@@ -1,0 +1,87 @@
+#include "store/str2id.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+#include <utility>
+
+#include "support/big_endian.h"
+#include "support/text.h"
+
+namespace torvane {
+
+Str2Id::Str2Id(int size) {
+  constexpr int kFewestBits = 4;
+  constexpr int kMostBits = 24;
+  strings_.append({});
+  int bits = kFewestBits;
+  while (bits < kMostBits && (1 << bits) < size) ++bits;
+  rehash(bits);
+}
+
+// Chains stay short however many strings come. The hash of each is kept, so that no string is read
+// to find it a new place.
+void Str2Id::rehash(int bits) {
+  bits_ = bits;
+  buckets_.assign(std::size_t{1} << bits, 0);
+  for (int id = strings_.count() - 1; id > 0; --id) {
+    std::uint32_t& head = buckets_[bucket_of(strings_[id].hash)];
+    strings_[id].next = std::exchange(head, static_cast<std::uint32_t>(id));
+  }
+}
+
+int Str2Id::get_id(const char* string, int create) {
+  if (!string) return 0;
+  std::uint32_t hash = string_hash(string);
+  for (std::uint32_t id = buckets_[bucket_of(hash)]; id != 0;) {
+    const Entry& entry = strings_[static_cast<int>(id)];
+    if (entry.hash == hash && stricmp(entry.string, string) == 0) return static_cast<int>(id);
+    id = entry.next;
+  }
+  return create ? add(string, hash) : 0;
+}
+
+int Str2Id::add(const char* string, std::uint32_t hash) {
+  int id = strings_.count();
+  if (static_cast<std::size_t>(id) > buckets_.size()) rehash(bits_ + 1);
+  std::uint32_t& head = buckets_[bucket_of(hash)];
+  strings_.append({chars_.copy(string), hash, head});
+  head = static_cast<std::uint32_t>(id);
+  return id;
+}
+
+const char* Str2Id::get_string(int id) const {
+  return strings_[id].string;
+}
+
+void Str2Id::pack(StrBufs& buf) const {
+  buf.add_be32(static_cast<std::uint32_t>(count()));
+  for (int id = 1; id < count(); ++id) buf.add_text(get_string(id));
+}
+
+bool Str2Id::unpack(const char*& cursor, const char* end) {
+  clear();
+  if (end - cursor < 4) return false;
+  std::uint32_t n = load_be32(cursor);
+  cursor += 4;
+  for (std::uint32_t i = 1; i < n; ++i) {
+    auto* zero = static_cast<const char*>(
+        cursor == end ? nullptr : std::memchr(cursor, 0, static_cast<std::size_t>(end - cursor)));
+    if (!zero) return false;
+    const char* string = std::exchange(cursor, zero + 1);
+    std::uint32_t hash = string_hash(string);
+    if (get_id(string, 0) == 0)
+      add(string, hash);
+    else
+      std::cerr << "Duplicate entry in Str2Id: " << string << std::endl;
+  }
+  return true;
+}
+
+void Str2Id::clear() {
+  std::fill(buckets_.begin(), buckets_.end(), 0);
+  strings_.resize(1);
+  chars_.reset();
+}
+
+}  // namespace torvane
