@@ -20,6 +20,7 @@ bool passes_item(const ExpPtr& exp, LexItem* item) {
 }  // namespace
 
 void LexItemPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
+  if (pos < 1) return;
   LexAnalyzer& chart = run.analyzer;
   bool at_end = anchor == Anchor::end;
   // The expression may change the chart.
