@@ -32,6 +32,12 @@ Value InWordList::eval(Value input, int type) {
   return words_ && words_->find(word) ? input : Value();
 }
 
+// Endings have no case.
+void SuffixMatch::init(IRSlist* args) {
+  args->take_flag(":case-sensitive");
+  InWordList::init(args);
+}
+
 Value SuffixMatch::eval(Value input, int type) {
   if (!accepts(type)) return Value();
   const char* word = input.text();

@@ -26,6 +26,7 @@ class InWordList : public Form<InWordList, CharPred> {
 class SuffixMatch : public Form<SuffixMatch, InWordList> {
  public:
   static constexpr const char* kName = "suffix";
+  void init(IRSlist* args) override;
   Value eval(Value input, int type) override;
 };
 

@@ -6,6 +6,7 @@
 (make-word-list exact :case-sensitive (Red red))
 (foreach (Red RED) :eval (if (in :wordlist exact) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (foreach (cats DISHES kindness "" s nes) :eval (if (suffix (s es NESS)) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
+(foreach (Kindness) :eval (if (suffix :case-sensitive (NESS)) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (foreach (dark-red redder) :eval (if (suffix :wordlist colours) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (make-word-list)
 (make-word-list (a))
