@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 #include "shell/tokenizer.h"
 #include "support/text.h"
@@ -64,8 +65,13 @@ bool abbreviates(const char* full, const char* abbrev) {
 }
 
 void AntecedentList::add(const char* name, const Meaning* meaning) {
-  if (!name || !meaning || find_exact(name)) return;
-  entries_.push_back({name, meaning->clone()});
+  if (!name || find_exact(name)) return;
+  std::unique_ptr<Meaning> kept = meaning ? meaning->clone() : nullptr;
+  if (auto known = by_name_.find(name); known != by_name_.end()) {
+    known->second->meaning = std::move(kept);
+    return;
+  }
+  entries_.push_back({name, std::move(kept)});
   by_name_.emplace(entries_.back().name, &entries_.back());
   Tokenizer tokenizer(kBlanks, "", "", "", '\\', ';', 4096, 512);
   tokenizer.set_string_input(name, -1);

@@ -15,7 +15,8 @@ namespace torvane {
 
 class AntecedentList {
  public:
-  /// Keeps a copy of the name and a clone of its meaning, unless the name has a meaning already.
+  /// Keeps a copy of the name and a clone of its meaning, unless the name has a meaning already. A
+  /// name without a meaning (null) gives its words only.
   void add(const char* name, const Meaning* meaning);
   void clear();
   /// The meaning of exactly this name, or null.
@@ -35,7 +36,7 @@ class AntecedentList {
   const Meaning* find_first(const char* name, Test test) const;
 
   std::deque<Entry> entries_;  // in the order of their coming, never moved
-  std::unordered_map<std::string_view, const Entry*> by_name_;
+  std::unordered_map<std::string_view, Entry*> by_name_;
   std::unordered_set<std::string> words_;
 };
 
