@@ -18,6 +18,8 @@
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/object_factory.h"
+#include "triples/triple_commands.h"
+#include "wordsim/sim_word_db.h"
 
 namespace torvane {
 
@@ -53,8 +55,8 @@ constexpr Registration kRegistrations[] = {
     {"the sentence separator", register_sentence_separator},
     {"antecedent list expressions", register_antecedent_forms},
     {"the attribute vector meaning", register_avmeaning_proto},
-    {"triple databases", nullptr},
-    {"similar words", nullptr},
+    {"triple databases", register_triple_commands},
+    {"similar words", register_similar_words},
 };
 
 }  // namespace
