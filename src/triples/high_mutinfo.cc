@@ -1,5 +1,6 @@
 // `print-high-mutinfo`: the words, relations and triples that stand out, by themselves or against
 // the counts of a background corpus.
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -15,8 +16,9 @@ namespace {
 float quotient(float a, float b) {
   return a == 0 && b == 0 ? 0 : a / b;
 }
+/// How far a share stands out from the background's; 0 where counts make no sense.
 float score(float foreground, float background) {
-  return std::log(quotient(foreground, background) + 1);
+  return std::log(std::max(0.0F, quotient(foreground, background)) + 1);
 }
 
 class HighMutinfo {

@@ -1,0 +1,1 @@
+((drinks beer wine) (others stone))

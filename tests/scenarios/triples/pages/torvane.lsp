@@ -1,0 +1,15 @@
+; Pages on words: a list with links, and two words side by side.
+(make-tripledb db 101)
+(link-file db db.hdr rw)
+(populate-tripledb db rels.txt deps.txt)
+(print-tripledb-entry-in-html db :words (beer nosuch cider) :url "<a href=/cgi-bin/find?" :index-url /index
+  :codes ((-V:obj:N "what one does with it") (N:with:N unused) (nosuch x) (short)))
+(echo "")
+(print-tripledb-entry-in-html db :words (BEER) :output nosuch)
+(echo "")
+(cmp-tripledb-entries db beer cider :codes ((N:mod:A "described as")))
+(cmp-tripledb-entries db cider beer :color0 gray :color1 red :color2 blue)
+(cmp-tripledb-entries db hail beer)
+(cmp-tripledb-entries db beer nosuch)
+(cmp-tripledb-entries db)
+(exit)
