@@ -30,21 +30,26 @@ class ChunkTable {
   void print(std::ostream& out) const {
     for (int i = 1; i < count(); ++i) {
       const Entry& word = at(i);
-      out << deps_.gap(i) << std::string(word.clauses_open, '{') << (word.open ? "[" : "")
-          << deps_.word(i);
+      out << deps_.gap(i) << std::string(word.around.opened, '{') << (word.open ? "[" : "");
+      out << std::string(word.within.opened, '{') << deps_.word(i);
+      out << std::string(word.within.closed, '}');
       if (word.close) out << ']' << *word.close;
-      out << std::string(word.clauses_closed, '}');
+      out << std::string(word.around.closed, '}');
     }
     out << '\n';
   }
 
  private:
   using Label = const std::string*;
+  struct Clauses {
+    std::size_t opened = 0;
+    std::size_t closed = 0;
+  };
   struct Entry {
     Label open = nullptr;
     Label close = nullptr;
-    std::size_t clauses_open = 0;
-    std::size_t clauses_closed = 0;
+    Clauses around;  // outside the brackets of chunks
+    Clauses within;
   };
 
   int count() const { return static_cast<int>(entries_.size()); }
@@ -134,16 +139,32 @@ class ChunkTable {
     }
   }
 
+  // A clause inside one chunk has its marks inside the brackets, so that they nest.
   void mark_clauses() {
     int clause = property_id("clause");
     if (clause == 0) return;
+    std::vector<int> stretch = stretches();
+    auto extents = extents_in(root_);
     for (TPreIterator<DepTree> walk(&root_); DepTree* node = walk.next();) {
       if (!find_prop(*node, clause)) continue;
-      Extent extent = extent_of(*node);
-      if (extent.empty() || extent.high >= count()) continue;
-      ++at(extent.low).clauses_open;
-      ++at(extent.high).clauses_closed;
+      auto [low, high] = extents[node];
+      if (low == 0 || high >= count()) continue;
+      bool in_one =
+          stretch[static_cast<std::size_t>(low)] == stretch[static_cast<std::size_t>(high)];
+      auto marks = in_one && !(at(low).open && at(high).close) ? &Entry::within : &Entry::around;
+      ++(at(low).*marks).opened;
+      ++(at(high).*marks).closed;
     }
+  }
+
+  /// For each word, how many stretches begin up to it.
+  std::vector<int> stretches() const {
+    std::vector<int> numbers(entries_.size());
+    for (int i = 1, n = 0; i < count(); ++i) {
+      if (at(i).open) ++n;
+      numbers[static_cast<std::size_t>(i)] = n;
+    }
+    return numbers;
   }
 
   DepTree& root_;

@@ -6,6 +6,7 @@
 
 #include "deps/deps.h"
 #include "deps/node_extent.h"
+#include "deps/print_text.h"
 #include "deps/tree_walk.h"
 #include "support/depth.h"
 #include "support/text.h"
@@ -169,10 +170,14 @@ class TreeWriter {
     if (deps_._assertions.empty()) return;
     out_ << "assertions: (\n";
     for (const Deps::Assertion& assertion : deps_._assertions) {
-      out_ << " (" << quoted(assertion.name);
+      out_ << " (";
+      write_atom(out_, assertion.name);
       for (const Deps::AssertionArg& arg : assertion.args) {
-        out_ << " (" << quoted(arg.left);
-        out_ << ' ' << quoted(arg.right) << ' ' << float_text(arg.weight) << ')';
+        out_ << " (";
+        write_atom(out_, arg.left);
+        out_ << ' ';
+        write_atom(out_, arg.right);
+        out_ << ' ' << float_text(arg.weight) << ')';
       }
       out_ << ")\n";
     }

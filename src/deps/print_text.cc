@@ -1,8 +1,10 @@
 #include "deps/print_text.h"
 
 #include <iostream>
+#include <string>
 
 #include "deps/deps.h"
+#include "support/text.h"
 
 namespace torvane {
 
@@ -21,6 +23,12 @@ const char* relation_text(const DepTree* node) {
 
 const char* span_text(const DepTree& node) {
   return node._deps->span_text(node._low, node._high);
+}
+
+void write_atom(std::ostream& out, const char* text) {
+  std::string atom;
+  append_quoted(atom, or_empty(text), QuoteComma::yes);
+  out << (atom.empty() ? "\"\"" : atom);
 }
 
 std::ostream* output_of(Stream* stream) {

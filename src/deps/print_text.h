@@ -1,4 +1,4 @@
-// The small texts that printing forms make of a node, and where they write.
+// The small texts that go into what is printed of a node, and where printing forms write.
 #pragma once
 
 #include <ostream>
@@ -15,6 +15,9 @@ const char* root_text(const DepTree* node);
 const char* relation_text(const DepTree* node);
 /// The words from the first to the last of the node; in the strings of its Deps.
 const char* span_text(const DepTree& node);
+
+/// The text as an atom that reads back, the empty text too; null as the empty one.
+void write_atom(std::ostream& out, const char* text);
 
 /// Where a form with a stream argument writes: standard output if it is null, nowhere (null) if the
 /// stream is closed.

@@ -1,6 +1,7 @@
 #include "deps/val_types.h"
 
 #include "deps/deps.h"
+#include "deps/print_text.h"
 #include "deps/text_list.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
@@ -14,13 +15,6 @@ constexpr const char* kValType = "ValType";
 
 int order(Word a, Word b) {
   return a < b ? -1 : a > b;
-}
-
-// An atom that reads back, the empty text too.
-void write_atom(std::ostream& out, const char* text) {
-  std::string atom;
-  append_quoted(atom, text, QuoteComma::yes);
-  out << (atom.empty() ? "\"\"" : atom);
 }
 
 Value new_list(Deps& owner, TextList*& list) {
