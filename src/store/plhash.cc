@@ -120,7 +120,7 @@ int PLHash::link_file(const char* header, int mode) {
   Ref<Stream> stream = open_file(header);
   if (!stream) return -1;
   std::string directory = found_dir();
-  Tokenizer tokenizer(" \t\n\r", ";,", "", "\"", '\\', ';', 256, 256);
+  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512);
   tokenizer.set_input(stream.get());
   return link_stream(mode, directory.c_str(), tokenizer);
 }

@@ -1,0 +1,280 @@
+#include "triples/triple_db.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
+
+#include "shell/file_search.h"
+
+namespace torvane {
+namespace {
+
+class TripleDbTest : public testing::Test {
+ protected:
+  TripleDbTest() {
+    set_search_path(folder_.c_str());
+    std::filesystem::create_directories(folder_);
+    std::ofstream(folder_ / "a.hdr") << "a.db 64 11 strcasecmp";
+  }
+  ~TripleDbTest() override { std::filesystem::remove_all(folder_); }
+
+  void link(TripleDb& db, int mode = 3) { ASSERT_GE(db.link_file("a.hdr", mode), 0); }
+  static void populate(TripleDb& db, const std::string& relations, const std::string& details) {
+    std::istringstream first(relations), second(details);
+    db.populate_relations(first);
+    db.populate(second);
+  }
+  static std::string dump(TripleDb& db) {
+    std::ostringstream relations, details;
+    db.dump(relations, details);
+    return relations.str() + "--\n" + details.str();
+  }
+  static const WordCount* word_of(TripleDb& db, const char* key, int id, const char* word) {
+    TripleDbInfo* entry = db.find(key);
+    if (!entry) return nullptr;
+    db.load_details(*entry);
+    RelInfo* rel = entry->find_rel(id);
+    return rel ? rel->find_word(word) : nullptr;
+  }
+
+  std::filesystem::path folder_ =
+      std::filesystem::path(testing::TempDir()) /
+      ("triples-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+};
+
+TEST_F(TripleDbTest, CountsATripleFromBothEnds) {
+  TripleDb db(101, 101, 0);
+  const int obj = db.feature_id("obj", true);
+  db.add_triple("eat", obj, "apple", 2);
+  db.add_triple("Eat", obj, "fish", 1);
+  db.add_triple("eat", obj, nullptr, 4);
+  db.add_triple("loaf", -obj, "bake", 8);
+  EXPECT_EQ(db.total_count(), 15);
+  TripleDbInfo* eat = db.find("eat");
+  EXPECT_EQ(eat->freq, 7);
+  EXPECT_EQ(eat->find_rel(obj)->freq, 3) << "a triple without a word counts at its head only";
+  EXPECT_EQ(eat->find_rel(obj)->find_word("APPLE")->freq, 2);
+  EXPECT_EQ(word_of(db, "apple", -obj, "eat")->freq, 2);
+  EXPECT_EQ(db.find("apple")->invFreq, 2);
+  EXPECT_EQ(db.find("obj")->freq, 7) << "an inverse relation does not count the relation";
+  EXPECT_EQ(word_of(db, "bake", obj, "loaf")->freq, 8);
+  EXPECT_EQ(db.find("loaf")->invFreq, 8);
+}
+
+std::string packed(std::initializer_list<std::uint32_t> words) {
+  StrBufs buf;
+  for (std::uint32_t word : words) buf.add_be32(word);
+  return std::string(buf.object(), buf.object_size());
+}
+
+constexpr std::uint32_t bits(float value) {
+  return std::bit_cast<std::uint32_t>(value);
+}
+
+TEST_F(TripleDbTest, LaysRecordsOut) {
+  TripleDb db(101, 101, 1);
+  link(db);
+  const auto r = static_cast<std::uint32_t>(db.feature_id("r", true));
+  db.add_triple("a", static_cast<int>(r), "b", 3);
+  db.get_entry("a")->classes.append(ClassCount{7, 2.5F});
+  db.find("a")->info = 0.5F;
+  db.sync();
+  const auto pos = static_cast<std::uint32_t>(db.find("a")->detail_pos);
+  StrBufs buf;
+  ASSERT_GT(db.file->find("a", buf), 0U);
+  EXPECT_EQ(std::string(buf.object(), buf.object_size() - 1),
+            std::string("a\0", 2) +
+                packed({bits(3), 0, bits(0.5), pos, 1, r, bits(3), 0, 1, 7, bits(2.5)}));
+  StrBufs details;
+  std::uint32_t size = db.file->read_record(pos, details);
+  EXPECT_EQ(std::string(details.object(), size),
+            packed({1, 1, 3, bits(3), bits(WordCount::kUnknown)}));
+  StrBufs global;
+  size = db.file->read_record(db.file->data_start, global);
+  EXPECT_EQ(std::string(global.object(), size), packed({bits(3), 4}) + std::string("r\0a\0b\0", 6));
+}
+
+TEST_F(TripleDbTest, ReadsStoresWithAndWithoutMutualInformation) {
+  const char* relations =
+      "a\t \tfreq\t4\na\tr\t \t4\nb\t \tinvFreq\t4\nb\t-r\t \t4\nr\t \tfreq\t4\n";
+  for (int with : {0, 1}) {
+    TripleDb db(101, 101, with);
+    link(db);
+    populate(db, relations, "a\tr\tb\t4\nb\t-r\ta\t4\n");
+    EXPECT_FALSE(db.find("a")->rels[0].words) << "details go once they are written";
+    db.unlink_file();
+    for (int believed : {0, 1}) {
+      TripleDb again(101, 101, believed);
+      link(again, 1);
+      const WordCount* word = word_of(again, "a", again.feature_id("r", false), "b");
+      ASSERT_TRUE(word);
+      EXPECT_EQ(word->freq, 4);
+      EXPECT_EQ(word->mi == WordCount::kUnknown, with == 0);
+    }
+    std::filesystem::remove(folder_ / "a.db");
+  }
+}
+
+TEST_F(TripleDbTest, KeepsDetailsThatAreNowhereElse) {
+  TripleDb db(101, 101, 0);
+  const int r = db.feature_id("r", true);
+  db.add_triple("a", r, "b", 1);
+  db.find("a")->drop_details();
+  EXPECT_TRUE(word_of(db, "a", r, "b")) << "no file";
+  link(db);
+  db.sync();
+  db.find("a")->drop_details();
+  EXPECT_FALSE(db.find("a")->rels[0].words);
+  EXPECT_TRUE(word_of(db, "a", r, "b")) << "read back";
+  db.add_triple("a", r, "c", 1);
+  db.find("a")->drop_details();
+  EXPECT_TRUE(word_of(db, "a", r, "c")) << "changed";
+}
+
+TEST_F(TripleDbTest, TakesDetailsThatDoNotFitAsNone) {
+  TripleDb db(101, 101, 0);
+  link(db);
+  const int r = db.feature_id("r", true);
+  db.add_triple("a", r, "b", 1);
+  db.sync();
+  TripleDbInfo& a = *db.find("a");
+  auto try_details = [&](const std::string& bytes) {
+    std::uint32_t pos = db.file->write_record(0, bytes.data(), bytes.size());
+    a.rels[0].words.reset();
+    a.detail_pos = -static_cast<int>(pos);
+    db.load_details(a);
+    return a.detail_pos != 0;
+  };
+  EXPECT_TRUE(try_details(packed({1, 1, 2, bits(1)})));
+  EXPECT_EQ(a.rels[0].word_count(), 1);
+  EXPECT_TRUE(try_details(packed({1, 2, 99, 0xffffffff, bits(1), bits(1)})));
+  EXPECT_EQ(a.rels[0].word_count(), 0) << "ids of no string are left out";
+  for (const auto& bytes :
+       {std::string(), packed({1}), packed({2, 1, 2, bits(1)}), packed({1, 1, 2}),
+        packed({1, 1, 2, bits(1), 0, 0}), packed({1, 0x7fffffff, 2, bits(1)}),
+        packed({1, 0xffffffff}), packed({0xffffffff, 1, 2, bits(1)})})
+    EXPECT_FALSE(try_details(bytes)) << bytes.size();
+  testing::internal::CaptureStderr();
+  for (int pos : {1, 13, 4000, 0x7fffffff}) {
+    a.detail_pos = -pos;
+    db.load_details(a);
+    EXPECT_EQ(a.detail_pos, 0);
+  }
+  testing::internal::GetCapturedStderr();
+  // What is saved now has details of its own, and harms no other record.
+  a.mark_changed();
+  db.add_triple("a", r, "b", 1);
+  db.unlink_file();
+  link(db, 1);
+  db.check_all();
+  EXPECT_EQ(word_of(db, "a", r, "b")->freq, 1);
+  EXPECT_EQ(word_of(db, "b", -r, "a")->freq, 2);
+}
+
+TEST_F(TripleDbTest, DropsMainRecordsThatAreCut) {
+  TripleDb db(101, 101, 0);
+  const std::string whole = std::string("a\0", 2) + packed({0, 0, 0, 0, 2, 1, bits(1), 0,
+                                                            0x80000000, bits(1), 0, 1, 5, bits(1)});
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    StrBufs buf;
+    buf.add_bytes(whole.data(), length);
+    std::unique_ptr<TripleDbInfo> entry(static_cast<TripleDbInfo*>(db.v_unpack_entry(buf)));
+    EXPECT_EQ(entry != nullptr, length == whole.size()) << length;
+  }
+  for (std::size_t at : {18U, 46U}) {
+    std::string damaged = whole;
+    damaged.replace(at, 4, "\xff\xff\xff\xff");
+    StrBufs buf;
+    buf.add_bytes(damaged.data(), damaged.size());
+    EXPECT_EQ(db.v_unpack_entry(buf), nullptr);
+  }
+}
+
+TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
+  TripleDb db(101, 101, 0);
+  link(db);
+  const int r = db.feature_id("r", true);
+  for (int i = 0; i < 6; ++i)
+    db.add_triple(("h" + std::to_string(i)).c_str(), r, ("m" + std::to_string(i)).c_str(), 1);
+  db.clean_up_after = 6;
+  const std::string before = [&] {
+    db.sync();
+    return dump(db);
+  }();
+  db.add_triple("h1", r, "m1", 1);
+  db.get_entry("new")->freq = 3;
+  testing::internal::CaptureStderr();
+  db.CleanUp();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "CleanUp deleted 7 out of 14\n");
+  EXPECT_EQ(db.serial, 3);
+  EXPECT_FALSE(db.find_in_memory("h2"));
+  EXPECT_EQ(db.find_in_memory("h5")->last_used, 2);
+  EXPECT_EQ(db.find("new")->freq, 3) << "it was written first";
+  EXPECT_EQ(db.find("h1")->freq, 2);
+  EXPECT_EQ(word_of(db, "h2", r, "m2")->freq, 1);
+
+  TripleDb unlinked(101, 101, 0);
+  unlinked.add_triple("a", unlinked.feature_id("r", true), "b", 1);
+  unlinked.clean_up_after = 100;
+  testing::internal::CaptureStderr();
+  unlinked.CleanUp();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "CleanUp deleted 3 out of 3\n");
+}
+
+TEST_F(TripleDbTest, DeletesATripleOnce) {
+  TripleDb db(101, 101, 0);
+  link(db);
+  const int r = db.feature_id("r", true);
+  for (const char* word : {"b", "c", "a"}) db.add_triple("a", r, word, 2);
+  db.remove_triple("b", "-r", "a");
+  EXPECT_EQ(db.total_count(), 4);
+  EXPECT_EQ(db.find("r")->freq, 4);
+  EXPECT_EQ(db.find("r")->invFreq, 0);
+  db.remove_triple("a", "r", " ");
+  db.remove_triple("a", "r", "b");
+  db.remove_triple("a", "unknown", "b");
+  EXPECT_EQ(db.total_count(), 0);
+  EXPECT_EQ(db.find("a")->freq, 0);
+  EXPECT_EQ(db.find("a")->invFreq, 0);
+  db.unlink_file();
+  link(db, 1);
+  for (const char* word : {"a", "b", "c"}) {
+    EXPECT_FALSE(word_of(db, "a", r, word));
+    EXPECT_EQ(db.find(word)->detail_pos, 0);
+  }
+}
+
+TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {
+  TripleDb linked(13, 11, 0), plain(13, 11, 0);
+  link(linked);
+  unsigned seed = 7;
+  auto random = [&seed](unsigned n) { return (seed = seed * 1103515245 + 12345) / 65536 % n; };
+  auto word = [&] { return "w" + std::to_string(random(random(2) ? 4 : 60)); };
+  for (int step = 0; step < 3000; ++step) {
+    std::string head = word(), relation = "r" + std::to_string(random(4)), other = word();
+    const bool remove = random(4) == 0;
+    if (remove && random(9) == 0) other = " ";
+    for (TripleDb* db : {&linked, &plain}) {
+      if (remove)
+        db->remove_triple(head.c_str(), relation.c_str(), other.c_str());
+      else
+        db->add_triple(head.c_str(), db->feature_id(relation.c_str(), true), other.c_str(), 1);
+    }
+    if (step % 100 == 50) linked.sync();
+    if (step % 300 == 200) {
+      linked.unlink_file();
+      link(linked);
+    }
+  }
+  linked.sync();
+  linked.check_all();
+  EXPECT_EQ(dump(linked), dump(plain));
+  EXPECT_EQ(linked.total_count(), plain.total_count());
+}
+
+}  // namespace
+}  // namespace torvane
