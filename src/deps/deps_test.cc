@@ -6,24 +6,11 @@
 #include <string>
 
 #include "att/att_interpreter_list.h"
+#include "deps/val_types.h"
 #include "shell/exec.h"
 
 namespace torvane {
 namespace {
-
-/// A property whose values are texts.
-class TextType : public ValType {
- public:
-  const char* name() const override { return "char*"; }
-  void print(std::ostream& out, Value value) const override { out << value.text(); }
-  Value copy(Value value, Deps& owner) const override {
-    return Value::sentence_text(owner._strings.copy(value.text()));
-  }
-  Value parse(IRSlist* form, Deps& owner) const override {
-    return copy(Value::sentence_text(or_empty(form->get_str_val())), owner);
-  }
-  int compare(Value a, Value b) const override { return byte_compare(a.text(), b.text()); }
-};
 
 class DepsTest : public testing::Test {
  protected:
@@ -121,6 +108,14 @@ TEST_F(DepsTest, LabelsAreKeptAndGivenInOrder) {
   EXPECT_EQ(deps._next_empty, 0);
 }
 
+TEST_F(DepsTest, LabelsThatLookLikeDirectionsReadBack) {
+  const char* text = "<\t(a\t~ X\t*)\n*\t(b\t~ X\t- <\tr)\n-\t(c\t~ X\t- *)\n4\t(d\t~ X\t- -)\n";
+  read(std::string("(") + text + ")");
+  EXPECT_EQ(errors_, "");
+  EXPECT_EQ(lines(deps_), text);
+  EXPECT_EQ(node("4")->parent(), node("-"));
+}
+
 TEST_F(DepsTest, UncoveredWordsStandOnceInOrder) {
   read("(1 (a ~ X *) (b) :nogap (c) 4 (d ~ X 1) :nogap (e) (f))");
   EXPECT_EQ(lines(deps_),
@@ -170,12 +165,13 @@ TEST_F(DepsTest, AWordOutsideTheTreeIsNobodysParent) {
 
 TEST_F(DepsTest, AssertionsEndTheNodes) {
   read("(1 (a ~ X *) assertions: ((eq (a b 0.5) (c)) odd (only) ((x))) 2 (lost ~ X *))");
-  EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t*)\nassertions: (\n (eq (a b 0.5) (c  1))\n (only)\n )\n");
+  EXPECT_EQ(lines(deps_),
+            "1\t(a\t~ X\t*)\nassertions: (\n (eq (a b 0.5) (c \"\" 1))\n (only)\n )\n");
   EXPECT_EQ(deps_.word_count(), 2);
 }
 
 TEST_F(DepsTest, PropertiesMustBeDefined) {
-  static const TextType text_type;
+  static const StrValue text_type;
   define_property("note", &text_type);
   read("(1 (a ~ X * (note hm) (unknown y)))");
   EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t* (note hm))\n");

@@ -100,7 +100,9 @@ void TorvaneParser::reset() {
 
 void TorvaneParser::forget_result() {
   if (!_deps) return;
-  if (_deps->shared()) {
+  if (_deps->shared() || expression_waits()) {
+    // What is on its way through that expression may belong to it.
+    HeldValue(Value::of(_deps.get()));
     _deps.reset();
   } else {
     _deps->clear();
