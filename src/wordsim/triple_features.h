@@ -1,0 +1,40 @@
+// Similar words out of a database of triples: words are similar that stand in the same relations to
+// the same words.
+#pragma once
+
+#include <ostream>
+#include <vector>
+
+#include "triples/triple_db.h"
+#include "wordsim/feature_overlap.h"
+
+namespace torvane {
+
+/// The part of speech of the word at one end of a relation, by its name, `CATEGORY:REL:CATEGORY`:
+/// the first letter of the category at that end, in either case. A name without categories says
+/// noun; any other letter gives -1.
+int relation_end_pos(const char* relation, bool at_head);
+
+class TripleFeatures {
+ public:
+  /// Takes in every word's triples that carry at least so much mutual information, which must be
+  /// above 0. The database must outlive this.
+  void read(TripleDb& db, float least_information);
+  /// Writes for each word and part of speech the most similar words, in the form of a source file.
+  void write_source(std::ostream& out, std::size_t most);
+
+  const FeatureOverlap& overlap() const { return overlap_; }
+
+ private:
+  struct Item {
+    const char* word;
+    int pos;
+  };
+  void read_entry(TripleDbInfo& entry, TripleDb& db, float least_information);
+  void write_list(std::ostream& out, int item, std::size_t most);
+
+  std::vector<Item> items_;  // those of a word stand together
+  FeatureOverlap overlap_;
+};
+
+}  // namespace torvane
