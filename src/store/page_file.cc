@@ -2,12 +2,12 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -78,8 +78,8 @@ bool PageFile::set_length(std::uint64_t length) {
   if (length > kMostBytes) return false;
   length_ = static_cast<std::uint32_t>(length);
   std::size_t count = (length + kPageBytes - 1) / kPageBytes;
-  if (count > pages_.capacity()) pages_.reserve(std::max(count, pages_.capacity() * 3 / 2));
-  pages_.resize(count);
+  if (count > slots_.capacity()) slots_.reserve(std::max(count, slots_.capacity() * 3 / 2));
+  slots_.resize(count);
   return true;
 }
 
@@ -94,47 +94,60 @@ std::size_t PageFile::page_size(std::uint32_t number) const {
   return std::min(kPageBytes, length_ - number * kPageBytes);
 }
 
-PageFile::Page* PageFile::load(std::uint32_t number) {
-  Page* page = free_frame();
-  page->number = number;
-  page->changed = false;
-  page->recent = true;
-  if (!read_page(*page)) {
-    page->number = UINT32_MAX;  // the frame stays, for another page
-    return nullptr;
-  }
-  return pages_[number] = page;
+std::uint32_t PageFile::load(std::uint32_t number) {
+  std::uint32_t frame = free_frame();
+  if (!read_page(number, bytes_of(frame))) return kNone;  // the frame waits for another page
+  frames_[frame].number = number;
+  slots_[number] = 2 * (frame + 1) | kRecent;
+  return frame;
 }
 
-bool PageFile::read_page(Page& page) {
-  std::uint32_t start = page.number * kPageBytes;
-  if (old_pages_ && old_pages_->holds(page.number)) {
-    return old_pages_->read(page.number, page.bytes) || fail("read");
-  }
+bool PageFile::read_page(std::uint32_t number, char* bytes) {
+  std::uint32_t start = number * kPageBytes;
+  if (old_pages_ && old_pages_->holds(number))
+    return old_pages_->read(number, bytes) || fail("read");
   std::size_t wanted = start < disk_length_ ? std::min(kPageBytes, disk_length_ - start) : 0;
   errno = 0;
-  std::size_t got = fd_.read_at(start, page.bytes, wanted);
-  std::memset(page.bytes + got, 0, kPageBytes - got);
+  std::size_t got = fd_.read_at(start, bytes, wanted);
+  std::memset(bytes + got, 0, kPageBytes - got);
   if (got == wanted) return true;
   if (errno == 0) errno = ENODATA;  // someone has cut the file
   return fail("read");
 }
 
-PageFile::Page* PageFile::free_frame() {
-  if (frames_.size() >= most_frames_) make_room();
+std::uint32_t PageFile::free_frame() {
+  if (frames_.size() < most_frames_) return new_frame();
+  make_room();
   // A page that was not used since the hand came by goes; one that was changed never does.
-  for (std::size_t tries = frames_.size() < most_frames_ ? 0 : 2 * frames_.size(); tries > 0;
-       --tries) {
+  for (std::size_t tries = 2 * frames_.size(); tries > 0; --tries) {
     hand_ = hand_ + 1 < frames_.size() ? hand_ + 1 : 0;
-    Page* page = frames_[hand_].get();
-    if (page->changed) continue;
-    if (std::exchange(page->recent, false)) continue;
-    if (page->number < pages_.size() && pages_[page->number] == page)
-      pages_[page->number] = nullptr;
-    return page;
+    Frame& frame = frames_[hand_];
+    if (frame.changed) continue;
+    if (frame.number != kNone) {
+      std::uint32_t& slot = slots_[frame.number];
+      if (slot & kRecent) {
+        slot &= ~kRecent;
+        continue;
+      }
+      slot = 0;
+      frame.number = kNone;
+    }
+    return static_cast<std::uint32_t>(hand_);
   }
-  frames_.push_back(std::unique_ptr<Page>(new Page));
-  return frames_.back().get();
+  return new_frame();
+}
+
+std::uint32_t PageFile::new_frame() {
+  if (frames_.size() == chunks_.size() * kChunkFrames) {
+    constexpr std::size_t kBytes = std::size_t{kChunkFrames} * kPageBytes;
+    auto* chunk = static_cast<char*>(std::aligned_alloc(kBytes, kBytes));
+    if (!chunk) std::abort();
+    // Records lie all over a large store: with large pages the machine finds its way to them.
+    if (!chunks_.empty()) ::madvise(chunk, kBytes, MADV_HUGEPAGE);
+    chunks_.emplace_back(chunk);
+  }
+  frames_.emplace_back();
+  return static_cast<std::uint32_t>(frames_.size() - 1);
 }
 
 // Changed pages are written before they take up so much that the others have no room.
@@ -146,10 +159,10 @@ const char* PageFile::view(std::uint32_t pos, std::size_t& n) {
   n = 0;
   if (pos >= length_) return nullptr;
   std::uint32_t number = pos / kPageBytes;
-  Page* found = page(number);
-  if (!found) return nullptr;
+  std::uint32_t frame = frame_of(number);
+  if (frame == kNone) return nullptr;
   n = page_size(number) - pos % kPageBytes;
-  return found->bytes + pos % kPageBytes;
+  return bytes_of(frame) + pos % kPageBytes;
 }
 
 bool PageFile::read(std::uint32_t pos, char* bytes, std::size_t n) {
@@ -166,23 +179,24 @@ bool PageFile::read(std::uint32_t pos, char* bytes, std::size_t n) {
   return true;
 }
 
-PageFile::Page* PageFile::page_to_change(std::uint32_t number) {
-  Page* found = page(number);
-  if (found && !found->changed) {
-    found->changed = true;
+char* PageFile::page_to_change(std::uint32_t number) {
+  std::uint32_t frame = frame_of(number);
+  if (frame == kNone) return nullptr;
+  if (!frames_[frame].changed) {
+    frames_[frame].changed = true;
     changed_.push_back(number);
   }
-  return found;
+  return bytes_of(frame);
 }
 
 bool PageFile::write(std::uint32_t pos, const char* bytes, std::size_t n) {
   if (!writable_ || n > kMostBytes - std::min(pos, kMostBytes)) return false;
   if (pos + n > length_ && !set_length(pos + n)) return false;
   while (n > 0) {
-    Page* found = page_to_change(pos / kPageBytes);
+    char* found = page_to_change(pos / kPageBytes);
     if (!found) return false;
     std::size_t part = std::min<std::size_t>(n, kPageBytes - pos % kPageBytes);
-    std::memcpy(found->bytes + pos % kPageBytes, bytes, part);
+    std::memcpy(found + pos % kPageBytes, bytes, part);
     bytes += part;
     pos += static_cast<std::uint32_t>(part);
     n -= part;
@@ -196,10 +210,10 @@ bool PageFile::clear(std::uint32_t pos, std::uint32_t n) {
   // Beyond the end there is nothing but zeros anyway.
   std::uint32_t old_end = std::min(end, length_);
   while (pos < old_end) {
-    Page* found = page_to_change(pos / kPageBytes);
+    char* found = page_to_change(pos / kPageBytes);
     if (!found) return false;
     std::uint32_t part = std::min(old_end - pos, kPageBytes - pos % kPageBytes);
-    std::memset(found->bytes + pos % kPageBytes, 0, part);
+    std::memset(found + pos % kPageBytes, 0, part);
     pos += part;
   }
   return end <= length_ || set_length(end);
@@ -235,7 +249,7 @@ bool PageFile::write_pages(const std::vector<std::uint32_t>& numbers) {
     std::uint32_t first = numbers[i];
     run.clear();
     do {
-      const char* bytes = pages_[numbers[i]]->bytes;
+      const char* bytes = bytes_of(frame_of(numbers[i]));
       run.insert(run.end(), bytes, bytes + page_size(numbers[i]));
       ++i;
     } while (i < numbers.size() && numbers[i] == numbers[i - 1] + 1 &&
@@ -253,7 +267,7 @@ bool PageFile::write_back() {
     return false;
   }
   if (!write_pages(changed_)) return fail("write");
-  for (std::uint32_t number : changed_) pages_[number]->changed = false;
+  for (std::uint32_t number : changed_) frames_[frame_of(number)].changed = false;
   changed_.clear();
   return true;
 }

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,28 +55,39 @@ class PageFile {
   bool commit();
 
  private:
-  struct Page {
-    std::uint32_t number;
-    bool changed;
-    bool recent;
-    char bytes[kPageBytes];
+  // Frames, each with room for a page, come in chunks of the size of a large page of the machine.
+  static constexpr std::uint32_t kChunkFrames = 512;
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+  static constexpr std::uint32_t kRecent = 1;  // in a slot: used since the hand came by
+
+  struct Frame {
+    std::uint32_t number = kNone;  // of the page that it holds
+    bool changed = false;
+  };
+  struct FreeChunk {
+    void operator()(char* chunk) const { std::free(chunk); }
   };
 
   PageFile(const std::string& path, Descriptor fd, bool writable, std::size_t cached_pages);
   bool recover();
   bool set_length(std::uint64_t length);
-  /// The page in memory, read if need be; null after a message if it cannot be read.
-  Page* page(std::uint32_t number) {
-    Page* found = pages_[number];
-    if (!found) return load(number);
-    found->recent = true;
-    return found;
+  /// The frame of a page, which is read if need be; kNone after a message if it cannot be read.
+  std::uint32_t frame_of(std::uint32_t number) {
+    std::uint32_t& slot = slots_[number];
+    if (slot == 0) return load(number);
+    if (!(slot & kRecent)) slot |= kRecent;
+    return (slot >> 1) - 1;
   }
-  Page* load(std::uint32_t number);
-  bool read_page(Page& page);
-  Page* free_frame();
+  char* bytes_of(std::uint32_t frame) const {
+    return chunks_[frame / kChunkFrames].get() + frame % kChunkFrames * std::size_t{kPageBytes};
+  }
+  std::uint32_t load(std::uint32_t number);
+  bool read_page(std::uint32_t number, char* bytes);
+  std::uint32_t free_frame();
+  std::uint32_t new_frame();
   void make_room();
-  Page* page_to_change(std::uint32_t number);
+  /// The bytes of a page that is about to be changed; null if it cannot be read.
+  char* page_to_change(std::uint32_t number);
   /// Brings all changed pages to the file, under the journal's protection.
   bool write_back();
   bool protect(const std::vector<std::uint32_t>& numbers);
@@ -94,8 +106,9 @@ class PageFile {
   bool failing_ = false;
   bool lost_ = false;  // the device has dropped writes: only the journal knows what holds
 
-  std::vector<Page*> pages_;  // by number; null: not in memory
-  std::vector<std::unique_ptr<Page>> frames_;
+  std::vector<std::uint32_t> slots_;  // by page: twice its frame plus 1, and kRecent; 0: no frame
+  std::vector<Frame> frames_;
+  std::vector<std::unique_ptr<char, FreeChunk>> chunks_;
   std::size_t most_frames_;
   std::size_t hand_ = 0;                // the next frame to be considered for another page
   std::vector<std::uint32_t> changed_;  // numbers, in no order

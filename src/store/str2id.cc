@@ -84,4 +84,9 @@ void Str2Id::clear() {
   chars_.reset();
 }
 
+std::size_t Str2Id::bytes_reserved() const {
+  return chars_.bytes_reserved() + static_cast<std::size_t>(strings_.capacity()) * sizeof(Entry) +
+         buckets_.capacity() * sizeof buckets_[0];
+}
+
 }  // namespace torvane

@@ -3,6 +3,7 @@
 // store's global data.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -28,6 +29,7 @@ class Str2Id {
   /// that later ids are lower by one. False if the bytes end too early; what was there is kept.
   bool unpack(const char*& cursor, const char* end);
   void clear();
+  std::size_t bytes_reserved() const;
 
  private:
   struct Entry {
