@@ -43,7 +43,7 @@ bool is_noise(const RelInfo& rel, float threshold) {
     if (word.freq < kNoise) small += word.freq;
     all += word.freq;
   }
-  return all != 0 && small / all > threshold;
+  return (all != 0 ? small / all : 0) > threshold;
 }
 
 Value print_noise(IRSlist* form) {
