@@ -18,6 +18,7 @@
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/object_factory.h"
+#include "treerules/tree_modifier.h"
 #include "triples/triple_commands.h"
 #include "wordsim/sim_word_db.h"
 
@@ -45,7 +46,7 @@ constexpr Registration kRegistrations[] = {
     {"string functions and word lists", register_string_forms},
     {"integer and regular expression functions", register_integer_forms},
     {"constants", register_constant_forms},
-    {"tree rules", nullptr},
+    {"tree rules", register_tree_rules},
     {"dependency tree expressions", register_deps_forms},
     {"sentence boundaries", register_sentence_boundary_forms},
     {"left and right context rules", register_llrule_commands},

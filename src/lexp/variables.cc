@@ -60,6 +60,11 @@ Var* find_var(const char* name) {
   return nullptr;
 }
 
+Var* find_own_var(const char* name) {
+  auto* entry = scopes().back()->find(name);
+  return entry ? entry->value.get() : nullptr;
+}
+
 void push_scope(int size) {
   if (size < 0) size = scopes().back()->bucket_count();
   scopes().append(std::make_unique<Scope>(size));

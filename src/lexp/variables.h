@@ -51,6 +51,8 @@ class Var : public Counted<Var> {
 Ref<Var> declare_var(const char* name, int type);
 /// The variable that a name means here, or null.
 Var* find_var(const char* name);
+/// The same in the top scope alone.
+Var* find_own_var(const char* name);
 /// `size` is a hint; a negative one takes the size of the scope below.
 void push_scope(int size);
 /// Leaves the top scope; the global one stays.

@@ -54,6 +54,8 @@ HeldValue::HeldValue(Value value) : value_(value), epoch_(epoch) {
     value.tag_->retain(value.word_);
   } else if (value.tag_ && value.tag_->life == Life::transient) {
     value_ = Value();
+  } else if (value.tag_ && value.tag_->life == Life::stamped) {
+    epoch_ = value.tag_->stamp(value.word_);
   }
 }
 
@@ -95,6 +97,8 @@ Value HeldValue::get() const {
     if (value_.tag_->life == Life::sentence && epoch_ == epoch) return value_;
     return Value::of_text(text_->chars.c_str(), tags::buffer_text);
   }
+  if (value_.tag_->life == Life::stamped)
+    return value_.tag_->stamp(value_.word_) == epoch_ ? value_ : Value();
   if (epoch_ == epoch) return value_;
   if (value_.tag_->life == Life::sentence) return Value();
   if (value_.tag_->of_sentence && value_.tag_->of_sentence(value_.word_)) return Value();

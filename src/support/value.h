@@ -23,6 +23,7 @@ enum class Life : std::uint8_t {
   sentence,   ///< belongs to the sentence in hand, and dies with the next reset
   counted,    ///< a holder takes a count
   transient,  ///< a text in a buffer of an expression, overwritten at its next evaluation
+  stamped,    ///< as long as its tag's stamp of it stays the same; its memory stays for ever
 };
 
 /// One kind of thing that a value can be. Tags are compared by address; `base` names the kind that
@@ -36,6 +37,7 @@ struct TypeTag {
   void (*release)(Word) = nullptr;  ///< for Life::counted
   /// For a counted thing that may also belong to the sentence in hand; null: it never does.
   bool (*of_sentence)(Word) = nullptr;
+  std::uint64_t (*stamp)(Word) = nullptr;  ///< for Life::stamped
 };
 
 /// The tag of T. A class that can be a value specialises this with
@@ -73,9 +75,14 @@ class Value {
 
   template <class T>
   static Value of(const T* object) {
+    return of_kind(object, ValueTraits<T>::tag());
+  }
+  /// The same as one of a kind below its class's: a thing that lives longer than its like.
+  template <class T>
+  static Value of_kind(const T* object, const TypeTag& tag) {
     using Base = typename ValueTraits<T>::Base;
     auto* base = const_cast<Base*>(static_cast<const Base*>(object));
-    return Value(reinterpret_cast<Word>(base), object ? &ValueTraits<T>::tag() : nullptr);
+    return Value(reinterpret_cast<Word>(base), object ? &tag : nullptr);
   }
 
   constexpr Word word() const { return word_; }

@@ -1,0 +1,19 @@
+// What an action of a tree rule does to the tree. An edit that would put a node below itself does
+// nothing.
+#pragma once
+
+#include "deps/rs_tree.h"
+
+namespace torvane {
+
+/// After an edit around a node: the root of its sentence's tree is the one on top.
+void raise_root(RSTree* node);
+
+/// `insert-node`, `detach-node` and their like.
+void register_tree_edits();
+/// `match`, `forall-subtree-matches`, `get-node`, `parent`, `tree-root`.
+void register_node_selectors();
+/// What actions do to the nodes of a dependency tree, and print of a match.
+void register_match_forms();
+
+}  // namespace torvane

@@ -1,0 +1,264 @@
+#include "treerules/tree_rules.h"
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <iostream>
+#include <string_view>
+#include <utility>
+
+#include "deps/tree_walk.h"
+#include "lexp/variables.h"
+#include "support/text.h"
+#include "treerules/tree_patterns.h"
+
+namespace torvane {
+namespace {
+
+/// The walk whose action runs, and where it stands. Rules that an action runs have walks of their
+/// own, after which the outer one counts again.
+class CurrentIterator {
+ public:
+  CurrentIterator(Iterator& walk, RSTree* node) : outer_(std::exchange(current, {&walk, node})) {}
+  ~CurrentIterator() { current = outer_; }
+  CurrentIterator(const CurrentIterator&) = delete;
+  CurrentIterator& operator=(const CurrentIterator&) = delete;
+
+  struct Place {
+    Iterator* walk = nullptr;
+    RSTree* node = nullptr;
+  };
+  static Place current;
+
+ private:
+  Place outer_;
+};
+CurrentIterator::Place CurrentIterator::current;
+
+/// What a rule's expressions declare is the rule's own.
+class VariableScope {
+ public:
+  VariableScope() { push_scope(-1); }
+  ~VariableScope() { pop_scope(); }
+  VariableScope(const VariableScope&) = delete;
+  VariableScope& operator=(const VariableScope&) = delete;
+};
+
+std::unique_ptr<LExp> make_condition(IRSlist* form) {
+  auto cond = LExp::get_exp(form);
+  if (cond && !is_pattern(*cond))
+    std::cerr << cond->name() << " cannot be used as a condition in tree rules.\n";
+  return cond;
+}
+
+bool is_word(const IRSlist* item, std::string_view word) {
+  return item && item->is_atom() && item->atom == word;
+}
+
+std::optional<std::string> take_text(IRSlist* args, const char* keyword) {
+  std::unique_ptr<IRSlist> value = args->take_keyword_node(keyword);
+  return value && value->atom ? std::optional<std::string>(value->atom) : std::nullopt;
+}
+
+/// A condition on each node.
+class StructuralRule : public TreeRule {
+ public:
+  void init(IRSlist* args) override;
+
+  ExpPtr cond;
+
+ protected:
+  template <class Walk>
+  void run(RSTree* tree);
+};
+
+/// A node after its children.
+class UpRule : public StructuralRule {
+ public:
+  void apply(RSTree* tree) override;
+};
+
+/// A node before its children.
+class DownRule : public StructuralRule {
+ public:
+  void apply(RSTree* tree) override;
+};
+
+/// The root alone, without a condition.
+class RootRule : public StructuralRule {
+ public:
+  void init(IRSlist* args) override;
+  void apply(RSTree* tree) override;
+};
+
+/// Several conditions that must all find a node somewhere in the tree.
+class FlatRule : public TreeRule {
+ public:
+  static constexpr int kMostConds = 32;
+
+  void init(IRSlist* args) override;
+  void apply(RSTree* tree) override;
+
+  Array<ExpPtr> conds;
+  std::uint32_t required = 0;  ///< those without which the action does not run
+  std::uint32_t repeat = 0;    ///< those whose later matches replace earlier ones
+
+ private:
+  class Progress;
+  void read_conds(IRSlist* list);
+};
+
+void StructuralRule::init(IRSlist* args) {
+  TreeRule::init(args);
+  VariableScope scope;
+  cond = make_condition(args->nth(0));
+  action = LExp::get_exp(args->nth(1));
+}
+
+template <class Walk>
+void StructuralRule::run(RSTree* tree) {
+  Walk walk(tree);
+  while (RSTree* node = walk.next()) {
+    MatchScope matches;
+    Value match = cond.eval(Value::of(node), type_id_of<RSTree>());
+    if (!match.as<TreeMatch>()) continue;
+    CurrentIterator current(walk, node);
+    if (action.eval(match, type_id_of<TreeMatch>()) && shallow) walk.skip();
+  }
+}
+
+void UpRule::apply(RSTree* tree) {
+  run<PostIterator>(tree);
+}
+
+void DownRule::apply(RSTree* tree) {
+  run<PreIterator>(tree);
+}
+
+void RootRule::init(IRSlist* args) {
+  action = LExp::get_exp(args->nth(0));
+}
+
+void RootRule::apply(RSTree* tree) {
+  MatchScope matches;
+  action.eval(Value::of(tree), type_id_of<RSTree>());
+}
+
+void FlatRule::init(IRSlist* args) {
+  TreeRule::init(args);
+  VariableScope scope;
+  if (IRSlist* list = args->nth(0)) read_conds(list);
+  action = LExp::get_exp(args->nth(1));
+}
+
+void FlatRule::read_conds(IRSlist* list) {
+  std::uint32_t bit = 1;
+  required = bit;
+  for (IRSlist* item : list->items) {
+    if (is_word(item, "?")) {
+      required &= ~bit;
+    } else if (is_word(item, ":max")) {
+      repeat |= bit;
+    } else if (conds.count() == kMostConds) {
+      std::cerr << "A flat rule has more than " << kMostConds
+                << " conditions. The rest is left out.\n";
+      return;
+    } else {
+      conds.append(make_condition(item));
+      bit <<= 1;
+      required |= bit;
+    }
+  }
+}
+
+/// What has matched since the action last ran.
+class FlatRule::Progress {
+ public:
+  explicit Progress(const FlatRule& rule) : rule_(rule), all_(mask(rule.conds.count())) {}
+
+  /// Tries the conditions on a node. The match of all, once the required ones have theirs.
+  TreeMatch* visit(RSTree* node) {
+    for (std::uint32_t open = (pending_ | rule_.repeat) & all_; open; open &= open - 1) {
+      int i = std::countr_zero(open);
+      TreeMatch* match = new_match(rule_.conds[i], node);
+      if (!match) continue;
+      matches_[static_cast<std::size_t>(i)] = match;
+      pending_ &= ~(1U << i);
+      if (!(pending_ & rule_.required)) return gather();
+    }
+    return nullptr;
+  }
+  bool has_none() const { return pending_ == all_; }
+  void reset() { pending_ = all_; }
+
+ private:
+  static std::uint32_t mask(int bits) { return bits == 32 ? ~0U : (1U << bits) - 1; }
+
+  TreeMatch* gather() const {
+    TreeMatch* whole = TreeMatch::make(nullptr);
+    for (int i = 0; i < rule_.conds.count(); ++i)
+      whole->append(pending_ >> i & 1 ? TreeMatch::make(nullptr)
+                                      : matches_[static_cast<std::size_t>(i)]);
+    return whole;
+  }
+
+  const FlatRule& rule_;
+  std::uint32_t all_;
+  std::uint32_t pending_ = all_;
+  std::array<TreeMatch*, kMostConds> matches_{};
+};
+
+void FlatRule::apply(RSTree* tree) {
+  PostIterator walk(tree);
+  Progress progress(*this);
+  RSTree* node = walk.next();
+  while (node) {
+    // As long as nothing is kept, what was tried can go.
+    MatchScope matches;
+    do {
+      if (TreeMatch* match = progress.visit(node)) {
+        if (action.eval(Value::of(match), type_id_of<TreeMatch>()) && shallow) return;
+        progress.reset();
+      }
+      node = walk.next();
+    } while (node && !progress.has_none());
+  }
+}
+
+}  // namespace
+
+void remove_from_walk(RSTree* node) {
+  auto& current = CurrentIterator::current;
+  if (current.walk && current.node == node) current.walk->remove();
+}
+
+void TreeRule::init(IRSlist* args) {
+  if (is_word(args->nth(0), "shallow")) {
+    shallow = true;
+    args->pop_front();
+  }
+  name = take_text(args, ":name");
+  comments = take_text(args, ":comments");
+}
+
+std::unique_ptr<TreeRule> make_tree_rule(IRSlist* form) {
+  if (form->empty() || !form->nth(0)->is_atom()) return nullptr;
+  std::unique_ptr<TreeRule> rule;
+  std::string_view kind = form->nth(0)->atom;
+  if (kind == "up") {
+    rule = std::make_unique<UpRule>();
+  } else if (kind == "flat") {
+    rule = std::make_unique<FlatRule>();
+  } else if (kind == "root") {
+    rule = std::make_unique<RootRule>();
+  } else if (kind == "down") {
+    rule = std::make_unique<DownRule>();
+  } else {
+    return nullptr;
+  }
+  form->pop_front();
+  rule->init(form);
+  return rule;
+}
+
+}  // namespace torvane
