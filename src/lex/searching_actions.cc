@@ -94,6 +94,7 @@ void register_searching_actions() {
   register_function<&preceded_by_word>("preceded-by-word");
   register_function<&exist_lexitem>("exist-lexitem");
   register_function<&exist_word_in_sentence>("exist-word-in-sentence");
+  find_lexp_proto("exist-word-in-sentence")->out_type = type_id_of<const char*>();
   register_function<&exist_covering_lexitem>("exist-covering-lexitem");
   register_function<&exist_overlapping_lexitem>("exist-overlapping-lexitem");
 }

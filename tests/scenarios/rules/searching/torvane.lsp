@@ -1,6 +1,7 @@
 ; What stands beside the match, in a span, over it, across its edges.
 (load base.lsp)
 (lex L (a (avm ((cat n)))) (b (avm ((cat n)))) (c (avm ((cat v)))) (d (avm ((cat n)))))
+(declare-var found char*)
 (def-rules R
   (bc (seq (lexitem (comp (root) (str= b))) (lexitem (comp (root) (str= c))))
       (assert (make-lexitem (low) (high) (comp ($ 1) (meaning)) :root bc)))
@@ -18,7 +19,7 @@
     (yes-or-no (str "preceded by c") (preceded-by-word (pred (str= c))))))
   (spans a (prog
     (say (str "in spans"))
-    (comp (exist-word-in-sentence (int 1) (int 4) (pred (in (c d)))) (print-str :suffix "\n"))
+    (comp (setq found (exist-word-in-sentence (int 1) (int 4) (pred (in (c d))))) (print-str :suffix "\n"))
     (yes-or-no (str "the last position is not looked at") (exist-word-in-sentence (int 1) (int 4) (pred (str= d))))
     (comp (exist-covering-lexitem (int 2) (int 2) (pred (int-gt (lexitem-length) (int 1)))) (show-root))
     (comp (exist-covering-lexitem (int 1) (int 2) (pred (t))) (show-root))
