@@ -132,7 +132,7 @@ class AVMConst : public LConst {
     static std::vector<std::unique_ptr<Meaning>> constants;
     if (!meaning) return Value();
     constants.push_back(std::move(meaning));
-    return Value::of(constants.back().get());
+    return Value::of_kind(constants.back().get(), tags::constant_meaning);
   }
 };
 

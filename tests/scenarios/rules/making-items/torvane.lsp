@@ -1,11 +1,14 @@
 ; New items for a span, the item that is there already, and empty categories.
 (load base.lsp)
 (lex L (a (avm ((cat n) (num sg)))) (b (avm ((cat n) (num pl)))) (c (avm ((cat v)))))
+(declare-var kind)
+(eval (setq kind (avm (avm ((cat p))))))
 (def-rules R
   (made (seq (lexitem (comp (root) (str= a))) (word (t)))
     (prog (comp (make-lexitem (low) (high) (comp ($ 1) (meaning))) (show-root))
           (comp (make-lexitem (low) (high) (comp ($ 1) (meaning)) :root literal) (show-root))
           (comp (make-lexitem (low) :root (comp ($ 2) (matching-word)) (high) (nil)) (show-root))
+          (comp (make-lexitem (low) (high) (get-val kind)) (att) (att-str-val cat) (print-str :suffix "\n"))
           (yes-or-no (str "past the end") (make-lexitem (low) (int 4) (nil)))
           (yes-or-no (str "reversed") (make-lexitem (int 3) (int 1) (nil)))
           (yes-or-no (str "in the chart") (exist-lexitem (int 1) (int 2)))))
