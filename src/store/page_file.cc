@@ -35,6 +35,13 @@ std::string canonical(const std::string& path) {
 
 }  // namespace
 
+std::size_t PageFile::usual_cached_pages() {
+  constexpr long kMost = (1L << 30) / kPageBytes;
+  long quarter = ::sysconf(_SC_PHYS_PAGES) / 4 * (::sysconf(_SC_PAGESIZE) / 1024) /
+                 static_cast<long>(kPageBytes / 1024);
+  return static_cast<std::size_t>(std::clamp(quarter, 1024L, kMost));
+}
+
 std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
                                          std::size_t cached_pages) {
   int flags = (writable ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;

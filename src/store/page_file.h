@@ -22,14 +22,17 @@ namespace torvane {
 
 class PageFile {
  public:
-  static constexpr std::size_t kCachedPages = 32768;
   static constexpr std::uint32_t kMostBytes = 0x7fffffff;
 
   /// Null if the file cannot be opened so, is no regular file or too large, or has a writer
   /// already. A missing file is made if `writable`. A reader takes no lock: it sees the last
   /// committed state as of the time it opened, and only until a writer commits the next one.
+  /// Up to `cached_pages` stay in memory.
   static std::unique_ptr<PageFile> open(const std::string& path, bool writable,
-                                        std::size_t cached_pages = kCachedPages);
+                                        std::size_t cached_pages);
+  /// A gigabyte, but no more than a quarter of the machine's memory: a store is to be walked at
+  /// random.
+  static std::size_t usual_cached_pages();
   /// What was not committed is dropped.
   ~PageFile();
   PageFile(const PageFile&) = delete;

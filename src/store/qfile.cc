@@ -12,7 +12,7 @@ namespace torvane {
 int QFile::open(const char* name, long new_block_size) {
   close();
   auto path = expand_file_name(or_empty(name));
-  if (path) file = PageFile::open(*path, !read_only());
+  if (path) file = PageFile::open(*path, !read_only(), cached_pages);
   if (!file) return refuse(name);
   data_start = kHeaderBytes;
   dirty = 1;
@@ -333,7 +333,8 @@ std::uint32_t QFile::read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hd
 
 bool QFile::read_tail(char* dest, std::uint32_t count) {
   OverflowRef ovf;
-  return is_open() && read_overflow_ref(tail_ref_pos_, ovf) &&
+  return is_open() && read_overflow_ref(tail_ref_pos_, ovf) && ovf.overflow_pos >= data_start &&
+         count <= std::uint64_t{ovf.overflow_blocks} * block_size &&
          file->read(ovf.overflow_pos, dest, count);
 }
 

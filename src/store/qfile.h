@@ -105,6 +105,8 @@ class QFile {
   int dirty = 0;
   /// Ascending, no two touching. New space reads as zero, so no block of zeros is kept to grow by.
   std::vector<FreeExtent> free_list;
+  /// How much of the file stays in memory; counts from the next `open` on.
+  std::size_t cached_pages = PageFile::usual_cached_pages();
 
  protected:
   static constexpr std::uint32_t kHeaderBytes = 12;

@@ -1,0 +1,377 @@
+// Stores under random use, damage and sudden death.
+#include <signal.h>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <random>
+#include <vector>
+
+#include "store/journal.h"
+#include "store/qhash.h"
+#include "store/store_test.h"
+#include "support/big_endian.h"
+
+namespace torvane {
+namespace {
+
+std::string packed(const std::string& key, const std::string& value) {
+  return key + '\0' + value;
+}
+
+/// A store and what should be in it, now and at the last sync.
+class Model {
+ public:
+  Model(const std::string& path, unsigned seed) : random_(seed), path_(path), hash_(3) {
+    hash_.cached_pages = 16;  // so that pages come and go, and are written before a sync
+    reopen();
+  }
+
+  void step() {
+    switch (random_() % 16) {
+      case 0: sync(); break;
+      case 1: sync(), reopen(); break;
+      case 2: now_ = synced_, reopen(); break;  // what was not synced is gone
+      case 3: hash_.sort_links(), synced_ = now_; break;
+      case 4: case 5: case 6: put_plain(); break;
+      case 7: release_plain(); break;
+      case 8: case 9: insert(); break;
+      case 10: case 11: case 12: update(); break;
+      default: check(random_() % 64); break;
+    }
+    ASSERT_NO_FATAL_FAILURE(check_extents());
+  }
+  void check_everything() {
+    for (unsigned i = 0; i < 64; ++i) check(i);
+    hash_.check_all();
+  }
+
+ private:
+  struct Contents {
+    std::map<std::string, std::string> values;                 // by key
+    std::vector<std::pair<std::uint32_t, std::string>> plain;  // records that no chain reaches
+  };
+
+  std::string bytes() {
+    // Mostly small, now and then over many blocks and pages.
+    std::size_t size = random_() % 8 == 0 ? random_() % 20000 : random_() % 100;
+    return std::string(size, static_cast<char>('a' + random_() % 26));
+  }
+  static std::string key_of(unsigned i) { return "key" + std::string(i % 40, 'k') + std::to_string(i); }
+
+  void sync() {
+    hash_.sync();
+    synced_ = now_;
+  }
+  void reopen() {
+    std::uint32_t end = hash_.end_pos;
+    bool was_clean = hash_.is_open() && !hash_.dirty;
+    hash_.open_file(path_.c_str(), 32, 7, "strcmp");
+    ASSERT_TRUE(hash_.is_open());
+    if (was_clean) {
+      EXPECT_EQ(hash_.end_pos, end);
+    }
+    EXPECT_FALSE(std::filesystem::exists(path_ + "-journal"));
+  }
+  void insert() {
+    std::string key = key_of(random_() % 64);
+    if (now_.values.count(key)) return;
+    std::string value = bytes(), data = packed(key, value);
+    ASSERT_NE(hash_.insert(data.data(), data.size()), 0u);
+    now_.values[key] = value;
+  }
+  void update() {
+    if (now_.values.empty()) return;
+    auto at = std::next(now_.values.begin(), static_cast<long>(random_() % now_.values.size()));
+    StrBufs buf;
+    std::uint32_t pos = hash_.find(at->first.c_str(), buf);
+    std::string data = packed(at->first, at->second = bytes());
+    ASSERT_EQ(hash_.update(pos, data.data(), data.size(), 0, 0), pos);
+  }
+  void put_plain() {
+    std::string data = bytes();
+    if (now_.plain.size() < 30) {
+      std::uint32_t pos = hash_.write_record(0, data.data(), data.size());
+      ASSERT_NE(pos, 0u);
+      now_.plain.emplace_back(pos, data);
+    } else {
+      auto& [pos, old] = now_.plain[random_() % now_.plain.size()];
+      ASSERT_EQ(hash_.write_record(pos, data.data(), data.size()), pos);
+      old = data;
+    }
+  }
+  void release_plain() {
+    if (now_.plain.empty()) return;
+    std::swap(now_.plain[random_() % now_.plain.size()], now_.plain.back());
+    std::uint32_t pos = now_.plain.back().first;
+    hash_.write_record(pos, nullptr, 0);  // gives the overflow back
+    hash_.release(pos, 0);
+    now_.plain.pop_back();
+  }
+  void check(unsigned i) {
+    StrBufs buf;
+    auto wanted = now_.values.find(key_of(i));
+    bool found = hash_.find(key_of(i).c_str(), buf) != 0;
+    ASSERT_EQ(found, wanted != now_.values.end());
+    if (found) {
+      ASSERT_EQ(std::string(buf.object(), buf.object_size() - 1),
+                packed(wanted->first, wanted->second));
+    }
+    if (now_.plain.empty()) return;
+    const auto& [pos, data] = now_.plain[i % now_.plain.size()];
+    std::uint32_t size = hash_.read_record(pos, buf);
+    ASSERT_EQ(std::string(buf.object(), size), data);
+  }
+  /// Free extents and those of all records lie apart, the free ones in order and not touching.
+  void check_extents() {
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> extents;  // from, to
+    for (const FreeExtent& extent : hash_.free_list) {
+      ASSERT_TRUE(extents.empty() || extents.back().second < extent.pos);
+      extents.emplace_back(extent.pos, extent.end());
+    }
+    for (std::uint32_t i = 0; i < hash_.size; ++i)
+      for (ChainWalk at(hash_, hash_.get_bucket(i)); at.pos() != 0; at.next())
+        add_extents(at.pos(), extents);
+    for (const auto& [pos, data] : now_.plain) add_extents(pos, extents);
+    std::sort(extents.begin(), extents.end());
+    std::uint32_t end = hash_.data_start;
+    for (auto [from, to] : extents) {
+      ASSERT_GE(from, end);
+      end = to;
+    }
+    ASSERT_LE(end, hash_.end_pos);
+  }
+  void add_extents(std::uint32_t pos,
+                   std::vector<std::pair<std::uint32_t, std::uint32_t>>& extents) {
+    char bytes[8];
+    RecordHeader hdr;
+    ASSERT_TRUE(hash_.file->read(pos, bytes, 8));
+    hdr.load(bytes);
+    ASSERT_TRUE(hdr.valid());
+    std::uint32_t end = pos + hdr.blocks * hash_.block_size;
+    extents.emplace_back(pos, end);
+    if (hdr.contiguous()) return;
+    ASSERT_TRUE(hash_.file->read(end - 8, bytes, 8));
+    std::uint32_t overflow = load_be32(bytes);
+    extents.emplace_back(overflow, overflow + load_be32(bytes + 4) * hash_.block_size);
+  }
+
+  std::mt19937 random_;
+  std::string path_;
+  QHash hash_;
+  Contents now_;
+  Contents synced_;
+};
+
+class StoreFaultsTest : public StoreTest {
+ protected:
+  /// A small store with records of every kind; its bytes.
+  std::string sample() {
+    QHash hash(3);
+    hash.open_file(path("sample").c_str(), 32, 5, "strcmp");
+    for (int i = 0; i < 24; ++i) {
+      std::string data = packed("key" + std::to_string(i), std::string(i * 5, 'v'));
+      std::uint32_t pos = hash.insert(data.data(), data.size());
+      if (i % 3 == 0) hash.update(pos, (data + data).data(), 2 * data.size(), 0, 0);
+      if (i % 6 == 5) hash.release(hash.write_record(0, "gone", 4), 0);
+    }
+    hash.sync();
+    std::string bytes = bytes_of(path("sample"));
+    std::filesystem::remove(path("sample"));
+    return bytes;
+  }
+  /// Does everything that can be done to a store.
+  static void use(QHash& hash) {
+    StrBufs buf;
+    for (int i = 0; i < 30; ++i) hash.find(("key" + std::to_string(i)).c_str(), buf);
+    hash.print_profile(3);
+    hash.print_free_list();
+    std::string data = packed("key3", std::string(300, 'n'));
+    if (std::uint32_t pos = hash.find("key3", buf)) hash.update(pos, data.data(), data.size(), 0, 0);
+    if (std::uint32_t pos = hash.find("key4", buf)) hash.release(pos, 0);
+    for (int i = 0; i < 5; ++i) hash.insert(data.data(), data.size());
+    hash.write_record(0, data.data(), data.size());
+    hash.sort_links();
+    hash.sync();
+  }
+  /// Opens, uses and validates a damaged store, for reading and for writing. Only an unknown
+  /// comparison and a failed validation may end the process.
+  void try_damaged(const std::string& bytes) {
+    write_bytes(path(), bytes);
+    for (int mode : {1, 3}) {
+      bool refused = false;
+      int status = status_of([&] {
+        QHash hash(mode);
+        hash.open_file(path().c_str(), 0, 0, nullptr);
+        if (!hash.is_open()) _exit(3);
+        use(hash);
+        hash.check_all();
+      });
+      refused = WIFEXITED(status) && WEXITSTATUS(status) != 0;
+      std::string said = bytes_of(path("messages"));
+      ASSERT_EQ(said.find("Sanitizer"), std::string::npos) << said;
+      ASSERT_EQ(said.find("runtime error"), std::string::npos) << said;
+      if (WIFSIGNALED(status)) {
+        ASSERT_EQ(WTERMSIG(status), SIGABRT) << said;
+        ASSERT_TRUE(said.ends_with("out of bound\n") || said.ends_with("invalid header\n")) << said;
+      } else if (WEXITSTATUS(status) == 1) {
+        ASSERT_TRUE(said.ends_with("is not registered as a named object\n")) << said;
+      } else if (refused && !bytes.empty()) {
+        ASSERT_TRUE(said.ends_with("Can't open " + path() + "\n")) << said;
+      }
+      ASSERT_TRUE((mode == 3 && !refused) || bytes_of(path()) == bytes);
+    }
+    std::filesystem::remove(path() + "-journal");
+  }
+};
+
+TEST_F(StoreFaultsTest, RandomUseAgreesWithAModel) {
+  for (int seed = 1; seed <= rounds(40, 4); ++seed) {
+    std::filesystem::remove(path());
+    Model model(path(), static_cast<unsigned>(seed));
+    for (int i = 0; i < rounds(5000, 600); ++i) ASSERT_NO_FATAL_FAILURE(model.step()) << seed;
+    model.check_everything();
+    ASSERT_FALSE(HasFailure()) << seed;
+  }
+}
+
+TEST_F(StoreFaultsTest, FlippedBytes) {
+  std::string whole = sample();
+  ASSERT_GT(whole.size(), 4096u);
+  for (std::size_t at = 0; at < 4096; at += at < 128 ? 1 : rounds(1, 61)) {
+    for (char flip : {'\x01', '\xff'}) {
+      std::string bytes = whole;
+      bytes[at] = static_cast<char>(bytes[at] ^ flip);
+      ASSERT_NO_FATAL_FAILURE(try_damaged(bytes)) << at;
+    }
+  }
+}
+
+TEST_F(StoreFaultsTest, TruncatedAndRandomFiles) {
+  std::string whole = sample();
+  for (std::size_t n = 0; n < whole.size(); n += rounds(1, 97))
+    ASSERT_NO_FATAL_FAILURE(try_damaged(whole.substr(0, n))) << n;
+  std::mt19937 random(1);
+  for (int i = 0; i < rounds(1000, 20); ++i) {
+    // Random records behind a header that passes, and random bytes altogether.
+    std::string bytes = whole;
+    for (std::size_t at = i % 2 == 0 ? 58 : 0; at < bytes.size(); ++at)
+      if (i % 4 < 2 || random() % 32 == 0) bytes[at] = static_cast<char>(random());
+    ASSERT_NO_FATAL_FAILURE(try_damaged(bytes)) << i;
+  }
+}
+
+TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
+  constexpr int kKeysAStep = 20;
+  auto key = [](int i) { return "key" + std::to_string(i * 7919); };
+  std::mt19937 random(static_cast<unsigned>(rounds(2, 1)));
+  for (int round = 0; round < rounds(500, 15); ++round) {
+    std::filesystem::remove(path());
+    int reports[2];
+    ASSERT_EQ(pipe(reports), 0);
+    pid_t writer = fork();
+    if (writer == 0) {
+      QHash hash(3);
+      hash.cached_pages = 8;
+      hash.open_file(path().c_str(), 32, 11, "strcmp");
+      for (int step = 1;; ++step) {
+        // Every value says which step wrote it; later steps make them longer.
+        std::string value(static_cast<std::size_t>(step * 40), 'v');
+        StrBufs buf;
+        for (int i = 0; i < step * kKeysAStep; ++i) {
+          std::string data = packed(key(i), std::to_string(step) + ' ' + value);
+          std::uint32_t pos = hash.find(key(i).c_str(), buf);
+          bool good = pos != 0 ? hash.update(pos, data.data(), data.size(), 0, 0) != 0
+                               : hash.insert(data.data(), data.size()) != 0;
+          if (!good) _exit(1);
+        }
+        hash.sync();
+        if (write(reports[1], &step, sizeof step) != sizeof step) _exit(1);
+      }
+    }
+    close(reports[1]);
+    usleep(random() % 60000);
+    kill(writer, SIGKILL);
+    waitpid(writer, nullptr, 0);
+    int synced = 0, step;
+    while (read(reports[0], &step, sizeof step) == sizeof step) synced = step;
+    close(reports[0]);
+
+    // A reader sees the same through the journal as a writer that puts the old pages back.
+    std::string left = bytes_of(path());
+    for (int mode : {1, 3}) {
+      QHash hash(mode);
+      messages_of([&] { hash.open_file(path().c_str(), 32, 11, "strcmp"); });
+      ASSERT_TRUE(mode == 3 || bytes_of(path()) == left);
+      // The next sync may have been complete without the report of it.
+      StrBufs buf;
+      int held = hash.is_open() && hash.find(key(0).c_str(), buf) != 0
+                     ? std::stoi(buf.object() + key(0).size() + 1)
+                     : 0;
+      ASSERT_TRUE(held == synced || held == synced + 1) << held << " after " << synced;
+      if (!hash.is_open()) continue;
+      hash.check_all();
+      for (int i = 0; i < (held + 1) * kKeysAStep; ++i) {
+        ASSERT_EQ(hash.find(key(i).c_str(), buf) != 0, i < held * kKeysAStep) << round << ' ' << i;
+        if (i >= held * kKeysAStep) continue;
+        ASSERT_EQ(std::stoi(buf.object() + key(i).size() + 1), held);
+      }
+    }
+    ASSERT_FALSE(std::filesystem::exists(path() + "-journal"));
+  }
+}
+
+TEST_F(StoreFaultsTest, JournalByteForByte) {
+  write_bytes(path(), std::string(5000, 'n'));
+  {
+    Journal journal(path());
+    ASSERT_TRUE(journal.start(4100));
+    ASSERT_TRUE(journal.add(1, std::string(4096, 'a').c_str()));
+    ASSERT_TRUE(journal.add(0, std::string(4096, 'b').c_str()));
+    ASSERT_TRUE(journal.flush());
+  }
+  std::string journal = bytes_of(path() + "-journal");
+  ASSERT_EQ(journal.size(), 24u + 2 * 4104);
+  EXPECT_EQ(journal.substr(0, 16), bytes_from("'TVJRNL01' 00001000 00001004"));
+  EXPECT_EQ(journal.substr(24, 4), bytes_from("00000001"));
+  // The sums, by the description of the format.
+  auto sum = [&](std::uint32_t start, std::string words) {
+    for (std::size_t i = 0; i < words.size(); i += 4)
+      start = ((start << 5 | start >> 27) ^ load_be32(words.data() + i)) * 0x9E3779B1u;
+    return start;
+  };
+  EXPECT_EQ(load_be32(journal.data() + 20), sum(0, journal.substr(0, 20)));
+  EXPECT_EQ(load_be32(journal.data() + 28),
+            sum(load_be32(journal.data() + 16), journal.substr(24, 4) + journal.substr(32, 4096)));
+
+  auto content = [&](bool writable) {
+    auto file = PageFile::open(path(), writable, 8);
+    std::string bytes(file->length(), ' ');
+    EXPECT_TRUE(file->read(0, bytes.data(), bytes.size()));
+    return bytes;
+  };
+  const std::string old = std::string(4096, 'b') + std::string(4, 'a');
+  EXPECT_EQ(content(false), old);
+  EXPECT_EQ(bytes_of(path()).size(), 5000u);
+  // An image that never came to the device ends the journal; one without a header is none.
+  write_bytes(path() + "-journal", journal.substr(0, journal.size() - 1) + "x");
+  EXPECT_EQ(content(false), std::string(4096, 'n') + std::string(4, 'a'));
+  write_bytes(path() + "-journal", journal.substr(0, 23) + "x" + journal.substr(24));
+  EXPECT_EQ(content(false), std::string(5000, 'n'));
+  write_bytes(path() + "-journal", journal);
+  EXPECT_EQ(content(true), old);
+  EXPECT_EQ(bytes_of(path()), old);
+  EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
+}
+
+TEST_F(StoreFaultsTest, FileThatIsCutWhileOpenReadsAsDamaged) {
+  write_bytes(path(), sample());
+  QHash hash(1);
+  hash.open_file(path().c_str(), 0, 0, nullptr);
+  std::filesystem::resize_file(path(), 0);
+  std::string said = messages_of([&] { use(hash); });
+  EXPECT_EQ(said.find("Can't read " + path()), 0u);
+}
+
+}  // namespace
+}  // namespace torvane
