@@ -138,12 +138,5 @@ TEST_F(LExpTest, ATextOnItsWayStaysReadable) {
   EXPECT_FALSE(exp->eval(Value::constant("x"), kAnyType));
 }
 
-TEST_F(LExpTest, FormsNestedTooDeeplyAreReportedOnce) {
-  std::string text;
-  for (int i = 0; i < 100000; ++i) text += "(not ";
-  EXPECT_NE(compile(text.c_str()), nullptr);
-  EXPECT_EQ(run_.errors(), "LExp::get_exp: the forms are nested too deeply\n");
-}
-
 }  // namespace
 }  // namespace torvane
