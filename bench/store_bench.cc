@@ -32,7 +32,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kKeys = 1000000;
-constexpr long kBuckets = 1000003;  // a prime, since the hash of like keys is far from random
+// Two a key, and a prime, since the hash of like keys is far from random.
+constexpr long kBuckets = 2000003;
 constexpr std::size_t kBatch = 100;  // updates before a sync
 
 fs::path g_folder;
@@ -46,9 +47,7 @@ struct Load {
     std::shuffle(keys.begin(), keys.end(), std::mt19937(1));
   }
   /// The key of some step, in another random order than that of the insertion.
-  const std::string& key(std::size_t step) const {
-    return keys[step * 611953 % keys.size()];
-  }
+  const std::string& key(std::size_t step) const { return keys[step * 611953 % keys.size()]; }
   std::vector<std::string> keys;
   std::string value;
 };
@@ -219,7 +218,8 @@ void sync_batch(benchmark::State& state, const Load& load) {
   bool right = store.open(path_of<Store>(load), true);
   std::size_t i = 0;
   for (auto _ : state) {
-    for (std::size_t k = 0; k < kBatch; ++k) right = right && store.update(load.key(++i), load.value);
+    for (std::size_t k = 0; k < kBatch; ++k)
+      right = right && store.update(load.key(++i), load.value);
     store.sync();
   }
   if (!right) state.SkipWithError("cannot write");
@@ -238,8 +238,7 @@ void open_and_find(benchmark::State& state, const Load& load) {
 
 template <class Run>
 auto* add(const char* what, const char* store, const Load& load, Run run) {
-  std::string name =
-      std::string(what) + "_" + store + "/" + std::to_string(load.value.size());
+  std::string name = std::string(what) + "_" + store + "/" + std::to_string(load.value.size());
   return benchmark::RegisterBenchmark(name.c_str(), run)->UseRealTime();
 }
 
@@ -273,7 +272,8 @@ void str2id(benchmark::State& state) {
 int main(int argc, char** argv) {
   using namespace torvane;
   benchmark::Initialize(&argc, argv);
-  std::string pattern = (argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path()) / "stores-XXXXXX";
+  std::string pattern =
+      (argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path()) / "stores-XXXXXX";
   if (!mkdtemp(pattern.data())) {
     std::cerr << "Can't make a folder " << pattern << '\n';
     return 1;

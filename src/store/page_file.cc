@@ -62,16 +62,23 @@ PageFile::PageFile(const std::string& path, Descriptor fd, bool writable, std::s
       journal_(path),
       most_frames_(std::max<std::size_t>(cached_pages, 8)) {}
 
-PageFile::~PageFile() = default;
+PageFile::~PageFile() {
+  OldPages old;
+  if (journal_.in_force() && old.open(path_)) old.roll_back(fd_);
+}
 
 // Goes back to the last committed state: on disk, or for a reader in what it sees.
 bool PageFile::recover() {
-  auto old = std::make_unique<OldPages>();
-  bool found = old->open(path_);
-  if (found && writable_ && !old->roll_back(fd_)) return fail("restore");
   struct stat status;
   if (::fstat(fd_.get(), &status) != 0) return false;
-  std::uint64_t size = static_cast<std::uint64_t>(status.st_size);
+  auto size = static_cast<std::uint64_t>(status.st_size);
+  auto old = std::make_unique<OldPages>();
+  // A file never becomes shorter before it is put back: the journal of a longer one is another's.
+  bool found = old->open(path_) && old->length() <= size;
+  if (found && writable_) {
+    if (!old->roll_back(fd_)) return fail("restore");
+    size = old->length();
+  }
   if (found && !writable_) {
     size = old->length();
     old_pages_ = std::move(old);

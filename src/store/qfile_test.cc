@@ -58,11 +58,10 @@ TEST_F(QFileTest, ContiguousRecordAndFreeList) {
   std::string bytes = synced(0, 5000);
   EXPECT_EQ(bytes.size(), 12u + 4096);
   // The list lies in the first free block, and does not name it.
-  EXPECT_EQ(bytes.substr(0, 84),
-            bytes_from("0000100c 0000002c 00000020"
-                       " 00000001 0001 5555 'a' 23*00"
-                       " 00000008 0001 5555 0000004c 00000fc0 16*00"
-                       " 8*00"));
+  EXPECT_EQ(bytes.substr(0, 84), bytes_from("0000100c 0000002c 00000020"
+                                            " 00000001 0001 5555 'a' 23*00"
+                                            " 00000008 0001 5555 0000004c 00000fc0 16*00"
+                                            " 8*00"));
   EXPECT_EQ(file_.open(path().c_str(), 32), 1);
   EXPECT_EQ(free_list(), "Free list: (44, 4064)\n");
   EXPECT_EQ(get(12), "a");
@@ -179,10 +178,10 @@ TEST_F(QFileTest, DamagedRecordsAreRefused) {
   file_.sync();
   const std::string whole = bytes_of(path());
   const std::pair<std::size_t, const char*> kDamage[] = {
-      {pos + 6, "1234"},                // no magic
-      {pos, "7fffffff"},                // a size beyond the file
-      {pos + 6, "5554"},                // spilled, with less than its head
-      {pos, "00000020 0001 5554"},      // spilled to nowhere
+      {pos + 6, "1234"},            // no magic
+      {pos, "7fffffff"},            // a size beyond the file
+      {pos + 6, "5554"},            // spilled, with less than its head
+      {pos, "00000020 0001 5554"},  // spilled to nowhere
   };
   for (const auto& [at, bytes] : kDamage) {
     std::string damaged = whole;

@@ -89,8 +89,7 @@ TEST_F(QHashTest, PadGoesToAMultipleOf4) {
     other.open_file(path("other").c_str(), 32, 10, "abc");
   });
   EXPECT_EQ(WEXITSTATUS(status), 1);
-  EXPECT_EQ(bytes_of(path("messages")),
-            "The function 'abc' is not registered as a named object\n");
+  EXPECT_EQ(bytes_of(path("messages")), "The function 'abc' is not registered as a named object\n");
   EXPECT_EQ(bytes_of(path("other")), "");
   open_new("strcmp", 10);
   EXPECT_EQ(hash_.data_start, 68u);
@@ -196,9 +195,9 @@ TEST_F(QHashTest, ReadOnlyTableRefusesQuietly) {
 TEST_F(QHashTest, ValidationAbortsAtABadLink) {
   std::uint32_t pos = insert("dog", "wolf");
   const std::pair<const char*, const char*> kCases[] = {
-      {"0000102c", "out of bound\n"},                         // a link to the end
-      {"0000002d", "invalid header\n"},                       // to no record
-      {"0000002c", "invalid header\n"},                       // to itself
+      {"0000102c", "out of bound\n"},    // a link to the end
+      {"0000002d", "invalid header\n"},  // to no record
+      {"0000002c", "invalid header\n"},  // to itself
   };
   hash_.check_all();
   for (auto [link, message] : kCases) {
@@ -216,11 +215,11 @@ TEST_F(QHashTest, ValidationAbortsAtABadLink) {
 TEST_F(QHashTest, WriterRefusesADamagedStore) {
   std::uint32_t pos = insert("dog", "wolf");
   const std::pair<std::size_t, const char*> kDamage[] = {
-      {8, "00000041"},    // a block size that the records do not have
-      {12, "00000000"},   // no buckets
-      {12, "00100000"},   // more than the file holds
-      {28, "00010000"},   // a name beyond the end
-      {0, "00002000"},    // an end beyond that of the file
+      {8, "00000041"},   // a block size that the records do not have
+      {12, "00000000"},  // no buckets
+      {12, "00100000"},  // more than the file holds
+      {28, "00010000"},  // a name beyond the end
+      {0, "00002000"},   // an end beyond that of the file
   };
   for (auto [at, bytes] : kDamage) {
     damage(44, "0000000c");

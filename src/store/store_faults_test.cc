@@ -29,15 +29,38 @@ class Model {
 
   void step() {
     switch (random_() % 16) {
-      case 0: sync(); break;
-      case 1: sync(), reopen(); break;
-      case 2: now_ = synced_, reopen(); break;  // what was not synced is gone
-      case 3: hash_.sort_links(), synced_ = now_; break;
-      case 4: case 5: case 6: put_plain(); break;
-      case 7: release_plain(); break;
-      case 8: case 9: insert(); break;
-      case 10: case 11: case 12: update(); break;
-      default: check(random_() % 64); break;
+      case 0:
+        sync();
+        break;
+      case 1:
+        sync(), reopen();
+        break;
+      case 2:
+        now_ = synced_, reopen();
+        break;  // what was not synced is gone
+      case 3:
+        hash_.sort_links(), synced_ = now_;
+        break;
+      case 4:
+      case 5:
+      case 6:
+        put_plain();
+        break;
+      case 7:
+        release_plain();
+        break;
+      case 8:
+      case 9:
+        insert();
+        break;
+      case 10:
+      case 11:
+      case 12:
+        update();
+        break;
+      default:
+        check(random_() % 64);
+        break;
     }
     ASSERT_NO_FATAL_FAILURE(check_extents());
   }
@@ -57,7 +80,9 @@ class Model {
     std::size_t size = random_() % 8 == 0 ? random_() % 20000 : random_() % 100;
     return std::string(size, static_cast<char>('a' + random_() % 26));
   }
-  static std::string key_of(unsigned i) { return "key" + std::string(i % 40, 'k') + std::to_string(i); }
+  static std::string key_of(unsigned i) {
+    return "key" + std::string(i % 40, 'k') + std::to_string(i);
+  }
 
   void sync() {
     hash_.sync();
@@ -187,7 +212,8 @@ class StoreFaultsTest : public StoreTest {
     hash.print_profile(3);
     hash.print_free_list();
     std::string data = packed("key3", std::string(300, 'n'));
-    if (std::uint32_t pos = hash.find("key3", buf)) hash.update(pos, data.data(), data.size(), 0, 0);
+    if (std::uint32_t pos = hash.find("key3", buf))
+      hash.update(pos, data.data(), data.size(), 0, 0);
     if (std::uint32_t pos = hash.find("key4", buf)) hash.release(pos, 0);
     for (int i = 0; i < 5; ++i) hash.insert(data.data(), data.size());
     hash.write_record(0, data.data(), data.size());
@@ -364,13 +390,40 @@ TEST_F(StoreFaultsTest, JournalByteForByte) {
   EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
 }
 
+TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
+  std::string before = sample();
+  write_bytes(path(), before);
+  {
+    QHash hash(3);
+    hash.cached_pages = 8;
+    hash.open_file(path().c_str(), 0, 0, nullptr);
+    for (int i = 0; i < 100; ++i) hash.write_record(0, std::string(1000, 'x').c_str(), 1000);
+    EXPECT_TRUE(std::filesystem::exists(path() + "-journal"));
+    EXPECT_NE(bytes_of(path()), before);
+  }
+  EXPECT_EQ(bytes_of(path()), before);
+  EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
+  // The journal of a longer file than this one is not its own.
+  Journal stale(path());
+  ASSERT_TRUE(stale.start(50000) && stale.flush());
+  EXPECT_EQ(PageFile::open(path(), true, 8)->length(), before.size());
+}
+
 TEST_F(StoreFaultsTest, FileThatIsCutWhileOpenReadsAsDamaged) {
   write_bytes(path(), sample());
-  QHash hash(1);
+  QHash hash(3);
   hash.open_file(path().c_str(), 0, 0, nullptr);
-  std::filesystem::resize_file(path(), 0);
-  std::string said = messages_of([&] { use(hash); });
-  EXPECT_EQ(said.find("Can't read " + path()), 0u);
+  std::string data = packed("large", std::string(50000, 'x'));
+  std::uint32_t pos = hash.insert(data.data(), data.size());
+  hash.sync();
+  hash.open_file(path().c_str(), 0, 0, nullptr);
+  std::filesystem::resize_file(path(), 100);
+  StrBufs buf;
+  EXPECT_EQ(
+      messages_of([&] { EXPECT_EQ(hash.read_record(pos, buf), 0u); }).find("Can't read " + path()),
+      0u);
+  messages_of([&] { use(hash); });
+  EXPECT_EQ(bytes_of(path()).size(), 100u);
 }
 
 }  // namespace
