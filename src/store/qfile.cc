@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <string>
 
 #include "shell/file_search.h"
 #include "support/big_endian.h"
@@ -61,40 +62,43 @@ void QFile::load_free_list(std::uint32_t pos) {
     complain_of_record();
     return;
   }
-  char pair[8];
   std::uint32_t at = pos + RecordHeader::kBytes;
-  for (std::uint32_t count = hdr.size >> 3; count > 0; --count, at += sizeof pair) {
+  for (std::uint32_t count = hdr.size >> 3; count > 0; --count, at += 8) {
+    char pair[8];
     if (!file->read(at, pair, sizeof pair)) break;
     FreeExtent extent{load_be32(pair), load_be32(pair + 4)};
-    bool ascending = free_list.empty() || free_list.back().end() < extent.pos;
-    if (!read_only() && (!ascending || extent.length == 0 || extent.pos < kHeaderBytes ||
-                         extent.pos > end_pos || extent.length > end_pos - extent.pos)) {
+    bool ascends = free_list.empty() || free_list.back().end() < extent.pos;
+    bool fits = extent.length > 0 && extent.pos >= kHeaderBytes && extent.pos <= end_pos &&
+                extent.length <= end_pos - extent.pos;
+    if (!read_only() && !(ascends && fits)) {
       free_list.clear();
       complain_of_record();
       return;
     }
-    free_list.push_back(extent);
+    free_list.append(extent);
   }
   if (hdr.blocks > 0) release(pos, hdr.blocks);
 }
 
 std::uint32_t QFile::save_free_list() {
   if (free_list.empty() || read_only()) return 0;
-  std::uint64_t most = (std::uint64_t{kMostBlocks} * block_size - RecordHeader::kBytes) / 8;
+  const std::uint64_t most = (std::uint64_t{kMostBlocks} * block_size - RecordHeader::kBytes) / 8;
   RecordHeader hdr;
-  std::uint32_t pos =
-      alloc(static_cast<std::uint32_t>(8 * std::min<std::uint64_t>(free_list.size(), most)) +
-                RecordHeader::kBytes,
-            hdr);
+  std::uint64_t bytes = 8 * std::min<std::uint64_t>(free_list.count(), most);
+  std::uint32_t pos = alloc(static_cast<std::uint32_t>(bytes) + RecordHeader::kBytes, hdr);
   if (pos == 0) return 0;
   // Growth may have added an extent; its pair then reaches into that very extent at worst.
-  std::size_t count = std::min<std::uint64_t>(free_list.size(), most);
-  hdr.size = static_cast<std::uint32_t>(8 * count);
+  std::string pairs;
+  free_list.for_each([&](const FreeExtent& extent) {
+    char pair[8];
+    store_be32(pair, extent.pos);
+    store_be32(pair + 4, extent.length);
+    if (pairs.size() < 8 * most) pairs.append(pair, sizeof pair);
+  });
+  hdr.size = static_cast<std::uint32_t>(pairs.size());
   hdr.flags = RecordHeader::kMagic | RecordHeader::kContiguous;
-  bool written = write_header(pos, hdr);
-  std::uint32_t at = pos + RecordHeader::kBytes;
-  for (std::size_t i = 0; i < count && written; ++i, at += 8)
-    written = write_word(at, free_list[i].pos) && write_word(at + 4, free_list[i].length);
+  bool written =
+      write_header(pos, hdr) && file->write(pos + RecordHeader::kBytes, pairs.data(), pairs.size());
   return written ? pos : 0;
 }
 
@@ -111,8 +115,9 @@ void QFile::sync() {
 
 void QFile::print_free_list() const {
   std::cerr << "Free list:";
-  for (const FreeExtent& extent : free_list)
+  free_list.for_each([](const FreeExtent& extent) {
     std::cerr << " (" << extent.pos << ", " << extent.length << ')';
+  });
   std::cerr << std::endl;
 }
 
@@ -121,28 +126,8 @@ std::uint32_t QFile::alloc(std::uint32_t size, RecordHeader& hdr) {
   hdr.blocks = (size - 1) / block_size + 1;
   std::uint64_t bytes = std::uint64_t{hdr.blocks} * block_size;
   dirty = 1;
-  std::uint32_t pos = bytes <= kMostBytes ? take_free(static_cast<std::uint32_t>(bytes)) : 0;
+  std::uint32_t pos = bytes <= kMostBytes ? free_list.take(static_cast<std::uint32_t>(bytes)) : 0;
   return pos != 0 ? pos : grow(bytes);
-}
-
-// The first extent that is large enough gives its front.
-std::uint32_t QFile::take_free(std::uint32_t bytes) {
-  auto found = std::find_if(free_list.begin(), free_list.end(),
-                            [bytes](const FreeExtent& extent) { return extent.length >= bytes; });
-  if (found == free_list.end()) return 0;
-  std::uint32_t pos = found->pos;
-  take_back(pos, bytes);
-  return pos;
-}
-
-// Takes a stretch out of the free extent that it lies in.
-void QFile::take_back(std::uint32_t pos, std::uint32_t length) {
-  auto found = std::find_if(free_list.begin(), free_list.end(),
-                            [pos](const FreeExtent& extent) { return extent.end() > pos; });
-  FreeExtent behind{pos + length, found->end() - pos - length};
-  found->length = pos - found->pos;
-  if (behind.length > 0) found = free_list.insert(found + 1, behind) - 1;
-  if (found->length == 0) free_list.erase(found);
 }
 
 std::uint32_t QFile::grow(std::uint64_t bytes) {
@@ -159,16 +144,13 @@ std::uint32_t QFile::grow(std::uint64_t bytes) {
   std::uint32_t pos = end_pos;
   end_pos += static_cast<std::uint32_t>(amount);
   std::uint32_t rest = pos + static_cast<std::uint32_t>(bytes);
-  if (rest < end_pos) free_list.push_back({rest, end_pos - rest});
+  if (rest < end_pos) free_list.append({rest, end_pos - rest});
   return pos;
 }
 
 bool QFile::extent_is_sound(std::uint32_t pos, std::uint64_t length) const {
-  if (length == 0 || pos < data_start || pos > end_pos || length > end_pos - pos) return false;
-  auto next = std::lower_bound(
-      free_list.begin(), free_list.end(), pos,
-      [](const FreeExtent& extent, std::uint32_t place) { return extent.end() <= place; });
-  return next == free_list.end() || pos + length <= next->pos;
+  return length > 0 && pos >= data_start && pos <= end_pos && length <= end_pos - pos &&
+         !free_list.overlaps(pos, static_cast<std::uint32_t>(length));
 }
 
 void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
@@ -181,22 +163,7 @@ void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
     return;
   }
   dirty = 1;
-  auto length = static_cast<std::uint32_t>(wide);
-  auto next = std::lower_bound(
-      free_list.begin(), free_list.end(), pos,
-      [](const FreeExtent& extent, std::uint32_t place) { return extent.pos < place; });
-  bool joins_next = next != free_list.end() && pos + length == next->pos;
-  if (next != free_list.begin() && (next - 1)->end() == pos) {
-    (next - 1)->length += length;
-    if (joins_next) {
-      (next - 1)->length += next->length;
-      free_list.erase(next);
-    }
-  } else if (joins_next) {
-    *next = {pos, length + next->length};
-  } else {
-    free_list.insert(next, {pos, length});
-  }
+  free_list.add(pos, static_cast<std::uint32_t>(wide));
 }
 
 bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {
@@ -289,7 +256,7 @@ bool QFile::refit_overflow(std::int64_t excess, std::uint32_t ref_pos, RecordHea
   }
   OverflowRef old = ovf;
   if (alloc_overflow(static_cast<std::uint64_t>(wanted), hdr, ovf)) return true;
-  take_back(old.overflow_pos, static_cast<std::uint32_t>(room));
+  free_list.take_at(old.overflow_pos, static_cast<std::uint32_t>(room));
   return false;
 }
 

@@ -10,8 +10,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
+#include "store/free_list.h"
 #include "store/page_file.h"
 #include "support/big_endian.h"
 #include "support/str_bufs.h"
@@ -43,13 +43,6 @@ struct OverflowRef {
 
   std::uint32_t overflow_pos = 0;
   std::uint32_t overflow_blocks = 0;
-};
-
-struct FreeExtent {
-  std::uint32_t pos;
-  std::uint32_t length;  ///< in bytes
-
-  std::uint32_t end() const { return pos + length; }
 };
 
 class QFile {
@@ -103,8 +96,7 @@ class QFile {
   std::uint32_t end_pos = 0;
   std::uint32_t data_start = 0;
   int dirty = 0;
-  /// Ascending, no two touching. New space reads as zero, so no block of zeros is kept to grow by.
-  std::vector<FreeExtent> free_list;
+  FreeList free_list;
   /// How much of the file stays in memory; counts from the next `open` on.
   std::size_t cached_pages = PageFile::usual_cached_pages();
 
@@ -136,8 +128,6 @@ class QFile {
   bool load_header();
   void load_free_list(std::uint32_t pos);
   std::uint32_t save_free_list();
-  std::uint32_t take_free(std::uint32_t bytes);
-  void take_back(std::uint32_t pos, std::uint32_t length);
   std::uint32_t grow(std::uint64_t bytes);
   bool alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf);
   bool alloc_record(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf);

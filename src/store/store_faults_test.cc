@@ -150,10 +150,11 @@ class Model {
   /// Free extents and those of all records lie apart, the free ones in order and not touching.
   void check_extents() {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> extents;  // from, to
-    for (const FreeExtent& extent : hash_.free_list) {
-      ASSERT_TRUE(extents.empty() || extents.back().second < extent.pos);
+    hash_.free_list.for_each([&](const FreeExtent& extent) {
+      EXPECT_TRUE(extents.empty() || extents.back().second < extent.pos);
       extents.emplace_back(extent.pos, extent.end());
-    }
+    });
+    ASSERT_EQ(extents.size(), hash_.free_list.count());
     for (std::uint32_t i = 0; i < hash_.size; ++i)
       for (ChainWalk at(hash_, hash_.get_bucket(i)); at.pos() != 0; at.next())
         add_extents(at.pos(), extents);
@@ -255,7 +256,7 @@ TEST_F(StoreFaultsTest, RandomUseAgreesWithAModel) {
   for (int seed = 1; seed <= rounds(40, 4); ++seed) {
     std::filesystem::remove(path());
     Model model(path(), static_cast<unsigned>(seed));
-    for (int i = 0; i < rounds(5000, 600); ++i) ASSERT_NO_FATAL_FAILURE(model.step()) << seed;
+    for (int i = 0; i < rounds(10000, 1000); ++i) ASSERT_NO_FATAL_FAILURE(model.step()) << seed;
     model.check_everything();
     ASSERT_FALSE(HasFailure()) << seed;
   }
