@@ -1,5 +1,5 @@
 // Stores on disk: the same keys and values in a disk hash and in Debian's GDBM and LMDB, and the
-// table of ids. A program of its own, since it writes gigabytes: store_bench [FOLDER] [options].
+// table of ids. A program of its own, since it writes gigabytes, to the folder of temporary files.
 #include <benchmark/benchmark.h>
 #include <sys/stat.h>
 
@@ -272,8 +272,7 @@ void str2id(benchmark::State& state) {
 int main(int argc, char** argv) {
   using namespace torvane;
   benchmark::Initialize(&argc, argv);
-  std::string pattern =
-      (argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path()) / "stores-XXXXXX";
+  std::string pattern = fs::temp_directory_path() / "stores-XXXXXX";
   if (!mkdtemp(pattern.data())) {
     std::cerr << "Can't make a folder " << pattern << '\n';
     return 1;

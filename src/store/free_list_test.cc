@@ -33,11 +33,11 @@ TEST(FreeListTest, AgreesWithARowOfFlags) {
     return std::find(free.begin() + pos, free.begin() + pos + length, value) !=
            free.begin() + pos + length;
   };
-  for (int step = 0; step < 30000; ++step) {
+  for (int step = 0; step < 12000; ++step) {
     std::uint32_t length = random() % 6 + 1, pos = random() % 19990 + 1;
     ASSERT_EQ(list.overlaps(pos, length), any(pos, length, true));
     // Many short extents at first, then ever fewer.
-    bool give = random() % 8 < (step < 15000 ? 6u : 2u);
+    bool give = random() % 8 < (step < 6000 ? 6u : 2u);
     if (give && !any(pos, length, true)) {
       list.add(pos, length);
       set(pos, length, true);
