@@ -1,6 +1,7 @@
 // The triple database: loading a store from text, the record of a word, the count of a triple;
 // beside SQLite doing the same work. The triples are drawn by Zipf's law from 50,000 words.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -18,7 +19,7 @@
 #endif
 
 #include "bench/session.h"
-#include "shell/file_search.h"
+#include "shell/named_objects.h"
 #include "triples/triple_db.h"
 
 namespace torvane {
@@ -59,7 +60,8 @@ struct Corpus {
   std::int64_t triples = 0;
 
   explicit Corpus(std::int64_t size)
-      : folder(fs::temp_directory_path() / ("torvane-bench-triples-" + std::to_string(size))) {
+      : folder(fs::temp_directory_path() /
+               ("torvane-bench-triples-" + std::to_string(size) + "-" + std::to_string(getpid()))) {
     fs::create_directories(folder);
     write(draw(size));
     std::ofstream(folder / "store.hdr") << "store.db 64 59999 strcasecmp";
@@ -151,14 +153,18 @@ void triples_load_own(benchmark::State& state) {
 }
 BENCHMARK(triples_load_own)->Arg(10000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
-/// Reads the whole record of a word; how many words stand in it.
-int read_word(TripleDb& db, const std::string& word) {
+/// Reads the whole record of a word, row by row.
+void read_word(TripleDb& db, const std::string& word) {
   TripleDbInfo* entry = db.find(word.c_str());
-  if (!entry) return 0;
+  if (!entry) return;
   db.load_details(*entry);
-  int n = 0;
-  for (const RelInfo& rel : entry->rels) n += rel.word_count();
-  return n;
+  for (const RelInfo& rel : entry->rels) {
+    benchmark::DoNotOptimize(db.id_to_string(std::abs(rel.id)));
+    for (const WordCount& count : rel) {
+      benchmark::DoNotOptimize(*count.word);
+      benchmark::DoNotOptimize(count.freq);
+    }
+  }
 }
 
 void triples_cold_own(benchmark::State& state) {
@@ -166,7 +172,7 @@ void triples_cold_own(benchmark::State& state) {
   need_store(texts);
   for (auto _ : state) {
     std::unique_ptr<TripleDb> db = linked_db(texts, 1);
-    for (const Triple& triple : texts.sample) benchmark::DoNotOptimize(read_word(*db, triple.head));
+    for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.sample.size()));
 }
@@ -179,7 +185,7 @@ void triples_warm_own(benchmark::State& state) {
   for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   std::size_t i = 0;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(read_word(*db, texts.sample[i].head));
+    read_word(*db, texts.sample[i].head);
     if (++i == texts.sample.size()) i = 0;
   }
 }
@@ -200,6 +206,38 @@ void triple_count_own(benchmark::State& state) {
   }
 }
 BENCHMARK(triple_count_own)->Arg(1000000);
+
+/// What the parser asks for each pair of words that might belong together.
+void dependency_probability(benchmark::State& state) {
+  const Corpus& texts = corpus(state.range(0));
+  need_store(texts);
+  std::unique_ptr<TripleDb> db = linked_db(texts, 1);
+  for (const Triple& triple : texts.sample) read_word(*db, triple.head);
+  std::size_t i = 0;
+  for (auto _ : state) {
+    const Triple& triple = texts.sample[i];
+    benchmark::DoNotOptimize(db->dependency_probability(
+        triple.head.c_str(), triple.relation.c_str(), triple.other.c_str()));
+    if (++i == texts.sample.size()) i = 0;
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(dependency_probability)->Arg(10000)->Arg(1000000);
+
+/// The report over every word, from the disk.
+void print_high_mutinfo(benchmark::State& state) {
+  session();
+  const Corpus& texts = corpus(state.range(0));
+  need_store(texts);
+  const std::string name = "triples-" + std::to_string(state.range(0));
+  const std::string header = (texts.folder / "store.hdr").string();
+  if (!find_object(name.c_str(), "TripleDb", false))
+    run_forms(("(make-tripledb " + name + ")(link-file " + name + " " + header + ")").c_str());
+  const std::string report = "(print-high-mutinfo " + name + " :output /dev/null)";
+  for (auto _ : state) run_forms(report.c_str());
+  state.SetItemsProcessed(state.iterations() * texts.triples);
+}
+BENCHMARK(print_high_mutinfo)->Arg(10000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 #ifdef TORVANE_HAS_SQLITE
 
@@ -281,15 +319,13 @@ constexpr char kRecordOfWord[] =
     "UNION ALL SELECT '-' || r.word, o.word, t.count FROM words h JOIN triples t ON t.other = h.id "
     "JOIN words r ON r.id = t.rel JOIN words o ON o.id = t.head WHERE h.word = ?1";
 
-int read_word(sqlite3_stmt* query, const std::string& word) {
+void read_word(sqlite3_stmt* query, const std::string& word) {
   Peer::bind(query, 1, word);
-  int n = 0;
   while (sqlite3_step(query) == SQLITE_ROW) {
-    benchmark::DoNotOptimize(sqlite3_column_text(query, 1));
-    ++n;
+    benchmark::DoNotOptimize(*sqlite3_column_text(query, 1));
+    benchmark::DoNotOptimize(sqlite3_column_double(query, 2));
   }
   sqlite3_reset(query);
-  return n;
 }
 
 void triples_load_peer(benchmark::State& state) {
@@ -306,8 +342,7 @@ void triples_cold_peer(benchmark::State& state) {
   for (auto _ : state) {
     Peer peer(texts);
     sqlite3_stmt* query = peer.prepare(kRecordOfWord);
-    for (const Triple& triple : texts.sample)
-      benchmark::DoNotOptimize(read_word(query, triple.head));
+    for (const Triple& triple : texts.sample) read_word(query, triple.head);
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.sample.size()));
 }
@@ -320,7 +355,7 @@ void triples_warm_peer(benchmark::State& state) {
   for (const Triple& triple : texts.sample) read_word(query, triple.head);
   std::size_t i = 0;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(read_word(query, texts.sample[i].head));
+    read_word(query, texts.sample[i].head);
     if (++i == texts.sample.size()) i = 0;
   }
 }
