@@ -1,5 +1,6 @@
 ; The nodes of the network, and which attributes an item shows to the nodes above it. Two items of one
-; node and span that agree in these are the same for the rest of the grammar.
+; node and span that agree in these are the same for the rest of the grammar. Phrases show their head word
+; (lexitem), so that counts of what depends on what can weigh them.
 
 (def-category Conn)                                   ; and, but: as an opening word
 (def-category Comp)                                   ; that, whether
@@ -15,28 +16,28 @@
 ; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;
 ; N0, with determiner and number; N, with what follows it.
 (def-category NN (visible-atts (agr count spec proper that to time)))
-(def-category NB (visible-atts (agr count spec proper that to time)))
+(def-category NB (visible-atts (lexitem agr count spec proper that to time)))
 (def-category Pro (visible-atts (agr case spec pro some part time wh)))
-(def-category NPoss (visible-atts (spec wh rel)))      ; a noun phrase with 's
-(def-category N0 (visible-atts (agr case count spec pro some part proper that to time wh rel)))
-(def-category N (visible-atts (agr case count spec pro some part proper that to time wh rel)))
+(def-category NPoss (visible-atts (lexitem spec wh rel)))      ; a noun phrase with 's
+(def-category N0 (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
+(def-category N (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
 (def-category Ger (visible-atts (agr move)))          ; swimming, as a noun phrase
 
-(def-category A (visible-atts (deg wh heavy)) (subcat-atts (move)))
-(def-category P (visible-atts (pform verbal time move wh)))
+(def-category A (visible-atts (lexitem deg wh heavy)) (subcat-atts (move)))
+(def-category P (visible-atts (lexitem pform verbal time move wh)))
 
 ; A verb grows likewise: V, with what its frame asks for; VP, with the free adjuncts behind it;
 ; VG, with auxiliaries and adverbs before it; then a clause, finite (S, Q, Imp) or not (I).
-(def-category V (visible-atts (vform agr move)))
-(def-category V_N_P (visible-atts (vform agr move)))
-(def-category V_N_VB (visible-atts (vform agr move)))
-(def-category VP (visible-atts (vform agr move)))
-(def-category VG (visible-atts (vform agr move)))
-(def-category S (visible-atts (move wh)))             ; she reads
-(def-category Q (visible-atts (move wh)))             ; does she read
-(def-category Imp)                                    ; read!
+(def-category V (visible-atts (lexitem vform agr move)))
+(def-category V_N_P (visible-atts (lexitem vform agr move)))
+(def-category V_N_VB (visible-atts (lexitem vform agr move)))
+(def-category VP (visible-atts (lexitem vform agr move)))
+(def-category VG (visible-atts (lexitem vform agr move)))
+(def-category S (visible-atts (lexitem move wh)))             ; she reads
+(def-category Q (visible-atts (lexitem move wh)))             ; does she read
+(def-category Imp (visible-atts (lexitem)))                                    ; read!
 (def-category Rep)                                    ; said she
-(def-category I (visible-atts (move)))                ; to read
+(def-category I (visible-atts (lexitem move)))                ; to read
 (def-category WhI (visible-atts (move)))              ; how to read
 (def-category C (visible-atts (move wh marked)))      ; that she reads, what she reads
 (def-category SubC)                                   ; when she reads
