@@ -22,6 +22,13 @@ DepTree* print_dep_tree(RSTree* tree, LBitSet* show, Stream* stream) {
   return node && print_deps(node->_deps, show, stream) ? node : nullptr;
 }
 
+/// Of a tree, or of the one that a node belongs to.
+Value save_deps(Value input, LBitSet* show, Stream* stream) {
+  DepTree* node = dep_tree_of(input);
+  Deps* deps = node ? node->_deps : input.as<Deps>();
+  return print_deps(deps, show, stream) ? input : Value();
+}
+
 DepTree* print_sub_deps(RSTree* tree, LBitSet* show, Stream* stream) {
   DepTree* node = dep_tree_of(tree);
   std::ostream* out = output_of(stream);
@@ -154,7 +161,7 @@ class MinimalAcross : public Form<MinimalAcross> {
 void register_dep_print_forms() {
   register_function<print_dep_tree>("print-dep-tree");
   register_function<print_deps>("print-deps");
-  register_function<print_deps>("save-deps");
+  register_function<save_deps>("save-deps");
   register_function<print_sub_deps>("print-sub-deps");
   register_function<print_context>("print-context");
   register_function<print_words>("print-words");

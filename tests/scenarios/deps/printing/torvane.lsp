@@ -17,7 +17,7 @@
   (find-first-node (prog (print-leaf) (nil))) (find-first-node (prog (comp (leaf-str) (print-str :suffix "|")) (nil)))
   (comp (str "\ninto files\n") (print-str))
   (comp (deps) (save-deps (nil) (output tree.out))) (print-context (output tree.out))
-  (print-sub-deps (nil) (output tree.out)) (print-words (ident) (output tree.out))
+  (print-sub-deps (nil) (output tree.out)) (save-deps) (comp (str x) (save-deps)) (print-words (ident) (output tree.out))
   (comp (get-child none) (print-context)) (comp (get-child none) (print-sub-deps)) (comp (get-child none) (print-rel))
   (comp (find-first-node (comp (cat) (str= N))) (print-rel (nil) (output tree.out)) (print-leaf (output tree.out))))))
 (eval (read-and-modify-deps each (input trees.txt)))
