@@ -2,26 +2,26 @@
 ; node and span that agree in these are the same for the rest of the grammar. Phrases show their head word
 ; (lexitem), so that counts of what depends on what can weigh them.
 
-(def-category Conn)                                   ; and, but: as an opening word
-(def-category Comp)                                   ; that, whether
-(def-category Sub)                                    ; when, because
+(def-category Conn)                                         ; and, but: as an opening word
+(def-category Comp)                                         ; that, whether
+(def-category Sub)                                          ; when, because
 (def-category Neg)
-(def-category Gen)                                    ; 's
-(def-category RelPro)                                 ; who, which, that
+(def-category Gen)                                          ; 's
+(def-category RelPro)                                       ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
 (def-category Adv (visible-atts (wh deg focus loc front)))
-(def-category Num (visible-atts (agr spec time)))
+(def-category Num (visible-atts (lexitem agr spec time)))
 (def-category Det (visible-atts (agr spec wh rel pre alone few)))
 
 ; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;
 ; N0, with determiner and number; N, with what follows it.
-(def-category NN (visible-atts (agr count spec proper that to time)))
+(def-category NN (visible-atts (lexitem agr count spec proper that to time)))
 (def-category NB (visible-atts (lexitem agr count spec proper that to time)))
-(def-category Pro (visible-atts (agr case spec pro some part time wh)))
-(def-category NPoss (visible-atts (lexitem spec wh rel)))      ; a noun phrase with 's
+(def-category Pro (visible-atts (lexitem agr case spec pro some part time wh)))
+(def-category NPoss (visible-atts (lexitem spec wh rel)))   ; a noun phrase with 's
 (def-category N0 (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
 (def-category N (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
-(def-category Ger (visible-atts (agr move)))          ; swimming, as a noun phrase
+(def-category Ger (visible-atts (lexitem agr move)))        ; swimming, as a noun phrase
 
 (def-category A (visible-atts (lexitem deg wh heavy)) (subcat-atts (move)))
 (def-category P (visible-atts (lexitem pform verbal time move wh)))
@@ -33,17 +33,17 @@
 (def-category V_N_VB (visible-atts (lexitem vform agr move)))
 (def-category VP (visible-atts (lexitem vform agr move)))
 (def-category VG (visible-atts (lexitem vform agr move)))
-(def-category S (visible-atts (lexitem move wh)))             ; she reads
-(def-category Q (visible-atts (lexitem move wh)))             ; does she read
-(def-category Imp (visible-atts (lexitem)))                                    ; read!
-(def-category Rep)                                    ; said she
-(def-category I (visible-atts (lexitem move)))                ; to read
-(def-category WhI (visible-atts (move)))              ; how to read
-(def-category C (visible-atts (move wh marked)))      ; that she reads, what she reads
-(def-category SubC)                                   ; when she reads
-(def-category RelS)                                   ; who reads
-(def-category RelO (visible-atts (move marked)))             ; that she reads __
-(def-category RelA)                                   ; where she reads
+(def-category S (visible-atts (lexitem move wh)))           ; she reads
+(def-category Q (visible-atts (lexitem move wh)))           ; does she read
+(def-category Imp (visible-atts (lexitem)))                 ; read!
+(def-category Rep (visible-atts (lexitem)))                 ; said she
+(def-category I (visible-atts (lexitem move)))              ; to read
+(def-category WhI (visible-atts (lexitem move)))            ; how to read
+(def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
+(def-category SubC (visible-atts (lexitem)))                ; when she reads
+(def-category RelS (visible-atts (lexitem)))                ; who reads
+(def-category RelO (visible-atts (lexitem move marked)))    ; that she reads __
+(def-category RelA (visible-atts (lexitem)))                ; where she reads
 
 ; What may stand between a verb and its argument: he told me yesterday that ... The parser knows this node
 ; by its name; such a guest costs 10.
