@@ -28,25 +28,46 @@ class Patience {
   int left_ = 100000;
 };
 
-/// Over the children of a node, without any storage. A child that left the node ends it.
+/// Over the children of a node, without any storage. After a child that left the node comes the one
+/// that stood behind it, or else the end.
 class ChildWalk {
  public:
-  explicit ChildWalk(const RSTree* parent)
-      : parent_(parent), cell_(parent ? parent->head() : nullptr) {
-    if (cell_) child_ = RSTree::value_of(cell_);
+  explicit ChildWalk(const RSTree* parent) : parent_(parent) {
+    stand_on(parent ? parent->head() : nullptr);
   }
   /// The child that the walk stands on; null behind the last.
   RSTree* child() const { return child_; }
   void next() {
-    if (patience_.sees_edits()) cell_ = patience_.is_over() ? nullptr : parent_->cell_of(child_);
-    cell_ = !cell_ || cell_ == parent_->tail() ? nullptr : cell_->next;
-    child_ = cell_ ? RSTree::value_of(cell_) : nullptr;
+    if (patience_.sees_edits()) {
+      go_on_after_edit();
+    } else {
+      stand_on(cell_behind(cell_));
+    }
   }
 
  private:
+  RSTree::Cell* cell_behind(RSTree::Cell* cell) const {
+    return cell == parent_->tail() ? nullptr : cell->next;
+  }
+  void stand_on(RSTree::Cell* cell) {
+    cell_ = cell;
+    child_ = cell ? RSTree::value_of(cell) : nullptr;
+    RSTree::Cell* behind = cell ? cell_behind(cell) : nullptr;
+    following_ = behind ? RSTree::value_of(behind) : nullptr;
+  }
+  void go_on_after_edit() {
+    RSTree::Cell* cell = patience_.is_over() ? nullptr : parent_->cell_of(child_);
+    if (cell) {
+      stand_on(cell_behind(cell));
+    } else {
+      stand_on(following_ && !patience_.is_over() ? parent_->cell_of(following_) : nullptr);
+    }
+  }
+
   const RSTree* parent_;
   RSTree::Cell* cell_;
-  RSTree* child_ = nullptr;
+  RSTree* child_;
+  RSTree* following_;
   Patience patience_;
 };
 
