@@ -11,7 +11,24 @@ import time
 HEADER = "triples.db 64 20011 strcasecmp\n"
 # Printed after each sentence, so that the progress can be told from the output.
 MARK = "-- next --"
-REPORTED_WORDS = 12
+REPORTED_WORDS = 6  # verbs, and as many nouns
+# How the pages name the relations between content words, from the head's side and from the modifier's.
+READABLE = {
+    "V:subj:N": ("whose subject is", "subject of"),
+    "V:obj:N": ("whose object is", "object of"),
+    "V:iobj:N": ("to whom", "receiver of"),
+    "V:mod:Adv": ("done", "how to"),
+    "N:mod:A": ("described as", "describing"),
+    "N:nn:N": ("with the noun before it", "before the noun"),
+    "N:conj:N": ("joined with", "joined to"),
+    "P:pcomp:N": ("before", "after the preposition"),
+}
+PAGE = """<!doctype html>
+<meta charset="utf-8">
+<title>{title}</title>
+<style>body {{ font: 16px/1.5 sans-serif; max-width: 60em; margin: 2em auto; padding: 0 1em; }}
+a {{ color: inherit; }} h3 {{ border-bottom: 1px solid #ccc; }}</style>
+{body}"""
 
 
 class Progress:
@@ -76,10 +93,11 @@ class Engine:
 
 
 def counted(rows):
-    """(relation, head, modifier), in small letters as the database folds them -> count."""
+    """(relation, head, modifier) -> count. The database knows no case, so words are counted without it."""
     counts = {}
     for row in rows:
-        key = tuple(row.lower().split("\t"))
+        relation, head, modifier = row.split("\t")
+        key = relation, head.lower(), modifier.lower()
         counts[key] = counts.get(key, 0) + 1
     return counts
 
@@ -105,26 +123,41 @@ def write_dump(engine, counts):
     engine.write("rels.txt", "".join(line + "\n" for line in sorted(rows)))
 
 
-def frequent_words(counts):
-    """The heads with most rows, the most frequent first."""
+def frequent_heads(counts, relation):
+    """The words that most often head a relation, the most frequent first."""
     totals = {}
-    for (_, head, _), count in counts.items():
-        totals[head] = totals.get(head, 0) + count
+    for (name, head, _), count in counts.items():
+        if name == relation and head.isalpha():
+            totals[head] = totals.get(head, 0) + count
     return sorted(totals, key=lambda word: (-totals[word], word))[:REPORTED_WORDS]
+
+
+def codes(counts, behind=""):
+    """The readable names of all relations, each with `behind` at its end, as an argument."""
+    pairs = [f"({quoted(sign + name)} {quoted(text + behind)})"
+             for name in sorted({relation for relation, _, _ in counts})
+             for sign, text in zip(("", "-"), READABLE.get(name, (name, "-" + name)))]
+    return f":codes ({' '.join(pairs)})"
 
 
 def write_reports(engine, counts):
     os.makedirs(engine.path("report"), exist_ok=True)
-    words = frequent_words(counts)
     start = "(make-tripledb triples)\n(link-file triples triples.hdr)\n"
-    high = "(print-high-mutinfo triples :min-count 3 :output report/pairs.txt)\n"
-    for _ in engine.run(start + high + "(exit)\n"):
-        pass
-    entry = f"(print-tripledb-entry-in-html triples :words ({' '.join(map(quoted, words))}))\n(exit)\n"
-    engine.write("report/words.html", "".join(engine.run(start + entry)))
-    if len(words) > 1:
-        compare = f"(cmp-tripledb-entries triples {quoted(words[0])} {quoted(words[1])})\n(exit)\n"
-        engine.write("report/compare.html", "".join(engine.run(start + compare)))
+    nouns, verbs = frequent_heads(counts, "N:mod:A"), frequent_heads(counts, "V:obj:N")
+
+    def page(name, title, form):
+        body = "".join(engine.run(f"{start}{form}\n(exit)\n"))
+        engine.write(f"report/{name}", PAGE.format(title=title, body=body))
+
+    engine.write("report/pairs.txt", "".join(engine.run(
+        start + "(print-high-mutinfo triples :min-count 3)\n(exit)\n")))
+    page("words.html", "Words and what goes with them",
+         f"(print-tripledb-entry-in-html triples :url \"<a href=?\" {codes(counts)} "
+         f":words ({' '.join(map(quoted, nouns + verbs))}))")
+    if len(nouns) > 1:
+        page("compare.html", "Two words compared",
+             f"(cmp-tripledb-entries triples {quoted(nouns[0])} {quoted(nouns[1])} "
+             f"{codes(counts, ': ')})")
 
 
 def main():
