@@ -59,11 +59,12 @@ void TripleFeatures::read_entry(TripleDbInfo& entry, TripleDb& db, float least_i
       if (!(information >= least_information)) continue;
       if (item < 0) {
         item = static_cast<int>(items_.size());
-        items_.push_back({entry.key, pos});
+        items_.push_back({quoted(entry.key), entries_, pos});
       }
       overlap_.add(item, feature_of(rel.id, db.ids.get_id(other.word, 0)), information);
     }
   }
+  ++entries_;
 }
 
 void TripleFeatures::write_list(std::ostream& out, int item, std::size_t most) {
@@ -71,7 +72,7 @@ void TripleFeatures::write_list(std::ostream& out, int item, std::size_t most) {
   out << " (" << kPartOfSpeechNames[self.pos] << ' ' << float_text(overlap_.total(item)) << " (";
   const char* before = "";
   for (const SimPair& pair : overlap_.neighbours(item, most)) {
-    out << before << quoted(items_[static_cast<std::size_t>(pair.word)].word) << ' '
+    out << before << items_[static_cast<std::size_t>(pair.word)].word << ' '
         << float_text(pair.sim);
     before = " ";
   }
@@ -80,9 +81,9 @@ void TripleFeatures::write_list(std::ostream& out, int item, std::size_t most) {
 
 void TripleFeatures::write_source(std::ostream& out, std::size_t most) {
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    bool begins = i == 0 || items_[i - 1].word != items_[i].word;
-    bool ends = i + 1 == items_.size() || items_[i + 1].word != items_[i].word;
-    if (begins) out << '(' << quoted(items_[i].word);
+    bool begins = i == 0 || items_[i - 1].entry != items_[i].entry;
+    bool ends = i + 1 == items_.size() || items_[i + 1].entry != items_[i].entry;
+    if (begins) out << '(' << items_[i].word;
     write_list(out, static_cast<int>(i), most);
     if (ends) out << ")\n";
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "triples/triple_db.h"
@@ -27,13 +28,15 @@ class TripleFeatures {
 
  private:
   struct Item {
-    const char* word;
+    std::string word;  ///< as an atom
+    int entry;         ///< running number of the word
     int pos;
   };
   void read_entry(TripleDbInfo& entry, TripleDb& db, float least_information);
   void write_list(std::ostream& out, int item, std::size_t most);
 
   std::vector<Item> items_;  // those of a word stand together
+  int entries_ = 0;
   FeatureOverlap overlap_;
 };
 
