@@ -170,13 +170,13 @@ void PLHash::reconstruct(std::istream& in) {
 
 void PLHash::save_entry(PLHashEntry* entry) {
   if (!is_writable()) return;
-  StrBufs buf(kEntryChunk);
-  v_pack_entry(entry, buf);
-  if (buf.object_size() == 0) return;
+  record_.reset();
+  v_pack_entry(entry, record_);
+  if (record_.object_size() == 0) return;
   std::uint32_t pos = entry->pos == 0
-                          ? file->insert(buf.object(), buf.object_size())
+                          ? file->insert(record_.object(), record_.object_size())
                           : file->update(static_cast<std::uint32_t>(std::abs(entry->pos)),
-                                         buf.object(), buf.object_size(), 0, 0);
+                                         record_.object(), record_.object_size(), 0, 0);
   if (pos > 0) entry->pos = static_cast<std::int32_t>(pos);
 }
 
@@ -269,13 +269,12 @@ void PLHash::clear() {
 PLHashEntry* PLHash::find(const char* key, Slot& slot) {
   PLHashEntry* entry = find_in_memory(key, slot);
   if (entry || !key || !has_file() || missing.find(key)) return entry;
-  StrBufs buf(kEntryChunk);
-  std::uint32_t pos = file->find(key, buf);
+  std::uint32_t pos = file->find(key, record_);
   if (pos == 0) {
     missing.insert_at_cursor(missing_keys_.copy(key));
     return nullptr;
   }
-  entry = v_unpack_entry(buf);
+  entry = v_unpack_entry(record_);
   if (!entry) return nullptr;
   entry->pos = static_cast<std::int32_t>(pos);
   link(slot, entry);

@@ -165,6 +165,8 @@ class PLHash : public LHashTable {
   void insert_raw(PLHashIterator& walk, PLHash& other);
 
   StrBufs missing_keys_{4096};
+  // Of the entry that is written or looked up; kept, since there are many.
+  StrBufs record_{20000};
 };
 
 /// The typed face of a table whose entries are Ts.

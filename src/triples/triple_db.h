@@ -90,6 +90,8 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   void dump_entry(TripleDbInfo& entry, std::ostream& rel_stream, std::ostream& detail_stream);
   void remove_word(TripleDbInfo& entry, RelInfo& rel, int index);
   void remove_one_way(const char* word1, int relation_id, const char* word2);
+
+  StrBufs details_{128000};  // of the entry that is read or written; kept, since there are many
 };
 
 /// Of a word under a relation; computed from the counts, and kept in `word.mi`.

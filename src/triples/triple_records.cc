@@ -13,7 +13,6 @@ namespace torvane {
 
 namespace {
 
-constexpr int kDetailChunk = 128000;
 constexpr std::size_t kRelSize = 12;
 constexpr std::size_t kClassSize = 8;
 
@@ -145,7 +144,8 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
     entry.detail_pos = 0;
     return true;
   }
-  StrBufs buf(kDetailChunk);
+  StrBufs& buf = details_;
+  buf.reset();
   add_int(buf, entry.rels.count());
   for (const RelInfo& rel : entry.rels) {
     add_int(buf, rel.word_count());
@@ -195,7 +195,8 @@ bool TripleDb::unpack_details(TripleDbInfo& entry, const char* bytes, std::size_
 void TripleDb::load_details(TripleDbInfo& entry) {
   if (entry.detail_pos >= 0) return;
   entry.detail_pos = -entry.detail_pos;
-  StrBufs buf(kDetailChunk);
+  StrBufs& buf = details_;
+  buf.reset();
   std::size_t length =
       has_file() ? file->read_record(static_cast<std::uint32_t>(entry.detail_pos), buf) : 0;
   bool with_mutinfo = save_mutinfo != 0;
