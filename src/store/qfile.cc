@@ -62,10 +62,9 @@ void QFile::load_free_list(std::uint32_t pos) {
     complain_of_record();
     return;
   }
-  std::uint32_t at = pos + RecordHeader::kBytes;
-  for (std::uint32_t count = hdr.size >> 3; count > 0; --count, at += 8) {
-    char pair[8];
-    if (!file->read(at, pair, sizeof pair)) break;
+  std::string pairs(hdr.size & ~7U, '\0');
+  file->read(pos + RecordHeader::kBytes, pairs.data(), pairs.size());
+  for (const char* pair = pairs.data(); pair != pairs.data() + pairs.size(); pair += 8) {
     FreeExtent extent{load_be32(pair), load_be32(pair + 4)};
     bool ascends = free_list.empty() || free_list.back().end() < extent.pos;
     bool fits = extent.length > 0 && extent.pos >= kHeaderBytes && extent.pos <= end_pos &&

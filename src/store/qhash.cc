@@ -135,9 +135,10 @@ std::uint32_t QHash::bucket_of(const char* key) const {
 }
 
 std::uint32_t QHash::get_bucket(std::uint32_t index) const {
-  char word[4];
-  if (!is_open() || index >= size || !file->read(buckets_pos + 4 * index, word, 4)) return 0;
-  return load_be32(word);
+  if (!is_open() || index >= size) return 0;
+  std::size_t there;
+  const char* head = file->view(buckets_pos + 4 * index, there);  // a head never crosses a page
+  return there >= 4 ? load_be32(head) : 0;
 }
 
 bool QHash::read_next(std::uint32_t pos, std::uint32_t& next) const {
