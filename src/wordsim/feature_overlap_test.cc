@@ -49,11 +49,12 @@ TEST(FeatureOverlap, GivesWhatComparingEveryPairGives) {
 }
 
 TEST(RelationEnd, HasThePartOfSpeechOfItsCategory) {
-  EXPECT_EQ(relation_end_pos("V:obj:NN", true), 1);
-  EXPECT_EQ(relation_end_pos("v:obj:nn", false), 0);
+  EXPECT_EQ(relation_end_pos("V:obj:N", true), 1);
+  EXPECT_EQ(relation_end_pos("v:out:of:n", false), 0);
   EXPECT_EQ(relation_end_pos("N:mod:A", false), 2);
-  EXPECT_EQ(relation_end_pos("S:mod:", true), -1);
-  EXPECT_EQ(relation_end_pos("S:mod:", false), -1);
+  EXPECT_EQ(relation_end_pos("Num:mod:Adv", true), -1);
+  EXPECT_EQ(relation_end_pos("Num:mod:Adv", false), 2);
+  EXPECT_EQ(relation_end_pos("N:", false), -1);
   EXPECT_EQ(relation_end_pos("_subj", true), 0);
 }
 

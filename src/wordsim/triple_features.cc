@@ -1,8 +1,8 @@
 #include "wordsim/triple_features.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <string>
+#include <string_view>
 
 #include "support/text.h"
 #include "triples/mutual_info.h"
@@ -23,19 +23,15 @@ std::string quoted(const char* word) {
 
 }  // namespace
 
-int relation_end_pos(const char* relation, bool at_head) {
-  const char* last = std::strrchr(relation, ':');
-  if (!last) return 0;
-  switch (lower(at_head ? relation[0] : last[1])) {
-    case 'n':
-      return 0;
-    case 'v':
-      return 1;
-    case 'a':
-      return 2;
-    default:
-      return -1;
-  }
+int relation_end_pos(std::string_view relation, bool at_head) {
+  std::size_t last = relation.rfind(':');
+  if (last == std::string_view::npos) return 0;
+  std::string category(at_head ? relation.substr(0, relation.find(':'))
+                               : relation.substr(last + 1));
+  for (char& c : category) c = lower(c);
+  if (category == "n") return 0;
+  if (category == "v") return 1;
+  return category == "a" || category == "adv" ? 2 : -1;
 }
 
 void TripleFeatures::read(TripleDb& db, float least_information) {

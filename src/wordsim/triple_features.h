@@ -4,6 +4,7 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "triples/triple_db.h"
@@ -11,10 +12,10 @@
 
 namespace torvane {
 
-/// The part of speech of the word at one end of a relation, by its name, `CATEGORY:REL:CATEGORY`:
-/// the first letter of the category at that end, in either case. A name without categories says
-/// noun; any other letter gives -1.
-int relation_end_pos(const char* relation, bool at_head);
+/// The part of speech of the word at one end of a relation `CATEGORY:REL:CATEGORY`: that of the
+/// category there, which is N, V, A or Adv in either case; -1 for any other. A name without
+/// categories says noun.
+int relation_end_pos(std::string_view relation, bool at_head);
 
 class TripleFeatures {
  public:
