@@ -88,9 +88,9 @@ bool TripleDb::dump(std::ostream& rel_stream, std::ostream& detail_stream) {
 
 void TripleDb::dump_and_clear() {
   std::string number = std::to_string(dump_number);
+  std::cerr << "CleanUp " << number << '\n';
   Ref<Stream> rels = make_ostream((tmp_file_prefix + "tmprels." + number).c_str());
   Ref<Stream> details = make_ostream((tmp_file_prefix + "tmpdeps." + number).c_str());
-  std::cerr << "CleanUp " << number << '\n';
   if (!rels || !details || !dump(*rels->out(), *details->out())) return;
   clear();
   serial = 0;
