@@ -56,6 +56,8 @@ class OldPages {
   bool read(std::uint32_t page, char* image) const;
   /// Puts all of it back into the file and ends the journal.
   bool roll_back(const Descriptor& file) const;
+  /// Removes what is no journal of the file.
+  void discard() const;
 
  private:
   std::string path_;

@@ -78,6 +78,8 @@ bool PageFile::recover() {
   if (found && writable_) {
     if (!old->roll_back(fd_)) return fail("restore");
     size = old->length();
+  } else if (writable_) {
+    old->discard();
   }
   if (found && !writable_) {
     size = old->length();

@@ -285,13 +285,13 @@ std::uint32_t QFile::read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hd
   if (buf.finished()) buf.reopen();
   bool found = is_open() && read_header(pos, hdr);
   std::int64_t head = hdr.contiguous() ? std::int64_t{hdr.size} : head_room(hdr);
-  // A size is believed only as far as the file goes.
-  if (found && head >= 0 && head <= hdr.size && hdr.size <= file->length() - pos) {
+  // A size is believed only as far as the file goes, which for the rest of a spilled record may be
+  // anywhere.
+  if (found && head >= 0 && head <= hdr.size && hdr.size <= file->length() &&
+      head <= file->length() - pos - RecordHeader::kBytes) {
     auto count = static_cast<std::uint32_t>(head);
     tail_ref_pos_ = pos + RecordHeader::kBytes + count;
-    if (file->length() - pos - RecordHeader::kBytes >= count &&
-        file->read(pos + RecordHeader::kBytes, buf.extend(count), count))
-      return count;
+    if (file->read(pos + RecordHeader::kBytes, buf.extend(count), count)) return count;
   }
   hdr = {};
   return complain_of_record();

@@ -91,6 +91,16 @@ TEST_F(QFileTest, SpilledRecordKeepsItsPlace) {
   EXPECT_NE(free_list(), before);
 }
 
+TEST_F(QFileTest, OverflowInFrontOfTheLastRecord) {
+  std::uint32_t first = put(0, std::string(127 * 32 - 8, 'x')), last = put(0, "y");
+  ASSERT_EQ(last + 32, file_.end_pos);
+  file_.release(first, 0);
+  std::string longer(3000, 'z');
+  EXPECT_EQ(put(last, longer), last);
+  EXPECT_EQ(file_.end_pos, last + 32);
+  EXPECT_EQ(get(last), longer);
+}
+
 TEST_F(QFileTest, ReleasedExtentsJoin) {
   for (int i = 0; i < 4; ++i) EXPECT_EQ(put(0, "x"), 12u + 32 * static_cast<unsigned>(i));
   file_.release(12, 0);
