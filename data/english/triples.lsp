@@ -1,19 +1,35 @@
-; Counts begin here: rules that print a row for every dependency of a tree. To switch them on:
+; Writes what depends on what, one row for each dependency, ready for counting. Load this behind the
+; grammar, and switch it on:
+;
 ;   (load english/triples.lsp)
 ;   (set-deps-modifier english-parser triples)
-; A row is relation, head, modifier, separated by tabs. The relation is what the parser asks a database
-; of triples for, HEAD-CATEGORY:RELATION:MODIFIER-CATEGORY; so the rules rename the relations of the tree.
+;
+; A row has three fields with tabs between them: the relation, the root form of the head, the root form of
+; the modifier. For "the dogs sleep" these are
+;
+;   subj	sleep	dog
+;   det	dog	the
+;
+; so that (head, relation, modifier) are columns 2, 1, 3. Nothing is written for the top of a tree, for an
+; empty place, and for the parts of a word that the lexicon writes apart ("in spite of" is one word).
+;
+; The rows go to the stream in `triples-stream`; without one, to standard output.
+;
+;   (eval (setq triples-stream (comp (str "rows.txt") (open-file :write))))
+;
+; For rows in the content-head style, where prepositions do not stand between a verb and its nouns, load
+; content-head.lsp too, and end its list with the rule:
+;
+;   (def-tree-rules content-head (down (node (is-dependency)) (write-triple)))
+
+(declare-var triples-stream)
+
+(defun has-words () (node2minp (reg-match ".")))
+(defun is-dependency () (and (has-words) (comp (parent) (has-words)) (not (rel (str= lex-mod)))))
+(defun write-triple () (match (print-rel (nil) (get-val triples-stream))))
 
 (def-tree-rules triples
-  ; A prepositional phrase is counted by its preposition: eat V:with:N with.
-  (down :name prepositions :comments "the preposition is the relation"
-    (node (and (parent) (dep-name) (comp (cat) (reg-match "^P_" "^P$"))))
-    (set-rel (match) (match (format (comp (dep-name) (reg-sub ":.*$" "")) ":" (node2root) ":N"))))
-  ; A pronoun stands where a noun phrase does.
-  (down :name others :comments "categories stand on both sides of the relation"
-    (node (and (parent) (dep-name) (not (comp (cat) (reg-match "^P_" "^P$")))))
-    (set-rel (match) (match (comp (dep-name) (reg-sub ":Pro$" ":N")))))
-  ; What has no category at one end is a part of a longer entry of the lexicon, not a dependency.
-  (down :name rows :comments "one row a dependency"
-    (node (comp (rel) (reg-match "^[A-Za-z0-9]+:[^:]+:[A-Z]")))
-    (match (print-rel))))
+  (down :name triple
+        :comments "A row for every word that depends on another one."
+        (node (is-dependency))
+        (write-triple)))
