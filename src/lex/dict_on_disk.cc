@@ -39,11 +39,14 @@ std::string header_token(const std::string& text, std::size_t& pos) {
   if (quoted) {
     ++pos;
     std::size_t end = text.find_first_of("\"\n", pos);
-    if (end != std::string::npos && text[end] == '"')
-      return text.substr(std::exchange(pos, end + 1), end - pos);
+    if (end != std::string::npos && text[end] == '"') {
+      std::size_t start = std::exchange(pos, end + 1);
+      return text.substr(start, end - start);
+    }
   }
   std::size_t end = std::min(text.find_first_of(kWhite, pos), text.size());
-  return text.substr(std::exchange(pos, end), end - pos);
+  std::size_t start = std::exchange(pos, end);
+  return text.substr(start, end - start);
 }
 
 bool older(const struct stat& a, const struct stat& b) {
