@@ -122,7 +122,10 @@ bool SimWordDb::attach_file(std::unique_ptr<QHash> store) {
     std::uint32_t size = store->read_record(store->data_start, table);
     const char* cursor = table.object();
     const char* end = cursor + size;
-    if (size == 0 || !unpack(cursor, end) || cursor != end) return false;
+    if (size == 0 || !unpack(cursor, end) || cursor != end) {
+      clear();
+      return false;
+    }
   }
   file = std::move(store);
   return true;
