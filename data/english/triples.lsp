@@ -33,3 +33,22 @@
         :comments "A row for every word that depends on another one."
         (node (is-dependency))
         (write-triple)))
+
+; The parser asks a database for relations with categories at both ends, V:obj:N, and for a prepositional
+; phrase by its preposition, V:with:N. These rules give each relation that name before they write the row:
+; what they count can be attached with set-reldb.
+(defun is-preposition () (cat (reg-match "^P$" "^P_")))
+
+(def-tree-rules parser-triples
+  (down :name prepositional-key
+        :comments "eat with a fork: eat, V:with:N, with."
+        (node (and (is-preposition) (dep-name)))
+        (set-rel (match) (match (format (comp (dep-name) (reg-sub ":.*$" "")) ":" (node2root) ":N"))))
+  (down :name key
+        :comments "A pronoun stands where a noun phrase does."
+        (node (and (not (is-preposition)) (dep-name)))
+        (set-rel (match) (match (comp (dep-name) (reg-sub ":Pro$" ":N")))))
+  (down :name triple
+        :comments "A row for every word that depends on another one, where both have categories."
+        (node (and (is-dependency) (rel (reg-match "^[A-Za-z0-9]+:[^:]+:[A-Z]"))))
+        (write-triple)))

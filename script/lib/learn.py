@@ -179,7 +179,7 @@ def main():
     grammar = "(load data/torvane.lsp)\n"
     rows = [line.rstrip("\n") for line in
             engine.parse_all("reading", sentences,
-                             grammar + "(load english/triples.lsp)\n(set-deps-modifier english-parser triples)\n")
+                             grammar + "(load english/triples.lsp)\n(set-deps-modifier english-parser parser-triples)\n")
             if line.count("\t") == 2]
     engine.write("rows.txt", "".join(row + "\n" for row in rows))
     counts = counted(rows)
