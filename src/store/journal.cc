@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <memory>
@@ -92,6 +93,7 @@ bool Journal::remove() {
 bool OldPages::open(const std::string& written_file) {
   path_ = Journal::journal_path(written_file);
   fd_ = Descriptor(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  hidden_ = !fd_ && errno != ENOENT;
   char header[kHeaderBytes];
   if (!fd_ || fd_.read_at(0, header, kHeaderBytes) != kHeaderBytes ||
       std::memcmp(header, kMagic, kMagicBytes) != 0 || load_be32(header + 8) != kPageBytes ||

@@ -19,7 +19,9 @@ inline constexpr std::uint32_t kPageBytes = 4096;
 /// A journal that is being written.
 class Journal {
  public:
-  explicit Journal(const std::string& written_file) : path_(journal_path(written_file)) {}
+  /// `mode` is that of the file: who may read the one may read the other.
+  Journal(const std::string& written_file, unsigned mode)
+      : path_(journal_path(written_file)), mode_(mode) {}
   static std::string journal_path(const std::string& written_file) {
     return written_file + "-journal";
   }
@@ -39,6 +41,7 @@ class Journal {
 
  private:
   std::string path_;
+  unsigned mode_;
   Descriptor fd_;
   std::uint32_t salt_ = 0;
   std::uint64_t end_ = 0;
@@ -50,6 +53,8 @@ class OldPages {
  public:
   /// False if there is no journal in force for the file.
   bool open(const std::string& written_file);
+  /// There may be one, but it cannot be read.
+  bool hidden() const { return hidden_; }
   std::uint32_t length() const { return length_; }
   /// The old image of a page, if the journal holds one.
   bool holds(std::uint32_t page) const { return offsets_.count(page) > 0; }
@@ -62,6 +67,7 @@ class OldPages {
  private:
   std::string path_;
   Descriptor fd_;
+  bool hidden_ = false;
   std::uint32_t length_ = 0;
   std::unordered_map<std::uint32_t, std::uint64_t> offsets_;  // of images, by page
 };

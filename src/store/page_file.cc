@@ -51,15 +51,16 @@ std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
   if (writable && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0) return nullptr;
   if (writable) survive_size_limit();
   std::unique_ptr<PageFile> file(
-      new PageFile(canonical(path), std::move(fd), writable, cached_pages));
+      new PageFile(canonical(path), std::move(fd), status.st_mode, writable, cached_pages));
   return file->recover() ? std::move(file) : nullptr;
 }
 
-PageFile::PageFile(const std::string& path, Descriptor fd, bool writable, std::size_t cached_pages)
+PageFile::PageFile(const std::string& path, Descriptor fd, unsigned mode, bool writable,
+                   std::size_t cached_pages)
     : path_(path),
       fd_(std::move(fd)),
       writable_(writable),
-      journal_(path),
+      journal_(path, mode),
       most_frames_(std::max<std::size_t>(cached_pages, 8)) {}
 
 PageFile::~PageFile() {
@@ -75,16 +76,11 @@ bool PageFile::recover() {
   auto old = std::make_unique<OldPages>();
   // A file never becomes shorter before it is put back: the journal of a longer one is another's.
   bool found = old->open(path_) && old->length() <= size;
-  if (found && writable_) {
-    if (!old->roll_back(fd_)) return fail("restore");
-    size = old->length();
-  } else if (writable_) {
-    old->discard();
-  }
-  if (found && !writable_) {
-    size = old->length();
-    old_pages_ = std::move(old);
-  }
+  if (old->hidden()) return false;
+  if (found) size = old->length();
+  if (found && writable_ && !old->roll_back(fd_)) return fail("restore");
+  if (!found && writable_) old->discard();
+  if (found && !writable_) old_pages_ = std::move(old);
   if (size > kMostBytes || !set_length(size)) return false;
   disk_length_ = committed_length_ = length_;
   return true;

@@ -71,7 +71,8 @@ class PageFile {
     void operator()(char* chunk) const { std::free(chunk); }
   };
 
-  PageFile(const std::string& path, Descriptor fd, bool writable, std::size_t cached_pages);
+  PageFile(const std::string& path, Descriptor fd, unsigned mode, bool writable,
+           std::size_t cached_pages);
   bool recover();
   bool set_length(std::uint64_t length);
   /// The frame of a page, which is read if need be; kNone after a message if it cannot be read.

@@ -352,7 +352,7 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
 TEST_F(StoreFaultsTest, JournalByteForByte) {
   write_bytes(path(), std::string(5000, 'n'));
   {
-    Journal journal(path());
+    Journal journal(path(), 0600);
     ASSERT_TRUE(journal.start(4100));
     ASSERT_TRUE(journal.add(1, std::string(4096, 'a').c_str()));
     ASSERT_TRUE(journal.add(0, std::string(4096, 'b').c_str()));
@@ -378,6 +378,9 @@ TEST_F(StoreFaultsTest, JournalByteForByte) {
     EXPECT_TRUE(file->read(0, bytes.data(), bytes.size()));
     return bytes;
   };
+  // Private, as the file is.
+  std::filesystem::perms all = std::filesystem::status(path() + "-journal").permissions();
+  EXPECT_EQ(static_cast<unsigned>(all), 0600u);
   const std::string old = std::string(4096, 'b') + std::string(4, 'a');
   EXPECT_EQ(content(false), old);
   EXPECT_EQ(bytes_of(path()).size(), 5000u);
@@ -406,7 +409,7 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
   EXPECT_EQ(bytes_of(path()), before);
   EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
   // The journal of a longer file than this one is not its own.
-  Journal stale(path());
+  Journal stale(path(), 0600);
   ASSERT_TRUE(stale.start(50000) && stale.flush());
   EXPECT_EQ(PageFile::open(path(), true, 8)->length(), before.size());
 }
