@@ -43,9 +43,9 @@ std::uint32_t fresh_salt() {
 }  // namespace
 
 bool Journal::start(std::uint32_t length) {
-  fd_ =
-      Descriptor(::open(path_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666));
-  if (!fd_) return false;
+  constexpr int kFlags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW;
+  fd_ = Descriptor(::open(path_.c_str(), kFlags, 0600));
+  if (!fd_ || ::fchmod(fd_.get(), mode_ & 0777) != 0) return false;
   salt_ = fresh_salt();
   char header[kHeaderBytes];
   std::memcpy(header, kMagic, kMagicBytes);
