@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "support/text.h"
@@ -36,7 +37,7 @@ class ListPrinter {
       for (; group != groups_.end() && group->first == i; ++group) print_group(*group->second);
       if (seen_.test(i)) continue;
       out_ << "  ";
-      print_pair(i);
+      print_pair(i, quoted(db_.get_string(sims_[i].word)));
       out_ << '\n';
     }
   }
@@ -50,13 +51,13 @@ class ListPrinter {
     for (int i = members.next(); i >= 0 && i < sims_.count(); i = members.next()) {
       if (seen_.test(i)) continue;
       out_ << (shown++ == 0 ? "  (" : " ");
-      print_pair(i);
+      print_pair(i, or_empty(db_.get_string(sims_[i].word)));
     }
     if (shown > 0) out_ << ")\n";
   }
-  void print_pair(int i) {
+  void print_pair(int i, std::string_view word) {
     seen_.set(i);
-    out_ << quoted(db_.get_string(sims_[i].word)) << ' ' << float_text(sims_[i].sim);
+    out_ << word << ' ' << float_text(sims_[i].sim);
   }
 
   const SimWordDb& db_;
