@@ -33,6 +33,19 @@ bool Descriptor::write_at(std::uint64_t offset, const char* bytes, std::size_t n
   return true;
 }
 
+bool Descriptor::write_row_at(std::uint64_t offset, const iovec* pieces, std::size_t count,
+                              std::size_t n) const {
+  ssize_t put = ::pwritev(fd_, pieces, static_cast<int>(count), static_cast<off_t>(offset));
+  if (put == static_cast<ssize_t>(n)) return true;
+  // Interrupted, or cut short: piece by piece from the start.
+  for (; count > 0; --count, ++pieces) {
+    if (!write_at(offset, static_cast<const char*>(pieces->iov_base), pieces->iov_len))
+      return false;
+    offset += pieces->iov_len;
+  }
+  return true;
+}
+
 bool Descriptor::flush_to_device() const {
   int result;
   do result = ::fsync(fd_);

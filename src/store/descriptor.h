@@ -1,6 +1,8 @@
 // A file descriptor that closes itself, and whole reads and writes at a place.
 #pragma once
 
+#include <sys/uio.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -24,6 +26,9 @@ class Descriptor {
   std::size_t read_at(std::uint64_t offset, char* bytes, std::size_t n) const;
   /// False on an error, which `errno` tells.
   bool write_at(std::uint64_t offset, const char* bytes, std::size_t n) const;
+  /// Writes `count` pieces, `n` bytes in all, one behind the other.
+  bool write_row_at(std::uint64_t offset, const iovec* pieces, std::size_t count,
+                    std::size_t n) const;
   bool flush_to_device() const;
 
  private:

@@ -4,9 +4,11 @@
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -255,19 +257,22 @@ bool PageFile::write_pages(const std::vector<std::uint32_t>& numbers) {
     if (::ftruncate(fd_.get(), static_cast<off_t>(length_)) != 0) return false;
     disk_length_ = length_;
   }
-  std::vector<char> run;
-  run.reserve(kRun * kPageBytes);
+  std::array<iovec, kRun> run;
   for (std::size_t i = 0; i < numbers.size();) {
     std::uint32_t first = numbers[i];
-    run.clear();
+    std::size_t count = 0, bytes = 0;
     do {
-      const char* bytes = bytes_of(frame_of(numbers[i]));
-      run.insert(run.end(), bytes, bytes + page_size(numbers[i]));
+      run[count] = {bytes_of(frame_of(numbers[i])), page_size(numbers[i])};
+      bytes += run[count++].iov_len;
       ++i;
-    } while (i < numbers.size() && numbers[i] == numbers[i - 1] + 1 &&
-             run.size() < kRun * kPageBytes);
-    if (!fd_.write_at(std::uint64_t{first} * kPageBytes, run.data(), run.size())) return false;
+    } while (count < kRun && i < numbers.size() && numbers[i] == numbers[i - 1] + 1);
+    std::uint64_t start = std::uint64_t{first} * kPageBytes;
+    if (!fd_.write_row_at(start, run.data(), count, bytes)) return false;
   }
+#ifdef SYNC_FILE_RANGE_WRITE
+  // The device may begin at once: what comes back to be flushed is waited for.
+  ::sync_file_range(fd_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
   return true;
 }
 
