@@ -80,9 +80,4 @@ void DepTree::reuse(Deps* owner) {
   antecedent = nullptr;
 }
 
-DepTree* dep_tree_of(RSTree* tree) {
-  auto* node = dynamic_cast<DepTree*>(tree);
-  return node && node->_deps ? node : nullptr;
-}
-
 }  // namespace torvane

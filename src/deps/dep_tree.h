@@ -29,6 +29,8 @@ class DepTree : public RSTree {
   DepTree* _chain = nullptr;      ///< next in Deps::_nodes
   DepTree* antecedent = nullptr;  ///< of an empty node: the node it stands for; may be null
 
+  /// Null once its Deps was cleared.
+  DepTree* as_dep_tree() override { return _deps ? this : nullptr; }
   DepTree* parent() const { return static_cast<DepTree*>(_parent); }
   bool spans_words() const { return _low >= 0 && _high >= _low; }
   /// Neither first nor last word. The root of several trees is such a node: it only holds them.
@@ -76,7 +78,9 @@ struct ValueTraits<DepTree> {
 
 /// The node that a value holds, or that a tree is; null for anything else, and for a node whose
 /// Deps was cleared.
-DepTree* dep_tree_of(RSTree* tree);
+inline DepTree* dep_tree_of(RSTree* tree) {
+  return tree ? tree->as_dep_tree() : nullptr;
+}
 inline DepTree* dep_tree_of(Value value) {
   return dep_tree_of(value.as<RSTree>());
 }

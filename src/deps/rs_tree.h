@@ -26,6 +26,8 @@ class RSlist : public Slist<T*> {
   }
 };
 
+class DepTree;
+
 /// Does not own its children: whoever makes nodes keeps them. The list is changed only through the
 /// operations below, so that links never close to a ring and a walk notices every edit.
 class RSTree : protected RSlist<RSTree> {
@@ -48,6 +50,8 @@ class RSTree : protected RSlist<RSTree> {
   RSTree(const RSTree&) = delete;
   RSTree& operator=(const RSTree&) = delete;
   virtual ~RSTree() = default;
+  /// This node, if it is one of a dependency tree.
+  virtual DepTree* as_dep_tree() { return nullptr; }
 
   RSTree* first_child() const { return front(); }
   RSTree* last_child() const { return back(); }

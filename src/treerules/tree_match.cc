@@ -9,39 +9,20 @@ namespace {
 // Matches are taken in order and given back all at once, so that whatever an expression did with
 // one (kept, dropped, put into another) needs no care. The blocks stay: a stamp can be read for
 // ever.
-class Pool {
- public:
-  static constexpr std::size_t kBlock = 256;
+constexpr std::size_t kBlock = 256;
 
-  TreeMatch* take(RSTree* node) {
-    if (used_ == blocks_.size() * kBlock) blocks_.push_back(std::make_unique<TreeMatch[]>(kBlock));
-    TreeMatch& match = at(used_++);
-    match = TreeMatch{.node = node, .stamp = ++stamp_};
-    return &match;
-  }
-  void give_back(std::size_t mark) {
-    while (used_ > mark) at(--used_).stamp = 0;
-  }
-  std::size_t used() const { return used_; }
-  std::uint64_t stamp() const { return stamp_; }
-
- private:
-  TreeMatch& at(std::size_t i) { return blocks_[i / kBlock][i % kBlock]; }
-
-  std::vector<std::unique_ptr<TreeMatch[]>> blocks_;
-  std::size_t used_ = 0;
-  std::uint64_t stamp_ = 0;
-};
-
-Pool& pool() {
-  static auto& matches = *new Pool;
-  return matches;
+TreeMatch& match_at(std::size_t i) {
+  static auto& blocks = *new std::vector<std::unique_ptr<TreeMatch[]>>;
+  if (i == blocks.size() * kBlock) blocks.push_back(std::make_unique<TreeMatch[]>(kBlock));
+  return blocks[i / kBlock][i % kBlock];
 }
 
 }  // namespace
 
 TreeMatch* TreeMatch::make(RSTree* node) {
-  return pool().take(node);
+  TreeMatch& match = match_at(matches_made++);
+  match = TreeMatch{.node = node, .stamp = ++last_match_stamp};
+  return &match;
 }
 
 void TreeMatch::append(TreeMatch* child) {
@@ -74,14 +55,8 @@ bool TreeMatch::has_child_on(const RSTree* tree) const {
   return false;
 }
 
-MatchScope::MatchScope() : mark_(pool().used()) {}
-
-MatchScope::~MatchScope() {
-  pool().give_back(mark_);
-}
-
-std::uint64_t last_match_stamp() {
-  return pool().stamp();
+void MatchScope::end_matches(std::size_t mark) {
+  while (matches_made > mark) match_at(--matches_made).stamp = 0;
 }
 
 }  // namespace torvane

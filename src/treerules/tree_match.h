@@ -43,20 +43,25 @@ struct TreeMatch {
   }
 };
 
+/// How many matches are alive.
+inline std::size_t matches_made = 0;
+/// The stamp that the last match got.
+inline std::uint64_t last_match_stamp = 0;
+
 /// Ends the matches that were made while it lived.
 class MatchScope {
  public:
-  MatchScope();
-  ~MatchScope();
+  ~MatchScope() {
+    if (matches_made != mark_) end_matches(mark_);
+  }
+  MatchScope() = default;
   MatchScope(const MatchScope&) = delete;
   MatchScope& operator=(const MatchScope&) = delete;
 
  private:
-  std::size_t mark_;
+  static void end_matches(std::size_t mark);
+  std::size_t mark_ = matches_made;
 };
-
-/// The stamp that the last match got.
-std::uint64_t last_match_stamp();
 
 namespace tags {
 /// A holder reads null as soon as the match is over.

@@ -24,7 +24,7 @@ SubPattern::SubPattern(std::unique_ptr<LExp> compiled) : exp(std::move(compiled)
 }
 
 TreeMatch* new_match(const ExpPtr& exp, RSTree* tree) {
-  std::uint64_t before = last_match_stamp();
+  std::uint64_t before = last_match_stamp;
   auto* match = exp.eval(Value::of(tree), type_id_of<RSTree>()).as<TreeMatch>();
   return match && match->stamp > before && !match->_parent ? match : nullptr;
 }
