@@ -50,7 +50,7 @@ struct DepTree2MinP : DepTreeComponent<DepTree2MinP, Text> {
 struct DepTree2Word : DepTreeComponent<DepTree2Word, Text> {
   static constexpr const char* kName = "node2word";
   Value component(DepTree& node) const {
-    if (node._low <= 0 || node._high <= 0) return Value();
+    if (node._low <= 0 || node._high < node._low) return Value();  // null for an empty node
     return Value::sentence_text(node._deps->span_text(node._low, node._high));
   }
 };
