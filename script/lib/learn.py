@@ -184,6 +184,7 @@ def main():
     engine.write("rows.txt", "".join(row + "\n" for row in rows))
     counts = counted(rows)
     write_dump(engine, counts)
+    print(f"making the database of {len(counts)} different dependencies; words passed by:", file=sys.stderr)
     for _ in engine.run("(make-tripledb triples)\n(link-file triples triples.hdr rw)\n"
                         "(populate-tripledb triples rels.txt deps.txt)\n(exit)\n"):
         pass
