@@ -1,9 +1,7 @@
-; Each sentence as the grammar has it, and in the content-head style: for each rule a sentence, and some
-; in which several work together.
+; The content-head style: for each rule a sentence, and some in which several work together.
 (load data/torvane.lsp)
 (defun show () (prog (if (node2minp) (node2minp (print-str :prefix "("))) (if (rel) (rel (print-str :prefix " ")))
                      (all-children (prog (comp (str " ") (print-str)) (show) (t))) (comp (str ")") (print-str))))
-(def-tree-rules content-head (root (prog (show) (comp (str "\n") (print-str)))))
 (load data/english/content-head.lsp)
 (def-tree-rules content-head (root (prog (show) (comp (str "\n\n") (print-str)))))
 (set-deps-modifier english-parser content-head)
