@@ -41,17 +41,6 @@ TEST_F(QFileTest, NewFileStaysEmptyUntilItIsSynced) {
   EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
 }
 
-TEST_F(QFileTest, BlockSizeIsAtLeast32AndAMultipleOf4) {
-  const std::pair<long, std::uint32_t> kCases[] = {{10, 32}, {-1, 32}, {33, 36}, {64, 64}};
-  for (auto [wanted, got] : kCases) {
-    EXPECT_EQ(file_.open(path("other").c_str(), wanted), 0);
-    EXPECT_EQ(file_.block_size, got);
-  }
-  file_.sync();
-  EXPECT_EQ(file_.open(path("other").c_str(), 128), 1);
-  EXPECT_EQ(file_.block_size, 64u);
-}
-
 TEST_F(QFileTest, ContiguousRecordAndFreeList) {
   EXPECT_EQ(put(0, "a"), 12u);
   EXPECT_EQ(free_list(), "Free list: (44, 4064)\n");

@@ -15,10 +15,6 @@
 namespace torvane {
 namespace {
 
-std::string packed(const std::string& key, const std::string& value) {
-  return key + '\0' + value;
-}
-
 /// A store and what should be in it, now and at the last sync.
 class Model {
  public:
@@ -28,40 +24,13 @@ class Model {
   }
 
   void step() {
-    switch (random_() % 16) {
-      case 0:
-        sync();
-        break;
-      case 1:
-        sync(), reopen();
-        break;
-      case 2:
-        now_ = synced_, reopen();
-        break;  // what was not synced is gone
-      case 3:
-        hash_.sort_links(), synced_ = now_;
-        break;
-      case 4:
-      case 5:
-      case 6:
-        put_plain();
-        break;
-      case 7:
-        release_plain();
-        break;
-      case 8:
-      case 9:
-        insert();
-        break;
-      case 10:
-      case 11:
-      case 12:
-        update();
-        break;
-      default:
-        check(random_() % 64);
-        break;
-    }
+    using Step = void (Model::*)();
+    static constexpr Step kSteps[] = {
+        &Model::sync,      &Model::sync_and_reopen, &Model::lose,      &Model::sort_links,
+        &Model::put_plain, &Model::put_plain,       &Model::put_plain, &Model::release_plain,
+        &Model::insert,    &Model::insert,          &Model::update,    &Model::update,
+        &Model::update,    &Model::check_any,       &Model::check_any, &Model::check_any};
+    (this->*kSteps[random_() % 16])();
     ASSERT_NO_FATAL_FAILURE(check_extents());
   }
   void check_everything() {
@@ -88,6 +57,19 @@ class Model {
     hash_.sync();
     synced_ = now_;
   }
+  void sync_and_reopen() {
+    sync();
+    reopen();
+  }
+  void lose() {
+    now_ = synced_;  // what was not synced is gone
+    reopen();
+  }
+  void sort_links() {
+    hash_.sort_links();
+    synced_ = now_;
+  }
+  void check_any() { check(random_() % 64); }
   void reopen() {
     std::uint32_t end = hash_.end_pos;
     bool was_clean = hash_.is_open() && !hash_.dirty;

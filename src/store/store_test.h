@@ -62,6 +62,11 @@ class StoreTest : public testing::Test {
   std::string folder_;
 };
 
+/// A record of a hash: a key and what is known of it.
+inline std::string packed(const std::string& key, const std::string& value) {
+  return key + '\0' + value;
+}
+
 /// Bytes from hexadecimal digits, a text in quotes, and COUNT*XX for repeated bytes.
 inline std::string bytes_from(const std::string& text) {
   std::string bytes;
