@@ -1,4 +1,5 @@
-; The pool of items ends, the sentence does not; nor does it harm the next one.
+; Sentences far beyond any that a grammar is written for. Where the pool of items ends, the sentence does
+; not; nor does it harm the next one.
 (def-att-list syn
   (defattribute args ListAtt) (defattribute cm BinAtt)
   (defattribute cat EnumAtt (allowable-values a c d i j n p v))
@@ -12,17 +13,20 @@
 (make-lexicon dict 101)
 (make-avmeaning-proto syn avm)
 (lex dict
-  (boy (avm ((cat n)))))
+  (boy (avm ((cat n)))) (big (avm ((cat a)))))
 (make-lex-analyzer la :lexicon dict)
 (def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
   :show-attributes (cat) :default-percolating-attributes ()
   :weights-of-words (int 0) :lexical-analyzer la)
 (init-attributes)
 
-(def-category N)
-(def-modifiers N (* (N (dep-type left))) (:head) (* (N (dep-type right))))
+(def-category A) (def-category N)
+(def-modifiers N (* (A (dep-type mod))) (:head) (* (A (dep-type mod))))
 (roots (N))
 
 (load long.lsp)
+(p3 "big boy big")
+(def-modifiers N (* (N (dep-type left))) (:head) (* (N (dep-type right))))
+(load every-word-on-every-word.lsp)
 (p3 "boy boy boy")
 (exit)
