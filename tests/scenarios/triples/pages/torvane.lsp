@@ -2,8 +2,8 @@
 (make-tripledb db 101)
 (link-file db db.hdr rw)
 (populate-tripledb db rels.txt deps.txt)
-(print-tripledb-entry-in-html db :words (beer nosuch cider) :url "<a href=/cgi-bin/find?" :index-url /index
-  :codes ((-V:obj:N "what one does with it") (N:with:N unused) (nosuch x) (short)))
+(print-tripledb-entry-in-html db :words (beer nosuch) :url "<a href=/cgi-bin/find?" :index-url /index
+  :codes ((-V:obj:N "what one does with it") (N:with:N unused) (short)))
 (echo "")
 (print-tripledb-entry-in-html db :words (BEER) :output nosuch)
 (echo "")

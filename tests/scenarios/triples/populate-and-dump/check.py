@@ -11,3 +11,5 @@ if deps.splitlines() != wanted_deps:
     sys.exit(f"the detail file is\n{deps}")
 if open("rels.2").read() != rels or open("deps.2").read() != deps:
     sys.exit("a dump of a dump differs")
+if open("rels.3").read() != open("rels.4").read() or open("deps.3").read() != open("deps.4").read():
+    sys.exit("populated again the store differs")
