@@ -22,3 +22,10 @@
 (defun say (text) (comp (get-val text) (print-str :suffix "\n")))
 (defun yes-or-no (what test)
   (comp (format (get-val what) " " (if (get-val test) (str yes) (str no))) (print-str :suffix "\n")))
+; The analyser with a set of rules, and a parser around it.
+(defmacro run (rules analyser parser)
+  (make-lex-analyzer analyser :lexicon L :lexical-rules rules)
+  (def-torvane-parser parser :attribute-vector-type syn :lexical-attributes (lexitem)
+    :show-attributes (cat) :default-percolating-attributes () :weights-of-words (int 1)
+    :lexical-analyzer analyser)
+  (init-attributes))

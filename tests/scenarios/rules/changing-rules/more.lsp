@@ -1,0 +1,2 @@
+(echo loaded)
+(def-rules R3 (from-file y (nil)))

@@ -1,0 +1,57 @@
+; Sets of rules that are not whole, grow, and change while they run.
+(load base.lsp)
+; Rules and sets of rules that are not whole, and what is said of them.
+(def-rules R1
+  (no-pattern)
+  (only-options (:act-on-all-matches) (:precondition (t)))
+  (unknown-pattern (bogus x) (say (str wrong)))
+  (odd-pattern ((x) y) (say (str wrong)))
+  (odd-part (seq x (bogus)) (say (str wrong)))
+  (odd-action x (bogus))
+  (atom-action x action)
+  an-atom
+  ((list name) x (say (str "named or not, it runs")))
+  (odd-option x (:precondition (bogus)) (say (str "no condition passes"))))
+(def-rules)
+(def-rules L (a x))
+(insert-lex-rules nothing R1 (a x))
+(insert-lex-rules)
+(insert-lex-rules R1 nobody (a x (say (str wrong))))
+(debug-rules nothing 1)
+(run R1 A1 P1)
+(p3 "x")
+
+; A set grows at its end or before a rule; debugging shows each rule with all its matches.
+(clear-lexicon L)
+(def-rules R2 (one x (say (str one))) (two x (say (str two))))
+(def-rules r2 (three (seq x (? y)) (say (str three))))
+(insert-lex-rules R2 TWO (before-two x (say (str "before two"))) (and-this x (say (str "and this"))))
+(insert-lex-rules R2 () (last x (say (str last))))
+(run R2 A2 P2)
+(p3 "x y")
+(debug-rules R2 t)
+(debug-rules R2 ^three)
+(debug-rules R2 last)
+(p3 "x y")
+(debug-rules R2)
+(debug-rules R2 "[^l]")
+(p3 "x")
+
+; An action that runs commands: rules that grow while they run, a file that is loaded, a lexicon that is
+; emptied, a parser that is reset or asked for another sentence.
+(clear-lexicon L)
+(lex L (x (avm ((cat n)))) (y (avm ((cat n)))))
+(def-rules R3
+  (grow (word (t)) (prog (comp (matching-word) (print-str :prefix "grow " :suffix "\n"))
+    (exec-commands (def-rules R3 (new x (say (str "new, at the end"))))
+                   (insert-lex-rules R3 grow (before x (say (str "new, before"))))
+                   (load more.lsp))))
+  (empty (lexitem (t)) (prog (exec-commands (clear-lexicon L) (reset-parser) (p3 "not now") (li))
+                             (comp (litem) (show-root))))
+  (later (lexitem (t)) (say (str "still there"))))
+(run R3 A3 P3)
+(p3 "x y")
+(echo "-- again")
+(debug-rules R3)
+(p3 "x")
+(exit)

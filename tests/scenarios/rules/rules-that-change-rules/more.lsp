@@ -1,2 +1,0 @@
-(echo loaded)
-(def-rules R (from-file y (nil)))
