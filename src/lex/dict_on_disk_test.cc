@@ -65,29 +65,6 @@ TEST_F(DictOnDiskTest, OtherBracketsAndQuotedNames) {
   EXPECT_EQ(quietly_look_up({"dog (", "cat", "a"}), "[dog (]/[cat]/[a]");
 }
 
-TEST_F(DictOnDiskTest, AnEntryThatIsCutOffEndsTheDictionary) {
-  write("(dog)(cat (g " + std::string(200, 'x'));
-  std::string said = complaints([&] { EXPECT_EQ(look_up({"dog", "cat"}), "(dog)/-"); });
-  EXPECT_NE(said.find("DictOnDisk::get_entry: unmatched parenthesis\n(cat (g " +
-                      std::string(92, 'x') + "\n"),
-            std::string::npos);
-}
-
-TEST_F(DictOnDiskTest, OnlyAnOlderOrShorterIndexIsBuiltAnew) {
-  write("(dog)");
-  quietly_look_up({});
-  folder.age("lex.dat", 100);
-  folder.age("lex.idx", 100);
-  EXPECT_EQ(complaints([&] { EXPECT_EQ(look_up({"dog"}), "(dog)"); }), "");
-  folder.age("lex.idx", 101);
-  EXPECT_NE(complaints([&] { look_up({}); }), "");
-  // Another size needs more slots than the file has.
-  write("(dog)", "lex.dat 8 lex.idx ( )");
-  folder.age("lex.dat", 100);
-  EXPECT_NE(complaints([&] { EXPECT_EQ(look_up({"dog"}), "(dog)"); }), "");
-  EXPECT_EQ(folder.read("lex.idx").size(), 32u);
-}
-
 TEST_F(DictOnDiskTest, WhateverADamagedIndexSaysIsJustNotFound) {
   const std::initializer_list<std::uint32_t> slots = {
       0x80000000u, 0x80000000u | 3, 0xFFFFFFFFu, 4, 0, 1000, 0x7FFFFFFFu, 2, 12};
@@ -106,39 +83,6 @@ TEST_F(DictOnDiskTest, WhateverADamagedIndexSaysIsJustNotFound) {
   }
 }
 
-TEST_F(DictOnDiskTest, EveryFailureIsReported) {
-  auto said = [&](const char* header) {
-    folder.write("lex.hdr", header);
-    return complaints([&] {
-      DictOnDisk dictionary((folder / "lex.hdr").c_str());
-      EXPECT_FALSE(dictionary.good());
-    });
-  };
-  folder.write("lex.dat", "(dog)");
-  std::filesystem::create_directory(folder / "sub");
-  EXPECT_EQ(said("no.dat 7 lex.idx ( )"), (folder / "no.dat") + " does not exist\n");
-  EXPECT_EQ(said("sub 7 lex.idx ( )"), "Error openning dictionary " + (folder / "sub") + "\n");
-  EXPECT_EQ(said(""), "Error openning dictionary " + (folder / "") + "\n");
-  for (const char* size : {"lex.dat 0 lex.idx", "lex.dat -7 lex.idx", "lex.dat x lex.idx",
-                           "lex.dat", "lex.dat 536870912 lex.idx"})
-    EXPECT_NE(said(size).find("table size"), std::string::npos) << size;
-  EXPECT_EQ(said("lex.dat 7 sub ( )"), "Cannot open the index file: '" + (folder / "sub") + "'\n");
-  EXPECT_NE(said("lex.dat 7 sub/no/x.idx ( )").find("Cannot open index file "), std::string::npos);
-  std::string none;
-  EXPECT_EQ(complaints([] { DictOnDisk(nullptr).get_entry("x"); }),
-            "Dictionary file or index file not openned.\n");
-}
-
-TEST_F(DictOnDiskTest, TheIndexNeverOverwritesDictionaryOrHeader) {
-  for (const char* name : {"lex.dat", "lex.hdr", "./lex.dat"}) {
-    write("(dog)", std::string("lex.dat 70000 ") + name + " ( )");
-    std::string said = complaints([&] { look_up({"dog"}); });
-    EXPECT_NE(said.find("Cannot open the index file: '"), std::string::npos);
-    EXPECT_EQ(folder.read("lex.dat"), "(dog)");
-    EXPECT_EQ(folder.read("lex.hdr").substr(0, 13), "lex.dat 70000");
-  }
-}
-
 TEST_F(DictOnDiskTest, AnIndexThatDoesNotFitTheDiskIsReportedAndGone) {
   write("(dog)", "lex.dat 70000 lex.idx ( )");
   rlimit old;
@@ -150,13 +94,6 @@ TEST_F(DictOnDiskTest, AnIndexThatDoesNotFitTheDiskIsReportedAndGone) {
   setrlimit(RLIMIT_FSIZE, &old);
   signal(SIGXFSZ, ignored);
   EXPECT_FALSE(std::filesystem::exists(folder / "lex.idx"));
-}
-
-TEST_F(DictOnDiskTest, KeysAndEntriesOfAnyLength) {
-  std::string key(100000, 'k');
-  std::string large = "(" + key + " (g " + std::string(300000, 'x') + "))";
-  write("(a)" + large + "(z)");
-  EXPECT_EQ(quietly_look_up({key.c_str(), "z"}), large + "/(z)");
 }
 
 }  // namespace

@@ -46,27 +46,10 @@ struct Words : Lexicon {
     std::istringstream in(text);
     load(in, no_dup);
   }
-  /// Gives the lexicon endings, from the list that `:ending-table` takes.
-  void set_endings(const std::string& text) {
-    IRSlistReader reader;
-    ending_table = std::make_unique<EndingTable>();
-    ending_table->read(reader.start_string(text.c_str()));
-  }
   std::string printed(const char* word) {
     std::ostringstream out;
     if (const LexEntry* entry = get_entry(word)) print_entry(out, entry);
     return out.str();
-  }
-  /// The keys of a word's readings, each with the ending that was taken off.
-  std::string readings(const char* word) {
-    Pin pin(*this);
-    std::vector<EntryReading> found;
-    get_entries(word, found);
-    std::string text;
-    for (const EntryReading& reading : found)
-      text += (text.empty() ? "" : " ") + reading.entry->key +
-              (reading.ending ? "+" + reading.ending->name : "");
-    return text;
   }
 };
 
