@@ -5,10 +5,6 @@
 #include <sstream>
 #include <string>
 
-#include "att/att_interpreter_list.h"
-#include "deps/val_types.h"
-#include "shell/exec.h"
-
 namespace torvane {
 namespace {
 
@@ -20,16 +16,15 @@ class DepsTest : public testing::Test {
   }
 
   /// Reads "(...)"; `errors_` is what it reports.
-  Deps& read(const std::string& text) { return read_into(deps_, text); }
-  Deps& read_into(Deps& deps, const std::string& text) {
+  Deps& read(const std::string& text) {
     testing::internal::CaptureStderr();
-    if (const IRSlist* form = reader_.start_string(text.c_str())) deps.read(*form);
+    deps_.read(*reader_.start_string(text.c_str()));
     errors_ = testing::internal::GetCapturedStderr();
-    return deps;
+    return deps_;
   }
-  static std::string written(Deps& deps, const LBitSet* show = nullptr) {
+  static std::string written(Deps& deps) {
     std::ostringstream out;
-    deps.print(out, show);
+    deps.print(out);
     return out.str();
   }
   /// The lines between the first and the last.
@@ -66,20 +61,6 @@ TEST_F(DepsTest, FlagsAddWeightsAndGovernors) {
             "1\t(a\t~ X\t2\tmod\t(gov c) (w 0.5))\n"
             "2\t(b\tc Y\t* (w 2))\n"
             ")\n");
-}
-
-TEST_F(DepsTest, WhatIsWrittenReadsBackEqual) {
-  for (const char* text :
-       {"(1 (\"the\" ~ Det 2 det) :nogap 2 (dog ~ N *) 3 (\"a b\" \"x(\" \"U;\" 2 \"r s\"))",
-        "(1 (a) 2 (b ~ N *) :nogap 3 (c) 4 (d))",
-        "(E0 (() ~ EC 2 subj) 1 (to ~ I 2) 2 (win ~ V *) E1 (() x N 2 obj) E2 (() y N 2 iobj))",
-        "(x (a ~ N *) (b ~ N - x) (c ~ N < e) (d ~ N > b) (e ~ N *))", "(:id \"a b\")", "()"}) {
-    std::string first = written(read(text));
-    Deps again;
-    read_into(again, first);
-    EXPECT_EQ(written(again), first) << text;
-    EXPECT_EQ(errors_, "");
-  }
 }
 
 TEST_F(DepsTest, EmptyNodesStandBeforeTheirWordAndNeedALabel) {
@@ -147,55 +128,6 @@ TEST_F(DepsTest, DirectionsCountOccurrences) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "x< is not a valid direction\n");
 }
 
-TEST_F(DepsTest, ACircleOfParentsIsRefused) {
-  read("(1 (a ~ X 1) 2 (b ~ X 3) 3 (c ~ X 4) 4 (d ~ X < b) 5 (e ~ X > b))");
-  EXPECT_EQ(errors_,
-            "the parent of `a' is already its descendent: - 1\n"
-            "the parent of `d' is not found, specified as: < b\n");
-  read("(1 (a ~ X 2) 2 (b ~ X 3) 3 (c ~ X 1))");
-  EXPECT_EQ(errors_, "the parent of `c' is already its descendent: - 1\n");
-  EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t2)\n2\t(b\t~ X\t3)\n3\t(c\t~ X\t*)\n");
-}
-
-TEST_F(DepsTest, AWordOutsideTheTreeIsNobodysParent) {
-  read("(1 (a ~ X 2) 2 (b))");
-  EXPECT_EQ(errors_, "the parent of `a' is not found, specified as: - 2\n");
-  EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t*)\n2\t(b)\n");
-}
-
-TEST_F(DepsTest, AssertionsEndTheNodes) {
-  read("(1 (a ~ X *) assertions: ((eq (a b 0.5) (c)) odd (only) ((x))) 2 (lost ~ X *))");
-  EXPECT_EQ(lines(deps_),
-            "1\t(a\t~ X\t*)\nassertions: (\n (eq (a b 0.5) (c \"\" 1))\n (only)\n )\n");
-  EXPECT_EQ(deps_.word_count(), 2);
-}
-
-TEST_F(DepsTest, PropertiesMustBeDefined) {
-  static const StrValue text_type;
-  define_property("note", &text_type);
-  read("(1 (a ~ X * (note hm) (unknown y)))");
-  EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t* (note hm))\n");
-  EXPECT_EQ(property_id("unknown"), 0);
-  EXPECT_EQ(property_name(0), nullptr);
-}
-
-TEST_F(DepsTest, AttributesAreWrittenAndRead) {
-  register_attribute_types();
-  register_attribute_commands();
-  interpreter().prompt = false;
-  read("(1 (a ~ X * (atts (+good))))");
-  EXPECT_EQ(errors_, "The type of AttVec in dependency tree is not defined\n");
-  interpreter().load_string("(def-att-list deps_atts (defattribute good BinAtt))");
-  deps_._att_type = nullptr;
-  LBitSet all = LBitSet().complement();
-  for (const char* text : {"(1 (a ~ X * (atts (+good))))", "(1 (a ~ X * (atts +good)))"}) {
-    read(text);
-    EXPECT_NE(written(deps_, &all).find("\t(atts (+good)))\n"), std::string::npos) << errors_;
-    EXPECT_EQ(written(deps_).find("atts"), std::string::npos);
-  }
-  AttInterpreterList::set_current(nullptr);
-}
-
 TEST_F(DepsTest, ChildrenAreKeptInSentenceOrder) {
   read("(1 (a ~ X *) 2 (b) 3 (c) 4 (d))");
   DepTree* head = node("1");
@@ -239,18 +171,6 @@ TEST_F(DepsTest, RootWordsAndSpans) {
   EXPECT_STREQ(first->root_word(), "a");
 }
 
-TEST_F(DepsTest, IdsCountTheTreesMade) {
-  Deps one;
-  Deps two;
-  EXPECT_EQ(std::stoi(two._id), std::stoi(one._id) + 1);
-  one.clear();
-  EXPECT_EQ(std::stoi(two._id), std::stoi(one._id) + 1);
-  read_into(one, "(:id x 1 (a ~ X *))");
-  EXPECT_EQ(one._id, "x");
-  one.clear();
-  EXPECT_EQ(std::stoi(one._id), std::stoi(two._id) + 1);
-}
-
 TEST_F(DepsTest, AClearedTreeLeavesNothingToVariables) {
   read("(1 (a ~ X *))");
   HeldValue held(Value::of(node("1")));
@@ -278,13 +198,6 @@ TEST_F(DepsTest, NodesAreUsedAgain) {
   EXPECT_EQ(second->_weight, 0);
 }
 
-TEST_F(DepsTest, ShortForm) {
-  read("(1 (a ~ X 2) 2 (b y X *) 3 (c ~ X 2) 4 (d ~ X 3))");
-  std::ostringstream out;
-  deps_.print_short(out, *node("2"));
-  EXPECT_EQ(out.str(), "+++ y\n  (--- a)\n  (+++ c (+++ d))");
-}
-
 TEST_F(DepsTest, MuchTextIsReadInTime) {
   std::string chain = "(";
   for (int i = 1; i <= 5000; ++i)
@@ -297,43 +210,6 @@ TEST_F(DepsTest, MuchTextIsReadInTime) {
   read(many + ")");
   EXPECT_EQ(deps_.word_count(), Deps::kMostWords + 1);
   EXPECT_NE(errors_.find("only the first 32767 words"), std::string::npos);
-}
-
-TEST_F(DepsTest, DamagedTextIsReadAsFarAsItGoes) {
-  for (const char* text : {"(((a)))",
-                           "((a b) (c))",
-                           "(x)",
-                           "(1)",
-                           "(1 ())",
-                           "(1 (()))",
-                           "((a ()))",
-                           "((a ~ ()))",
-                           "((a ~ X ()))",
-                           "((a ~ X <))",
-                           "((a ~ X < ()))",
-                           "((a ~ X -))",
-                           "((a ~ X * () (()) (w)))",
-                           "((a ~ X * (w (x)) (atts) (gov)))",
-                           ":id",
-                           "(:id)",
-                           "(:id (x))",
-                           "(:nogap :nogap)",
-                           "(assertions:)",
-                           "(assertions: x)",
-                           "(assertions: (() (())))",
-                           "((\"\" ~ X *))",
-                           "(1 (a ~ \"\" 1) 1 (b \"\" X 1))"}) {
-    read(text);
-    written(deps_);
-  }
-}
-
-TEST_F(DepsTest, CommandsSetTheFlags) {
-  register_deps_commands();
-  interpreter().prompt = false;
-  interpreter().load_string("(print-governor 1) (print-deptree-weight 2)");
-  EXPECT_TRUE(PRINT_GOV);
-  EXPECT_TRUE(PRINT_DEPTREE_WEIGHT);
 }
 
 }  // namespace
