@@ -1,14 +1,13 @@
 ; Nodes found from a node, and nodes moved. What would tie a tree into a ring, or take a node into
 ; another tree, is refused.
-(print-deptree-weight 0)
-(print-governor 0)
 (define-attribute ante DepTreeValue)
-(defmacro title (text) (comp (str text) (print-str :suffix "\n")))
+(defmacro title (text) (comp (str text) (print-str :prefix "\n" :suffix ": ")))
 (defmacro at (word) (find-first-node (comp (node2minp) (str= word))))
-(defmacro show (what) (comp what (node2minp) (print-str :suffix "\n")))
-(defmacro tree () (comp (deps) (print-deps)))
+(defmacro show (what) (comp what (node2minp) (print-str :suffix " ")))
+(defun nodes () (prog (node2minp (print-str :prefix "(")) (all-children (prog (nodes) (t))) (comp (str ")") (print-str))))
+(defmacro tree () (prog (nodes) (comp (str "\n") (print-str))))
 (defmacro across (word cond)
-  (comp (at word) (if (minimal-across cond) (str yes) (str no)) (print-str :prefix word :suffix "\n")))
+  (comp (at word) (if (minimal-across cond) (str yes) (str no)) (print-str :prefix word :suffix " ")))
 
 (def-tree-rules found (root (prog
   (title "antecedents")
@@ -20,7 +19,7 @@
   (title "first nodes")
   (comp (at the) (show (find-first-node (comp (cat) (str= N)))))
   (comp (at the) (show (find-first-node (nil))))
-  (comp (at cat) (find-first-node (t) (rel)) (print-str :suffix "\n"))
+  (comp (at cat) (find-first-node (t) (rel)) (print-str :suffix " "))
   (title "candidates")
   (comp (at chase) (show (compatible-modifier
     (list (get-child none) (get-child obj) (get-child subj) (int 7)) (ident) (comp (cat) (str= N)))))
@@ -37,8 +36,9 @@
   (across saw (str= ",")) (across saw (str= ".")) (across John (nil)) (comp (minimal-across (t)) (print-str)))))
 (eval (read-and-modify-deps around (comp (str across.txt) (open-file))))
 
+(eval (comp (str "\n") (print-str)))
 (defmacro edit (name what)
-  (def-tree-rules name (root (prog (title name) what (tree))))
+  (def-tree-rules name (root (prog (comp (str name) (print-str :suffix ": ")) what (tree))))
   (eval (read-and-modify-deps name (comp (str trees.txt) (open-file)))))
 (edit "attached elsewhere" (comp (at today) (reattach-node (at cat)) (show (ident))))
 (edit "put in order" (comp (at big) (reattach-node (at chase)) (show (ident))))
