@@ -58,19 +58,6 @@ TEST_F(LExpTest, TypesAreNumberedWithoutRegardToCase) {
   EXPECT_EQ(run_.errors(), "Unknown type id: 0\nUnknown type id: -7\n");
 }
 
-TEST_F(LExpTest, CompilingReportsWhatIsNoForm) {
-  EXPECT_EQ(compile(nullptr), nullptr);
-  EXPECT_EQ(compile("word "), nullptr);
-  EXPECT_EQ(compile("()"), nullptr);
-  EXPECT_EQ(compile("(nosuch (t))"), nullptr);
-  EXPECT_EQ(compile("((t) x)"), nullptr);
-  EXPECT_EQ(run_.errors(),
-            "LExp::get_exp: word is not a LExp\n"
-            "LExp::get_exp: () is not a LExp\n"
-            "LExp::get_exp:  unknown type: 'nosuch'\n"
-            "expecting an atom. This is found instead:\n(t)\n");
-}
-
 TEST_F(LExpTest, AFormIsConsumedByCompiling) {
   IRSlistReader reader;
   IRSlist* form = reader.start_string("(prog (t))");
@@ -98,14 +85,6 @@ TEST_F(LExpTest, AValueOfAnotherKindIsNeverFollowed) {
   EXPECT_FALSE(number->eval(Value::integer(12345), kAnyType));
   auto text = compile("(inverse)");
   EXPECT_FALSE(text->eval(Value::integer(12345), kAnyType));
-}
-
-TEST_F(LExpTest, AnAdaptorHandsItsValueOn) {
-  auto exp = compile("(thing-number (+1 (int2str)))");
-  Thing thing{41};
-  EXPECT_EQ(exp->out_type, type_id("char*"));
-  EXPECT_STREQ(exp->eval(Value::of(&thing), kAnyType).text(), "42");
-  EXPECT_EQ(compile("(thing-number)")->out_type, type_id("int"));
 }
 
 TEST_F(LExpTest, AFunctionGetsZeroForWhatIsMissing) {

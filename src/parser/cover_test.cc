@@ -35,21 +35,6 @@ class CoverTest : public testing::Test {
   TNode trees_[64];
 };
 
-TEST_F(CoverTest, EveryCellHasItsPlace) {
-  for (int words : {1, 2, 7}) {
-    std::set<std::size_t> places;
-    for (int high = 0; high < words; ++high)
-      for (int low = 0; low <= high; ++low) {
-        std::size_t place = Cover::cell_index(low, high);
-        EXPECT_LT(place, Cover::cell_count(words));
-        EXPECT_TRUE(places.insert(place).second);
-      }
-  }
-  EXPECT_EQ(Cover::cell_index(0, 0), 0u);
-  EXPECT_EQ(Cover::cell_index(1, 2), 4u);
-  EXPECT_EQ(Cover::cell_count(3), 9u);
-}
-
 TEST_F(CoverTest, ATreeOverAllIsNotComparedWithASplit) {
   start("000");
   offer(1, 1, 2, 0);
@@ -99,15 +84,6 @@ TEST_F(CoverTest, PunctuationBehindAllTreesIsDropped) {
   EXPECT_EQ(chosen(), "");
 }
 
-TEST_F(CoverTest, OnlyTreesOverWordsOfTheSentenceAreTaken) {
-  start("00");
-  offer(1, 1, 0, 0);
-  offer(2, 0, 1, 0);
-  offer(3, 2, 3, 0);
-  offer(4, 0, -1, 0);
-  EXPECT_EQ(chosen(), "");
-}
-
 // In long sentences the cover is found word by word. Without overpriced trees it is the same.
 TEST_F(CoverTest, TheLongWayAndTheTableAgree) {
   std::mt19937 random(7);
@@ -148,14 +124,6 @@ TEST(DistTable, ProbabilityLeansOnThePriorUntilThereIsEnough) {
   EXPECT_NEAR(table.probability("obj", 9), 0.8 * 40 / 3 + 0.2 * 10 / 40, 1e-9);
   EXPECT_NEAR(table.probability("obj2", 4), 0.995 + 0.005, 1e-9);
   EXPECT_DOUBLE_EQ(table.probability("new", 4), 0.25);
-}
-
-TEST(DistTable, ALaterRunOfARelationReplacesTheEarlier) {
-  DistTable table;
-  std::istringstream in("a\t1\tx\t300\nb\t1\tx\t9\na\t2\tx\t500\n");
-  table.read(in);
-  EXPECT_DOUBLE_EQ(table.probability("a", 2), 1.0);
-  EXPECT_DOUBLE_EQ(table.probability("a", 1), 1 / 500.0);
 }
 
 TEST(DistTable, BadRecordsAreReportedAndLeftOut) {

@@ -16,12 +16,6 @@ TEST(Text, OrdersWithoutCaseOnUnsignedBytes) {
   EXPECT_GT(byte_compare("\xe9", "z"), 0);
 }
 
-TEST(Text, NullIsNoWordButOrdersAsEmpty) {
-  EXPECT_TRUE(same_word(nullptr, nullptr));
-  EXPECT_FALSE(same_word(nullptr, ""));
-  EXPECT_EQ(stricmp(nullptr, ""), 0);
-}
-
 TEST(Text, ScansNumbersLikeAFormattedScan) {
   long n = 7;
   EXPECT_FALSE(scan_long("x1", n));
@@ -61,12 +55,6 @@ TEST(Text, QuotesWhatCannotStandAlone) {
   EXPECT_EQ(quoted("a\"\\", QuoteComma::no), "\"a\\\"\\\\\"");
   for (const char* text : {"a b", "a\tb", "a\nb", "a\rb", "(", ")", ";", "\\", "\"", "\x80"})
     EXPECT_TRUE(needs_quotes(text, QuoteComma::no)) << text;
-}
-
-TEST(Text, WritesFloatsShortly) {
-  EXPECT_EQ(float_text(1), "1");
-  EXPECT_EQ(float_text(0.1F), "0.1");
-  EXPECT_EQ(float_text(1234567), "1.23457e+06");
 }
 
 }  // namespace

@@ -103,19 +103,5 @@ TEST_F(Statistics, CountsThatMakeNoSense) {
   }
 }
 
-TEST_F(Statistics, CleanUpAfterTheLastUse) {
-  add_some();
-  db.clean_up_after = 2;
-  db.serial = 0;
-  float first = db.dependency_probability("h1", "subj", "w1");
-  db.for_each([](PLHashEntry* entry) { static_cast<TripleDbInfo*>(entry)->last_used = 0; });
-  db.serial = 2;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(db.dependency_probability("h1", "subj", "w1"), first);
-  EXPECT_NE(testing::internal::GetCapturedStderr().find("CleanUp deleted "), std::string::npos);
-  EXPECT_TRUE(db.find("h1"));
-  EXPECT_FALSE(db.find("h2"));
-}
-
 }  // namespace
 }  // namespace torvane

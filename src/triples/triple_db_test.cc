@@ -46,25 +46,6 @@ class TripleDbTest : public testing::Test {
       ("triples-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
 };
 
-TEST_F(TripleDbTest, CountsATripleFromBothEnds) {
-  TripleDb db(101, 101, 0);
-  const int obj = db.feature_id("obj", true);
-  db.add_triple("eat", obj, "apple", 2);
-  db.add_triple("Eat", obj, "fish", 1);
-  db.add_triple("eat", obj, nullptr, 4);
-  db.add_triple("loaf", -obj, "bake", 8);
-  EXPECT_EQ(db.total_count(), 15);
-  TripleDbInfo* eat = db.find("eat");
-  EXPECT_EQ(eat->freq, 7);
-  EXPECT_EQ(eat->find_rel(obj)->freq, 3) << "a triple without a word counts at its head only";
-  EXPECT_EQ(eat->find_rel(obj)->find_word("APPLE")->freq, 2);
-  EXPECT_EQ(word_of(db, "apple", -obj, "eat")->freq, 2);
-  EXPECT_EQ(db.find("apple")->invFreq, 2);
-  EXPECT_EQ(db.find("obj")->freq, 7) << "an inverse relation does not count the relation";
-  EXPECT_EQ(word_of(db, "bake", obj, "loaf")->freq, 8);
-  EXPECT_EQ(db.find("loaf")->invFreq, 8);
-}
-
 std::string packed(std::initializer_list<std::uint32_t> words) {
   StrBufs buf;
   for (std::uint32_t word : words) buf.add_be32(word);
@@ -223,29 +204,6 @@ TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
   testing::internal::CaptureStderr();
   unlinked.CleanUp();
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "CleanUp deleted 3 out of 3\n");
-}
-
-TEST_F(TripleDbTest, DeletesATripleOnce) {
-  TripleDb db(101, 101, 0);
-  link(db);
-  const int r = db.feature_id("r", true);
-  for (const char* word : {"b", "c", "a"}) db.add_triple("a", r, word, 2);
-  db.remove_triple("b", "-r", "a");
-  EXPECT_EQ(db.total_count(), 4);
-  EXPECT_EQ(db.find("r")->freq, 4);
-  EXPECT_EQ(db.find("r")->invFreq, 0);
-  db.remove_triple("a", "r", " ");
-  db.remove_triple("a", "r", "b");
-  db.remove_triple("a", "unknown", "b");
-  EXPECT_EQ(db.total_count(), 0);
-  EXPECT_EQ(db.find("a")->freq, 0);
-  EXPECT_EQ(db.find("a")->invFreq, 0);
-  db.unlink_file();
-  link(db, 1);
-  for (const char* word : {"a", "b", "c"}) {
-    EXPECT_FALSE(word_of(db, "a", r, word));
-    EXPECT_EQ(db.find(word)->detail_pos, 0);
-  }
 }
 
 TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {

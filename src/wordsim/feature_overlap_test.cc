@@ -58,25 +58,5 @@ TEST(RelationEnd, HasThePartOfSpeechOfItsCategory) {
   EXPECT_EQ(relation_end_pos("_subj", true), 0);
 }
 
-TEST(TripleFeatures, WriteASourceByPartOfSpeech) {
-  TripleDb db(11, 11, 0);
-  int object = db.ids.get_id("V:obj:N", 1);
-  for (const char* drink : {"tea", "iced coffee"}) {
-    db.add_triple("drink", object, drink, 20);
-    db.add_triple("brew", object, drink, 20);
-  }
-  for (int i = 0; i < 30; ++i)
-    db.add_triple(("see" + std::to_string(i)).c_str(), object, i % 2 ? "sea" : "road", 20);
-  TripleFeatures features;
-  features.read(db, 0.5F);
-  std::ostringstream out;
-  features.write_source(out, 3);
-  EXPECT_NE(out.str().find("(\"iced coffee\" (N "), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find(" (tea 1)))\n"), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find("(brew (V "), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find(" (drink 1)))\n"), std::string::npos) << out.str();
-  EXPECT_EQ(out.str().find("obj"), std::string::npos) << out.str();
-}
-
 }  // namespace
 }  // namespace torvane
