@@ -1,6 +1,6 @@
 (make-simworddb sims :src words.src :size -5 :max-syns 1)
 (make-lexicon words 11)
-(defun show () (int2str (print-str :suffix "\n")))
+(defun show () (int2str (print-str :suffix " ")))
 (eval (comp (word-sim sims (str N) (str dog) (str cat)) (show)))
 (eval (comp (word-sim SIMS (str N) (str cat) (str DOG)) (show)))
 (eval (comp (word-sim sims (str _x) (str dog) (str fox)) (show)))
@@ -14,4 +14,5 @@
 (eval (comp (word-sim) (show)))
 (eval (comp (word-sim words (str N) (str dog) (str cat)) (show)))
 (eval (comp (word-sim sims (str N) (str dog) (str cat) (str cat)) (show)))
+(eval (comp (str "\n") (print-str)))
 (exit)
