@@ -1,5 +1,5 @@
 ; Every form with nothing, an atom, one list, too much, and the wrong kind of input; with and without a type.
-(defun show () (print-str :suffix "\n"))
+(defun show () (print-str :suffix " "))
 (eval (comp (attvec (+a)) (attvec2str) (show)))
 (eval (comp (attvec ()) (defined (a)) (attvec2str) (show)))
 (eval (comp (att-set (a)) (is-nil) (int2str (show))))
@@ -73,4 +73,5 @@
 (eval (comp (str text) (ident) (unify (+a)) (is-nil) (int2str (show))))
 (eval (comp (int 5) (att-str-val a) (show)))
 (eval (comp (nil) (modify (+a)) (is-nil) (int2str (show))))
+(echo)
 (exit)
