@@ -1,4 +1,4 @@
-(defun show () (int2str (print-str :suffix "\n")))
+(defun show () (int2str (print-str :suffix " ")))
 (foreach (w) :eval (prog
   (comp (int-sum (int 2) (int 3)) (show))
   (comp (int-diff (int 2) (int 3)) (show))

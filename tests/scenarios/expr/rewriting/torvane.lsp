@@ -1,4 +1,4 @@
-(defun show () (print-str :prefix "[" :suffix "]\n"))
+(defun show () (print-str :prefix "[" :suffix "] "))
 (foreach (banana "") :eval (prog
   (comp (reg-sub "a" "<&>") (show))
   (comp (reg-sub "a" "<&>" g) (show))

@@ -1,4 +1,4 @@
-(defun show () (print-str :prefix "[" :suffix "]\n"))
+(defun show () (print-str :prefix "[" :suffix "] "))
 (foreach ("don't" "'tis" "well-known!" "") :eval (remove-punc (show)))
 (foreach ("A, b; c.") :eval (comp (remove-char ",;.") (inverse) (last-word) (show)))
 (foreach (Undoing) :eval (prog (comp (remove-prefix (str Un)) (show)) (comp (remove-prefix (str un)) (show))
