@@ -1,7 +1,7 @@
 (def-att-list syn)
 (make-str-meaning-proto g) (make-str-meaning-proto h)
 (make-lexicon L 101)
-(lex L (dog (g noun) (h verb) (g tail)) (*dog (g starred)) (etc. (g and-so-on)) (. (g stop)) (dog/n (g whole)))
+(lex L (dog (g noun) (h verb)) (*dog (g starred)) (etc. (g and-so-on)) (. (g stop)) (dog/n (g whole)))
 ; Every item whose meaning is of the kind g is a noun.
 (def-rules R (nouns dog (exist-lexitem (low) (high)
   (pred (and (lexitem-meaning (meaning-type (reg-match "g"))) (set-cate (str n)) (nil))))))
