@@ -3,4 +3,5 @@
 (echo (a b) c (d))
 ("echo" "" x "")
 (echo ,)
-(exit)
+(exit now or never)
+(echo never)

@@ -1,5 +1,0 @@
-(def-tokenizer :name X " " "" "" "" "" "")
-(def-tokenizer :name x "," "" "" "" "" "")
-(def-tokenizer :name STRCMP "," "" "" "" "" "")
-(test-tokenizer x in.txt)
-(exit)

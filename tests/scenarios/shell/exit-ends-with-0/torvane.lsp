@@ -1,3 +1,0 @@
-(echo a)
-(exit now or never)
-(echo b)

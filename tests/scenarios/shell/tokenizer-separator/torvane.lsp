@@ -1,5 +1,0 @@
-(def-tokenizer :name s :separator "--" :long-quotes (("<" ">")))
-(test-tokenizer s in.txt)
-(def-socket-tokenizer a b :name one :separator "")
-(test-tokenizer one -)
-(exit)
