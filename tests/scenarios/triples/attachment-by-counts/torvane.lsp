@@ -27,6 +27,7 @@
 (roots (V))
 (p3 "cook ate soup with spoon")
 (make-tripledb counts 101)
+(debug-weight 1)
 (set-reldb tp counts)
 (populate-tripledb counts rels.txt deps.txt)
 (p3 "cook ate soup with spoon")
