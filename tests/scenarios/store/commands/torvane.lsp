@@ -32,7 +32,6 @@
 (profile db)
 (sort-links db)
 (s db emu)
-(dump db)
 (echo "into files")
 (dump db (ident))
 (dump db () dump1.txt)
