@@ -78,21 +78,6 @@ TEST_F(QHashTest, HeaderAndRecords) {
   EXPECT_EQ(value("HEN"), "coot");
 }
 
-TEST_F(QHashTest, PadGoesToAMultipleOf4) {
-  // No function of three letters is there, so the process ends; what it made is an empty file.
-  int status = status_of([&] {
-    QHash other(3);
-    other.open_file(path("other").c_str(), 32, 10, "abc");
-  });
-  EXPECT_EQ(WEXITSTATUS(status), 1);
-  EXPECT_EQ(bytes_of(path("messages")), "The function 'abc' is not registered as a named object\n");
-  EXPECT_EQ(bytes_of(path("other")), "");
-  open_new("strcmp", 10);
-  EXPECT_EQ(hash_.data_start, 68u);
-  hash_.sync();
-  EXPECT_EQ(bytes_of(path()).substr(56), bytes_from("00000006 'strcmp' 'ss'"));
-}
-
 TEST_F(QHashTest, KeysCompareAsTheFunctionSays) {
   EXPECT_EQ(value("dog"), "none");
   for (const char* function : {"strcasecmp", "strcmp"}) {

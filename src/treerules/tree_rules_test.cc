@@ -96,19 +96,5 @@ TEST_F(TreeRules, RandomEditsDuringAWalkLeaveTrees) {
   run_.errors();
 }
 
-TEST_F(TreeRules, ALongChainNeedsNoStack) {
-  std::vector<RSTree> path(100000);
-  for (std::size_t i = 1; i < path.size(); ++i) path[i - 1].append(&path[i]);
-  run_.run("(declare-var n)");
-  rule("(down shallow (t+ (node (t))) (prog (forall-subtree-matches v (setq n (get-val v))) (t)))")
-      ->apply(path.data());
-  rule(
-      "(down shallow (path (node (t)) (t+ (node (t)))) (prog (setq n (get-val n (num-children))) "
-      "(t)))")
-      ->apply(path.data());
-  EXPECT_EQ(run_.run("(eval (comp (get-val n) (is-nil) (int2str) (print-str)))"), "1");
-  EXPECT_EQ(run_.errors(), "");
-}
-
 }  // namespace
 }  // namespace torvane
