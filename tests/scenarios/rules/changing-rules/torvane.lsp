@@ -28,7 +28,6 @@
 (insert-lex-rules R2 TWO (before-two x (say (str "before two"))) (and-this x (say (str "and this"))))
 (insert-lex-rules R2 () (last x (say (str last))))
 (run R2 A2 P2)
-(p3 "x y")
 (debug-rules R2 t)
 (debug-rules R2 ^three)
 (debug-rules R2 last)
