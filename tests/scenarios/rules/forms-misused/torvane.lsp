@@ -1,5 +1,20 @@
-; Every form of rules with odd arguments, on inputs of every kind. Nothing but messages comes of it.
+; Ever more ways through a sentence, most of which lead nowhere or to the same span.
 (load base.lsp)
+(load words.lsp)
+(def-rules R1
+  (pairs (:act-on-all-matches) (seq :overlapping (lexitem (t)) (lexitem (int-eq (lexitem-length) (int 1))))
+         (assert (make-lexitem (low) (high) (comp ($ 1) (meaning)))))
+  (nowhere (seq nowhere (load-of-items)) (say (str wrong)))
+  (forward (seq :front-to-back (load-of-items) nowhere) (say (str wrong)))
+  (no-such (no (seq (load-of-items))) (show-span))
+  (rows (+ (seq (load-of-items))) (t))
+  (both (seq ($) (& (whole-sentence) (seq (load-of-items)))) (say (str wrong)))
+  (done (seq :front-to-back (^) (word (t))) (say (str done))))
+(run R1 A1 P1)
+(load sentence.lsp)
+
+; Every form of rules with odd arguments, on inputs of every kind. Nothing but messages comes of it.
+(clear-lexicon L)
 (make-antecedent-list names)
 (make-llrule LL (a ~ (lexitem (t))) (t))
 (lex L (a (avm ((cat n) (num sg))) (llrule LL)) (b (avm ((cat v)))) (c (avm ((cat n)))))

@@ -1,5 +1,5 @@
 (load)
 (load () (a b) missing.lsp folder good.lsp "")
 (LOAD good.lsp)
-(load "$(NOSUCH_VARIABLE)good.lsp" "$GOOD.lsp" "$(GOOD.lsp")
+(load "$(NOSUCH_VARIABLE)good.lsp" "good$(NONE).lsp$(NONE)" "$GOOD.lsp" "$(GOOD.lsp")
 (exit)
