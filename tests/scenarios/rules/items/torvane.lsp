@@ -129,7 +129,8 @@
   (longest (lexitem (comp (root) (str= jr)))
     (prog (add-components (litem) (int 1) (int 3) (pred (int-eq (lexitem-length) (int 1))))
           (yes-or-no (str "none of none") (combine-lexitems (nil) x (nil)))
-          (exec-commands (li)))))
+          (exec-commands (li) (exit)))))
 (run R5 A5 P5)
 (p3 "John Q Smith Jr")
-(exit)
+; the last rule has ended the run
+(echo never)
