@@ -168,18 +168,6 @@ TEST_F(DepsTest, AClearedTreeLeavesNothingToVariables) {
   EXPECT_FALSE(other.get());
 }
 
-TEST_F(DepsTest, NodesAreUsedAgain) {
-  DepTree* first = deps_.new_node();
-  first->_weight = 3;
-  first->set_label("x");
-  deps_.clear();
-  EXPECT_TRUE(deps_.is_clear());
-  DepTree* second = deps_.new_node();
-  EXPECT_EQ(first, second);
-  EXPECT_EQ(second->_label, nullptr);
-  EXPECT_EQ(second->_weight, 0);
-}
-
 TEST_F(DepsTest, MuchTextIsReadInTime) {
   std::string chain = "(";
   for (int i = 1; i <= 5000; ++i)

@@ -91,18 +91,6 @@ TEST_F(TreeTest, AChildAppendedAgainStandsTwiceAndLeavesWhole) {
   EXPECT_EQ(node('b')->_parent, nullptr);
 }
 
-TEST_F(TreeTest, InsertBesideMovesFromTheOldParent) {
-  Named* tree = make("a(b c(d e) f)");
-  EXPECT_EQ(node('b')->insert_before(node('e')), tree);
-  EXPECT_EQ(show(tree), "a(e b c(d) f)");
-  EXPECT_EQ(node('f')->insert_after(node('d')), tree);
-  EXPECT_EQ(show(tree), "a(e b c f d)");
-  EXPECT_EQ(node('f')->insert_after(node('e')), tree);
-  EXPECT_EQ(show(tree), "a(b c f e d)");
-  EXPECT_EQ(tree->insert_before(node('b')), nullptr);
-  EXPECT_EQ(show(tree), "a(b c f e d)");
-}
-
 TEST_F(TreeTest, WalksVisitTheStartNodeToo) {
   Named* tree = make("a(b(c d) e(f))");
   EXPECT_EQ(walk<PreIterator>(tree), "abcdef");

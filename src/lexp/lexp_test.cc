@@ -58,28 +58,6 @@ TEST_F(LExpTest, TypesAreNumberedWithoutRegardToCase) {
   EXPECT_EQ(run_.errors(), "Unknown type id: 0\nUnknown type id: -7\n");
 }
 
-TEST_F(LExpTest, AFormIsConsumedByCompiling) {
-  IRSlistReader reader;
-  IRSlist* form = reader.start_string("(prog (t))");
-  EXPECT_NE(LExp::get_exp(form), nullptr);
-  EXPECT_EQ(LExp::get_exp(form), nullptr);
-}
-
-TEST_F(LExpTest, TheInputCheckComparesKnownTypesOnly) {
-  auto exp = compile("(thing-number)");
-  Thing thing{7};
-  Value value = Value::of(&thing);
-  EXPECT_EQ(exp->eval(value, type_id("THING*")).number(), 7);
-  EXPECT_EQ(exp->eval(value, kAnyType).number(), 7);
-  EXPECT_EQ(run_.errors(), "");
-  int text = type_id("char*");
-  EXPECT_FALSE(exp->eval(value, text));
-  EXPECT_EQ(run_.errors(), "thing-number received a wrong type of argument:'char*' (" +
-                               std::to_string(text) +
-                               ")\nThe expected type of argument is:'Thing*' (" +
-                               std::to_string(type_id("Thing*")) + ")\n");
-}
-
 TEST_F(LExpTest, AValueOfAnotherKindIsNeverFollowed) {
   auto number = compile("(thing-number)");
   EXPECT_FALSE(number->eval(Value::integer(12345), kAnyType));

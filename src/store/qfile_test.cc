@@ -33,15 +33,9 @@ class QFileTest : public StoreTest {
   QFile file_;
 };
 
-TEST_F(QFileTest, NewFileStaysEmptyUntilItIsSynced) {
-  EXPECT_TRUE(file_.is_open());
-  EXPECT_EQ(bytes_of(path()), "");
-  file_.sync();
-  EXPECT_EQ(bytes_of(path()), bytes_from("0000000c 00000000 00000020"));
-  EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
-}
-
 TEST_F(QFileTest, ContiguousRecordAndFreeList) {
+  EXPECT_EQ(bytes_of(path()), "") << "before the first sync";
+  EXPECT_EQ(synced(0, 5000), bytes_from("0000000c 00000000 00000020"));
   EXPECT_EQ(put(0, "a"), 12u);
   EXPECT_EQ(free_list(), "Free list: (44, 4064)\n");
   std::string bytes = synced(0, 5000);
@@ -132,24 +126,6 @@ TEST_F(QFileTest, RecordBeyondTheCountOfBlocksSpillsAtOnce) {
   EXPECT_EQ(get(pos), "small");
 }
 
-TEST_F(QFileTest, ReadOnlyFileIsNeverWritten) {
-  std::uint32_t pos = put(0, "kept");
-  file_.sync();
-  std::string before = bytes_of(path());
-  QFile reader(1);
-  ASSERT_EQ(reader.open(path().c_str(), 32), 1);
-  RecordHeader hdr;
-  EXPECT_EQ(reader.alloc(8, hdr), 0u);
-  EXPECT_EQ(messages_of([&] { EXPECT_EQ(reader.write_record(pos, "new", 3), 0u); }),
-            "Trying to write read-only file!\n");
-  reader.release(pos, 0);
-  reader.sync();
-  StrBufs buf;
-  EXPECT_EQ(reader.read_record(pos, buf), 4u);
-  EXPECT_STREQ(buf.object(), "kept");
-  EXPECT_EQ(bytes_of(path()), before);
-}
-
 TEST_F(QFileTest, WhatCannotBeOpened) {
   std::filesystem::create_directory(path("folder"));
   write_bytes(path("empty"), "");
@@ -172,10 +148,15 @@ TEST_F(QFileTest, WhatCannotBeOpened) {
   EXPECT_TRUE(second.is_open());
 }
 
-TEST_F(QFileTest, DamagedRecordsAreRefused) {
+TEST_F(QFileTest, DamagedRecordsAndFreeListsAreRefused) {
   std::uint32_t pos = put(0, "kept");
   file_.sync();
   const std::string whole = bytes_of(path());
+  auto damage = [&](std::size_t at, const std::string& bytes) {
+    std::string damaged = whole;
+    damaged.replace(at, bytes.size(), bytes);
+    write_bytes(path("damaged"), damaged);
+  };
   const std::pair<std::size_t, const char*> kDamage[] = {
       {pos + 6, "1234"},            // no magic
       {pos, "7fffffff"},            // a size beyond the file
@@ -183,9 +164,7 @@ TEST_F(QFileTest, DamagedRecordsAreRefused) {
       {pos, "00000020 0001 5554"},  // spilled to nowhere
   };
   for (const auto& [at, bytes] : kDamage) {
-    std::string damaged = whole;
-    damaged.replace(at, bytes_from(bytes).size(), bytes_from(bytes));
-    write_bytes(path("damaged"), damaged);
+    damage(at, bytes_from(bytes));
     QFile reader(1);
     ASSERT_EQ(reader.open(path("damaged").c_str(), 32), 1);
     StrBufs buf;
@@ -193,19 +172,12 @@ TEST_F(QFileTest, DamagedRecordsAreRefused) {
               "Invalid magic number!\n");
     EXPECT_STREQ(buf.object(), "");
   }
-}
-
-TEST_F(QFileTest, DamagedFreeListIsNotUsed) {
-  put(0, "kept");
-  file_.sync();
-  std::string bytes = bytes_of(path());
+  // Free extents over the list itself, beyond the end, and over the header.
   for (const char* pair : {"0000000c 00000f00", "00000fff 7fffffff", "00000004 00000020"}) {
-    bytes.replace(52, 8, bytes_from(pair));
-    write_bytes(path("damaged"), bytes);
-    QFile file(3);
-    std::string said = messages_of([&] { file.open(path("damaged").c_str(), 32); });
-    // The first lies over the list itself, whose blocks are given back.
-    EXPECT_EQ(said, "Invalid magic number!\n") << pair;
+    damage(52, bytes_from(pair));
+    QFile writer(3);
+    EXPECT_EQ(messages_of([&] { writer.open(path("damaged").c_str(), 32); }),
+              "Invalid magic number!\n");
   }
 }
 

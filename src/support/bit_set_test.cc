@@ -122,13 +122,10 @@ TEST(BitSet, WalksTheBitsAsTheyWere) {
   LBitSet a;
   for (int i : {0, 31, 32, 95}) a.set(i);
   LBitSetIterator it(a);
-  EXPECT_EQ(it.next(), 0);
-  a.clear(0, 100);
-  EXPECT_EQ(it.next(), 31);
-  EXPECT_EQ(it.next(), 32);
-  EXPECT_EQ(it.next(), 95);
-  EXPECT_EQ(it.next(), -1);
-  EXPECT_EQ(it.next(), -1);
+  for (int wanted : {0, 31, 32, 95, -1, -1}) {
+    EXPECT_EQ(it.next(), wanted);
+    a.clear(0, 100);
+  }
   LBitSet none;
   EXPECT_EQ(LBitSetIterator(none).next(), -1);
   LBitSet all = none.complement();  // its bits lie beyond the words

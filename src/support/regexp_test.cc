@@ -117,14 +117,6 @@ TEST(Regexp, EndsOnWhatInvitesToGoOnForEver) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "regexp: the text is too long to be matched\n");
 }
 
-TEST(Regexp, Substitutes) {
-  auto compiled = regcomp("(a+)(x)?(b)");
-  ASSERT_TRUE(regexec(compiled.get(), "1aab2"));
-  std::string out = "kept ";
-  regsub(compiled.get(), "<&|\\0|\\1|\\2|\\3|\\4>\\&\\\\\\n\\", out);
-  EXPECT_EQ(out, "kept <aab|aab|aa||b|>&\\\\n\\");
-}
-
 TEST(RegexpDeath, NamesTheFault) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   const char* const faults[][2] = {{nullptr, "NULL argument"},

@@ -8,19 +8,6 @@
 namespace torvane {
 namespace {
 
-TEST(StrBufs, KeepsClosedObjectsInPlaceWhileLaterOnesGrow) {
-  StrBufs strings(16);
-  char* first = strings.copy("first");
-  std::string long_text(1000, 'x');
-  for (char c : long_text) strings.add_char(c);
-  char* second = strings.finish();
-  char* third = strings.concat("a", nullptr, "b", "", "c");
-  EXPECT_STREQ(first, "first");
-  EXPECT_EQ(second, long_text);
-  EXPECT_STREQ(third, "abc");
-  EXPECT_EQ(strings.copy(nullptr), nullptr);
-}
-
 TEST(StrBufs, HoldsObjectsOfEverySizeAroundTheChunk) {
   for (std::size_t lead : {0U, 1U, 7U}) {
     for (std::size_t size = 0; size < 100; ++size) {

@@ -18,29 +18,20 @@ TEST(Text, OrdersWithoutCaseOnUnsignedBytes) {
 
 TEST(Text, ScansNumbersLikeAFormattedScan) {
   long n = 7;
-  EXPECT_FALSE(scan_long("x1", n));
-  EXPECT_FALSE(scan_long("-", n));
-  EXPECT_FALSE(scan_long(nullptr, n));
+  for (const char* text : {"x1", "-", static_cast<const char*>(nullptr)})
+    EXPECT_FALSE(scan_long(text, n));
   EXPECT_EQ(n, 7);
-  EXPECT_TRUE(scan_long(" \t+12abc", n));
-  EXPECT_EQ(n, 12);
-  EXPECT_TRUE(scan_long("-9223372036854775808", n));
-  EXPECT_EQ(n, LONG_MIN);
-  EXPECT_TRUE(scan_long("9223372036854775807", n));
-  EXPECT_EQ(n, LONG_MAX);
-  EXPECT_TRUE(scan_long("99999999999999999999999", n));
-  EXPECT_EQ(n, LONG_MAX);
-  EXPECT_TRUE(scan_long("-99999999999999999999999", n));
-  EXPECT_EQ(n, LONG_MIN);
+  const std::pair<const char*, long> longs[] = {{" \t+12abc", 12},
+                                                {"-9223372036854775808", LONG_MIN},
+                                                {"9223372036854775807", LONG_MAX},
+                                                {"99999999999999999999999", LONG_MAX},
+                                                {"-99999999999999999999999", LONG_MIN}};
+  for (auto [text, wanted] : longs) EXPECT_TRUE(scan_long(text, n) && n == wanted) << text;
   float f = 7;
   for (const char* text : {"information", "nan", ".", "+e1", ""}) EXPECT_FALSE(scan_float(text, f));
   EXPECT_EQ(f, 7);
-  EXPECT_TRUE(scan_float(" -.5e", f));
-  EXPECT_EQ(f, -.5F);
-  EXPECT_TRUE(scan_float("0x1F", f));
-  EXPECT_EQ(f, 0);
-  EXPECT_TRUE(scan_float("1.5e1x", f));
-  EXPECT_EQ(f, 15);
+  const std::pair<const char*, float> floats[] = {{" -.5e", -.5F}, {"0x1F", 0}, {"1.5e1x", 15}};
+  for (auto [text, wanted] : floats) EXPECT_TRUE(scan_float(text, f) && f == wanted) << text;
 }
 
 TEST(Text, QuotesWhatCannotStandAlone) {

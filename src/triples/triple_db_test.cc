@@ -197,13 +197,6 @@ TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
   EXPECT_EQ(db.find("new")->freq, 3) << "it was written first";
   EXPECT_EQ(db.find("h1")->freq, 2);
   EXPECT_EQ(word_of(db, "h2", r, "m2")->freq, 1);
-
-  TripleDb unlinked(101, 101, 0);
-  unlinked.add_triple("a", unlinked.feature_id("r", true), "b", 1);
-  unlinked.clean_up_after = 100;
-  testing::internal::CaptureStderr();
-  unlinked.CleanUp();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "CleanUp deleted 3 out of 3\n");
 }
 
 TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {
