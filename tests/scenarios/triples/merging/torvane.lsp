@@ -15,7 +15,6 @@
 (merge-tripledbs one one)
 (merge-tripledbs inverse inverse)
 (get-total-count one)
-(st one a)
 (make-tripledb memory 7)
 (merge-tripledbs memory one)
 (merge-tripledbs memory memory)

@@ -9,7 +9,6 @@
 (echo "")
 (cmp-tripledb-entries db beer cider :codes ((N:mod:A "described as")))
 (cmp-tripledb-entries db cider beer :color0 gray :color1 red :color2 blue)
-(cmp-tripledb-entries db hail beer)
 (cmp-tripledb-entries db beer nosuch)
 (cmp-tripledb-entries db)
 (exit)

@@ -7,7 +7,7 @@
 (make-tripledb all 101)
 (populate-tripledb all rels.txt)
 (get-total-count all)
-(st all head heavy)
+(st all head)
 (populate-tripledb all nowhere.txt deps.txt)
 (populate-tripledb all rels.txt nowhere.txt)
 (populate-tripledb nodb rels.txt)
