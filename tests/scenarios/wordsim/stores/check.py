@@ -3,7 +3,7 @@ import sys
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from layout import group, similar, table
+from make import group, similar, table
 
 NONE = similar([])
 dog = similar([(2, 0.75), (3, 0.5), (4, 0.25)], [group(0b101), group(0)], 0.5)
