@@ -94,11 +94,6 @@ TEST_F(DepsTest, UncoveredWordsStandOnceInOrder) {
   EXPECT_EQ(lines(deps_), "1\t(a\t~ X\t*)\n3\t(c)\n4\t(d\t~ X\t1) :nogap\n5\t(e)\n6\t(f)\n");
 }
 
-TEST_F(DepsTest, CrossingTreesAreWrittenEachWordOnce) {
-  read("(1 (a ~ X 3) 2 (b ~ X *) 3 (c ~ X *) 4 (d ~ X 2))");
-  EXPECT_EQ(lines(deps_), "2\t(b\t~ X\t*)\n4\t(d\t~ X\t2)\n1\t(a\t~ X\t3)\n3\t(c\t~ X\t*)\n");
-}
-
 TEST_F(DepsTest, DirectionsCountOccurrences) {
   read("(x (a) (b) (a) (b) (a))");
   EXPECT_EQ(deps_.find_word(1, "<", "a", false), 3);

@@ -118,22 +118,6 @@ TEST_F(TreeTest, RemovalGoesOnBehindTheRemoved) {
   EXPECT_EQ(show(node('h')), "h(i)");
 }
 
-TEST_F(TreeTest, SkippingLeavesOutTheSubtreeOrTheSiblings) {
-  auto skip_b = [](auto& it, char c) {
-    if (c == 'b') it.skip();
-  };
-  EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e)"), skip_b), "abe");
-  EXPECT_EQ(walk<PostIterator>(make("a(b(c d) e)"), skip_b), "cdba");
-  // What was removed is behind the walk already.
-  auto remove_and_skip = [](auto& it, char c) {
-    if (c != 'b') return;
-    it.remove();
-    it.skip();
-  };
-  EXPECT_EQ(walk<PreIterator>(make("a(b(c d) e)"), remove_and_skip), "abe");
-  EXPECT_EQ(walk<PostIterator>(make("a(b(c d) e)"), remove_and_skip), "cdbea");
-}
-
 TEST_F(TreeTest, WalksFollowEditsOfOthers) {
   auto detach = [this](char at, char what) {
     return [this, at, what](auto&, char c) {

@@ -63,16 +63,6 @@ TEST(Regexp, MatchesByTheTable) {
   EXPECT_EQ(match("b|^a", "ab", false), "1-2");
 }
 
-TEST(Regexp, KnowsWhatEveryMatchMustHave) {
-  EXPECT_EQ(regcomp("abc")->regstart, 'a');
-  EXPECT_EQ(regcomp("a|b")->regstart, 0);
-  EXPECT_EQ(regcomp("^a")->reganch, 1);
-  auto must = regcomp("x*yfoo.bar");
-  ASSERT_NE(must->regmust, nullptr);
-  EXPECT_STREQ(must->regmust, "yfoo");
-  EXPECT_EQ(must->regmlen, 4);
-}
-
 TEST(Regexp, AgreesWithTheStandardLibrary) {
   std::mt19937 random(3);
   auto pick = [&](unsigned n) { return random() % n; };
