@@ -13,7 +13,6 @@
 (make-avg-entry db :words (beer wine) :mi-threshold 0.1 :name drinks :output drinks.txt)
 (system "wc -l < drinks.txt")
 (make-avg-entry db :words (drinks drinks) :mi-threshold 0.1 :name drinks :rels (N:mod:A))
-(st db drinks)
 (echo -- clusters)
 (name-cluster-by-features db :words (beer nosuch stone red 8th) :init-count 3)
 (name-cluster-by-features db :clusters words.lsp :prefix kind :feature (in (N:mod:A)) :inv-feature (in (none)))

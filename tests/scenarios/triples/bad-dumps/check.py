@@ -1,0 +1,3 @@
+import sys
+
+assert open(sys.argv[1] + "/stderr").read() == "format error in data\n" * 17
