@@ -2,16 +2,13 @@
 (defmacro is (letter) (comp (cat) (str= letter)))
 (defmacro at (letter) (find-first-node (is letter)))
 (defmacro say (text) (comp (str text) (print-str)))
-(defmacro on-each (text cond) (def-tree-rules text
-    (down (node (cat)) (match (prog (cat (print-str)) (if cond (comp cond (cat (print-str :prefix ":"))) (say ":-")) (say " ")))))
+(defmacro over (text rule) (def-tree-rules text rule)
   (eval (prog (comp (str text) (print-str :suffix ": "))
               (read-and-modify-deps text (comp (str tree.txt) (open-file)))
               (comp (str "") (print-str :suffix "\n")))))
-(defmacro number (text exp) (def-tree-rules text
-    (down (node (cat)) (match (comp exp (int2str) (print-str :suffix " ")))))
-  (eval (prog (comp (str text) (print-str :suffix ": "))
-              (read-and-modify-deps text (comp (str tree.txt) (open-file)))
-              (comp (str "") (print-str :suffix "\n")))))
+(defmacro on-each (text cond) (over text
+  (down (node (cat)) (match (prog (cat (print-str)) (if cond (comp cond (cat (print-str :prefix ":"))) (say ":-")) (say " "))))))
+(defmacro number (text exp) (over text (down (node (cat)) (match (comp exp (int2str) (print-str :suffix " "))))))
 
 (on-each "exist-child" (exist-child (or (is E) (is F) (is G))))
 (on-each "exist-child, any" (exist-child))
