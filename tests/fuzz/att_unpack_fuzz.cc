@@ -1,11 +1,9 @@
 // Packed vectors and alias files of any bytes: what comes in must print, pack and compare as any
 // vector.
-#include <cstdint>
-#include <iostream>
-#include <sstream>
-#include <string>
+#include <vector>
 
 #include "att/aliases.h"
+#include "fuzz_input.h"
 #include "shell/exec.h"
 
 namespace torvane {
@@ -16,7 +14,6 @@ const char* const kTypes[] = {"narrow", "wide"};
 void define_types() {
   register_attribute_types();
   register_attribute_commands();
-  std::cerr.setstate(std::ios::failbit);
   interpreter().prompt = false;
   const std::string atts =
       "(defattribute b BinAtt)(defattribute e EnumAtt (allowable-values x y))"
@@ -47,15 +44,15 @@ void check_round_trip(const AttVec& vec, AttInterpreterList* type) {
 }
 
 }  // namespace
-}  // namespace torvane
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace torvane;
+void read_input(const std::string& bytes) {
   static const bool defined = (define_types(), true);
-  if (!defined || size == 0) return 0;
-  AttInterpreterList* type = AttInterpreterList::find(kTypes[data[0] % 2]);
-  const char* p = reinterpret_cast<const char*>(data) + 1;
-  const char* end = p + size - 1;
+  if (!defined || bytes.empty()) return;
+  AttInterpreterList* type = AttInterpreterList::find(kTypes[bytes[0] & 1]);
+  // A block of exactly the bytes' size, so that reading on would be seen.
+  const std::vector<char> block(bytes.begin() + 1, bytes.end());
+  const char* p = block.data();
+  const char* end = p + block.size();
 
   std::istringstream file(std::string(p, end));
   read_aliases(*type, file);
@@ -70,5 +67,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     first.subtract(second);
   }
   type->aliases.clear();
-  return 0;
 }
+
+}  // namespace torvane

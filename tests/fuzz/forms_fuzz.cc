@@ -1,14 +1,10 @@
 // Forms from any bytes, and back: what is written must read as it was.
-#include <cstdint>
-#include <cstdlib>
-#include <sstream>
-#include <string>
-
+#include "fuzz_input.h"
 #include "shell/irslist.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace torvane;
-  std::string bytes(reinterpret_cast<const char*>(data), size);
+namespace torvane {
+
+void read_input(const std::string& bytes) {
   auto tokenizer = Tokenizer::make_default();
   Ref<Stream> stream = Stream::from_text(bytes.data(), bytes.size());
   tokenizer->set_input(stream.get());
@@ -32,5 +28,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   while (next_item(in, items)) continue;
   const char* cursor = bytes.c_str();
   while (next_item_in_text(cursor, items)) continue;
-  return 0;
 }
+
+}  // namespace torvane

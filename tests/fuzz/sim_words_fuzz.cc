@@ -1,11 +1,6 @@
 // Lists of similar words of any bytes: as a source, as an entry of a dictionary and as a packed
 // record. What comes in prints, packs, and comes back the same.
-#include <cstdint>
-#include <cstdlib>
-#include <iostream>
-#include <sstream>
-#include <string>
-
+#include "fuzz_input.h"
 #include "wordsim/group_scores.h"
 #include "wordsim/sim_print.h"
 #include "wordsim/sim_source.h"
@@ -33,7 +28,9 @@ void check(SimWordDb& db, const SimRecord& record) {
     if (back.sims[pos].count() != record.sims[pos].count()) std::abort();
 }
 
-void read_all(const std::string& text) {
+}  // namespace
+
+void read_input(const std::string& text) {
   SimWordDb db(0, static_cast<int>(text.size() % 5), 0.1F);
   Ref<Stream> stream = Stream::from_text(text.data(), text.size());
   db.read_source(stream.get());
@@ -52,12 +49,4 @@ void read_all(const std::string& text) {
   for (int pos = 0; pos < kPartsOfSpeech; ++pos) group_scores(db, nullptr, pos, words);
 }
 
-}  // namespace
 }  // namespace torvane
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static bool quiet = (std::cerr.setstate(std::ios::failbit), true);
-  (void)quiet;
-  torvane::read_all(std::string(reinterpret_cast<const char*>(data), size));
-  return 0;
-}

@@ -1,10 +1,9 @@
 // A tokenizer whose classes come from the input too: the first lines are its classes, the rest its
 // text.
-#include <cstdint>
-#include <string>
-
+#include "fuzz_input.h"
 #include "shell/tokenizer.h"
 
+namespace torvane {
 namespace {
 
 std::string take_line(std::string& text) {
@@ -14,17 +13,16 @@ std::string take_line(std::string& text) {
   return line;
 }
 
-void read_all(torvane::TokenizerBase& tokenizer, const std::string& text) {
-  torvane::Ref<torvane::Stream> stream = torvane::Stream::from_text(text.data(), text.size());
+void read_all(TokenizerBase& tokenizer, const std::string& text) {
+  Ref<Stream> stream = Stream::from_text(text.data(), text.size());
   tokenizer.set_input(stream.get());
   while (tokenizer.next_token() && (tokenizer.token_length() > 0 || tokenizer.more_input)) continue;
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace torvane;
-  std::string text(reinterpret_cast<const char*>(data), size);
+void read_input(const std::string& bytes) {
+  std::string text = bytes;
   std::string classes[8];
   for (std::string& line : classes) line = take_line(text);
   char escape = classes[4].empty() ? '\0' : classes[4][0];
@@ -40,5 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   read_all(copy, text);
   Tokenizer separated(classes[7].c_str(), 16, 16);
   read_all(separated, text);
-  return 0;
 }
+
+}  // namespace torvane

@@ -1,15 +1,11 @@
 // Dependency trees from any text, and back: what is written must read as it was.
-#include <cstdint>
-#include <cstdlib>
-#include <iostream>
-#include <sstream>
-#include <string>
-
 #include "deps/deps.h"
+#include "fuzz_input.h"
 
+namespace torvane {
 namespace {
 
-std::string written(torvane::Deps& deps) {
+std::string written(Deps& deps) {
   std::ostringstream out;
   deps.print(out);
   return out.str();
@@ -17,10 +13,7 @@ std::string written(torvane::Deps& deps) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace torvane;
-  std::cerr.setstate(std::ios::badbit);
-  std::string bytes(reinterpret_cast<const char*>(data), size);
+void read_input(const std::string& bytes) {
   IRSlistReader reader;
   Ref<Stream> stream = Stream::from_text(bytes.data(), bytes.size());
   Deps deps;
@@ -42,5 +35,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     again.read(*again_reader.start_string(twice.c_str()));
     if (written(again) != twice) std::abort();
   }
-  return 0;
 }
+
+}  // namespace torvane

@@ -1,15 +1,12 @@
 // Packed dependency trees from any bytes: what could be read must pack and print.
-#include <cstdint>
-#include <cstdlib>
-#include <sstream>
-#include <string>
-
 #include "att/att_interpreter_list.h"
 #include "deps/deps.h"
+#include "fuzz_input.h"
 #include "shell/exec.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace torvane;
+namespace torvane {
+
+void read_input(const std::string& bytes) {
   static AttInterpreterList* type = [] {
     register_attribute_types();
     register_attribute_commands();
@@ -18,13 +15,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         "(def-att-list packed (defattribute b BinAtt) (defattribute s StrAtt))");
     return AttInterpreterList::current();
   }();
-  std::string bytes(reinterpret_cast<const char*>(data), size);
   Deps deps;
   deps._att_type = type;
   for (const char* word : {"a", "b", "c"}) deps.add_word(word, " ");
   const char* p = bytes.data();
   const char* end = p + bytes.size();
-  if (!deps.unpack(p, end)) return 0;
+  if (!deps.unpack(p, end)) return;
   if (p > end) std::abort();
   StrBufs packed;
   deps.pack(packed);
@@ -34,5 +30,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   again._att_type = type;
   const char* q = packed.object();
   if (!again.unpack(q, packed.object() + packed.object_size())) std::abort();
-  return 0;
 }
+
+}  // namespace torvane
