@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <set>
 #include <string>
+#include <vector>
 
 #include "parser/dist_table.h"
 #include "parser/parse_forest.h"
@@ -35,53 +35,39 @@ class CoverTest : public testing::Test {
   TNode trees_[64];
 };
 
-TEST_F(CoverTest, ATreeOverAllIsNotComparedWithASplit) {
-  start("000");
-  offer(1, 1, 2, 0);
-  offer(2, 1, 3, 500);
-  offer(3, 1, 3, 500);
-  EXPECT_EQ(chosen(), "2 ");
-  start("000");
-  offer(1, 1, 3, 2);
-  offer(2, 1, 3, 1);
-  EXPECT_EQ(chosen(), "2 ");
-}
-
-TEST_F(CoverTest, JoinsCostLessBesidePunctuation) {
-  // One join at 35 against two at 10.
-  start("00,00");
-  offer(1, 1, 2, 0);
-  offer(2, 4, 5, 0);
-  offer(3, 1, 3, 0);
-  offer(4, 1, 4, 0);
-  EXPECT_EQ(chosen(), "3 2 ");
-  start("0000");
-  offer(1, 1, 1, 0);
-  offer(2, 2, 4, 34);
-  offer(3, 1, 3, 34);
-  EXPECT_EQ(chosen(), "1 2 ");
-}
-
-TEST_F(CoverTest, AWordsOwnCostStandsForItsTree) {
-  start("19");
-  offer(1, 1, 1, 1000);
-  offer(2, 2, 2, -5);
-  EXPECT_EQ(chosen(), "1 2 ");
-  // A dear tree inside is worse than the words alone, but it is the only way to its span.
-  start("000");
-  offer(1, 1, 2, 400);
-  offer(2, 2, 3, 399);
-  EXPECT_EQ(chosen(), "2 ");
-}
-
-TEST_F(CoverTest, PunctuationBehindAllTreesIsDropped) {
-  start("0..");
-  offer(1, 1, 1, 0);
-  EXPECT_EQ(chosen(), "1 ");
-  start("...");
-  EXPECT_EQ(chosen(), "");
-  start("");
-  EXPECT_EQ(chosen(), "");
+TEST_F(CoverTest, ChoosesTheCheapestRow) {
+  struct Tree {
+    int low, high;
+    float cost;
+  };
+  struct {
+    const char* words;
+    std::vector<Tree> trees;  // numbered from 1
+    const char* chosen;
+  } const cases[] = {
+      // A tree over all is not compared with a split.
+      {"000", {{1, 2, 0}, {1, 3, 500}, {1, 3, 500}}, "2 "},
+      {"000", {{1, 3, 2}, {1, 3, 1}}, "2 "},
+      // One join at 35 against two at 10: joins cost less beside punctuation.
+      {"00,00", {{1, 2, 0}, {4, 5, 0}, {1, 3, 0}, {1, 4, 0}}, "3 2 "},
+      {"0000", {{1, 1, 0}, {2, 4, 34}, {1, 3, 34}}, "1 2 "},
+      // A word's own cost stands for its tree.
+      {"19", {{1, 1, 1000}, {2, 2, -5}}, "1 2 "},
+      // A dear tree inside is worse than the words alone, but it is the only way to its span.
+      {"000", {{1, 2, 400}, {2, 3, 399}}, "2 "},
+      // Punctuation behind all trees is dropped.
+      {"0..", {{1, 1, 0}}, "1 "},
+      {"...", {}, ""},
+      {"", {}, ""},
+      // Only trees over words of the sentence are taken.
+      {"00", {{1, 0, 0}, {0, 1, 0}, {2, 3, 0}, {0, -1, 0}}, ""},
+  };
+  for (const auto& [words, trees, wanted] : cases) {
+    start(words);
+    int n = 0;
+    for (auto [low, high, cost] : trees) offer(++n, low, high, cost);
+    EXPECT_EQ(chosen(), wanted) << words;
+  }
 }
 
 // In long sentences the cover is found word by word. Without overpriced trees it is the same.
