@@ -1,6 +1,5 @@
 import pathlib
 import re
-import sys
 
 
 def trees(name):
@@ -10,6 +9,5 @@ def trees(name):
 first, second, strings = map(trees, ("first.txt", "second.txt", "strings.txt"))
 assert len(first) >= 100 and min(map(len, first[:-1])) >= 40, "too few trees, or empty ones"
 for number, (tree, from_file, from_string) in enumerate(zip(first, second, strings)):
-    if not tree == from_file == from_string:
-        sys.exit(f"tree {number} is\n{tree}\nread from the file\n{from_file}\nand from a string\n{from_string}")
+    assert tree == from_file == from_string, f"{number}: {tree}\n{from_file}\n{from_string}"
 assert len(first) == len(second) == len(strings)
