@@ -72,11 +72,6 @@ class ScratchFolder {
     std::ifstream in(*this / name, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(in), {});
   }
-  /// Makes `name` so many seconds older than now.
-  void age(const char* name, int seconds) const {
-    auto now = std::filesystem::file_time_type::clock::now();
-    std::filesystem::last_write_time(*this / name, now - std::chrono::seconds(seconds));
-  }
 
  private:
   std::filesystem::path path_;

@@ -208,6 +208,7 @@ TEST_F(QHashTest, HeaderFile) {
                            "other.db 64 7", "other.db 64 4000000000 strcmp"}) {
     EXPECT_EQ(open_header(text), 0);
     EXPECT_FALSE(hash_.is_open());
+    EXPECT_EQ(bytes_of(path("other.db")), "");
   }
 }
 
