@@ -2,10 +2,8 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -63,26 +61,10 @@ bool same_file(const std::string& a, const std::string& b) {
 }  // namespace
 
 bool RandomFile::open(const std::string& path) {
-  close();
-  fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  file_ = Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status;
-  if (fd_ >= 0 && (::fstat(fd_, &status) != 0 || !S_ISREG(status.st_mode))) close();
+  if (file_ && (::fstat(file_.get(), &status) != 0 || !S_ISREG(status.st_mode))) close();
   return is_open();
-}
-
-void RandomFile::close() {
-  if (fd_ >= 0) ::close(std::exchange(fd_, -1));
-}
-
-std::size_t RandomFile::read(std::uint64_t offset, char* bytes, std::size_t n) const {
-  std::size_t got = 0;
-  while (got < n) {
-    ssize_t count = ::pread(fd_, bytes + got, n - got, static_cast<off_t>(offset + got));
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
-    got += static_cast<std::size_t>(count);
-  }
-  return got;
 }
 
 DictOnDisk::DictOnDisk(const char* header) {

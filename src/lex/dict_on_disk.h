@@ -7,26 +7,24 @@
 #include <string>
 #include <vector>
 
+#include "store/descriptor.h"
+
 namespace torvane {
 
-/// A file for reading at any place. It has no state that an error could leave behind: a read past
-/// the end gives fewer bytes.
+/// A regular file for reading at any place. It has no state that an error could leave behind: a
+/// read past the end gives fewer bytes.
 class RandomFile {
  public:
-  RandomFile() = default;
-  RandomFile(const RandomFile&) = delete;
-  RandomFile& operator=(const RandomFile&) = delete;
-  ~RandomFile() { close(); }
-
-  /// Only a regular file can be opened.
   bool open(const std::string& path);
-  void close();
-  bool is_open() const { return fd_ >= 0; }
+  void close() { file_ = Descriptor(); }
+  bool is_open() const { return static_cast<bool>(file_); }
   /// Up to `n` bytes at `offset`; how many there were.
-  std::size_t read(std::uint64_t offset, char* bytes, std::size_t n) const;
+  std::size_t read(std::uint64_t offset, char* bytes, std::size_t n) const {
+    return file_.read_at(offset, bytes, n);
+  }
 
  private:
-  int fd_ = -1;
+  Descriptor file_;
 };
 
 class DictOnDisk {
