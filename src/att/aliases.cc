@@ -46,6 +46,7 @@ void print_vector(const AttVec& vec) {
 Value print_alias(IRSlist* form) {
   AttInterpreterList* type = AttInterpreterList::current();
   const char* name = form->get_str_val();
+  // Kept: print-alias-alone
   if (!name || !type) return {};
   if (std::string_view(name) == "*") {
     type->aliases.for_each([](const auto& entry) {

@@ -92,6 +92,7 @@ class AttDefAndUnifiablePred : public Form<AttDefAndUnifiablePred, AttDefOnePred
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
+    // Kept: strict-unifiable-one-of
     return any_defined(vec) && vec.unifiable(*vec_) ? input : Value();
   }
 

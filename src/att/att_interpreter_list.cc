@@ -15,6 +15,7 @@ constexpr const char* kObjectType = "AttInterpreterList";
 float default_weight(const float* values, int n) {
   float sum = 0;
   for (int i = 0; i < n; ++i) {
+    // Kept: weight-index-stands
     if (values[n] != 0)
       sum += values[n];
     else
@@ -57,6 +58,7 @@ AttInterpreterList::AttInterpreterList(const char* list_name, int estimated_size
 void AttInterpreterList::add(std::unique_ptr<AttInterpreter> att) {
   int ignored;
   if (lookup(att->name.c_str(), &ignored)) {
+    // Kept: mutiplely-defined
     std::cerr << "Mutiplely defined attribute: " << att->name << '\n';
     return;
   }
@@ -80,6 +82,7 @@ AttInterpreter* AttInterpreterList::lookup(const char* att_name, int* index) con
   if (*att_name == '+' || *att_name == '-' || *att_name == '~') ++att_name;
   for (AttInterpreter* att : atts) {
     ++*index;
+    // Kept: attribute-names-have-case
     if (std::strcmp(att->name.c_str(), att_name) == 0) return att;
   }
   return nullptr;

@@ -100,6 +100,7 @@ class AttUnify2Pred : public Form<AttUnify2Pred, TwoVectors> {
     Value second = b_.eval(input, input_type);
     AttVec* a = first.as<AttVec>();
     AttVec* b = second.as<AttVec>();
+    // Kept: unify2-always-succeeds
     if (a && b) unify_any(*a, *b, mask());
     return a ? first : Value();
   }
@@ -113,6 +114,7 @@ class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
     Value second = b_.eval(input, input_type);
     const AttVec* a = first.as<AttVec>();
     const AttVec* b = second.as<AttVec>();
+    // Kept: unifiable2-with-nothing
     return Value::truth(!a || !b || a->unifiable(*b, mask()));
   }
 };

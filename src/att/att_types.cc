@@ -9,6 +9,7 @@ namespace torvane {
 
 namespace {
 
+// Kept: att-intepreter
 constexpr const char* kFamily = "AttIntepreter";  // as grammar files know it
 
 template <class... Class>

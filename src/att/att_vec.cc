@@ -278,6 +278,7 @@ inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, i
   return ok;
 }
 
+// Kept: failed-unify-stays
 int AttVec::unify(const AttVec& other, const LBitSet* mask, int store) {
   if (interpreters != other.interpreters || !interpreters) return nothing_in(other.defined, mask);
   if (store && !mask && defined.is_empty()) {

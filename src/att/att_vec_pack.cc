@@ -8,6 +8,7 @@ namespace torvane {
 namespace {
 
 bool wide_tags(int atts) {
+  // Kept: wide-tags-from-126
   return atts >= 126;
 }
 

@@ -47,6 +47,7 @@ class DeleteFromAvList : public Form<DeleteFromAvList, AvListForm> {
   Value apply(AttVec& vec, Value input, int) override {
     auto* list = elements(vec, att_);
     if (!list) return {};
+    // Kept: deleted-list-stays
     list->remove_at(0);
     return input;
   }

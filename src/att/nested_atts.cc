@@ -30,6 +30,7 @@ void ComplexAtt<T>::print(std::ostream& out, const AttVec* vec) const {
   if (!value) {
     out << '~' << this->name;
   } else if (this->shows(value)) {
+    // Kept: empty-nested-is-hidden
     out << '(' << this->name;
     print_vectors(out, *this->object(value), " ");
     out << ')';

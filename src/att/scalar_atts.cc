@@ -57,6 +57,7 @@ AttWord EnumAtt::get_val(const char* token) const {
   return 0;
 }
 
+// Kept: small-int-never-clashes
 int SmIntAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
   if (store && !vec->has(at)) vec->set(at, value);
   return 1;
@@ -75,6 +76,7 @@ int IntAtt::compare(AttWord a, AttWord b) const {
   auto mine = static_cast<std::uint32_t>(a);
   auto theirs = static_cast<std::uint32_t>(b);
   if (mine == theirs) return subsume::kEqual;
+  // Kept: smaller-is-more-general
   return mine < theirs ? subsume::kMoreGeneral : subsume::kMoreSpecific;
 }
 

@@ -7,6 +7,7 @@ namespace torvane {
 void CharAtt::set(AttVec* vec, AttWord value) const {
   if (slot >= vec->laid_out_char) vec->lay_out();
   if (slot >= 0 && slot < vec->laid_out_char)
+    // Kept: byte-values-are-cut
     vec->small_values[slot] = static_cast<unsigned char>(value);
 }
 

@@ -20,6 +20,7 @@ AttWord interned(const char* text) {
 
 void StrAtt::print(std::ostream& out, const AttVec* vec) const {
   if (const char* text = text_of(get(vec)))
+    // Kept: string-value-unescaped
     out << '(' << name << " \"" << text << "\")";
   else
     out << '~' << name;
@@ -88,6 +89,7 @@ const char* EntAtt::str_val(AttWord value, std::string& scratch) const {
 }
 
 // Nothing was packed: that it was defined is all that is left.
+// Kept: entity-is-not-packed
 bool EntAtt::unpack(AttVec* vec, const char*&, const char*) const {
   set(vec, 0);
   return true;

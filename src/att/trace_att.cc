@@ -56,6 +56,7 @@ AttWord TraceAtt::make_val(IRSlist* form) const {
 }
 
 // Nothing was packed: that it was defined is all that is left.
+// Kept: trace-is-not-packed
 bool TraceAtt::unpack(AttVec* vec, const char*&, const char*) const {
   set(vec, 0);
   return true;

@@ -81,6 +81,7 @@ struct GetAntecedent : ByExpression<GetAntecedent> {
 struct FindFirstNode : ByExpression<FindFirstNode> {
   static constexpr const char* kName = "find-first-node";
   DepTree* component(DepTree& node) const {
+    // Kept: find-first-from-the-root
     for (PreIterator walk(node.root()); RSTree* tree = walk.next();) {
       DepTree* found = dep_tree_of(tree);
       if (found && holds_on(*found)) return found;
@@ -100,6 +101,7 @@ struct ExpandNode : ByExpression<ExpandNode> {
     }
     for (RSlistIterator walk(&node); RSTree* tree = walk.next();) {
       DepTree* child = dep_tree_of(tree);
+      // Kept: expand-node-drops-children
       if (child && extent_of(*child).lies_in(node._low, node._high)) walk.remove();
     }
     return &node;

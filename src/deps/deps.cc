@@ -145,6 +145,7 @@ int Deps::find_word(int from, const char* direction, const char* wanted, bool fr
       std::cerr << direction << " is not a valid direction\n";
       return 0;
     }
+    // Kept: directions-point-back
     int step = *c == '>' ? -1 : 1;
     const char* found;
     do {

@@ -14,6 +14,7 @@ enum Flag : unsigned char { kOnePosition = 1, kCategory = 2, kRelation = 4, kRoo
 constexpr int kMostChildren = 65535;
 
 [[noreturn]] void fail_without_att_type() {
+  // Kept: no-vector-type-ends-the-run
   std::cerr << "The type of AttVec in dependency tree is not defined\n" << std::flush;
   std::exit(1);
 }

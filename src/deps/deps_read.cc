@@ -47,6 +47,7 @@ class TreeReader {
     for (Line& line : lines_) fill_in(line);
     DepTree* root = deps_.new_node();
     for (const Line& line : lines_)
+      // Kept: orphan-under-the-top
       if (!line.node->_parent && line.node->_cat) root->append(line.node);
     deps_.set_root(root);
   }
@@ -147,6 +148,7 @@ class TreeReader {
     if (!line || !line->in_tree) {
       problem = "' is not found, specified as: ";
     } else if (line->node == &node || node.is_ancestor_of(line->node)) {
+      // Kept: descendent
       problem = "' is already its descendent: ";
     }
     if (!problem) {

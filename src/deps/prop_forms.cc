@@ -100,6 +100,7 @@ class SetProp : public DepTreeComponent<SetProp, DepTree> {
       value = type->copy(given, *node._deps);
       if (given && !value) return;  // of another type
     }
+    // Kept: set-prop-adds
     node._props.append({id, value, entry.triple.weight(input, in_type)});
   }
 
@@ -124,6 +125,7 @@ class DelProp : public DepTreeComponent<DelProp, DepTree> {
   }
 
   DepTree* component(DepTree& node) const {
+    // Kept: del-prop-takes-one
     if (const DepProp* prop = find_prop(node, name_.id()))
       node._props.remove_at(static_cast<int>(prop - node._props.begin()));
     return &node;

@@ -36,6 +36,7 @@ void RSTree::append(RSTree* child) {
     std::cerr << "RSTree::append error.\n";
     return;
   }
+  // Kept: child-stands-twice
   insert_behind(tail(), child);
 }
 
@@ -77,6 +78,7 @@ RSTree* RSTree::insert_after(RSTree* other) {
 RSTree* RSTree::detach() {
   Cell* before = _parent ? _parent->cell_before(this) : nullptr;
   if (!before) {
+    // Kept: cannot-delete-the-root
     std::cerr << "cannot delete the root node of a RSTree\n";
     return nullptr;
   }

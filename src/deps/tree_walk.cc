@@ -184,6 +184,7 @@ RSTree* PostIterator::next() {
   return give(Stage::visited);
 }
 
+// Kept: shallow-up-skips-siblings
 void PostIterator::skip() {
   follow_edits();
   if (done() || stage_ != Stage::visited) return;

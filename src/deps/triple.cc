@@ -22,6 +22,7 @@ Triple::Triple(IRSlist* form) : first(form->nth(0)), second(form->nth(1)), third
 float Triple::weight(Value input, int type) const {
   if (third.exp_) {
     Value value = third.exp_.eval(input, type);
+    // Kept: weights-by-thousands
     return value.is(tags::integer) ? static_cast<float>(value.number() / 1000.0) : 0.0f;
   }
   if (!third.constant_) return 1.0f;

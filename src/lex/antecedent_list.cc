@@ -92,6 +92,7 @@ const Meaning* AntecedentList::find_exact(std::string_view name) const {
 template <class Test>
 const Meaning* AntecedentList::find_first(const char* name, Test test) const {
   if (!name) return nullptr;
+  // Kept: name-abbreviates-itself
   if (const Meaning* exact = find_exact(name)) return exact;
   for (const Entry& entry : entries_)
     if (test(entry.name.c_str(), name)) return entry.meaning.get();

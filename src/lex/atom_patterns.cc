@@ -32,6 +32,7 @@ void LexItemPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results)
   results.finish();
 }
 
+// Kept: dot-takes-words
 void DotPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
   if (is_word_position(run, pos)) results.add(Match::make(&run.analyzer, pos, pos));
 }
@@ -44,17 +45,20 @@ void NotInLexPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results
 }
 
 void BeginPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
+  // Kept: begin-covers-position-0
   if (anchor == Anchor::end && pos < 1) results.add(Match::make(&run.analyzer, pos, pos));
   if (anchor == Anchor::start && pos < 2) results.add(Match::make(&run.analyzer, pos, pos - 1));
 }
 
 void EndPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
+  // Kept: end-alone-never-matches
   if (pos > 0 && pos == run.analyzer.word_count())
     results.add(Match::make(&run.analyzer, pos, pos));
 }
 
 void WholeSentencePat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
   int last = run.analyzer.last_position();
+  // Kept: whole-sentence-forward
   if (last > 0 && pos == (anchor == Anchor::end ? last : 0))
     results.add(Match::make(&run.analyzer, 0, last));
 }

@@ -61,6 +61,7 @@ void keep_tags(Match* match, Value cond) {
 
 // Leaves of each position's items only the longest, and nothing that ends inside those. The others
 // stay in the lists of their starts.
+// Kept: rm-non-max-does-not-delete
 void rm_non_max(Match* match) {
   if (!match) return;
   LexAnalyzer& chart = *match->analyzer;

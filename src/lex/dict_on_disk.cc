@@ -88,6 +88,7 @@ bool DictOnDisk::open_dictionary(const char* header) {
     return false;
   }
   if (!dict_.open(path_)) {
+    // Kept: openning-dictionary
     std::cerr << "Error openning dictionary " << path_ << '\n';
     return false;
   }
@@ -240,6 +241,7 @@ bool DictOnDisk::entry_key(const char* text, std::string& out) const {
 
 const char* DictOnDisk::get_entry(const char* key) {
   if (!good()) {
+    // Kept: not-openned
     std::cerr << "Dictionary file or index file not openned.\n";
     return nullptr;
   }

@@ -33,6 +33,7 @@ bool Ending::matches(const char* word, int length) const {
   if (length <= suffix_length) return false;
   const char* end = word + length - suffix_length;
   for (int i = 0; i < suffix_length; ++i)
+    // Kept: capital-suffix-never-fits
     if (lower(end[i]) != suffix[static_cast<std::size_t>(i)]) return false;
   return true;
 }
@@ -99,6 +100,7 @@ bool EndingDouble::matches(const char* word, int length) const {
 const char* EndingDouble::strip(const char* word) const {
   std::size_t length = std::strlen(word);
   std::size_t off = suffix_length + std::size_t{1};
+  // Kept: double-without-replacement
   return length > off ? candidate(word, length - off, {}) : nullptr;
 }
 

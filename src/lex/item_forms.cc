@@ -146,6 +146,7 @@ struct CapPred : LexPred<CapPred, LexItem*> {
     for (int i = item.low; i <= item.high; ++i) {
       const char* word = item.analyzer->word(i);
       if (!word) return nullptr;
+      // Kept: cap-means-no-small-letter
       if (is_lower(word[0]) && (n < kLongName || std::strlen(word) > kShortWord)) return nullptr;
     }
     return &item;

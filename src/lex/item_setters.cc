@@ -30,6 +30,7 @@ LexItem* set_high(Match* match, LexItem* item, Word high) {
 LexItem* set_low(Match* match, LexItem* item, Word low) {
   if (!item) std::cerr << "Cannot set-low a nil lexitem.\n";
   if (!chart_of(match, item) || low < 1 || low > item->high + 1) return nullptr;
+  // Kept: set-low-keeps-place
   item->low = to_int16(low);
   return item;
 }

@@ -123,6 +123,7 @@ int LexAnalyzer::last_real_word() const {
 
 void LexAnalyzer::split_last_word() {
   int p = last_real_word();
+  // Kept: last-word-is-split
   if (p == 0 || lexicon->get_entry(word(p))) return;
   const char* text = word(p);
   std::size_t end = std::strlen(text);

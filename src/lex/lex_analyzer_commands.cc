@@ -14,6 +14,7 @@ constexpr long kUsualSentence = 64;
 
 Value make_lex_analyzer(IRSlist* form) {
   long length = kUsualSentence;
+  // Kept: analyser-by-keywords
   if (const char* text = form->take_keyword_str(":suggested-sentence-length"))
     scan_long(text, length);
   const char* lexicon_name = form->take_keyword_str(":lexicon");
@@ -23,6 +24,7 @@ Value make_lex_analyzer(IRSlist* form) {
   const char* name = form->get_str_val();
   auto* lexicon = find_object_as<Lexicon>(lexicon_name, "Lexicon", false);
   if (!lexicon) {
+    // Kept: lexicon-file-not-found
     std::cerr << "The lexicon file " << or_empty(lexicon_name) << " is not found.\n";
     return Value();
   }

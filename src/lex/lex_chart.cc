@@ -139,6 +139,7 @@ void LexAnalyzer::delete_item(LexItem* item) {
 void LexAnalyzer::delete_smaller(int low, int high) {
   low = std::max(low, 0);
   high = std::min(high, last_position());
+  // Kept: delete-smaller-of-one-word
   if (low == high) return;
   for (int i = high; i >= low; --i) {
     const Slist<LexItem*> items = ending_at(i);

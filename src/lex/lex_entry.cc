@@ -34,6 +34,7 @@ class PhraseMeaning : public Meaning {
 /// cut off.
 int extra_tokens(std::string_view atom) {
   int n = 0;
+  // Kept: heading-counts-marks
   for (char c : atom) n += c == '\'' ? 1 : c == '-' ? 2 : 0;
   return n;
 }

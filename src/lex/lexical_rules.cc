@@ -59,6 +59,7 @@ void Rule::fire(MatchList& matches) {
       match->print(std::cerr);
       std::cerr << '\n';
     }
+    // Kept: one-match-an-end
     if (match->high != last_high) {
       last_low = match->low;
       last_high = match->high;
@@ -137,6 +138,7 @@ Value debug_rules(IRSlist* form) {
   if (const char* text = form->get_str_val())
     names = regcomp(text[0] == '^' ? text : ("^" + std::string(text)).c_str());
   for (const auto& rule : list->rules)
+    // Kept: debug-rules-toggles
     if (!names || regexec(names.get(), rule->name.c_str())) rule->debug = !rule->debug;
   return Value();
 }

@@ -64,6 +64,7 @@ LexEntry* Lexicon::get_entry(const char* word) {
   if (!word) return nullptr;
   LexEntry* entry = find(word);
   if (!entry) {
+    // Kept: not-found-is-remembered
     if (not_found.contains(std::string_view(word))) return nullptr;
     entry = load_from_disk(word);
     if (!entry) {
@@ -185,6 +186,7 @@ void Lexicon::each_reading(const char* word, Visit visit) {
     if (LexEntry* entry = get_entry(word)) visit(EntryReading{entry, nullptr});
     return;
   }
+  // Kept: bare-word-needs-an-ending
   for (EndingWalk walk(*ending_table, word); walk.current(); walk.next()) {
     const char* root = walk.current()->strip(word);
     LexEntry* entry = root ? get_entry(root) : nullptr;
@@ -235,6 +237,7 @@ void Lexicon::print_entry(std::ostream& out, const LexEntry* entry) {
   append_quoted(heading, entry->key, QuoteComma::yes);
   out << '(' << heading << '\n';
   for (const Meaning* meaning : entry->meanings) {
+    // Kept: sense-prints-by-kind
     out << " (" << meaning->type() << ' ';
     meaning->print(out);
     out << ")\n";

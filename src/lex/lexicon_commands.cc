@@ -25,6 +25,7 @@ Value make_lexicon(IRSlist* form) {
     lexicon->ending_table->read(endings.get());
   } else if (endings) {
     // A table of its own name is looked up, but only a list gives a lexicon endings.
+    // Kept: named-endings-ignored
     find_object(endings->atom, "EndingTable", true);
   }
   Value value = Value::of(lexicon.get());
@@ -36,6 +37,7 @@ Value make_lexicon(IRSlist* form) {
 Value lex(IRSlist* form) {
   Lexicon* lexicon = take_lexicon(form);
   if (!lexicon) return Value();
+  // Kept: lex-adds-load-lex-reports
   while (std::unique_ptr<IRSlist> item = form->pop_front()) lexicon->read_entry(item.get(), 0);
   return Value();
 }

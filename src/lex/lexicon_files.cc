@@ -114,6 +114,7 @@ Value rm_duplicates(IRSlist* form) {
   ItemReader reader(in);
   std::string previous;
   while (reader.next()) {
+    // Kept: rm-duplicates-folds-case
     if (stricmp(previous.c_str(), reader.item()) == 0) continue;
     previous = reader.item();
     *out->out() << previous << '\n';
@@ -246,6 +247,7 @@ Value select(IRSlist* form) {
   ItemReader reader(in);
   while (reader.next()) {
     std::string line = reader.item();
+    // Kept: select-sees-bars
     std::replace(line.begin(), line.end(), '\n', '|');
     if (exp->eval(Value::buffer_text(line.c_str()), text_type))
       *out->out() << reader.item() << '\n';
@@ -296,6 +298,7 @@ Value filter_entries(IRSlist* form) {
       read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
         entry.meanings.append(meaning.release());
       });
+      // Kept: filter-entries-writes-nothing
       filter_entry(entry, tests);
     }
     bump_sentence_epoch();  // a variable may hold a meaning of the entry

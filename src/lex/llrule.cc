@@ -105,6 +105,7 @@ Match* apply_llrule(Match* match) {
   if (!meaning || !meaning->rule || !meaning->rule->has_context()) return nullptr;
   // The action may take the item, and with it the meaning, away.
   Ref<LLRule> rule = meaning->rule;
+  // Kept: apply-llrule-gives-match
   rule->apply(Ref<Match>(match));
   return match;
 }

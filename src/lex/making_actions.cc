@@ -101,6 +101,7 @@ LexItem* insert_empty_category(Match* match, Word pos, Meaning* meaning) {
   for (LexItem* item : chart.ending_at(end)) {
     AVMeaning* old = as_avm(item->meaning.get());
     if (!item->is_empty() || !old || !given || !old->unifiable(given)) continue;
+    // Kept: empty-category-generalizes
     old->vec->generalize(*given->vec);
     return nullptr;
   }

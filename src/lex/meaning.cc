@@ -39,6 +39,7 @@ int AVMeaning::unifiable(const Meaning* other) const {
   if (!other || byte_compare(type(), other->type()) != 0) return 0;
   // Two kinds of one name but of different classes count as unifiable, as the code is not zero.
   const AVMeaning* avm = as_avm(other);
+  // Kept: foreign-avm-unifies
   return avm ? vec->unifiable(*avm->vec) : subsume::kNotComparable;
 }
 
@@ -80,6 +81,7 @@ std::unique_ptr<Meaning> make_meaning(IRSlist* form) {
   }
   const auto* entry = family->find(form->peek_str_val());
   const Meaning* prototype = entry ? entry->value.as<Meaning>() : nullptr;
+  // Kept: unknown-sense-is-lost
   if (!prototype) return nullptr;
   form->pop_front();
   return prototype->make(form);

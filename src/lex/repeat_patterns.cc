@@ -10,6 +10,7 @@ void OnePat::init(IRSlist* args) {
     if (take_option(args)) continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
     if (item->is_atom() && same_word(item->atom, ":min")) {
+      // Kept: min-and-max-do-nothing
       min = args->get_long_val();
     } else if (item->is_atom() && same_word(item->atom, ":max")) {
       max = args->get_long_val();
@@ -55,6 +56,7 @@ Ref<Match> PlusPat::chain(MatchRun& run, Anchor anchor, int pos) const {
       run.remember(place(pos), beyond);
       break;
     }
+    // Kept: repetition-never-backs-up
     const Match& step = *found.front();
     int next = at_end ? step.low - 1 : step.high + 1;
     bool moves = at_end ? next < pos : next > pos;

@@ -47,6 +47,7 @@ LexItem* exist_lexitem(Match* match, Word low, Word high, Value cond) {
 Value exist_word_in_sentence(Match* match, Word low, Word high, Value cond) {
   if (!match) return Value();
   const LexAnalyzer& chart = *match->analyzer;
+  // Kept: exist-word-stops-short
   WordSpan span(chart, low, std::clamp<Word>(high, 1, chart.last_position() + 1) - 1);
   for (int i = span.low; i <= span.high; ++i)
     if (word_passes(chart, i, cond)) return Value::sentence_text(chart.word(i));

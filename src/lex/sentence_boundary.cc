@@ -153,6 +153,7 @@ void SBnd::go_to(int s) {
 int SBnd::finish_state(State& state) {
   if (!state.matched) state.matched = _token;
   if (_state >= state_count() - _tail) ++_matched_tail;
+  // Kept: no-boundary-is-true
   return _state == state_count() - 1 ? _tail : kNoBoundary;
 }
 

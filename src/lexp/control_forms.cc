@@ -12,6 +12,7 @@ const TypeTag value_list{"Slist*", nullptr, Life::counted,
 }  // namespace tags
 
 Value Prog1Exp::eval(Value input, int type) {
+  // Kept: empty-prog1
   if (exps.empty()) return Value();
   Value result = exps[0]->eval(input, type);
   for (int i = 1; i < exps.count(); ++i) exps[i]->eval(input, type);
@@ -33,6 +34,7 @@ Value IfAction::eval(Value input, int type) {
 }
 
 Value WhileAction::eval(Value input, int type) {
+  // Kept: empty-while
   while (exps.empty()) pause();  // no condition to fail: it never ends
   while (true) {
     bool first = true;
@@ -49,6 +51,7 @@ Value WhenAction::eval(Value input, int type) {
   Value condition = exps[0]->eval(input, type);
   if (!condition) return Value();
   for (int i = 1; i < exps.count(); ++i) exps[i]->eval(input, type);
+  // Kept: when-gives-condition
   return condition;
 }
 
@@ -73,6 +76,7 @@ void CondAction::init(IRSlist* args) {
     Array<ExpPtr> clause;
     for (IRSlist* part : item->items) {
       if (auto exp = get_exp(part)) {
+        // Kept: cond-out-type
         out_type = exp->out_type;
         clause.append(std::move(exp));
       }
@@ -95,10 +99,12 @@ Value CondAction::eval(Value input, int type) {
 Value CollectExp::eval(Value input, int type) {
   Array<HeldValue> values(exps.count());
   for (const ExpPtr& exp : exps) values.append(HeldValue(exp->eval(input, type)));
+  // Kept: list-is-reused
   result->values.swap(values);
   return Value::of(result.get());
 }
 
+// Kept: not-gives-input
 Value NegExp::eval(Value input, int type) {
   if (exps.empty()) return Value::truth(!input);
   for (const ExpPtr& exp : exps) {
@@ -108,6 +114,7 @@ Value NegExp::eval(Value input, int type) {
 }
 
 Value OrExp::eval(Value input, int type) {
+  // Kept: empty-or-gives-input
   if (exps.empty()) return input;
   for (const ExpPtr& exp : exps) {
     if (Value value = exp->eval(input, type)) return value;
@@ -147,6 +154,7 @@ Value TwoOfTwo::eval(Value input, int type) {
 Value EqExp::eval(Value input, int type) {
   if (!accepts(type) || !a || !b) return Value();
   Value left = a->eval(input, type);
+  // Kept: eq-compares-words
   return Value::truth(left == b->eval(input, type));
 }
 

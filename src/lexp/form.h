@@ -135,6 +135,7 @@ Value call(const Value* v, std::index_sequence<I...>) {
 template <auto fn, class R, class In, class... A>
 void register_fn(R (*)(In, A...), const char* name, const char* doc) {
   static_assert(sizeof...(A) <= MArgExp::kMostArgs);
+  // Kept: zero-arguments-take-one
   auto exp = std::make_unique<MArgExp>(
       name,
       [](const Value* v) { return call<fn, R, In, A...>(v, std::index_sequence_for<A...>{}); },

@@ -22,6 +22,7 @@ void FuncExp::init(IRSlist* items) {
 
 // From the last parameter to the first: an argument evaluated later sees those already bound.
 void FuncExp::bind_arguments(Value input, int input_type) {
+  // Kept: arguments-from-the-right
   for (int i = func->params.count() - 1; i >= 0; --i) {
     Var& param = *func->params[i];
     param.push();

@@ -44,6 +44,7 @@ std::unique_ptr<LExp> compile_head(IRSlist* form) {
   if (!head) return nullptr;
   LExp* prototype = find_lexp_proto(head);
   if (!prototype) {
+    // Kept: unknown-form-vanishes
     std::cerr << "LExp::get_exp:  unknown type: '" << head << "'\n";
     return nullptr;
   }

@@ -59,6 +59,7 @@ Value PrintStr::eval(Value input, int type) {
   if (!accepts(type)) return Value();
   const char* text = input.text();
   if (!text) text = sub_ ? "" : "(null)";
+  // Kept: print-str-gives-0
   write(target(input, type), text);
   return Value();
 }
@@ -81,6 +82,7 @@ Value FlushOutput::eval(Value input, int type) {
 }
 
 void WriteToFile::init(IRSlist* args) {
+  // Kept: write-mode-ignored
   args->take_keyword_node(":mode");
   file_name_ = get_exp(args->nth(0));
 }

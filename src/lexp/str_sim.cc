@@ -58,6 +58,7 @@ int trigram_similarity(const char* a, const char* b) {
     if (order >= 0) ++y, ++total;
   }
   total += static_cast<float>((left.end() - x) + (right.end() - y));
+  // Kept: str-sim-of-empty
   return total > 0 ? static_cast<int>(shared * 1000 / total) : 0;
 }
 

@@ -23,6 +23,7 @@ class OpenFile : public Form<OpenFile, LAdaptor> {
 
 /// Takes a "char*" by its declaration, as `open-file` does: a stream must come through an untyped
 /// channel.
+// Kept: close-file-takes-text
 class CloseFile : public Form<CloseFile, OpenFile> {
  public:
   static constexpr const char* kName = "close-file";

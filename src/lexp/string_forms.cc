@@ -50,6 +50,7 @@ Value RemovePunc::step(const char* text, Value) {
   ScratchText kept;
   bool in_word = false;
   for (; *text; ++text) {
+    // Kept: remove-punc-cuts
     if (*text == '\'' && in_word) break;
     if (is_punct(*text) && *text != '-') continue;
     kept.add(*text);
@@ -75,6 +76,7 @@ Value RemoveChar::step(const char* text, Value) {
 }
 
 Value TwoTexts::eval(Value input, int type) {
+  // Kept: comparisons-need-input
   if (!input || !a || !b) return Value();
   const char* left = a->eval(input, type).text();
   if (!left) return Value();

@@ -28,6 +28,7 @@ int type_id(const char* name) {
   if (!name) return kAnyType;
   TypeTable& table = types();
   if (auto* entry = table.ids.find(name)) return entry->value;
+  // Kept: misspelt-type
   int id = table.names.count();
   table.names.append(table.ids.insert(name, id)->key);
   return id;

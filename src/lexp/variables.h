@@ -18,12 +18,14 @@ class Var : public Counted<Var> {
   Var(const char* var_name, int declared_type) : name(or_empty(var_name)), type(declared_type) {}
 
   /// Starts a new binding, which keeps value and declared type of the old one until it is assigned.
+  // Kept: let-starts-with-old-value
   void push() { saved.append({value, type}); }
   /// Ends the binding.
   void pop();
   /// Sets the value. A type other than a declared one is refused with a message, an unknown one
   /// too.
   void assign(Value new_value, int new_type) {
+    // Kept: typed-variable-refuses-unknown
     if (type >= 0 && type != new_type) {
       report_type(new_type);
       return;

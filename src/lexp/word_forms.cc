@@ -34,6 +34,7 @@ Value InWordList::eval(Value input, int type) {
 
 // Endings have no case.
 void SuffixMatch::init(IRSlist* args) {
+  // Kept: suffix-without-case
   args->take_flag(":case-sensitive");
   InWordList::init(args);
 }

@@ -19,6 +19,7 @@ int moves(const PItem& item) {
 }
 
 /// Only which of the `same` attributes are present is compared, not their values.
+// Kept: conjuncts-by-presence
 bool match(const GCate& node, const PItem& a, const PItem& b) {
   if (!((a._atts->defined & node._conj_same) == (b._atts->defined & node._conj_same))) return false;
   if (!a._atts->unifiable(*b._atts, &node._conj_consistent)) return false;

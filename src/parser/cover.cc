@@ -59,6 +59,7 @@ void Cover::choose_by_table(int end) {
     if (offer.high < end) cells_[cell_index(offer.low, offer.high)] = {offer.node, offer.cost, 0};
   // A tree over one word costs what the word costs alone.
   for (int i = 0; i < end; ++i)
+    // Kept: one-word-tree-costs-word
     cells_[cell_index(i, i)].cost = words_[static_cast<std::size_t>(i)].cost;
   for (int length = 1; length <= end - 2; ++length)
     for (int low = 1; low + length < end; ++low) fill_cell(low, low + length);
@@ -80,6 +81,7 @@ void Cover::choose_by_table(int end) {
 // A tree is not compared with a split: a cell that has one keeps it.
 void Cover::fill_cell(int low, int high) {
   Cell& cell = cells_[cell_index(low, high)];
+  // Kept: tree-beats-split
   if (cell.node) return;
   for (int k = low; k < high; ++k) {
     float cost =

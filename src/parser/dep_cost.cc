@@ -110,8 +110,10 @@ float dep_cost(TorvaneParser& parser, const HeadSide& head, const ModifierSide& 
   word2 = modifier.word;
   key.assign(category).append(":").append(rel).append(":").append(modifier.category);
   triple.assign(word1).append("\t").append(key).append("\t").append(word2);
+  // Kept: bad-triple-costs-40
   if (parser._bad_triples && parser._bad_triples->find(triple.c_str())) return kWorst;
   if (!parser._cost_cache) parser._cost_cache = std::make_unique<NameTable<float>>(kCacheBuckets);
+  // Kept: costs-outlive-sentences
   const auto* cached = parser._cost_cache->find(triple.c_str());
   if (cached) return cached->value + by_distance;
   float value = association_cost(parser._reldb, word1.c_str(), key.c_str(), word2.c_str());

@@ -47,6 +47,7 @@ void DistTable::add(const char* relation, const char* distance, const char* coun
     auto entry = std::make_shared<Entry>();
     last_ = entry.get();
     last_relation_ = relation;
+    // Kept: dist-relation-begins-anew
     relations_.replace(relation, std::move(entry));
   }
   last_->counts[d] = seen;
@@ -68,6 +69,7 @@ double DistTable::probability(const char* relation, int distance) const {
   double a = entry.total * kTrustPerCount;
   if (a > 1.0) return count / entry.total;
   double size = static_cast<double>(last + 1);
+  // Kept: dist-prior-of-counts
   return (1 - a) * entry.total / size + a * count / entry.total;
 }
 

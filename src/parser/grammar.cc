@@ -47,6 +47,7 @@ GCate::GCate(TorvaneParser* parser, const char* name)
   _out_links.reserve(10);
   _guest_link = parser->make_link(this, this);
   _guest_link->set_type("guest");
+  // Kept: guest-weight-not-added
   _guest_link->_weight = 30.0f;
 }
 
@@ -54,6 +55,7 @@ void GCate::add_link(Link* link, int position) {
   if (position < 0 || position > _n_positions) return;
   link->_position = static_cast<std::int16_t>(position);
   _positions[position].push_back(link);
+  // Kept: head-link-percolates-all
   if (position == _head && link->_child) link->_percolate = link->_child->_visible;
 }
 

@@ -14,6 +14,7 @@ TorvaneParser* open_grammar() {
   TorvaneParser* parser = current_parser();
   return parser && !refuse_while_parsing("the grammar") ? parser : nullptr;
 }
+// Kept: homeless-grammar-command
 GCate* current_category() {
   TorvaneParser* parser = open_grammar();
   return parser ? parser->current_category : nullptr;
@@ -71,7 +72,9 @@ Value def_category(IRSlist* form) {
 Value def_modifiers(IRSlist* form) {
   TorvaneParser* parser = open_grammar();
   GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
+  // Kept: unknown-category-is-passed
   if (!node) return Value();
+  // Kept: def-modifiers-stays-open
   parser->current_category = node;
   node->build_positions(form);
   return Value();
@@ -108,6 +111,7 @@ Value def_subclass(IRSlist* form) {
     parent->add_link(link, parent->_n_positions);
     node->add_out_link(link);
     parser->current_category = node;
+    // Kept: def-subclass-stays-open
     parser->current_link = link;
     run_commands(*element);
   }
@@ -220,11 +224,13 @@ Value roots(IRSlist* form) {
 constexpr Command kCommands[] = {
     {"def-category", def_category,
      "(def-category CATEGORY COMMAND1 .... COMMANDn) define a category."},
+    // Kept: def-modifiers-stands-alone
     {"def-modifiers", def_modifiers,
      "(def-modifiers POSITION1 .... POSITIONn) define the modifiers of a category which this "
      "def-modifiers command is inside the def-category command of."},
     {"def-subcat", def_subcat,
      "(def-subcat cat parent MODIFIER1 .... MODIFIERn) define a subcategory."},
+    // Kept: def-subclass-doc
     {"def-subclass", def_subclass,
      "(def-subcat parent CATEGORY1 ... CATEGORYn) define subclasses of parent. CAGEGORYi is in the "
      "same format as the arguments of def-category command."},

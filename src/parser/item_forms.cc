@@ -65,6 +65,7 @@ struct PItemHigh : Adaptor<PItemHigh, PItem, int> {
 
 struct PItemLength : Adaptor<PItemLength, PItem, int> {
   static constexpr const char* kName = "pitem-length";
+  // Kept: pitem-length-one-less
   int step(PItem& item) const { return item._high - item._low; }
 };
 

@@ -85,6 +85,7 @@ template <class D>
 struct MarkForm : PositionForm<D> {
   static constexpr bool kNeedsName = true;
   static Value apply(LBitSet& marks, int position) {
+    // Kept: case-mark-one-on
     marks.set(position + 1);
     return Value();
   }

@@ -6,6 +6,7 @@
 namespace torvane {
 namespace {
 
+// Kept: heads-within-20
 constexpr int kMostHeadDistance = 20;
 
 /// One merge in progress.
@@ -43,6 +44,7 @@ class Merge {
       const AttVec* skipped = args ? args->at(i) : nullptr;
       if (!skipped || !is_true(*skipped, syn_.opt)) return false;
     }
+    // Kept: argument-unify-unasked
     if (const AttVec* arg = argument()) mod_vec().unify(*arg, nullptr, 1);
     return true;
   }
@@ -92,6 +94,7 @@ class Merge {
       return true;
     }
     if (slash == syn_.wh) {
+      // Kept: wh-unify-unasked
       list.own(same)->unify(*element, nullptr, 1);
       return true;
     }

@@ -150,6 +150,7 @@ Value set_deps_modifier(IRSlist* form) {
 }
 
 constexpr Command kCommands[] = {
+    // Kept: parser-by-keywords
     {"def-torvane-parser", def_torvane_parser,
      "(def-torvane-parser name size-of-hash att-type lex-attributes output-attributes "
      "default-percolating-attributes max-weight-difference ...)"},
@@ -157,6 +158,7 @@ constexpr Command kCommands[] = {
     {"show-attributes", show_attributes,
      "(show-attributes [ ( ATTRIBUTE ATTRIBUTE ... ) ]) show these attributes when printing parse "
      "trees. If the attribute list is empty, all attributes are shown."},
+    // Kept: det-reldb
     {"set-reldb", set_reldb, "(det-reldb PARSER DEPDB) use the DEPDB in the parser."},
     {"set-deps-modifier", set_deps_modifier,
      "(set-deps-modifier PARSER MODIFIER) use MODIFIER to change the dependency trees returned by "

@@ -72,6 +72,7 @@ void GCate::send(PItem* item, Link* link) {
 }
 
 void GCate::accept(PItem* item, Link* link) {
+  // Kept: light-subclass-is-free
   if (link->_weight > 1.0f) {
     item = copy_item(item, nullptr);
     if (!item) return;
@@ -138,6 +139,7 @@ int GCate::next_left(int position, int q, PItem* item, PItem*& adjunct) {
   for (PItem* found : node->bucket(node->_n_positions, end)) {
     if (found->_low > q || is_false(*found->_atts, syntax_atts().guest)) continue;
     int length = found->_high - found->_low;
+    // Kept: long-adjunct-ends-search
     if (length >= item->_high - item->_low || length > 4) return -1;
     int before = found->_low - 1;
     if (comma && !is_comma(parser.word(before))) continue;
@@ -164,6 +166,7 @@ void GCate::attach_right(PItem* modifier, Link* link) {
     }
     if (required(p)) break;
   }
+  // Kept: headless-start-one-short
   if (attached || _head >= 0 || any_required(0, last - 1)) return;
   // A node without a head starts a new item from a modifier of its first positions.
   if (PItem* first = copy_item(modifier, nullptr)) add_item(first, last);

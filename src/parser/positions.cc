@@ -17,6 +17,7 @@ bool outlives_positions(const Link& link) {
 }
 
 void set_bit(std::uint32_t& mask, int position) {
+  // Kept: positions-wrap-at-32
   mask |= 1u << (position & 31);
 }
 void clear_bit(std::uint32_t& mask, int position) {
@@ -69,6 +70,7 @@ void GCate::build_positions(IRSlist* positions) {
 void GCate::read_position(IRSlist* form, int position) {
   auto skip_word = form->take_keyword_node(":skip-word");
   _skip_conds.push_back(skip_word ? LExp::get_exp(skip_word.get()) : nullptr);
+  // Kept: unknown-mark-is-dropped
   while (!form->empty() && form->nth(0)->is_atom()) {
     const char* marker = form->get_str_val();
     if (std::strcmp(marker, "*") == 0) {

@@ -25,6 +25,7 @@ class Parsing {
 };
 
 TokenizerBase& sentence_tokenizer() {
+  // Kept: return-is-no-blank
   static Tokenizer tokenizer(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0, 0, 4096, 512);
   return tokenizer;
 }
@@ -146,6 +147,7 @@ void TorvaneParser::parse_items() {
   if (refuse_while_parsing("parse", _lex)) return;
   Parsing parsing;
   forget_result();
+  // Kept: too-many-readings
   if (!_lex || !collect_items()) return;
   std::sort(initial_.begin(), initial_.end(), [](const Initial& a, const Initial& b) {
     if (a.item->_low != b.item->_low) return a.item->_low < b.item->_low;

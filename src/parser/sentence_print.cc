@@ -13,6 +13,7 @@ namespace {
 DepthLimit print_depth{"The dependency tree is too deep to be printed"};
 
 void print_line(const SentenceNode& node) {
+  // Kept: e-labels-hide
   if (!node.parent || node.label[0] == 'E') return;
   std::ostream& out = std::cout;
   out << node.label << "\t(";
@@ -38,9 +39,11 @@ void print_in_order(const SentenceNode& node) {
 }
 
 void print_word(std::ostream& out, const char* word) {
+  // Kept: p-quotes-less
   if (std::strpbrk(word, " \t\n()")) {
     out << " \"" << word << '"';
   } else if (std::strcmp(word, "\"") == 0) {
+    // Kept: lone-quote-to-stdout
     std::cout << " \"\\\"\"";
   } else {
     out << ' ' << word;

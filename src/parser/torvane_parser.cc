@@ -22,6 +22,7 @@ TorvaneParser::TorvaneParser(const char* name, int hashtable_size)
     : _nodes(hashtable_size), _name(or_empty(name)) {
   _pool.reserve(kPoolReserve);
   set_empty_category("EC", "ECR");
+  // Kept: last-parser-is-current
   g_current = this;
 }
 
@@ -51,6 +52,7 @@ void TorvaneParser::set_empty_category(const char* name, const char* relation) {
 PItem* TorvaneParser::new_item() {
   bool reused = _pool_free > 0;
   if (!reused) {
+    // Kept: items-run-out-silently
     if (_pool.size() >= kPoolLimit) return nullptr;
     _pool.push_back(std::make_unique<PItem>());
   }

@@ -43,6 +43,7 @@ struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-head-word";
   Value step(PItem& item) const {
     LexAnalyzer* lex = Words(item).lex();
+    // Kept: head-word-is-all-words
     return lex ? text(lex->surface(item._low, item._high)) : Value();
   }
 };
@@ -109,6 +110,7 @@ struct WordForm : Form<D> {
 struct PItemFollowedByOrEndWithWord : WordForm<PItemFollowedByOrEndWithWord> {
   static constexpr const char* kName = "pitem-followed-by-or-end-with-word";
   bool apply(const PItem& item, const Words& words) const {
+    // Kept: followed-by-end
     for (int i = item._high; i <= words.last(); ++i) {
       if (!words.word(i) || (!no_skip_ && words.skipped(i))) continue;
       if (holds(condition_, words.word(i))) return true;
@@ -122,6 +124,7 @@ struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
   static constexpr const char* kName = "include-following-word";
   bool apply(PItem& item, const Words& words) const {
     int i = words.behind(item._high, false);
+    // Kept: include-following-is-true
     if (i > 0 && holds(condition_, words.word(i))) item._high = static_cast<std::int16_t>(i);
     return true;
   }
@@ -131,6 +134,7 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   static constexpr const char* kName = "include-preceding-word";
   bool apply(PItem& item, const Words& words) const {
     int i = words.before(item._low);
+    // Kept: include-preceding-unasked
     if (i > 0) item._low = static_cast<std::int16_t>(i);
     return true;
   }

@@ -168,6 +168,7 @@ Value Exec::run_command(IRSlist& form) {
     if (computed.is(tags::name)) name = computed.text();
   }
   if (Handler handler = find(name)) return handler(&form);
+  // Kept: errors-stop-nothing
   std::cerr << "unknown function " << or_empty(name) << '\n';
   form.print(std::cerr);
   std::cerr << '\n';

@@ -159,6 +159,7 @@ void IRSlist::set_atom(const TokenizerBase& tokenizer, char* token) {
   quoted = tokenizer.opens_quote(static_cast<unsigned char>(*token));
   if (!quoted) return;
   ++atom;
+  // Kept: open-string-loses-a-byte
   if (tokenizer.token_length() > 1) token[tokenizer.token_length() - 1] = '\0';
 }
 
@@ -175,6 +176,7 @@ char* form_token(TokenizerBase& tokenizer) {
 int IRSlist::read(TokenizerBase& tokenizer, char open, char close) {
   clear();
   char* token = form_token(tokenizer);
+  // Kept: stray-parenthesis
   if (!token || *token == close) return 0;
   if (*token == open)
     read_list(tokenizer, open, close);
@@ -186,6 +188,7 @@ int IRSlist::read(TokenizerBase& tokenizer, char open, char close) {
 void IRSlist::read_list(TokenizerBase& tokenizer, char open, char close) {
   Slist<IRSlist*> enclosing;
   IRSlist* list = this;
+  // Kept: open-list-is-closed
   while (char* token = form_token(tokenizer)) {
     if (*token == close) {
       if (enclosing.empty()) return;
@@ -224,6 +227,7 @@ char* IRSlist::nth_str_val(int n) const {
   return item ? item->atom : nullptr;
 }
 
+// Kept: number-prefix
 long IRSlist::get_long_val() {
   long value = 0;
   if (const char* text = get_str_val())
@@ -400,6 +404,7 @@ char* next_item(std::istream& stream, StrBufs& strings) {
       strings.abandon();
       return nullptr;
     }
+    // Kept: items-know-no-strings
     if (c == '(') ++depth;
     if (depth == 0) continue;
     strings.add_char(Traits::to_char_type(c));

@@ -107,6 +107,7 @@ class IRSlistReader {
   IRSlist* start_string(const char* text);
   IRSlist* start_stream(Stream* stream);
   /// The form read last; null once the input has ended.
+  // Kept: last-atom-unseen
   IRSlist* current() { return tokenizer_->more_input ? &current_ : nullptr; }
   Tokenizer& tokenizer() { return *tokenizer_; }
 

@@ -130,6 +130,7 @@ std::optional<std::string> expand_macro(IRSlist& form) {
   if (!entry) return std::nullopt;
   const Macro& macro = *entry->value;
   form.pop_front();
+  // Kept: arguments-for-for
   if (form.length() != static_cast<int>(macro.params.size()))
     std::cerr << "Expecting " << macro.params.size() << " arguments for for '" << macro.name
               << "'. Found: " << form.length() << '\n';

@@ -31,6 +31,7 @@ bool register_object(const char* name, Value object, const char* type) {
 
 Value find_object(const char* name, const char* expected_type, bool report) {
   if (const auto* entry = named_objects().find(name); entry && expected_type && entry->text) {
+    // Kept: type-by-substring
     if (std::strstr(entry->text, expected_type)) return entry->value;
     std::cerr << "The named object '" << name << "' is of the type '" << entry->text
               << "', not the expected type '" << expected_type << "'\n";

@@ -21,6 +21,7 @@ void release_stream(Word word) {
 }
 
 bool names_standard_stream(const char* name) {
+  // Kept: dash-is-standard-stream
   return !name || *name == '-';
 }
 

@@ -36,6 +36,7 @@ TokenizerBase::TokenizerBase(const char* white_chars, const char* start_chars,
   start.add(start_chars);
   if (comment) {
     // A comment is a quote that runs to the end of the line.
+    // Kept: comment-swallows-newline
     auto c = static_cast<unsigned char>(comment);
     quote_end[c] = std::make_unique<CharSet>();
     quote_end[c]->add('\n');
@@ -235,6 +236,7 @@ bool TokenizerBase::take_escaped() {
     take();
     value = value * 10 + static_cast<unsigned>(x - '0');
   }
+  // Kept: digit-escape-at-end
   if (x == kEnd || x == 0) return false;
   token_buf.add_char(static_cast<char>(value & 0xff));
   return true;

@@ -30,6 +30,7 @@ std::unique_ptr<Kind> make_from_classes(const IRSlist& form, const IRSlist* long
     complete = complete && classes[i];
   }
   if (!complete) {
+    // Kept: socket-tokenizer-message
     std::cerr << "(def-tokenizer ...) incorrect number of arguments\n";
     return nullptr;
   }
@@ -43,6 +44,7 @@ std::unique_ptr<Kind> make_from_classes(const IRSlist& form, const IRSlist* long
 
 template <class Kind>
 Value define_tokenizer(IRSlist* form, const char* type, int token_chunk) {
+  // Kept: tokenizer-name-by-keyword
   const char* name = form->take_keyword_str(":name");
   std::unique_ptr<IRSlist> long_quotes = form->take_keyword_node(":long-quotes");
   const char* separator = form->take_keyword_str(":separator");

@@ -20,6 +20,7 @@ constexpr int kEntryChunk = 20000;
 constexpr int kReconstructChunk = 10000;
 
 int compare_key(const PLHashEntry* entry, const char* key) {
+  // Kept: memory-folds-case
   return stricmp(entry->key, key);
 }
 
@@ -65,6 +66,7 @@ PLHash::PLHash(DeleteEntry destroy, long bucket_count)
       missing(
           static_cast<int>(size), [](const char* key) { return string_hash(key); }, stricmp) {}
 
+// Kept: unsynced-is-lost
 PLHash::~PLHash() = default;
 
 bool PLHash::has_file() const {
@@ -140,6 +142,7 @@ PLHashEntry* PLHash::v_unpack_entry(StrBufs&) {
   return nullptr;
 }
 
+// Kept: merge-of-triples
 void PLHash::combine(PLHashEntry*, PLHashEntry*) {
   not_defined("combine");
 }
@@ -195,6 +198,7 @@ void PLHash::flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after
 }
 
 void PLHash::merge(PLHash& other) {
+  // Kept: merge-adds-totals-first
   total += other.total;
   pending += other.pending;
   if (!has_file()) {
@@ -227,6 +231,7 @@ void PLHash::copy(PLHash& other) {
   pending = other.pending;
   if (is_writable()) {
     file->dirty = 1;
+    // Kept: copy-does-not-look
     for (PLHashIterator walk(other); !walk.done(); walk.next()) insert_raw(walk, other);
   }
   sync();

@@ -104,6 +104,7 @@ std::uint32_t QFile::save_free_list() {
 void QFile::sync() {
   if (!is_open() || !dirty || read_only()) return;
   file->try_again();
+  // Kept: sync-leaves-old-lists
   std::uint32_t list_pos = save_free_list();
   bool written = write_word(0, end_pos) && write_word(4, list_pos) && write_word(8, block_size);
   if (written && file->commit())

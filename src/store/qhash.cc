@@ -42,6 +42,7 @@ bool header_number(TokenizerBase& tokenizer, long& out) {
 [[noreturn]] void abort_over(const char* what) {
   std::cout.flush();
   std::cerr << what << std::endl;
+  // Kept: validate-aborts
   std::abort();
 }
 
@@ -60,6 +61,7 @@ int QHash::open_from(const char* directory, TokenizerBase& tokenizer) {
   close();
   std::string name, function_name;
   long block = 0, buckets = 0;
+  // Kept: short-header-is-silent
   if (!header_token(tokenizer, name) || !header_number(tokenizer, block) ||
       !header_number(tokenizer, buckets))
     return 0;
@@ -98,6 +100,7 @@ bool QHash::start_file(long buckets, const char* function_name) {
   // The pad repeats the first letter of the name.
   data_start = padded(at + length);
   for (std::uint32_t pad = at + length; pad < data_start; ++pad)
+    // Kept: pad-repeats-a-letter
     if (!file->write(pad, function_name, 1)) return false;
   end_pos = data_start;
   return true;
@@ -125,6 +128,7 @@ void QHash::find_function(const std::string& name) {
   auto* found = find_object_as<NamedComparison>(name.c_str(), "function", false);
   if (!found) {
     std::cerr << "The function '" << name << "' is not registered as a named object" << std::endl;
+    // Kept: unknown-comparison-ends-the-run
     std::exit(1);
   }
   compare = found->compare;
@@ -188,6 +192,7 @@ QHash::Match QHash::compare_in_place(std::uint32_t pos, const char* key,
   return compare(key, bytes + kKeyAt) == 0 ? Match::yes : Match::no;
 }
 
+// Kept: inserted-twice
 std::uint32_t QHash::insert(const char* data, std::size_t length) {
   if (read_only() || !is_open() || length > kMostBytes - kNextBytes ||
       !std::memchr(data, 0, length))

@@ -54,6 +54,7 @@ Value merge(IRSlist* form) {
 Value dump(IRSlist* form) {
   PLHash* store = take_store(form);
   if (!store) return Value();
+  // Kept: dump-expression-chooses-nothing
   if (const IRSlist* first = form->nth(0); first && first->is_list()) form->pop_front();
   Ref<Stream> out = make_ostream(form->empty() ? nullptr : form->get_str_val());
   if (!out) return Value();
@@ -144,7 +145,9 @@ constexpr Command kCommands[] = {
     {"unlink-file", unlink_file,
      "(unlink-file db) Remove the linkage between the db object and its associated disk file. This "
      "will also clear all the data (including global data) in db."},
+    // Kept: syncronize
     {"sync", sync, "(sync db) Syncronize the in-memory object of db and its disk file"},
+    // Kept: with-with-stuff
     {"populate", populate, "(populate db [input]) populate db with with stuff from input"},
     {"reconstruct", reconstruct,
      "(reconstruct db [input]) reconstruct db with with stuff from input"},

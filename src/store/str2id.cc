@@ -35,6 +35,7 @@ int Str2Id::get_id(const char* string, int create) {
   std::uint32_t hash = string_hash(string);
   for (std::uint32_t id = buckets_[bucket_of(hash)]; id != 0;) {
     const Entry& entry = strings_[static_cast<int>(id)];
+    // Kept: first-spelling-stays
     if (entry.hash == hash && stricmp(entry.string, string) == 0) return static_cast<int>(id);
     id = entry.next;
   }
@@ -73,6 +74,7 @@ bool Str2Id::unpack(const char*& cursor, const char* end) {
     if (get_id(string, 0) == 0)
       add(string, hash);
     else
+      // Kept: duplicate-shifts-ids
       std::cerr << "Duplicate entry in Str2Id: " << string << std::endl;
   }
   return true;

@@ -5,6 +5,7 @@
 namespace torvane {
 
 void report_bounds(int index, int count) {
+  // Kept: out-of-bounds-goes-on
   std::cerr << "Array index out of bounds: " << index << " It should be between 0 and " << count - 1
             << std::endl;
 }

@@ -96,6 +96,7 @@ class Array {
   /// system's.
   template <class Compare>
   void sort(Compare compare) {
+    // Kept: order-of-equals
     if (count_ > 1) sort_range(data_, data_ + count_ - 1, compare);
   }
 

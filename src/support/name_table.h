@@ -48,6 +48,7 @@ class NameTable {
     Entry* entry = search(key, link);
     if (added) *added = entry == nullptr;
     if (entry) {
+      // Kept: first-definition-stays
       std::cerr << "Duplicate definition of " << key << '\n';
       return entry;
     }

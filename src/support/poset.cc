@@ -85,6 +85,7 @@ PosetIterator::PosetIterator(Poset& poset) : pending_(static_cast<std::size_t>(p
 bool PosetIterator::pop(const char* operation) {
   if (!current_) return false;
   if (ready_.pop_front() != current_)
+    // Kept: logic-error-ocurred
     std::cerr << "PosetIterator::" << operation << "(): a logic error ocurred\n";
   return true;
 }

@@ -55,6 +55,7 @@ bool contains_vowel(Word& word) {
 }
 
 // A letter that is absent, before the front of the word, is no vowel.
+// Kept: stem-end-stays-moved
 bool ends_with_cvc(Word& word) {
   auto length = static_cast<std::ptrdiff_t>(std::strlen(word.text));
   if (length < 2) return false;
@@ -99,6 +100,7 @@ constexpr Rule kStep1b1[] = {{108, "at", "ate", -1},       {109, "bl", "ble", -1
 
 constexpr Rule kStep1c[] = {{123, "y", "i", -1, contains_vowel}, {}};
 
+// Kept: stem-fulnes
 constexpr Rule kStep2[] = {
     {203, "ational", "ate", 0}, {204, "tional", "tion", 0}, {205, "enci", "ence", 0},
     {206, "anci", "ance", 0},   {207, "izer", "ize", 0},    {208, "abli", "able", 0},
@@ -113,6 +115,7 @@ constexpr Rule kStep3[] = {{301, "icate", "ic", 0}, {302, "ative", "", 0},
                            {305, "ical", "ic", 0},  {308, "ful", "", 0},
                            {309, "ness", "", 0},    {}};
 
+// Kept: stem-sion-tion
 constexpr Rule kStep4[] = {{401, "al", "", 1},    {402, "ance", "", 1}, {403, "ence", "", 1},
                            {405, "er", "", 1},    {406, "ic", "", 1},   {407, "able", "", 1},
                            {408, "ible", "", 1},  {409, "ant", "", 1},  {410, "ement", "", 1},

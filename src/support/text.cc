@@ -94,6 +94,7 @@ std::string float_text(double value) {
 
 bool needs_quotes(std::string_view text, QuoteComma comma) {
   for (char c : text)
+    // Kept: comma-in-quotes
     if (kForcesQuotes[static_cast<unsigned char>(c)] || (c == ',' && comma == QuoteComma::yes))
       return true;
   return false;

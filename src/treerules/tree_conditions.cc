@@ -77,11 +77,13 @@ class BlockedCond : public ExistChild {
 
 class ExistDecendent : public Form<ExistDecendent, BlockedCond> {
  public:
+  // Kept: exist-decendent
   static constexpr const char* kName = "exist-decendent";
 
  protected:
   Value test(RSTree* tree) override {
     if (!cond) return Value();
+    // Kept: decendent-may-be-itself
     PreIterator walk(tree);
     while (RSTree* node = walk.next()) {
       if (node != tree && blocked_by(node)) {
@@ -138,6 +140,7 @@ class ExistMatch : public Form<ExistMatch, ExistChild> {
     for (PostIterator walk(tree); RSTree* node = walk.next();) {
       Value match = value_on(cond, node);
       if (!match.as<TreeMatch>()) continue;
+      // Kept: exist-match-gives-the-start
       action.eval(match, type_id_of<TreeMatch>());
       return Value::of(tree);
     }

@@ -73,6 +73,7 @@ Value insert_node(TreeMatch* match, RSTree* node, RSTree* parent) {
 }
 
 Value append_node(TreeMatch* match, RSTree* node, RSTree* parent) {
+  // Kept: append-node-gives-null
   if (detach_for(match, node, parent, kNoAppend)) {
     parent->append(node);
     raise_root(node);
@@ -139,6 +140,7 @@ void register_tree_edits() {
       "   (C (D))\t\t==>\t        (E)\n"
       "   (E)\t\t\t\t        (F (C (D))\n"
       "   (F (G)))\t\t\t           (G)))\n");
+  // Kept: insert-after-doc
   register_function<insert_after>("insert-after",
                                   "(insert-after <node> <anchor>) insert <node> after <anchor>:\n"
                                   "(A (B)          (insert-before C G)  (A (B)     \n"
@@ -160,6 +162,7 @@ void register_tree_edits() {
                                  "   (E)\t\t\t\t         (G))\n"
                                  "   (F (G)))\t\t\t      (E)\n"
                                  "                                      (F))\n");
+  // Kept: detatch-node
   register_function<detach_node>("detach-node",
                                  "(detatch-node <node>) detach the subtree rooted at <node> \n"
                                  "from its parent. The detached subtree is returned. For example:\n"

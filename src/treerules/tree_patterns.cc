@@ -42,6 +42,7 @@ class NodeCond : public Form<NodeCond, RTPat> {
  protected:
   Value test(RSTree* tree) override {
     if (!holds(cond_, tree)) return Value();
+    // Kept: bindings-are-not-undone
     bind(tree);
     return Value::of(TreeMatch::make(tree));
   }
@@ -54,6 +55,7 @@ class LeafCond : public Form<LeafCond, RTPat> {
  public:
   static constexpr const char* kName = "is-leaf";
   LeafCond() { out_type = in_type; }
+  // Kept: is-leaf-argument
   void init(IRSlist* args) override { get_exp(args->nth(0)); }
 
  protected:
@@ -148,6 +150,7 @@ bool BranchCond::match_children(RSTree* tree, TreeMatch* match) {
   for (const SubPattern& sub : subs) {
     TreeMatch* found = nullptr;
     for (ChildWalk walk(tree); !found && walk.child(); walk.next())
+      // Kept: tree-never-backs-up
       if (!match->has_child_on(walk.child())) found = new_match(sub.exp, walk.child());
     if (!found && !sub.optional) return false;
     match->append(found ? found : TreeMatch::make(nullptr));
@@ -170,6 +173,7 @@ class BranchUCond : public Form<BranchUCond, BranchCond> {
  protected:
   bool match_children(RSTree* tree, TreeMatch* match) override {
     ChildWalk cursor(tree);
+    // Kept: treeu-forgives
     bool made = false;
     for (const SubPattern& sub : subs) {
       if (TreeMatch* found = match_from(cursor, sub)) {
@@ -194,6 +198,7 @@ class BranchQCond : public Form<BranchQCond, BranchCond> {
     ChildWalk cursor(tree);
     for (const SubPattern& sub : subs) {
       TreeMatch* found = match_from(cursor, sub);
+      // Kept: treeq-wants-all
       if (!found) return false;
       match->append(found);
     }
@@ -258,6 +263,7 @@ class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
     TreeMatch* match = TreeMatch::make(tree);
     Patience patience;
     RSTree* up = tree->_parent;
+    // Kept: parent-is-always-a-site
     if (up) match->append(TreeMatch::make(up));
     while (up && patience.lasts() && holds(pass, up)) {
       up = up->_parent;

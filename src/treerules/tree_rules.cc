@@ -136,6 +136,7 @@ void DownRule::apply(RSTree* tree) {
 }
 
 void RootRule::init(IRSlist* args) {
+  // Kept: root-rule-has-no-options
   action = LExp::get_exp(args->nth(0));
 }
 
@@ -244,6 +245,7 @@ void TreeRule::init(IRSlist* args) {
 std::unique_ptr<TreeRule> make_tree_rule(IRSlist* form) {
   if (form->empty() || !form->nth(0)->is_atom()) return nullptr;
   std::unique_ptr<TreeRule> rule;
+  // Kept: unknown-rule-is-passed
   std::string_view kind = form->nth(0)->atom;
   if (kind == "up") {
     rule = std::make_unique<UpRule>();

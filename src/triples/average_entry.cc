@@ -72,6 +72,7 @@ SharedFeature take_run(const Array<Row>& rows, int& at, int id, int member_count
     mi_sum += rows[at].mi * rows[at].weight;
     feature.freq += rows[at].freq * rows[at].weight;
   }
+  // Kept: one-member-shares-nothing
   float share = static_cast<float>(members - 1) / static_cast<float>(member_count);
   feature.passes = mi_sum > rules.mi_threshold && share > rules.spread;
   return feature;

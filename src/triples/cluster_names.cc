@@ -37,6 +37,7 @@ Array<Feature> gather(TripleDb& db, TripleDbInfo& entry, const RelationSet& rela
         features.append({word.word, word.freq, 1});
       } else {
         Feature& feature = features[place->second];
+        // Kept: repeated-feature-plus-1
         feature.freq += word.freq + 1;
         ++feature.count;
       }
@@ -90,6 +91,7 @@ std::vector<std::string> take_words(IRSlist& form) {
 
 Value name_cluster_by_features(IRSlist* form) {
   std::vector<std::string> words = take_words(*form);
+  // Kept: init-count-does-nothing
   form->take_keyword_node(":init-count");  // changes nothing
   const char* prefix = form->take_keyword_str(":prefix");
   Ref<Stream> out = take_output_file(*form);
@@ -100,6 +102,7 @@ Value name_cluster_by_features(IRSlist* form) {
     TripleDbInfo* entry = db->find(word.c_str());
     if (!entry) continue;
     Array<Feature> features = gather(*db, *entry, relations);
+    // Kept: first-feature-decides
     if (!features.empty() && features[0].freq > kLeastFreq)
       write_name(*out->out(), entry->key, prefix, features);
   }

@@ -51,6 +51,7 @@ class Comparison {
   }
 
   void print_both(const WordCount& a, const WordCount& b) {
+    // Kept: font-stays-open
     out << "<font color=" << color(0) << ">" << a.word << " <font color=" << color(1) << ">"
         << a.freq << "</font>/<font color=" << color(2) << ">" << b.freq << "</font>,\n";
   }

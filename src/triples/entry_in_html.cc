@@ -51,6 +51,7 @@ Value print_tripledb_entry_in_html(IRSlist* form) {
   std::unique_ptr<IRSlist> words = form->take_keyword_node(":words");
   const char* output = form->take_keyword_str(":output");
   const char* url = form->take_keyword_str(":url");
+  // Kept: index-url-does-nothing
   form->take_keyword_node(":index-url");  // has no place on the page
   TripleDb* db = take_triple_db(form);
   if (!db) return Value();

@@ -101,6 +101,7 @@ void HighMutinfo::print_relation(const TripleDbInfo& entry, const RelInfo& rel) 
   float background_freq = known ? known->freq : 1;
   float s = score(quotient(rel.freq, db_.total_count()),
                   quotient(background_freq, background_->total_count()));
+  // Kept: relation-score-must-exceed
   if (s > min_score_) row(entry.key, name, " ", rel.freq, background_freq, mutinfo, s);
 }
 

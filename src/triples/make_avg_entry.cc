@@ -54,6 +54,7 @@ Value make_avg_entry(IRSlist* form) {
   const char* name = form->take_keyword_str(":name");
   std::string key = name ? name : kUnnamed;
   const char* pos = form->take_keyword_str(":pos");
+  // Kept: recursive-does-nothing
   form->take_keyword_node(":recursive");  // these two change nothing
   form->take_keyword_node(":print-centroid");
   float mi_threshold = take_float(*form, ":mi-threshold", 0.5F);

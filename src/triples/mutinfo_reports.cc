@@ -20,6 +20,7 @@ void print_low(TripleDb& db, const TripleDbInfo& entry, RelInfo& rel, float max,
   for (WordCount& word : rel) {
     if (!db.find(word.word)) continue;
     mutinfo = known_mutinfo(word, rel, db);
+    // Kept: low-report-lists-high-words
     if (mutinfo >= max) write_row(out, entry.key, name, word.word, word.freq, mutinfo);
   }
 }
@@ -50,6 +51,7 @@ Value print_noise(IRSlist* form) {
   Ref<Stream> out = take_output_file(*form);
   TripleDb* db = take_triple_db(form);
   if (!db || !out) return Value();
+  // Kept: percent-is-a-fraction
   float threshold = form->empty() ? 0.4F : form->get_float_val();
   each_entry(*db, [&](TripleDbInfo& entry) {
     db->load_details(entry);

@@ -55,6 +55,7 @@ float log_likelihood(const WordCount& word, const RelInfo& rel, TripleDb& db) {
   double p1 = quotient(k1, n1);
   double p2 = quotient(k2, n2);
   double p = quotient(k1 + k2, n1 + n2);
+  // Kept: likelihood-without-2
   return static_cast<float>(binomial(p1, k1, n1) + binomial(p2, k2, n2) - binomial(p, k1, n1) -
                             binomial(p, k2, n2));
 }

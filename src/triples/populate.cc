@@ -74,6 +74,7 @@ class RelationPass {
     seen_relation_ = true;
     int id = signed_id(row.relation(), db_.ids.get_id(base_name(row.relation()), 1));
     float count = row.count();
+    // Kept: total-counts-dropped-rows
     if (id > 0) relation_total_ += static_cast<double>(count);
     if (!(word_total_ >= db_.limits.min_freq && count >= db_.limits.min_rel_freq)) return;
     if (!entry_) make_entry();
@@ -90,6 +91,7 @@ class RelationPass {
   }
 
   void finish_word() {
+    // Kept: word-without-relations-stays
     if (has_word_ && !entry_ && (word_total_ >= db_.limits.min_freq || !seen_relation_))
       make_entry();
   }
@@ -173,11 +175,13 @@ class DetailPass {
     if (const RelInfo* inverse = other->find_rel(-rel_->id))
       mi = word.mi = db_.mutinfo(word.freq, rel_->freq, inverse->freq);
     if (is_kept(word, mi)) keep(word);
+    // Kept: dropped-triples-inform
     rel_->info += std::fabs(mi);
     info_ += std::fabs(mi);
   }
 
   bool is_kept(const WordCount& word, float mi) const {
+    // Kept: no-min-freq-keeps-all
     if (db_.limits.min_freq == 0) return true;
     return mi > db_.limits.min_info && log_likelihood(word, *rel_, db_) > db_.limits.min_logl;
   }

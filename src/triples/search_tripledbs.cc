@@ -30,6 +30,7 @@ Value search_tripledbs(IRSlist* form) {
   return Value();
 }
 
+// Kept: search-tripledb-doc
 constexpr const char* kDoc = "(search-tripledb <DBNAME> [:rel relation] key1 key2)\n";
 constexpr Command kCommands[] = {
     {"search-tripledbs", search_tripledbs, kDoc},

@@ -125,6 +125,7 @@ constexpr Command kCommands[] = {
     {"merge-tripledbs", merge_tripledbs, "(merge-tripledbs <DEST> <SRC>) merge SRC into DEST\n"},
     {"populate-tripledb", populate_tripledb,
      "(populate-tripledb <DBNAME> <RELATION> [<DETAILS>])\n"},
+    // Kept: dump-takes-two-files
     {"dump-tripledb", dump_tripledb, "(dump-tripledb <DBNAME> <FILE>)\n"},
     {"tripledb-dump-and-clear", dump_and_clear, "(tripledb-dump-and-clear DBNAME)."},
     {"set-tripledb-tmp-file-prefix", set_tmp_file_prefix,

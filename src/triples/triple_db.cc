@@ -63,6 +63,7 @@ void TripleDb::add_triple(const char* word1, int relation_id, const char* word2,
   if (!relation) return;
   TripleDbInfo* counted = get_entry(relation);
   load_details(*counted);
+  // Kept: relations-are-words
   counted->freq += count;
   counted->mark_changed();
 }

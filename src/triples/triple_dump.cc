@@ -15,6 +15,7 @@ namespace torvane {
 namespace {
 
 // Counts of this or less are not worth a row.
+// Kept: dump-drops-small-counts
 constexpr float kNegligible = 0.5F;
 
 void append_count(std::string& row, float count) {
@@ -48,6 +49,7 @@ void write_rows(std::vector<std::string>& rows, std::ostream& out) {
 void TripleDb::dump_entry(TripleDbInfo& entry, std::ostream& rel_stream,
                           std::ostream& detail_stream) {
   load_details(entry);
+  // Kept: dump-loses-classes
   std::vector<std::string> rel_rows, detail_rows;
   rel_rows.push_back(make_row(entry.key, " ", "freq", entry.freq));
   rel_rows.push_back(make_row(entry.key, " ", "invFreq", entry.invFreq));

@@ -63,6 +63,7 @@ void TripleDbInfo::add_feature(int id, int word_id, float count, TripleDb& db) {
     rel->word_list();
   }
   const char* word = word_id > 0 ? db.id_to_string(word_id) : nullptr;
+  // Kept: half-triple-has-no-count
   if (!word) return;
   if (WordCount* known = rel->find_word(word, place))
     known->freq += count;

@@ -14,6 +14,7 @@
 namespace torvane {
 namespace {
 
+// Kept: quote-inside-the-address
 constexpr const char* kDefaultUrl = "<a href=http://localhost/cgi-bin/getsim.cgi?word=";
 
 SimWordDb* take_db(IRSlist* form) {
@@ -104,6 +105,7 @@ class Words {
 };
 
 Value get_grouped_sim_words(IRSlist* form) {
+  // Kept: grouped-words-by-keywords
   Words colors(form->take_keyword_node(":colors"));
   const char* url = form->take_keyword_str(":url");
   std::unique_ptr<IRSlist> words_node = form->take_keyword_node(":words");

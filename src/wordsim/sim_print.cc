@@ -51,6 +51,7 @@ class ListPrinter {
     for (int i = members.next(); i >= 0 && i < sims_.count(); i = members.next()) {
       if (seen_.test(i)) continue;
       out_ << (shown++ == 0 ? "  (" : " ");
+      // Kept: grouped-words-unquoted
       print_pair(i, or_empty(db_.get_string(sims_[i].word)));
     }
     if (shown > 0) out_ << ")\n";

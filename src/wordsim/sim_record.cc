@@ -7,6 +7,7 @@
 namespace torvane {
 
 int pos_index(const char* text) {
+  // Kept: part-of-speech-by-letter
   switch (text ? *text : 0) {
     case 'N':
     case '_':

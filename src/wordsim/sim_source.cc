@@ -79,6 +79,7 @@ void read_text_entry(SimWordDb& db, const char* entry, SimRecord& record, int po
     record.sum[pos] += sim;
     record.sims[pos].append({db.get_id(word.c_str(), 1), sim});
     if (db.max_syns > 0 && record.sims[pos].count() >= db.max_syns) return;
+    // Kept: last-below-min-sim-stays
     if (db.min_sim > 0 && sim < db.min_sim) return;
   }
 }

@@ -43,6 +43,7 @@ float SimWordDb::get_sim(const char* word1, const char* word2, int pos) {
   int id2 = get_id(word2, 0);
   if (!r1 || !id2) return 0;
   float sim = r1->find_sim(id2, pos);
+  // Kept: sim-one-way-first
   if (sim > 0) return sim;
   const SimRecord* r2 = get_record(id2);
   return r2 ? r2->find_sim(r1->word, pos) : 0;

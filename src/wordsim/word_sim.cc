@@ -27,6 +27,7 @@ class WordSim : public Form<WordSim, MArgExp> {
     if (pos < 0 || !texts[1] || !texts[2]) return Value();
     constexpr double kMost = std::numeric_limits<int>::max();
     double sim = db_->get_sim(texts[1], texts[2], pos);
+    // Kept: word-sim-cuts
     return Value::integer(static_cast<int>(std::clamp(sim, -kMost, kMost)));
   }
 
