@@ -56,10 +56,7 @@ class FieldReader {
     }
     return std::exchange(next_, zero + 1);
   }
-  /// The bytes of `n` things, passed over.
-  const char* take_things(int n, std::size_t thing_size) {
-    return std::exchange(next_, next_ + static_cast<std::size_t>(n) * thing_size);
-  }
+  void skip(std::size_t bytes) { next_ += std::min(bytes, left()); }
 
  private:
   std::size_t left() const { return static_cast<std::size_t>(end_ - next_); }
@@ -149,10 +146,11 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
   add_int(buf, entry.rels.count());
   for (const RelInfo& rel : entry.rels) {
     add_int(buf, rel.word_count());
-    for (const WordCount& word : rel) add_int(buf, ids.get_id(word.word, 0));
-    for (const WordCount& word : rel) add_float(buf, word.freq);
-    if (save_mutinfo)
-      for (const WordCount& word : rel) add_float(buf, word.mi);
+    for (const WordCount& word : rel) {
+      add_int(buf, ids.get_id(word.word, 0));
+      add_float(buf, word.freq);
+      if (save_mutinfo) add_float(buf, word.mi);
+    }
   }
   std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
                                          buf.object_size());
@@ -168,22 +166,18 @@ bool TripleDb::unpack_details(TripleDbInfo& entry, const char* bytes, std::size_
   FieldReader check(bytes, length);
   if (check.take_int() != entry.rels.count()) return false;
   for (int i = 0; i < entry.rels.count(); ++i)
-    check.take_things(check.take_count(row_size), row_size);
+    check.skip(static_cast<std::size_t>(check.take_count(row_size)) * row_size);
   if (!check.ok() || !check.at_end()) return false;
 
   FieldReader fields(bytes + 4, length - 4);
   for (RelInfo& rel : entry.rels) {
     int n = fields.take_count(row_size);
-    const char* word_ids = fields.take_things(n, 4);
-    const char* freqs = fields.take_things(n, 4);
-    const char* mis = with_mutinfo ? fields.take_things(n, 4) : nullptr;
     if (n == 0) continue;
     rel.words = std::make_unique<Array<WordCount>>(n);
     for (int k = 0; k < n; ++k) {
-      const char* word = id_to_string(static_cast<int>(load_be32(word_ids + 4 * k)));
-      if (!word) continue;
-      float mi = mis ? std::bit_cast<float>(load_be32(mis + 4 * k)) : WordCount::kUnknown;
-      rel.words->append(WordCount{word, std::bit_cast<float>(load_be32(freqs + 4 * k)), mi});
+      WordCount word{id_to_string(fields.take_int()), fields.take_float()};
+      if (with_mutinfo) word.mi = fields.take_float();
+      if (word.word) rel.words->append(word);
     }
   }
   return true;
