@@ -206,6 +206,25 @@ TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
   EXPECT_EQ(word_of(db, "h2", r, "m2")->freq, 1);
 }
 
+TEST_F(TripleDbTest, PopulationReplacesAndIsNoUse) {
+  TripleDb db(101, 101, 0);
+  link(db);
+  db.clean_up_after = 4;
+  auto fill = [&] { populate(db, "a\t \tfreq\t10\na\tr\t \t10\nr\t \tfreq\t10\n", ""); };
+  auto said_by_query = [&] {
+    testing::internal::CaptureStderr();
+    db.dependency_probability("x", "r", "z");
+    return testing::internal::GetCapturedStderr();
+  };
+  fill();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(said_by_query(), "");
+  fill();
+  EXPECT_EQ(said_by_query(), "");
+  fill();
+  EXPECT_EQ(db.find("a")->freq, 10);
+  EXPECT_EQ(said_by_query(), "CleanUp deleted 1 out of 2\n") << "nobody has asked for a";
+}
+
 TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {
   TripleDb linked(13, 11, 0), plain(13, 11, 0);
   link(linked);
