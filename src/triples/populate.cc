@@ -45,6 +45,7 @@ class RelationPass {
     }
     finish_word();
     db_.total = static_cast<float>(db_.total + relation_total_);
+    db_.mark_global_changed();
   }
 
  private:
