@@ -170,7 +170,7 @@ void PLHash::reconstruct(std::istream& in) {
 }
 
 void PLHash::save_entry(PLHashEntry* entry) {
-  if (!is_writable()) return;
+  if (!has_file()) return;
   record_.reset();
   v_pack_entry(entry, record_);
   if (record_.object_size() == 0) return;
@@ -202,7 +202,7 @@ void PLHash::merge(PLHash& other) {
     std::cerr << "PLHash::merge cannot open disk file\n";
     return;
   }
-  if (!is_writable()) return;
+  mark_global_changed();
   std::vector<PLHashEntry*> changed;
   StrBufs found(kEntryChunk);
   for (PLHashIterator walk(other); !walk.done(); walk.next()) {
