@@ -85,6 +85,7 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   float dependency_probability(const char* word1, const char* relation, const char* word2) override;
 
  private:
+  void move_to_ids(TripleDbInfo& entry, const Str2Id& old);
   bool pack_details(TripleDbInfo& entry);
   bool unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t length,
                       bool with_mutinfo);

@@ -225,6 +225,38 @@ TEST_F(TripleDbTest, PopulationReplacesAndIsNoUse) {
   EXPECT_EQ(said_by_query(), "CleanUp deleted 1 out of 2\n") << "nobody has asked for a";
 }
 
+TEST_F(TripleDbTest, EntriesOfMemoryStayWhenAStoreIsLinked) {
+  TripleDb made(101, 101, 0), db(101, 101, 0);
+  link(made);
+  made.add_triple("b", made.feature_id("r", true), "d", 1);
+  made.add_triple("b", made.feature_id("s", true), "e", 2);
+  made.sync();
+  const std::uint32_t count_of_ids = made.file->data_start + 12;
+  made.unlink_file();
+  db.add_triple("A", db.feature_id("s", true), "b", 4);
+  db.add_triple("A", db.feature_id("t", true), "E", 8);
+  db.add_triple("A", db.feature_id("r", true), "c", 16);
+  db.find("A")->classes.append(ClassCount{db.feature_id("s", false), 3});
+
+  auto put = [&](char byte) { std::fstream(folder_ / "a.db").seekp(count_of_ids).put(byte); };
+  const std::string before = dump(db);
+  put(1);
+  EXPECT_EQ(db.link_file("a.hdr", 1), 0);
+  EXPECT_EQ(dump(db), before) << "of a damaged store nothing is taken";
+  put(0);
+  link(db, 1);
+  EXPECT_EQ(db.total_count(), 31);
+  const int r = db.feature_id("r", false), s = db.feature_id("s", false);
+  const int t = db.feature_id("t", false);
+  EXPECT_TRUE(r == 1 && s == 4 && t > 5) << "ids of the store";
+  EXPECT_EQ(db.find("a")->classes[0].id, s);
+  ASSERT_TRUE(word_of(db, "a", s, "b") && word_of(db, "a", t, "e") && word_of(db, "a", r, "c"));
+  EXPECT_EQ(word_of(db, "a", t, "e")->freq, 8);
+  EXPECT_EQ(word_of(db, "b", -s, "a")->freq, 4);
+  EXPECT_FALSE(word_of(db, "b", r, "d")) << "memory comes first";
+  ASSERT_TRUE(word_of(db, "d", -r, "b"));
+}
+
 TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {
   TripleDb linked(13, 11, 0), plain(13, 11, 0);
   link(linked);

@@ -73,12 +73,35 @@ void TripleDb::pack_global(StrBufs& buf) {
   ids.pack(buf);
 }
 
-// Entries in memory refer to the ids that the stored ones replace, so they go.
 bool TripleDb::unpack_global(StrBufs& buf) {
-  if (!PLHash::unpack_global(buf)) return false;
-  clear();
+  Str2Id stored(ids.bucket_count());
   const char* cursor = buf.object() + sizeof(std::uint32_t);
-  return ids.unpack(cursor, buf.object() + buf.object_size());
+  const char* end = buf.object() + buf.object_size();
+  if (!stored.unpack(cursor, end) || !PLHash::unpack_global(buf)) return false;
+  ids.swap(stored);
+  for_each([&](PLHashEntry* entry) { move_to_ids(*static_cast<TripleDbInfo*>(entry), stored); });
+  return true;
+}
+
+// An entry that was made before there was a store gets the strings and ids of the store's table,
+// which go on where that ends.
+void TripleDb::move_to_ids(TripleDbInfo& entry, const Str2Id& old) {
+  auto text = [&](const char* word) { return ids.get_string(ids.get_id(word, 1)); };
+  auto number = [&](int id) {
+    const int base = std::abs(id);
+    if (base == 0 || base >= old.count()) return id;
+    const int now = ids.get_id(old.get_string(base), 1);
+    return id < 0 ? -now : now;
+  };
+  auto by_id = [](const auto& a, const auto& b) { return a.id < b.id; };
+  entry.key = text(entry.key);
+  for (RelInfo& rel : entry.rels) {
+    rel.id = number(rel.id);
+    for (WordCount& word : rel) word.word = text(word.word);
+  }
+  for (ClassCount& of_class : entry.classes) of_class.id = number(of_class.id);
+  std::sort(entry.rels.begin(), entry.rels.end(), by_id);
+  std::stable_sort(entry.classes.begin(), entry.classes.end(), by_id);
 }
 
 void TripleDb::v_pack_entry(PLHashEntry* packed, StrBufs& buf) {
