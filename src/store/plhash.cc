@@ -112,6 +112,7 @@ int PLHash::link_stream(int mode, const char* directory, Tokenizer& tokenizer) {
   bool usable = file->is_open();
   if (usable && result == 0) save_global(0);
   if (usable && result > 0) usable = load_global();
+  global_changed_ = pending != 0;  // counted before there was a file
   if (usable) return result;
   // A store without its global data cannot be read, and must not be written.
   file.reset();
@@ -172,7 +173,7 @@ void PLHash::reconstruct(std::istream& in) {
 }
 
 void PLHash::save_entry(PLHashEntry* entry) {
-  if (!is_writable()) return;
+  if (!has_file()) return;
   record_.reset();
   v_pack_entry(entry, record_);
   if (record_.object_size() == 0) return;
@@ -205,7 +206,7 @@ void PLHash::merge(PLHash& other) {
     std::cerr << "PLHash::merge cannot open disk file\n";
     return;
   }
-  if (!is_writable()) return;
+  mark_global_changed();
   std::vector<PLHashEntry*> changed;
   StrBufs found(kEntryChunk);
   for (PLHashIterator walk(other); !walk.done(); walk.next()) {
@@ -230,7 +231,7 @@ void PLHash::copy(PLHash& other) {
   total = other.total;
   pending = other.pending;
   if (is_writable()) {
-    file->dirty = 1;
+    mark_global_changed();
     // Kept: copy-does-not-look
     for (PLHashIterator walk(other); !walk.done(); walk.next()) insert_raw(walk, other);
   }
@@ -262,7 +263,8 @@ void PLHash::sync() {
     if (changed.size() >= kBatch) flush_entries(changed, false);
   });
   flush_entries(changed, false);
-  save_global(static_cast<std::int32_t>(file->data_start));
+  if (!file->dirty && !global_changed_) return;
+  if (save_global(static_cast<std::int32_t>(file->data_start))) global_changed_ = false;
   file->sync();
 }
 
@@ -288,7 +290,7 @@ PLHashEntry* PLHash::find(const char* key, Slot& slot) {
 
 void PLHash::add_count(float count) {
   pending += count;
-  if (has_file()) file->dirty = 1;
+  mark_global_changed();
   if (pending <= kMostPending) return;
   total += pending;
   pending = 0;

@@ -134,6 +134,11 @@ class PLHash : public LHashTable {
     return find(key, slot);
   }
   void add_count(float count);
+  /// Says that the global data and their record differ.
+  void mark_global_changed() {
+    global_changed_ = true;
+    if (file) file->dirty = 1;
+  }
   /// N: the grand total that is shown and that statistics use.
   float total_count() const { return total + pending; }
   void print_all(std::ostream& out);
@@ -164,6 +169,7 @@ class PLHash : public LHashTable {
   /// Adds the record that a walk over `other` stands on.
   void insert_raw(PLHashIterator& walk, PLHash& other);
 
+  bool global_changed_ = false;  // the file's own flag goes when its links are sorted
   StrBufs missing_keys_{4096};
   // Of the entry that is written or looked up; kept, since there are many.
   StrBufs record_{20000};

@@ -97,6 +97,21 @@ TEST_F(PLHashTest, PositionTellsTheStateAgainstTheDisk) {
   table.saved.clear();
   table.sync();
   EXPECT_TRUE(table.saved.empty()) << "a clean entry is not written";
+  const std::string bytes = bytes_of(path("a.db"));
+  const std::filesystem::file_time_type long_ago;
+  std::filesystem::last_write_time(path("a.db"), long_ago);
+  for (int i = 0; i < 7; ++i) {
+    Tallies reopened;
+    for (int k = 0; k < 3; ++k) table.sync();
+    table.unlink_file();
+    link(reopened, "a");
+    EXPECT_EQ(reopened.find("dog")->count, 1);
+    reopened.sync();
+    reopened.unlink_file();
+    link(table, "a");
+  }
+  EXPECT_EQ(bytes_of(path("a.db")), bytes);
+  EXPECT_EQ(std::filesystem::last_write_time(path("a.db")), long_ago) << "nothing is written";
   table.add("DOG", 4);
   EXPECT_EQ(dog->pos, -place);
   table.sync();

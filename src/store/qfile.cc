@@ -16,13 +16,13 @@ int QFile::open(const char* name, long new_block_size) {
   if (path) file = PageFile::open(*path, !read_only(), cached_pages);
   if (!file) return refuse(name);
   data_start = kHeaderBytes;
-  dirty = 1;
   if (file->length() > 0) return load_header() ? 1 : refuse(name);
   // Nothing can become of an empty file that may not be written.
   if (read_only()) return refuse(name);
   long size = std::clamp(new_block_size, 32L, static_cast<long>(kMostBytes) - 3);
   block_size = (static_cast<std::uint32_t>(size) + 3) / 4 * 4;
   end_pos = kHeaderBytes;
+  dirty = 1;
   return 0;
 }
 
@@ -51,6 +51,7 @@ bool QFile::load_header() {
   block_size = load_be32(bytes + 8);
   if (block_size == 0 || end_pos < kHeaderBytes || end_pos > file->length()) return false;
   if (std::uint32_t pos = load_be32(bytes + 4)) load_free_list(pos);
+  dirty = 0;  // that the list's own blocks are free again is no change by itself
   return true;
 }
 

@@ -86,6 +86,13 @@ void Str2Id::clear() {
   chars_.reset();
 }
 
+void Str2Id::swap(Str2Id& other) noexcept {
+  std::swap(bits_, other.bits_);
+  buckets_.swap(other.buckets_);
+  strings_.swap(other.strings_);
+  chars_.swap(other.chars_);
+}
+
 std::size_t Str2Id::bytes_reserved() const {
   return chars_.bytes_reserved() + static_cast<std::size_t>(strings_.capacity()) * sizeof(Entry) +
          buckets_.capacity() * sizeof buckets_[0];

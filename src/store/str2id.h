@@ -29,6 +29,9 @@ class Str2Id {
   /// that later ids are lower by one. False if the bytes end too early; what was there is kept.
   bool unpack(const char*& cursor, const char* end);
   void clear();
+  void swap(Str2Id& other) noexcept;
+  /// A size for another table that is to hold as much.
+  int bucket_count() const { return 1 << bits_; }
   std::size_t bytes_reserved() const;
 
  private:

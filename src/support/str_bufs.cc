@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "support/big_endian.h"
 #include "support/sanitizer.h"
@@ -180,6 +181,15 @@ void StrBufs::reset() {
   chunk_size_ = chunks_->size;
   start_ = next_ = chunks_->bytes();
   limit_ = start_ + chunks_->size;
+}
+
+void StrBufs::swap(StrBufs& other) noexcept {
+  std::swap(start_, other.start_);
+  std::swap(next_, other.next_);
+  std::swap(limit_, other.limit_);
+  std::swap(closed_, other.closed_);
+  std::swap(chunk_size_, other.chunk_size_);
+  std::swap(chunks_, other.chunks_);
 }
 
 std::size_t StrBufs::bytes_reserved() const {

@@ -76,6 +76,8 @@ class StrBufs {
 
   /// Frees every chunk but the oldest, which becomes current and empty.
   void reset();
+  /// The objects of each are the other's then; none moves.
+  void swap(StrBufs& other) noexcept;
   std::size_t bytes_reserved() const;
 
  private:

@@ -13,12 +13,12 @@
 namespace torvane {
 namespace {
 
-float quotient(float a, float b) {
+double quotient(double a, double b) {
   return a == 0 && b == 0 ? 0 : a / b;
 }
 /// How far a share stands out from the background's; 0 where counts make no sense.
-float score(float foreground, float background) {
-  return std::log(std::max(0.0F, quotient(foreground, background)) + 1);
+double score(double foreground, double background) {
+  return std::log(std::max(0.0, quotient(foreground, background)) + 1);
 }
 
 class HighMutinfo {
@@ -34,7 +34,7 @@ class HighMutinfo {
   void print_relation(const TripleDbInfo& entry, const RelInfo& rel);
   void print_words(const TripleDbInfo& entry, RelInfo& rel);
   const RelInfo* find_background(const RelationName& name);
-  float smoothed_score(float count, float background_count) const;
+  double smoothed_score(float count, float background_count) const;
 
   template <class... Fields>
   void row(const Fields&... fields) {
@@ -70,8 +70,8 @@ HighMutinfo::HighMutinfo(TripleDb& db, IRSlist& form)
   if (const char* name = form.take_keyword_str(":word")) word = name;
 }
 
-float HighMutinfo::smoothed_score(float count, float background_count) const {
-  auto smooth = [](float n, float total) { return (n + 1) / (total + 1000); };
+double HighMutinfo::smoothed_score(float count, float background_count) const {
+  auto smooth = [](double n, double total) { return (n + 1) / (total + 1000); };
   return score(smooth(count, db_.total_count()),
                smooth(background_count, background_->total_count()));
 }
@@ -88,7 +88,7 @@ void HighMutinfo::print_word(const TripleDbInfo& entry) {
   if (!background_) return row(entry.key, " ", " ", count);
   const TripleDbInfo* be = background_entry_;
   float background_count = be ? be->freq + be->invFreq : 0;
-  float s = smoothed_score(count, background_count);
+  double s = smoothed_score(count, background_count);
   if (!(s < min_score_)) row(entry.key, " ", " ", count, background_count, s);
 }
 
@@ -99,8 +99,8 @@ void HighMutinfo::print_relation(const TripleDbInfo& entry, const RelInfo& rel) 
   if (!background_) return row(entry.key, name, " ", rel.freq, mutinfo);
   const RelInfo* known = find_background(name);
   float background_freq = known ? known->freq : 1;
-  float s = score(quotient(rel.freq, db_.total_count()),
-                  quotient(background_freq, background_->total_count()));
+  double s = score(quotient(rel.freq, db_.total_count()),
+                   quotient(background_freq, background_->total_count()));
   // Kept: relation-score-must-exceed
   if (s > min_score_) row(entry.key, name, " ", rel.freq, background_freq, mutinfo, s);
 }
@@ -118,7 +118,7 @@ void HighMutinfo::print_words(const TripleDbInfo& entry, RelInfo& rel) {
     }
     const WordCount* match = known ? known->find_word(w.word) : nullptr;
     float b = match ? match->freq : 0;
-    float s = smoothed_score(w.freq, b);
+    double s = smoothed_score(w.freq, b);
     if (!(s < min_score_)) row(entry.key, name, w.word, w.freq, b, mutinfo, s);
   }
 }

@@ -29,7 +29,7 @@ const char* base_name(const char* relation) {
 /// The first pass: what the relation file says of the word in hand.
 class RelationPass {
  public:
-  explicit RelationPass(TripleDb& db) : db_(db), stamp_(++db.serial) {}
+  explicit RelationPass(TripleDb& db) : db_(db), population_(++db.populations) {}
 
   void run(std::istream& in) {
     TripleRowReader row(in);
@@ -45,6 +45,7 @@ class RelationPass {
     }
     finish_word();
     db_.total = static_cast<float>(db_.total + relation_total_);
+    db_.mark_global_changed();
   }
 
  private:
@@ -100,12 +101,12 @@ class RelationPass {
   // not sorted, goes on.
   void make_entry() {
     entry_ = db_.get_entry(word_.c_str());
-    if (entry_->last_used != stamp_) {
+    if (entry_->population != population_) {
       db_.load_details(*entry_);  // knows then whether there is a detail record to write over
       entry_->rels.clear();
       entry_->classes.clear();
       entry_->freq = entry_->invFreq = entry_->info = 0;
-      entry_->last_used = stamp_;
+      entry_->population = population_;
     }
     entry_->freq += freq_;
     entry_->invFreq += inv_freq_;
@@ -116,7 +117,7 @@ class RelationPass {
   }
 
   TripleDb& db_;
-  const int stamp_;  // no entry from before the pass was used at this time
+  const int population_;
   bool has_word_ = false;
   std::string word_;
   float freq_ = 0;

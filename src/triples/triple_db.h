@@ -39,12 +39,13 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   void populate(std::istream& in) override;
 
   Str2Id ids;
-  int serial = 0;
+  int serial = 0;               ///< counts the uses of entries, for `CleanUp`
   int clean_up_after = 0;       ///< 0: never
   std::string tmp_file_prefix;  ///< empty if none was set
   int dump_number = 0;
   int save_mutinfo = 0;
   PopulateLimits limits;  ///< of the population that is running
+  int populations = 0;    ///< how many there have been
 
   /// The entry of a word; a new one in memory if there is none. Null for a null word.
   TripleDbInfo* get_entry(const char* word);
@@ -84,6 +85,7 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   float dependency_probability(const char* word1, const char* relation, const char* word2) override;
 
  private:
+  void move_to_ids(TripleDbInfo& entry, const Str2Id& old);
   bool pack_details(TripleDbInfo& entry);
   bool unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t length,
                       bool with_mutinfo);

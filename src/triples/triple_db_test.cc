@@ -61,6 +61,7 @@ TEST_F(TripleDbTest, LaysRecordsOut) {
   link(db);
   const auto r = static_cast<std::uint32_t>(db.feature_id("r", true));
   db.add_triple("a", static_cast<int>(r), "b", 3);
+  db.add_triple("a", static_cast<int>(r), "c", 4);
   db.get_entry("a")->classes.append(ClassCount{7, 2.5F});
   db.find("a")->info = 0.5F;
   db.sync();
@@ -69,14 +70,16 @@ TEST_F(TripleDbTest, LaysRecordsOut) {
   ASSERT_GT(db.file->find("a", buf), 0U);
   EXPECT_EQ(std::string(buf.object(), buf.object_size() - 1),
             std::string("a\0", 2) +
-                packed({bits(3), 0, bits(0.5), pos, 1, r, bits(3), 0, 1, 7, bits(2.5)}));
+                packed({bits(7), 0, bits(0.5), pos, 1, r, bits(7), 0, 1, 7, bits(2.5)}));
   StrBufs details;
   std::uint32_t size = db.file->read_record(pos, details);
-  EXPECT_EQ(std::string(details.object(), size),
-            packed({1, 1, 3, bits(3), bits(WordCount::kUnknown)}));
+  EXPECT_EQ(
+      std::string(details.object(), size),
+      packed({1, 2, 3, bits(3), bits(WordCount::kUnknown), 4, bits(4), bits(WordCount::kUnknown)}));
   StrBufs global;
   size = db.file->read_record(db.file->data_start, global);
-  EXPECT_EQ(std::string(global.object(), size), packed({bits(3), 4}) + std::string("r\0a\0b\0", 6));
+  EXPECT_EQ(std::string(global.object(), size),
+            packed({bits(7), 5}) + std::string("r\0a\0b\0c\0", 8));
 }
 
 TEST_F(TripleDbTest, ReadsStoresWithAndWithoutMutualInformation) {
@@ -132,8 +135,12 @@ TEST_F(TripleDbTest, TakesDetailsThatDoNotFitAsNone) {
   };
   EXPECT_TRUE(try_details(packed({1, 1, 2, bits(1)})));
   EXPECT_EQ(a.rels[0].word_count(), 1);
-  EXPECT_TRUE(try_details(packed({1, 2, 99, 0xffffffff, bits(1), bits(1)})));
+  EXPECT_TRUE(try_details(packed({1, 2, 99, bits(1), 0xffffffff, bits(1)})));
   EXPECT_EQ(a.rels[0].word_count(), 0) << "ids of no string are left out";
+  EXPECT_TRUE(try_details(packed({1, 2, 2, bits(5), bits(6), 3, bits(7), bits(8)})));
+  ASSERT_EQ(a.rels[0].word_count(), 2) << "with mutual information";
+  const WordCount* words = a.rels[0].words->data();
+  EXPECT_TRUE(words[0].freq == 5 && words[0].mi == 6 && words[1].freq == 7 && words[1].mi == 8);
   for (const auto& bytes :
        {std::string(), packed({1}), packed({2, 1, 2, bits(1)}), packed({1, 1, 2}),
         packed({1, 1, 2, bits(1), 0, 0}), packed({1, 0x7fffffff, 2, bits(1)}),
@@ -197,6 +204,57 @@ TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
   EXPECT_EQ(db.find("new")->freq, 3) << "it was written first";
   EXPECT_EQ(db.find("h1")->freq, 2);
   EXPECT_EQ(word_of(db, "h2", r, "m2")->freq, 1);
+}
+
+TEST_F(TripleDbTest, PopulationReplacesAndIsNoUse) {
+  TripleDb db(101, 101, 0);
+  link(db);
+  db.clean_up_after = 4;
+  auto fill = [&] { populate(db, "a\t \tfreq\t10\na\tr\t \t10\nr\t \tfreq\t10\n", ""); };
+  auto said_by_query = [&] {
+    testing::internal::CaptureStderr();
+    db.dependency_probability("x", "r", "z");
+    return testing::internal::GetCapturedStderr();
+  };
+  fill();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(said_by_query(), "");
+  fill();
+  EXPECT_EQ(said_by_query(), "");
+  fill();
+  EXPECT_EQ(db.find("a")->freq, 10);
+  EXPECT_EQ(said_by_query(), "CleanUp deleted 1 out of 2\n") << "nobody has asked for a";
+}
+
+TEST_F(TripleDbTest, EntriesOfMemoryStayWhenAStoreIsLinked) {
+  TripleDb made(101, 101, 0), db(101, 101, 0);
+  link(made);
+  made.add_triple("b", made.feature_id("r", true), "d", 1);
+  made.add_triple("b", made.feature_id("s", true), "e", 2);
+  made.sync();
+  const std::uint32_t count_of_ids = made.file->data_start + 12;
+  made.unlink_file();
+  db.add_triple("A", db.feature_id("s", true), "b", 4);
+  db.add_triple("A", db.feature_id("t", true), "E", 8);
+  db.add_triple("A", db.feature_id("r", true), "c", 16);
+  db.find("A")->classes.append(ClassCount{db.feature_id("s", false), 3});
+
+  auto put = [&](char byte) { std::fstream(folder_ / "a.db").seekp(count_of_ids).put(byte); };
+  const std::string before = dump(db);
+  put(1);
+  EXPECT_EQ(db.link_file("a.hdr", 1), 0);
+  EXPECT_EQ(dump(db), before) << "of a damaged store nothing is taken";
+  put(0);
+  link(db, 1);
+  EXPECT_EQ(db.total_count(), 31);
+  const int r = db.feature_id("r", false), s = db.feature_id("s", false);
+  const int t = db.feature_id("t", false);
+  EXPECT_TRUE(r == 1 && s == 4 && t > 5) << "ids of the store";
+  EXPECT_EQ(db.find("a")->classes[0].id, s);
+  ASSERT_TRUE(word_of(db, "a", s, "b") && word_of(db, "a", t, "e") && word_of(db, "a", r, "c"));
+  EXPECT_EQ(word_of(db, "a", t, "e")->freq, 8);
+  EXPECT_EQ(word_of(db, "b", -s, "a")->freq, 4);
+  EXPECT_FALSE(word_of(db, "b", r, "d")) << "memory comes first";
+  ASSERT_TRUE(word_of(db, "d", -r, "b"));
 }
 
 TEST_F(TripleDbTest, StoresReadTheSameAfterAnyChange) {

@@ -65,6 +65,7 @@ struct TripleDbInfo : PLHashEntry {
   std::int32_t detail_pos = 0;
   Array<RelInfo> rels;  ///< ascending by id: inverse relations first
   Array<ClassCount> classes;
+  int population = 0;  ///< the one that filled the entry last; 0: none
 
   /// Null, and in `index` the place where the relation belongs, if it is absent.
   RelInfo* find_rel(int id, int& index);

@@ -56,10 +56,7 @@ class FieldReader {
     }
     return std::exchange(next_, zero + 1);
   }
-  /// The bytes of `n` things, passed over.
-  const char* take_things(int n, std::size_t thing_size) {
-    return std::exchange(next_, next_ + static_cast<std::size_t>(n) * thing_size);
-  }
+  void skip(std::size_t bytes) { next_ += std::min(bytes, left()); }
 
  private:
   std::size_t left() const { return static_cast<std::size_t>(end_ - next_); }
@@ -76,12 +73,35 @@ void TripleDb::pack_global(StrBufs& buf) {
   ids.pack(buf);
 }
 
-// Entries in memory refer to the ids that the stored ones replace, so they go.
 bool TripleDb::unpack_global(StrBufs& buf) {
-  if (!PLHash::unpack_global(buf)) return false;
-  clear();
+  Str2Id stored(ids.bucket_count());
   const char* cursor = buf.object() + sizeof(std::uint32_t);
-  return ids.unpack(cursor, buf.object() + buf.object_size());
+  const char* end = buf.object() + buf.object_size();
+  if (!stored.unpack(cursor, end) || !PLHash::unpack_global(buf)) return false;
+  ids.swap(stored);
+  for_each([&](PLHashEntry* entry) { move_to_ids(*static_cast<TripleDbInfo*>(entry), stored); });
+  return true;
+}
+
+// An entry that was made before there was a store gets the strings and ids of the store's table,
+// which go on where that ends.
+void TripleDb::move_to_ids(TripleDbInfo& entry, const Str2Id& old) {
+  auto text = [&](const char* word) { return ids.get_string(ids.get_id(word, 1)); };
+  auto number = [&](int id) {
+    const int base = std::abs(id);
+    if (base == 0 || base >= old.count()) return id;
+    const int now = ids.get_id(old.get_string(base), 1);
+    return id < 0 ? -now : now;
+  };
+  auto by_id = [](const auto& a, const auto& b) { return a.id < b.id; };
+  entry.key = text(entry.key);
+  for (RelInfo& rel : entry.rels) {
+    rel.id = number(rel.id);
+    for (WordCount& word : rel) word.word = text(word.word);
+  }
+  for (ClassCount& of_class : entry.classes) of_class.id = number(of_class.id);
+  std::sort(entry.rels.begin(), entry.rels.end(), by_id);
+  std::stable_sort(entry.classes.begin(), entry.classes.end(), by_id);
 }
 
 void TripleDb::v_pack_entry(PLHashEntry* packed, StrBufs& buf) {
@@ -149,10 +169,11 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
   add_int(buf, entry.rels.count());
   for (const RelInfo& rel : entry.rels) {
     add_int(buf, rel.word_count());
-    for (const WordCount& word : rel) add_int(buf, ids.get_id(word.word, 0));
-    for (const WordCount& word : rel) add_float(buf, word.freq);
-    if (save_mutinfo)
-      for (const WordCount& word : rel) add_float(buf, word.mi);
+    for (const WordCount& word : rel) {
+      add_int(buf, ids.get_id(word.word, 0));
+      add_float(buf, word.freq);
+      if (save_mutinfo) add_float(buf, word.mi);
+    }
   }
   std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
                                          buf.object_size());
@@ -168,22 +189,18 @@ bool TripleDb::unpack_details(TripleDbInfo& entry, const char* bytes, std::size_
   FieldReader check(bytes, length);
   if (check.take_int() != entry.rels.count()) return false;
   for (int i = 0; i < entry.rels.count(); ++i)
-    check.take_things(check.take_count(row_size), row_size);
+    check.skip(static_cast<std::size_t>(check.take_count(row_size)) * row_size);
   if (!check.ok() || !check.at_end()) return false;
 
   FieldReader fields(bytes + 4, length - 4);
   for (RelInfo& rel : entry.rels) {
     int n = fields.take_count(row_size);
-    const char* word_ids = fields.take_things(n, 4);
-    const char* freqs = fields.take_things(n, 4);
-    const char* mis = with_mutinfo ? fields.take_things(n, 4) : nullptr;
     if (n == 0) continue;
     rel.words = std::make_unique<Array<WordCount>>(n);
     for (int k = 0; k < n; ++k) {
-      const char* word = id_to_string(static_cast<int>(load_be32(word_ids + 4 * k)));
-      if (!word) continue;
-      float mi = mis ? std::bit_cast<float>(load_be32(mis + 4 * k)) : WordCount::kUnknown;
-      rel.words->append(WordCount{word, std::bit_cast<float>(load_be32(freqs + 4 * k)), mi});
+      WordCount word{id_to_string(fields.take_int()), fields.take_float()};
+      if (with_mutinfo) word.mi = fields.take_float();
+      if (word.word) rel.words->append(word);
     }
   }
   return true;

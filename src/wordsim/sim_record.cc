@@ -1,6 +1,7 @@
 #include "wordsim/sim_record.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "support/text.h"
 
@@ -43,29 +44,32 @@ void SimInserter::open(SimRecord& record, int pos) {
   pos_ = pos;
   ++list_;
   pairs_.clear();
-  for (const SimPair& pair : record.sims[pos]) {
-    note(pair.word, pair.sim);
-    pairs_.push_back({pair, static_cast<int>(pairs_.size())});
+  for (const SimPair& pair : record.sims[pos])
+    pairs_.push_back({pair, static_cast<int>(pairs_.size()), pair.sim});
+  float most = -std::numeric_limits<float>::infinity();
+  for (auto placed = pairs_.rbegin(); placed != pairs_.rend(); ++placed) {
+    placed->rank = most = std::max(placed->rank, most);
+    note(placed->pair.word, most);
   }
 }
 
-bool SimInserter::note(int id, float sim) {
+bool SimInserter::note(int id, float rank) {
   auto index = static_cast<std::size_t>(id);
   if (index >= least_.size()) least_.resize(index + index / 4 + 64);
   Least& least = least_[index];
-  if (least.list == list_ && least.sim <= sim) return false;
-  least = {list_, sim};
+  if (least.list == list_ && least.rank <= rank) return false;
+  least = {list_, rank};
   return true;
 }
 
 bool SimInserter::insert_sim(int id, float sim) {
   if (!note(id, sim)) return false;
-  pairs_.push_back({{id, sim}, static_cast<int>(pairs_.size())});
+  pairs_.push_back({{id, sim}, static_cast<int>(pairs_.size()), sim});
   return true;
 }
 
 void SimInserter::close() {
-  auto descends = [](const Placed& a, const Placed& b) { return a.pair.sim > b.pair.sim; };
+  auto descends = [](const Placed& a, const Placed& b) { return a.rank > b.rank; };
   bool moved = !std::is_sorted(pairs_.begin(), pairs_.end(), descends);
   if (moved) std::stable_sort(pairs_.begin(), pairs_.end(), descends);
 

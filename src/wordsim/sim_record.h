@@ -43,15 +43,15 @@ struct SimRecord {
   void add_group(int pos, LBitSet group) { groups[pos].append(new LBitSet(std::move(group))); }
 };
 
-/// Puts pairs into a list that descends by similarity. The outcome is that of inserting one after
-/// the other; the order is made once, at the end, so that the work does not grow with the square of
-/// a list.
+/// Puts pairs into a list, each behind the last pair that is at least as similar. The outcome is
+/// that of inserting one after the other; the order is made once, at the end, so that the work does
+/// not grow with the square of a list. A list that did not descend before, as a dictionary may give
+/// it, keeps the order of what it had.
 class SimInserter {
  public:
   /// Starts on a record's list.
   void open(SimRecord& record, int pos);
-  /// The pair goes behind the last one that is at least as similar. It is dropped (false) if its
-  /// word is among those that are at most as similar.
+  /// The pair is dropped (false) if its word is among those behind the last more similar one.
   bool insert_sim(int id, float sim);
   /// Gives the list back to the record. The groups keep their words.
   void close();
@@ -60,17 +60,20 @@ class SimInserter {
   struct Placed {
     SimPair pair;
     int place;  ///< before the order was made
+    /// The most similar of this pair and all behind it. A new pair belongs behind the last rank
+    /// that is not below it, and ranks descend whatever the similarities do.
+    float rank;
   };
   struct Least {
     std::uint32_t list = 0;  ///< which list the number belongs to
-    float sim = 0;
+    float rank = 0;
   };
-  bool note(int id, float sim);
+  bool note(int id, float rank);
 
   SimRecord* record_ = nullptr;
   int pos_ = 0;
   std::vector<Placed> pairs_;
-  std::vector<Least> least_;  // by id: the lowest similarity of a word in the list
+  std::vector<Least> least_;  // by id: the lowest rank of a word in the list
   std::uint32_t list_ = 0;
 };
 

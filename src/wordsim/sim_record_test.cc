@@ -32,6 +32,10 @@ TEST(SimInserter, GivesWhatOneByOneGives) {
     SimRecord record(1);
     std::vector<SimPair> wanted;
     SimInserter inserter;
+    for (int i = 0; i < round % 6; ++i) {  // what a dictionary gave, in no order
+      wanted.push_back({1 + static_cast<int>(random() % 9), static_cast<float>(random() % 6)});
+      record.sims[2].append(wanted.back());
+    }
     for (int list = 0; list < 3; ++list) {
       inserter.open(record, 2);
       for (int i = 0; i < 12; ++i) {
@@ -72,9 +76,9 @@ class PackedRecord : public testing::Test {
 };
 
 TEST_F(PackedRecord, ComesBackCutToItsLength) {
-  SimRecord whole(1), cut(1);
+  SimRecord whole(1), cut(1), none(1);
   std::vector<char> bytes = value();
-  ASSERT_TRUE(unpack(bytes, 41, 0, whole));
+  ASSERT_TRUE(unpack(bytes, 41, 40, whole));
   EXPECT_EQ(whole.sims[0].count(), 40);
   ASSERT_GT(whole.groups[0].length(), 0);
   for (int i = 0; i < 41; ++i)
@@ -86,6 +90,8 @@ TEST_F(PackedRecord, ComesBackCutToItsLength) {
   ASSERT_EQ(cut.groups[0].length(), 1);
   EXPECT_EQ(cut.groups[0].nth(0)->count(), 1);
   EXPECT_EQ(cut.groups[2].length(), 0);
+  ASSERT_TRUE(unpack(bytes, 41, 0, none));
+  EXPECT_EQ(none.sims[0].count() + none.groups[0].length(), 0);
 }
 
 TEST_F(PackedRecord, IsRefusedWhenBytesOrIdsAreMissing) {

@@ -45,13 +45,13 @@ class EntryText {
     if (quoted && *p_) ++p_;
     return true;
   }
-  bool next_number(float& number) {
+  /// 0 if none follows.
+  float next_number() {
     while (*p_ && !in_number(*p_)) ++p_;
     const char* start = p_;
     while (in_number(*p_)) ++p_;
     std::string digits(start, std::min(static_cast<std::size_t>(p_ - start), kMostBytes));
-    number = static_cast<float>(std::atof(digits.c_str()));
-    return p_ != start;
+    return static_cast<float>(std::atof(digits.c_str()));
   }
 
  private:
@@ -69,13 +69,13 @@ void read_text_entry(SimWordDb& db, const char* entry, SimRecord& record, int po
   EntryText text(entry);
   if (!text.enter() || !text.enter()) return;
   if (text.skip("desc")) {
-    text.next_number(record.desc[pos]);
+    record.desc[pos] = text.next_number();
     if (!text.enter()) return;
   }
   text.skip("sims");
   std::string word;
-  float sim = 0;
-  while (text.next_word(word) && text.next_number(sim)) {
+  while (text.next_word(word)) {
+    const float sim = text.next_number();
     record.sum[pos] += sim;
     record.sims[pos].append({db.get_id(word.c_str(), 1), sim});
     if (db.max_syns > 0 && record.sims[pos].count() >= db.max_syns) return;

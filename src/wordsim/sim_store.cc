@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 #include <iostream>
+#include <limits>
 #include <utility>
 
 #include "support/big_endian.h"
@@ -90,7 +91,7 @@ bool unpack_record(const char* bytes, const char* end, int ids, int most, SimRec
   Bytes in{bytes, end};
   for (int pos = 0; pos < kPartsOfSpeech && in.good; ++pos) {
     int n = in.count(kPairBytes);
-    int kept = most > 0 ? std::min(n, most) : n;
+    int kept = std::min(n, std::max(most, 0));
     if (n > 0) {
       record.desc[pos] = in.real();
       record.sum[pos] = in.real();
@@ -108,7 +109,7 @@ SimRecord* SimWordDb::load_from_file(const char* word) {
   const char* end = key + buf.object_size() - 1;
   const char* value = std::find(key, end, '\0') + 1;
   auto record = std::make_unique<SimRecord>(get_id(key, 1));
-  int most = whole_lists_ ? 0 : max_syns;
+  int most = whole_lists_ ? std::numeric_limits<int>::max() : max_syns;
   if (value > end || !unpack_record(value, end, count(), most, *record)) {
     std::cerr << "SimWordDb: the record of " << word << " is damaged\n";
     return nullptr;

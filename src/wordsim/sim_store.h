@@ -9,8 +9,8 @@ namespace torvane {
 
 /// Adds a record with its key to `out`.
 void pack_record(const SimRecord& record, const char* word, StrBufs& out);
-/// Reads what follows the key. Of each list the first `most` pairs are kept, all if `most` is below
-/// 1; `ids` is one above the highest id there is. False if the bytes are damaged.
+/// Reads what follows the key. Of each list the first `most` pairs are kept; `ids` is one above the
+/// highest id there is. False if the bytes are damaged.
 bool unpack_record(const char* bytes, const char* end, int ids, int most, SimRecord& record);
 
 }  // namespace torvane

@@ -43,7 +43,7 @@ class SimWordDb : public Str2Id {
   Array<std::unique_ptr<SimRecord>> records;  ///< by id, null where nothing was loaded
   std::unique_ptr<DictOnDisk> dicts[kPartsOfSpeech];
   std::unique_ptr<QHash> file;
-  int max_syns;   ///< most pairs kept of a list in a dictionary or store; below 1: all
+  int max_syns;   ///< most pairs kept of a list in a store; and in a dictionary, if above 0
   float min_sim;  ///< a dictionary's list is read to the first pair below it; 0: all
 
  private:

@@ -1,5 +1,7 @@
 // Lists of similar words of any bytes: as a source, as an entry of a dictionary and as a packed
 // record. What comes in prints, packs, and comes back the same.
+#include <climits>
+
 #include "fuzz_input.h"
 #include "wordsim/group_scores.h"
 #include "wordsim/sim_print.h"
@@ -21,7 +23,7 @@ void check(SimWordDb& db, const SimRecord& record) {
   pack_record(record, "w", packed);
   SimRecord back(record.word);
   const char* bytes = packed.object() + 2;
-  if (!unpack_record(bytes, packed.object() + packed.object_size(), db.count(), 0, back))
+  if (!unpack_record(bytes, packed.object() + packed.object_size(), db.count(), INT_MAX, back))
     std::abort();
   printed(db, back);
   for (int pos = 0; pos < kPartsOfSpeech; ++pos)

@@ -9,6 +9,7 @@
 (echo "read only")
 (populate-tripledb db more.txt)
 (st db a)
+(populate-tripledb db rels.txt deps.txt)
 (del-tripledb-entry db deps.txt)
 (merge-tripledbs db memory)
 (merge db memory)

@@ -2,6 +2,8 @@
 (simwords good DOG cat)
 (make-simworddb short :db good.hdr :max-syns 2)
 (simwords short dog)
+(make-simworddb none :db good.hdr :max-syns 0)
+(simwords none dog)
 (make-simworddb bad :db damaged.hdr)
 (simwords bad dog cat "big cat" fox nosuch)
 (make-simworddb nan :db nan.hdr)
