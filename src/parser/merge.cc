@@ -1,4 +1,6 @@
 // The tying of two items: every test that stands between a modifier and its head, in its order.
+#include <utility>
+
 #include "parser/grammar.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
@@ -149,6 +151,7 @@ PItem* GCate::copy_item(const PItem* source, const AttSet* atts) {
   item->_high = source->_high;
   item->_atts->unify(*source->_atts, atts, 1);
   item->_head_child = const_cast<PItem*>(source);
+  item->head_word = &head_word_of(*source);
   item->_weight += source->_weight;
   return item;
 }
@@ -203,6 +206,7 @@ bool TorvaneParser::insert_empty_category(PItem& merged, PItem& modifier) {
   gap->_link = _empty_link;
   discharge(*gap, 0);
   merged._modifier = gap;
+  std::swap(merged.order, gap->order);  // an item stands behind what it is made of
   remove_att(*merged._atts, syntax_atts().move);
   return true;
 }

@@ -17,11 +17,14 @@ LexItem* lexitem_of(const PItem& item) {
   return reinterpret_cast<LexItem*>(value_of(*item._atts, syntax_atts().lexitem));
 }
 
+const PItem& head_word_of(const PItem& item) {
+  return item.head_word && !lexitem_of(item) ? *item.head_word : item;
+}
+
 int head_position(const PItem& item) {
-  for (const PItem* p = &item;; p = p->_head_child) {
-    if (const LexItem* lexitem = lexitem_of(*p)) return lexitem->head;
-    if (!p->_head_child) return p->_low;
-  }
+  const PItem& word = head_word_of(item);
+  const LexItem* lexitem = lexitem_of(word);
+  return lexitem ? lexitem->head : word._low;
 }
 
 PItem* head_child(PItem* item) {

@@ -27,9 +27,13 @@ struct PItem {
   PItem* _modifier = nullptr;
   Link* _link = nullptr;  ///< made the item; null for a lexical item
   float _weight = 0;      ///< accumulated
+  int order = 0;          ///< among the items of the sentence, as they were made
   /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node
   /// is never taken for a modifier.
   GCate* _node = nullptr;
+  /// Of those below on the head children, the first with a lexical item, else the last; null where
+  /// there are none. A long row of empty modifiers is not walked again for each of them.
+  const PItem* head_word = nullptr;
 };
 
 namespace tags {
@@ -48,6 +52,8 @@ LexItem* lexitem_of(const PItem& item);
 /// The position of the head word: down the head children to a lexical item's head, else the start
 /// of the last one visited.
 int head_position(const PItem& item);
+/// The item that says so.
+const PItem& head_word_of(const PItem& item);
 /// Follows the head children while the item has both head child and modifier; the first that lacks
 /// one.
 PItem* head_child(PItem* item);
