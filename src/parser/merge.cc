@@ -151,7 +151,6 @@ PItem* GCate::copy_item(const PItem* source, const AttSet* atts) {
   item->_high = source->_high;
   item->_atts->unify(*source->_atts, atts, 1);
   item->_head_child = const_cast<PItem*>(source);
-  item->head_word = &head_word_of(*source);
   item->_weight += source->_weight;
   return item;
 }

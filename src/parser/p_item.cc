@@ -5,6 +5,18 @@
 #include "parser/syntax_atts.h"
 
 namespace torvane {
+namespace {
+
+const PItem& head_word_below(const PItem& item) {
+  if (!item.head_word) {
+    const PItem* p = item._head_child;
+    while (p->_head_child && !lexitem_of(*p)) p = p->head_word ? p->head_word : p->_head_child;
+    item.head_word = p;
+  }
+  return *item.head_word;
+}
+
+}  // namespace
 
 GCate* node_of(const PItem& item) {
   for (const PItem* p = &item;; p = p->_head_child) {
@@ -17,13 +29,12 @@ LexItem* lexitem_of(const PItem& item) {
   return reinterpret_cast<LexItem*>(value_of(*item._atts, syntax_atts().lexitem));
 }
 
-const PItem& head_word_of(const PItem& item) {
-  return item.head_word && !lexitem_of(item) ? *item.head_word : item;
-}
-
 int head_position(const PItem& item) {
-  const PItem& word = head_word_of(item);
-  const LexItem* lexitem = lexitem_of(word);
+  const LexItem* lexitem = lexitem_of(item);
+  if (lexitem) return lexitem->head;
+  if (!item._head_child) return item._low;
+  const PItem& word = head_word_below(item);
+  lexitem = lexitem_of(word);
   return lexitem ? lexitem->head : word._low;
 }
 

@@ -31,9 +31,9 @@ struct PItem {
   /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node
   /// is never taken for a modifier.
   GCate* _node = nullptr;
-  /// Of those below on the head children, the first with a lexical item, else the last; null where
-  /// there are none. A long row of empty modifiers is not walked again for each of them.
-  const PItem* head_word = nullptr;
+  /// Of those below on the head children, the first with a lexical item, else the last; found when
+  /// it is first asked for, so that a long row of empty modifiers is not walked for each of them.
+  mutable const PItem* head_word = nullptr;
 };
 
 namespace tags {
@@ -52,8 +52,6 @@ LexItem* lexitem_of(const PItem& item);
 /// The position of the head word: down the head children to a lexical item's head, else the start
 /// of the last one visited.
 int head_position(const PItem& item);
-/// The item that says so.
-const PItem& head_word_of(const PItem& item);
 /// Follows the head children while the item has both head child and modifier; the first that lacks
 /// one.
 PItem* head_child(PItem* item);
