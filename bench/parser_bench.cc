@@ -1,8 +1,10 @@
-// Parsing with the shipped grammar by sentence length, the allocations that it makes once warm, and
-// the reset of a parser that was not used.
+// Parsing with the shipped grammar by sentence length, the allocations that it makes once warm, the
+// reading of a full pool, and the reset of a parser that was not used.
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "bench/allocations.h"
 #include "bench/session.h"
@@ -69,6 +71,46 @@ const bool registered = [] {
   }
   return true;
 }();
+
+/// A full pool of items, in the shapes that empty modifiers give it.
+enum Shape { kSameHead, kEachOnTheLast, kNested, kShortChains };
+
+std::vector<PItem> full_pool(Shape shape, Link* link) {
+  std::vector<PItem> items(TorvaneParser::kPoolLimit);
+  const int last = static_cast<int>(items.size()) - 1;
+  for (int i = 0; i <= last; ++i) {
+    PItem& item = items[i];
+    item.order = i;
+    item._node = link->_parent;
+    if (i < 2) continue;
+    item._link = link;
+    item._head_child = shape == kSameHead ? &items[0] : &items[i - 1];
+    item._modifier = &items[1];
+    if (shape == kNested) std::swap(item._head_child, item._modifier);
+  }
+  // The newest stands right behind the first; made from the inside out, the last one is the first.
+  std::vector<int> chain{shape == kEachOnTheLast ? last : 0};
+  if (shape == kEachOnTheLast) chain.push_back(0);
+  for (int i = 2; i < last; ++i) chain.push_back(shape == kSameHead ? last + 2 - i : i);
+  if (shape == kSameHead || shape == kEachOnTheLast)
+    for (std::size_t i = 1; i < chain.size(); ++i) items[chain[i - 1]]._next = &items[chain[i]];
+  if (shape == kShortChains)
+    for (int i = 4; i + 2 <= last; i += 4) items[i]._next = &items[i + 2];
+  return items;
+}
+
+void forest_full_pool(benchmark::State& state) {
+  english();
+  auto shape = static_cast<Shape>(state.range(0));
+  std::vector<PItem> items = full_pool(shape, current_parser()->_empty_link);
+  PItem* top = shape == kSameHead ? &items.front() : &items.back();
+  ParseForest forest(nullptr);
+  for (auto _ : state) {
+    forest.clear();
+    benchmark::DoNotOptimize(forest.get_tnode(top)->best().empty());
+  }
+}
+BENCHMARK(forest_full_pool)->DenseRange(kSameHead, kShortChains)->Unit(benchmark::kMillisecond);
 
 void reset_idle(benchmark::State& state) {
   english();

@@ -3,7 +3,15 @@
 #include <algorithm>
 #include <tuple>
 
+#include "parser/long_cover.h"
+
 namespace torvane {
+namespace {
+
+constexpr float kJoin = 35.0f;
+constexpr float kJoinAtPunctuation = 10.0f;
+
+}  // namespace
 
 std::vector<CoverWord>& Cover::start(int word_slots) {
   words_.assign(static_cast<std::size_t>(std::max(word_slots, 0)), CoverWord());
@@ -17,10 +25,10 @@ void Cover::offer(TNode* node, int low, int high, float cost) {
 }
 
 void Cover::keep_best_offers() {
-  auto key = [](const Offer& o) { return std::tie(o.low, o.high, o.cost, o.number); };
+  auto key = [](const CoverOffer& o) { return std::tie(o.low, o.high, o.cost, o.number); };
   std::sort(offers_.begin(), offers_.end(),
-            [&](const Offer& a, const Offer& b) { return key(a) < key(b); });
-  auto same_span = [](const Offer& a, const Offer& b) {
+            [&](const CoverOffer& a, const CoverOffer& b) { return key(a) < key(b); });
+  auto same_span = [](const CoverOffer& a, const CoverOffer& b) {
     return a.low == b.low && a.high == b.high;
   };
   offers_.erase(std::unique(offers_.begin(), offers_.end(), same_span), offers_.end());
@@ -29,24 +37,22 @@ void Cover::keep_best_offers() {
 // Punctuation at the end that no tree reaches is not covered.
 int Cover::end_of_cover() const {
   int largest = -1;
-  for (const Offer& offer : offers_) largest = std::max(largest, offer.high);
+  for (const CoverOffer& offer : offers_) largest = std::max(largest, offer.high);
   int end = static_cast<int>(words_.size());
   while (largest + 1 < end && words_[static_cast<std::size_t>(end) - 1].starts_punctuation) --end;
   return end;
 }
 
-float Cover::join_cost(int last) const {
-  auto i = static_cast<std::size_t>(last);
-  bool cheap = words_[i].is_punctuation || words_[i + 1].is_punctuation;
-  return cheap ? kJoinAtPunctuation : kJoin;
+float Cover::join_cost(const CoverWord& left, const CoverWord& right) {
+  return left.is_punctuation || right.is_punctuation ? kJoinAtPunctuation : kJoin;
 }
 
 const std::vector<TNode*>& Cover::choose() {
   chosen_.clear();
   keep_best_offers();
   int end = end_of_cover();
-  if (end > kMostTableWords) {
-    choose_by_chain(end);
+  if (end > most_table_words_) {
+    chosen_ = LongCover(words_, offers_, end).choose();
   } else if (end >= 2) {
     choose_by_table(end);
   }
@@ -55,7 +61,7 @@ const std::vector<TNode*>& Cover::choose() {
 
 void Cover::choose_by_table(int end) {
   cells_.assign(cell_count(end), Cell());
-  for (const Offer& offer : offers_)
+  for (const CoverOffer& offer : offers_)
     if (offer.high < end) cells_[cell_index(offer.low, offer.high)] = {offer.node, offer.cost, 0};
   // A tree over one word costs what the word costs alone.
   for (int i = 0; i < end; ++i)
@@ -84,45 +90,14 @@ void Cover::fill_cell(int low, int high) {
   // Kept: tree-beats-split
   if (cell.node) return;
   for (int k = low; k < high; ++k) {
-    float cost =
-        cells_[cell_index(low, k)].cost + cells_[cell_index(k + 1, high)].cost + join_cost(k);
+    auto last = static_cast<std::size_t>(k);
+    float cost = cells_[cell_index(low, k)].cost + cells_[cell_index(k + 1, high)].cost +
+                 join_cost(words_[last], words_[last + 1]);
     if (cell.split == 0 || cost < cell.cost) {
       cell.cost = cost;
       cell.split = k;
     }
   }
-}
-
-// From right to left: what remains from each word on is a tree, or the best first part and the
-// rest.
-void Cover::choose_by_chain(int end) {
-  cells_.assign(static_cast<std::size_t>(end) + 1, Cell());
-  std::size_t next_offer = offers_.size();
-  for (int low = end - 1; low >= 1; --low)
-    cells_[static_cast<std::size_t>(low)] = chain_cell(low, end, next_offer);
-  for (int low = 1; low < end; low = cells_[static_cast<std::size_t>(low)].split + 1)
-    if (TNode* node = cells_[static_cast<std::size_t>(low)].node) chosen_.push_back(node);
-}
-
-Cover::Cell Cover::chain_cell(int low, int end, std::size_t& next_offer) const {
-  Cell cell;
-  auto try_part = [&](TNode* node, int high, float cost) {
-    if (high + 1 < end) cost += cells_[static_cast<std::size_t>(high) + 1].cost + join_cost(high);
-    if (cell.split == 0 || cost < cell.cost) cell = {node, cost, high};
-  };
-  std::size_t behind = next_offer;
-  while (next_offer > 0 && offers_[next_offer - 1].low >= low) --next_offer;
-  TNode* word_tree = nullptr;
-  if (next_offer < behind && offers_[next_offer].low == low && offers_[next_offer].high == low)
-    word_tree = offers_[next_offer].node;
-  try_part(word_tree, low, words_[static_cast<std::size_t>(low)].cost);
-  for (std::size_t i = next_offer; i < behind; ++i) {
-    const Offer& offer = offers_[i];
-    if (offer.low != low || offer.high == low || offer.high >= end) continue;
-    if (offer.high == end - 1) return {offer.node, offer.cost, offer.high};
-    try_part(offer.node, offer.high, offer.cost);
-  }
-  return cell;
 }
 
 }  // namespace torvane

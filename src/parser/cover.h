@@ -16,13 +16,21 @@ struct CoverWord {
   bool starts_punctuation = false;  ///< dropped at the end of the sentence
 };
 
+/// A tree for a span.
+struct CoverOffer {
+  TNode* node;
+  int low, high;
+  float cost;
+  std::size_t number;  ///< in order of arrival
+};
+
 class Cover {
  public:
-  static constexpr float kJoin = 35.0f;
-  static constexpr float kJoinAtPunctuation = 10.0f;
-  /// The table grows with the square of the words, and the work with the cube. In a longer sentence
-  /// a cheaper way around an overpriced tree is not looked for.
+  /// The table grows with the square of the words, and the work with the cube; where a text has
+  /// more, the same is chosen in another way.
   static constexpr int kMostTableWords = 1000;
+
+  explicit Cover(int most_table_words = kMostTableWords) : most_table_words_(most_table_words) {}
 
   /// Starts on a sentence. `words[0]` stands before the first word and is never covered.
   std::vector<CoverWord>& start(int word_slots);
@@ -31,6 +39,7 @@ class Cover {
   /// The chosen trees, from left to right; valid until the next call.
   const std::vector<TNode*>& choose();
 
+  static float join_cost(const CoverWord& left, const CoverWord& right);
   static std::size_t cell_index(int low, int high) {
     return static_cast<std::size_t>((high + 3) * high / 2 - low);
   }
@@ -39,12 +48,6 @@ class Cover {
   }
 
  private:
-  struct Offer {
-    TNode* node;
-    int low, high;
-    float cost;
-    std::size_t number;  // in order of arrival
-  };
   struct Cell {
     TNode* node = nullptr;
     float cost = -1;  // -1: unset
@@ -53,14 +56,12 @@ class Cover {
 
   void keep_best_offers();
   int end_of_cover() const;
-  float join_cost(int last) const;
   void choose_by_table(int end);
   void fill_cell(int low, int high);
-  void choose_by_chain(int end);
-  Cell chain_cell(int low, int end, std::size_t& next_offer) const;
 
+  int most_table_words_;
   std::vector<CoverWord> words_;
-  std::vector<Offer> offers_;
+  std::vector<CoverOffer> offers_;
   std::vector<Cell> cells_;
   std::vector<std::pair<int, int>> spans_;
   std::vector<TNode*> chosen_;

@@ -1,4 +1,6 @@
 // The tying of two items: every test that stands between a modifier and its head, in its order.
+#include <utility>
+
 #include "parser/grammar.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
@@ -206,6 +208,7 @@ bool TorvaneParser::insert_empty_category(PItem& merged, PItem& modifier) {
   gap->_link = _empty_link;
   discharge(*gap, 0);
   merged._modifier = gap;
+  std::swap(merged.order, gap->order);  // an item stands behind what it is made of
   remove_att(*merged._atts, syntax_atts().move);
   return true;
 }

@@ -5,6 +5,18 @@
 #include "parser/syntax_atts.h"
 
 namespace torvane {
+namespace {
+
+const PItem& head_word_below(const PItem& item) {
+  if (!item.head_word) {
+    const PItem* p = item._head_child;
+    while (p->_head_child && !lexitem_of(*p)) p = p->head_word ? p->head_word : p->_head_child;
+    item.head_word = p;
+  }
+  return *item.head_word;
+}
+
+}  // namespace
 
 GCate* node_of(const PItem& item) {
   for (const PItem* p = &item;; p = p->_head_child) {
@@ -18,10 +30,12 @@ LexItem* lexitem_of(const PItem& item) {
 }
 
 int head_position(const PItem& item) {
-  for (const PItem* p = &item;; p = p->_head_child) {
-    if (const LexItem* lexitem = lexitem_of(*p)) return lexitem->head;
-    if (!p->_head_child) return p->_low;
-  }
+  const LexItem* lexitem = lexitem_of(item);
+  if (lexitem) return lexitem->head;
+  if (!item._head_child) return item._low;
+  const PItem& word = head_word_below(item);
+  lexitem = lexitem_of(word);
+  return lexitem ? lexitem->head : word._low;
 }
 
 PItem* head_child(PItem* item) {

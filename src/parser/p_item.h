@@ -27,9 +27,13 @@ struct PItem {
   PItem* _modifier = nullptr;
   Link* _link = nullptr;  ///< made the item; null for a lexical item
   float _weight = 0;      ///< accumulated
+  int order = 0;          ///< among the items of the sentence, as they were made
   /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node
   /// is never taken for a modifier.
   GCate* _node = nullptr;
+  /// Of those below on the head children, the first with a lexical item, else the last; found when
+  /// it is first asked for, so that a long row of empty modifiers is not walked for each of them.
+  mutable const PItem* head_word = nullptr;
 };
 
 namespace tags {

@@ -37,6 +37,16 @@ std::size_t hash_of(const PItem* item) {
 
 }  // namespace
 
+Derivations join(const Derivations& first, const Derivations& rest) {
+  Derivations both;
+  bool is_better = first.best && (!rest.best || first.best->_cost <= rest.best->_cost);
+  both.best = is_better ? first.best : rest.best;
+  both.own_weight = tame(rest.own_weight + first.own_weight);
+  both._cost = tame(both.own_weight + (both.best ? both.best->_cost : 0));
+  both.n_trees = saturated(std::int64_t{rest.n_trees} + first.n_trees);
+  return both;
+}
+
 const Slist<Derivation*>& TNode::best() {
   if (_expanded) return _best;
   _expanded = 1;
@@ -62,6 +72,7 @@ void ParseForest::clear() {
   chains_.reset();
   tnodes_.reset();
   derivations_.reset();
+  views_.reset();
   ++sentence_;
 }
 
@@ -99,35 +110,36 @@ ParseForest::Chain* ParseForest::unbuilt_part(Chain& chain) {
   for (; chain.cursor; chain.cursor = chain.cursor->_next) {
     Chain* alternative = chain_of(chain.cursor);
     if (alternative->state == State::built) return nullptr;
-    if (alternative->derived) continue;
+    alternative->state = State::building;
     for (PItem* part : {chain.cursor->_head_child, chain.cursor->_modifier})
       if (part)
-        if (Chain* found = chain_of(part); found->state == State::fresh) return found;
+        if (Chain* found = chain_of(part); found->state != State::built) return found;
   }
   return nullptr;
 }
 
 ParseForest::Chain* ParseForest::expand(PItem* first) {
   Chain* wanted = chain_of(first);
-  if (wanted->state != State::fresh) return wanted;
+  if (wanted->state == State::built) return wanted;
   stack_.push_back(wanted);
   while (!stack_.empty()) {
     Chain* chain = stack_.back();
-    chain->state = State::building;
-    if (Chain* part = unbuilt_part(*chain)) {
-      stack_.push_back(part);
-    } else {
+    Chain* part = unbuilt_part(*chain);
+    if (!part) {
       stack_.pop_back();
       build(*chain);
+    } else if (part->state == State::fresh) {
+      stack_.push_back(part);
+    } else {
+      stack_.clear();
+      build_circles(*wanted);
     }
   }
   return wanted;
 }
 
 // From the last alternative to the first, so that every chain that begins further down is built on
-// the way. An alternative that consists of a chain still being built, as with a category that is
-// its own head, leads back to itself: it is left out here, and the chains before it wait for their
-// own turn.
+// the way.
 void ParseForest::build(Chain& chain) {
   alternatives_.clear();
   Derivations choices;
@@ -139,100 +151,92 @@ void ParseForest::build(Chain& chain) {
     }
     alternatives_.push_back(alternative);
   }
-  bool complete = true;
   for (auto it = alternatives_.rbegin(); it != alternatives_.rend(); ++it) {
     Chain& alternative = **it;
-    if (derive(alternative)) {
-      add_choices(alternative, choices);
-    } else {
-      complete = false;
-    }
-    if (&alternative != &chain && (!complete || alternative.state == State::building)) continue;
-    alternative.choices = choices;
+    derive(alternative, part_of(alternative.first->_head_child),
+           part_of(alternative.first->_modifier));
+    alternative.choices = choices = join(alternative.own, choices);
     alternative.state = State::built;
   }
 }
 
-void ParseForest::add_choices(const Chain& from, Derivations& choices) {
-  Derivation* best = from.entry ? from.entry : from.same_as->best;
-  int n_trees = from.entry ? count_trees(*best) : from.same_as->n_trees;
-  choices.own_weight = tame(choices.own_weight + from.own_weight);
-  choices.n_trees = saturated(std::int64_t{choices.n_trees} + n_trees);
-  if (best && (!choices.best || best->_cost <= choices.best->_cost)) choices.best = best;
-  choices._cost = tame(choices.own_weight + (choices.best ? choices.best->_cost : 0));
+ParseForest::Part ParseForest::part_of(PItem* item) {
+  if (!item) return {};
+  Chain* chain = chain_of(item);
+  return {chain, &chain->choices};
 }
 
-Derivation* ParseForest::new_entry(Chain& chain, PItem& item) {
+Derivation* ParseForest::new_entry(PItem& item) {
   Derivation* entry = derivations_.take();
   *entry = Derivation();
   entry->_item = &item;
-  return chain.entry = entry;
+  return entry;
 }
 
-/// Takes the first item of a chain apart; false while its parts are not built.
-bool ParseForest::derive(Chain& chain) {
-  if (chain.derived) return true;
+/// Takes the first item of a chain apart.
+void ParseForest::derive(Chain& chain, Part head, Part modifier) {
   PItem& item = *chain.first;
-  if (item._head_child) {
-    Chain* head = chain_of(item._head_child);
-    Chain* modifier = item._modifier ? chain_of(item._modifier) : nullptr;
-    if (head->state != State::built || (modifier && modifier->state != State::built)) return false;
-    take_apart(chain, *head, modifier);
-  } else {
-    Derivation* entry = new_entry(chain, item);
+  chain.word = head.chain ? head.chain->word : &item;
+  float added = head.chain ? tame(item._weight - head.chain->first->_weight) : 0;
+  Derivation* entry = nullptr;
+  if (!head.chain) {
+    entry = new_entry(item);
     entry->_is_head = 1;
     entry->_cost = entry->_local_cost = tame(item._weight);
-  }
-  return chain.derived = true;
-}
-
-void ParseForest::take_apart(Chain& chain, Chain& head, Chain* modifier) {
-  PItem& item = *chain.first;
-  float added = tame(item._weight - head.first->_weight);
-  if (modifier) {
-    Derivation* entry = new_entry(chain, *modifier->first);
+  } else if (modifier.chain) {
+    entry = new_entry(*modifier.chain->first);
     entry->merged = &item;
     entry->_link = item._link;
-    entry->_child = node_of_chain(*modifier);
-    entry->head = &head.choices;
-    entry->_local_cost = step_cost(item);
-    entry->_cost = tame(entry->_child->_weight + head.choices._cost + entry->_local_cost);
+    entry->_child = tnode_of(modifier);
+    entry->head = head.choices;
+    entry->_local_cost = step_cost(item, *head.chain);
+    entry->_cost = tame(entry->_child->_weight + head.choices->_cost + entry->_local_cost);
   } else if (item._link) {
-    Derivation* entry = new_entry(chain, *head.first);
+    entry = new_entry(*head.chain->first);
     entry->_is_head = 1;
     entry->merged = &item;
     entry->_link = item._link;
-    entry->_child = node_of_chain(head);
+    entry->_child = tnode_of(head);
     entry->_local_cost = added;
     entry->_cost = tame(entry->_child->_weight + added);
+  }
+  if (entry) {
+    chain.own.best = entry;
+    chain.own.n_trees = count_trees(*entry);
   } else {
-    chain.same_as = &head.choices;
-    chain.own_weight = tame(added + head.choices.own_weight);
+    chain.own = *head.choices;
+    chain.own.own_weight = tame(added + head.choices->own_weight);
   }
 }
 
-TNode* ParseForest::node_of_chain(Chain& chain) {
-  if (chain.node) return chain.node;
+TNode* ParseForest::new_node(Part part) {
   TNode* node = tnodes_.take();
   *node = TNode();
   node->_forest = this;
-  node->_item = chain.first;
-  node->_node = torvane::node_of(*chain.first);
-  node->_choices = &chain.choices;
-  node->_weight = chain.choices._cost;
-  node->_n_trees = chain.choices.n_trees;
-  return chain.node = node;
+  node->_item = part.chain->first;
+  node->_node = node_of(*part.chain->first);
+  node->_choices = part.choices;
+  node->_weight = part.choices->_cost;
+  node->_n_trees = part.choices->n_trees;
+  return node;
+}
+
+TNode* ParseForest::tnode_of(Part part) {
+  if (part.choices != &part.chain->choices) return new_node(part);
+  if (!part.chain->node) part.chain->node = new_node(part);
+  return part.chain->node;
 }
 
 TNode* ParseForest::get_tnode(PItem* item) {
-  return node_of_chain(*expand(item));
+  Chain* chain = expand(item);
+  return tnode_of({chain, &chain->choices});
 }
 
-float ParseForest::step_cost(const PItem& merged) {
+float ParseForest::step_cost(const PItem& merged, const Chain& head) {
   float cost = 0;
   if (parser_) {
     cost = parser_->_reldb
-               ? dependency_cost(merged)
+               ? dependency_cost(merged, head)
                : merged._weight - merged._modifier->_weight - merged._head_child->_weight;
   }
   if (const Link* link = merged._link) {
@@ -242,12 +246,11 @@ float ParseForest::step_cost(const PItem& merged) {
   return tame(cost);
 }
 
-float ParseForest::dependency_cost(const PItem& merged) {
+float ParseForest::dependency_cost(const PItem& merged, const Chain& head_chain) {
   const SyntaxAtts& syn = syntax_atts();
   const PItem* head = merged._head_child;
   bool preposition = syn.cat_p != 0 && value_of(*head->_atts, syn.cat) == syn.cat_p;
-  if (lexitem_of(*head) || preposition)
-    while (head->_head_child) head = head->_head_child;
+  if (lexitem_of(*head) || preposition) head = head_chain.word;
   PItem* modifier = merged._modifier;
   const TraceChain* trace = trace_of(*merged._atts, syn.trace);
   if (!trace) return best_cost(*head, modifier, step_relation(merged));

@@ -28,6 +28,9 @@ struct Derivations {
   int n_trees = 0;
 };
 
+/// The decompositions of a chain that begins with `first` and goes on with `rest`.
+Derivations join(const Derivations& first, const Derivations& rest);
+
 /// One step of a decomposition. The rest of it, the head's side, is shared by all steps to that
 /// head.
 struct Derivation {
@@ -85,16 +88,20 @@ class ParseForest {
   struct Chain {
     PItem* first = nullptr;
     State state = State::fresh;   // of `choices`
-    bool derived = false;         // the item itself is taken apart
-    Derivation* entry = nullptr;  // its last step;
-    const Derivations* same_as =
-        nullptr;              // or the decompositions that it has in common with its head
-    float own_weight = 0;     // and what it adds to them
-    PItem* cursor = nullptr;  // while building: the alternative whose parts are looked at
+    int number = -1;              // among those of a circle being built
+    PItem* cursor = nullptr;      // while building: the alternative whose parts are looked at
+    const PItem* word = nullptr;  // at the end of the item's head children
+    Derivations own;              // of the item alone
     Derivations choices;
     TNode* node = nullptr;
     std::vector<ModifierSide> sides;  // the different alternatives, as costs see them
   };
+  /// Head or modifier of an item, with the decompositions that are open to it.
+  struct Part {
+    Chain* chain = nullptr;
+    const Derivations* choices = nullptr;
+  };
+  class Circles;
   struct Slot {
     Chain* chain;
     std::uint64_t sentence;
@@ -124,13 +131,15 @@ class ParseForest {
   Chain* expand(PItem* first);
   Chain* unbuilt_part(Chain& chain);
   void build(Chain& chain);
-  bool derive(Chain& chain);
-  void take_apart(Chain& chain, Chain& head, Chain* modifier);
-  static void add_choices(const Chain& from, Derivations& choices);
-  Derivation* new_entry(Chain& chain, PItem& item);
-  TNode* node_of_chain(Chain& chain);
-  float step_cost(const PItem& merged);
-  float dependency_cost(const PItem& merged);
+  /// The same where items lead back to themselves.
+  void build_circles(Chain& wanted);
+  Part part_of(PItem* item);
+  void derive(Chain& chain, Part head, Part modifier);
+  Derivation* new_entry(PItem& item);
+  TNode* new_node(Part part);
+  TNode* tnode_of(Part part);
+  float step_cost(const PItem& merged, const Chain& head);
+  float dependency_cost(const PItem& merged, const Chain& head);
   float best_cost(const PItem& head, PItem* modifier, const char* relation);
   const std::vector<ModifierSide>& sides_of(Chain& chain);
   void collect(const RootRule& rule);
@@ -140,6 +149,7 @@ class ParseForest {
   Pool<Chain> chains_;
   Pool<TNode> tnodes_;
   Pool<Derivation> derivations_;
+  Pool<Derivations> views_;
   std::vector<Slot> table_;
   std::uint64_t sentence_ = 1;
   std::vector<Chain*> stack_;

@@ -1,4 +1,5 @@
 // The making of a parser from its form, and the commands that change its settings.
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -104,9 +105,9 @@ Value def_torvane_parser(IRSlist* form) {
   long size = kDefaultHashtableSize;
   form->find_keyword_long(":hashtable-size", size);
   constexpr long kMostBuckets = 1 << 20;
-  if (size < 1 || size > kMostBuckets) size = kDefaultHashtableSize;
+  if (size > kMostBuckets) size = kDefaultHashtableSize;
   static auto& parsers = *new std::vector<std::unique_ptr<TorvaneParser>>;
-  parsers.push_back(std::make_unique<TorvaneParser>(name, static_cast<int>(size)));
+  parsers.push_back(std::make_unique<TorvaneParser>(name, static_cast<int>(std::max(size, 1L))));
   TorvaneParser* parser = parsers.back().get();
   register_object(name, Value::of(parser), "TorvaneParser");
   read_settings(*parser, form);

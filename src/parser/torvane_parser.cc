@@ -67,6 +67,7 @@ PItem* TorvaneParser::new_item() {
     atts->of_sentence = true;
   }
   item->_atts = std::move(atts);
+  item->order = ++items_made_;
   return item;
 }
 
@@ -94,6 +95,7 @@ void TorvaneParser::reset() {
   touched_nodes_.clear();
   touched_links_.clear();
   _pool_free = static_cast<int>(_pool.size());
+  items_made_ = 0;
   case_marks.reset();
   oblique_case_marks.reset();
   if (debug_weight && _cost_cache) _cost_cache->clear();

@@ -126,6 +126,7 @@ class TorvaneParser {
   std::vector<GCate*> touched_nodes_;
   std::vector<Link*> touched_links_;
   std::vector<Initial> initial_;
+  int items_made_ = 0;             // of this sentence
   std::size_t limited_words_ = 0;  // of _spans: those that may differ from the default
   std::string name_buffer_;
   int nodes_at_look_up_ = -1;

@@ -33,6 +33,8 @@
 (def-torvane-parser odd :attribute-vector-type nosuch :lexical-attributes (a) :show-attributes b
   :default-percolating-attributes ((c) d) :weights-of-words x :lexical-analyzer tp
   :bad-triples nosuch.dat :hashtable-size -5)
+(def-category A) (def-category D) (def-category N) (def-category P) (def-category V)
+(pn)
 (echo -- the name is taken)
 (def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem nope)
   :show-attributes (cat nope) :default-percolating-attributes (num nope)
