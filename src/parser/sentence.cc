@@ -24,8 +24,10 @@ class Parsing {
   Parsing& operator=(const Parsing&) = delete;
 };
 
+/// As one made for this sentence: it takes the default that stands now.
 TokenizerBase& sentence_tokenizer() {
   static Tokenizer tokenizer(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0, 0, 4096, 512);
+  tokenizer.double_byte = TokenizerBase::default_double_byte;
   return tokenizer;
 }
 
