@@ -1,5 +1,6 @@
 #include "lex/item_forms.h"
 
+#include <algorithm>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -143,7 +144,7 @@ struct CapPred : LexPred<CapPred, LexItem*> {
   LexItem* step(LexItem& item) const {
     int n = item.high - item.low + 1;
     if (n < 1 || !item.analyzer) return nullptr;
-    for (int i = item.low; i <= item.high; ++i) {
+    for (int i = std::max<int>(item.low, 1); i <= item.high; ++i) {
       const char* word = item.analyzer->word(i);
       if (!word) return nullptr;
       if (is_lower(word[0]) && (n < kLongName || std::strlen(word) > kShortWord)) return nullptr;
