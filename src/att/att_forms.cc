@@ -159,12 +159,12 @@ void register_attribute_forms() {
   static bool done = false;
   if (done) return;
   done = true;
-  register_form<AttDefPred>();
-  register_form<AttDefOnePred>();
+  register_pure_form<AttDefPred>();
+  register_pure_form<AttDefOnePred>();
   register_form<AttUnDefPred>();
-  register_form<AttDefAndUnifiablePred>();
-  register_form<AttUnifiablePred>();
-  register_form<AttContainPred>();
+  register_pure_form<AttDefAndUnifiablePred>();
+  register_pure_form<AttUnifiablePred>();
+  register_pure_form<AttContainPred>();
   register_form<AttUnifyPred>();
   register_form<AttModifyPred>();
   register_att_constants();

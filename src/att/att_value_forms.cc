@@ -113,7 +113,7 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
 
 void register_att_value_forms() {
   register_form<AttValPred>();
-  register_form<AttStrVal>();
+  register_pure_form<AttStrVal>();
   register_form<AttVec2Str>();
 }
 

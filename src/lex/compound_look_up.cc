@@ -57,7 +57,7 @@ void look_up(Match* match, Word low, Word high, const char* text) {
   std::vector<std::string> words;
   std::string joined;
   bool has_hyphen = false;
-  for (int i = span.low; i <= span.high; ++i) {
+  for (int i = std::max(span.low, 1); i <= span.high; ++i) {
     const char* word = chart.word(i);
     if (!word) return;
     words.emplace_back(word);

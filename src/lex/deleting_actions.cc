@@ -25,7 +25,6 @@ void delete_one(Match* match, LexItem* item) {
 void delete_smaller(Match* match, Word low, Word high) {
   if (!match) return;
   WordSpan span(*match->analyzer, low, high);
-  if (low < span.low) span.low = 0;
   match->analyzer->delete_smaller(span.low, span.high);
 }
 

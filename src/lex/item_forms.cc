@@ -1,5 +1,6 @@
 #include "lex/item_forms.h"
 
+#include <algorithm>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -143,7 +144,7 @@ struct CapPred : LexPred<CapPred, LexItem*> {
   LexItem* step(LexItem& item) const {
     int n = item.high - item.low + 1;
     if (n < 1 || !item.analyzer) return nullptr;
-    for (int i = item.low; i <= item.high; ++i) {
+    for (int i = std::max<int>(item.low, 1); i <= item.high; ++i) {
       const char* word = item.analyzer->word(i);
       if (!word) return nullptr;
       // Kept: cap-means-no-small-letter
@@ -179,6 +180,9 @@ class NoAlternativePred : public Form<NoAlternativePred> {
     }
     return Value::of(item);
   }
+
+ protected:
+  Reach parts_reach() const override { return cond_.reach(); }
 
  private:
   ExpPtr cond_;
@@ -256,28 +260,28 @@ struct IsMixedCase : Adaptor<IsMixedCase, LexAnalyzer, LexAnalyzer*> {
 void register_item_forms() {
   static bool done = false;
   if (std::exchange(done, true)) return;
-  register_form<MatchItem>();
-  register_form<MatchMeaning>();
-  register_form<MatchLow>();
-  register_form<MatchHigh>();
-  register_form<MatchWord>();
-  register_form<MatchAnalyzer>();
-  register_form<MatchComponent>();
+  register_pure_form<MatchItem>();
+  register_pure_form<MatchMeaning>();
+  register_pure_form<MatchLow>();
+  register_pure_form<MatchHigh>();
+  register_pure_form<MatchWord>();
+  register_pure_form<MatchAnalyzer>();
+  register_pure_form<MatchComponent>();
   register_form<ForEachMatchComp>();
-  register_form<AttComponentPred>();
-  register_form<MeaningComponentPred>();
-  register_form<RootPred>();
-  register_form<SurformPred>();
-  register_form<LexItemRel>();
-  register_form<EndingPred>();
-  register_form<CapPred>();
-  register_form<LexItemLength>();
-  register_form<NoAlternativePred>();
-  register_form<IsDeleted>();
-  register_form<GetSubLexItem>();
+  register_pure_form<AttComponentPred>();
+  register_pure_form<MeaningComponentPred>();
+  register_pure_form<RootPred>();
+  register_pure_form<SurformPred>();
+  register_pure_form<LexItemRel>();
+  register_pure_form<EndingPred>();
+  register_pure_form<CapPred>();
+  register_pure_form<LexItemLength>();
+  register_pure_form<NoAlternativePred>();
+  register_pure_form<IsDeleted>();
+  register_pure_form<GetSubLexItem>();
   register_function<&set_cate>("set-cate");
   register_form<SetMixedCase>();
-  register_form<IsMixedCase>();
+  register_pure_form<IsMixedCase>();
 }
 
 }  // namespace torvane

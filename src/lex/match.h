@@ -90,6 +90,8 @@ class MatchList {
     matches_.insert(matches_.end(), other.begin(), other.end());
   }
   void clear() { matches_.clear(); }
+  /// Keeps the first `n`.
+  void cut(int n) { matches_.resize(static_cast<std::size_t>(n)); }
   template <class Test>
   void keep_if(Test test) {
     std::erase_if(matches_, [&](const Ref<Match>& m) { return !test(*m); });

@@ -1,5 +1,6 @@
 #include "lex/match_run.h"
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
 #include <vector>
@@ -98,15 +99,33 @@ void MatchRun::remember(const Place& place, const MatchList& matches) {
   memory_->add(place, static_cast<std::uint32_t>(matches.size()));
 }
 
-bool MatchRun::may_add() {
-  if (added_ < kMostMatches) {
-    ++added_;
-    return true;
-  }
-  if (added_++ == kMostMatches) {
+void MatchRun::limit(MatchList& results) {
+  if (!is_full(results)) return;
+  report_matches();
+  results.cut(kMostMatches);
+}
+
+int MatchRun::cut_matches(const MatchList& list) {
+  report_matches();
+  return kMostMatches - list.size();
+}
+
+int MatchRun::cut_kept(int wanted) {
+  report_steps();
+  return std::min(wanted, steps_left_ / kKeptSteps);
+}
+
+void MatchRun::report_matches() {
+  if (!std::exchange(reported_, true))
     std::cerr << "A lexical pattern has more than " << kMostMatches
               << " matches in a sentence. The rest is left out.\n";
-  }
+}
+
+bool MatchRun::report_steps() {
+  steps_left_ = std::max(steps_left_, 0);
+  if (!std::exchange(reported_, true))
+    std::cerr << "A lexical pattern takes more than " << kMostSteps
+              << " steps in a sentence. The rest is left out.\n";
   return false;
 }
 

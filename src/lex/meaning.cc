@@ -157,7 +157,7 @@ void register_avmeaning_proto() {
   if (std::exchange(done, true)) return;
   register_meanings();
   interpreter().define(kCommands);
-  register_form<MeaningType>();
+  register_pure_form<MeaningType>();
   register_lexp(std::make_unique<AVMConst>());
 }
 

@@ -1,5 +1,6 @@
 #include "lex/multi_patterns.h"
 
+#include <algorithm>
 #include <climits>
 
 #include "support/depth.h"
@@ -12,21 +13,29 @@ DepthLimit seq_depth{"(seq ...): too many parts in a row"};
 
 void MultiPattern::init(IRSlist* args) {
   subs.reserve(static_cast<std::size_t>(args->length()));
+  long unused = 0;
   while (!args->empty()) {
-    if (take_option(args)) continue;
+    if (take_option(args) || take_number(args, ":min", unused) || take_number(args, ":max", unused))
+      continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
     if (item->is_list() || item->atom[0] != ':') subs.emplace_back(make_pattern(item.get()));
   }
 }
 
 void MultiPattern::match(MatchRun& run, MatchList& results) const {
+  run.start(reach);
   if (front_to_back) {
     match_forward(run, results);
-    return;
+  } else {
+    match_backward(run, results);
   }
-  for (int i = run.analyzer.word_count(); i >= 1; --i) {
+  run.limit(results);
+}
+
+void MultiPattern::match_backward(MatchRun& run, MatchList& results) const {
+  for (int i = run.analyzer.word_count(); i >= 1 && !run.is_full(results); --i) {
     MatchList here;
-    match_end(run, i, here);
+    find(run, Anchor::end, i, here);
     results.append(here);
     if (overlapping) continue;
     for (const Ref<Match>& match : here)
@@ -36,9 +45,9 @@ void MultiPattern::match(MatchRun& run, MatchList& results) const {
 
 void MultiPattern::match_forward(MatchRun& run, MatchList& results) const {
   int last = run.analyzer.last_position();
-  for (int i = 1; i <= last; ++i) {
+  for (int i = 1; i <= last && !run.is_full(results); ++i) {
     MatchList here;
-    match_start(run, i, here);
+    find(run, Anchor::start, i, here);
     results.append(here);
     if (overlapping) continue;
     for (const Ref<Match>& match : here)
@@ -46,45 +55,78 @@ void MultiPattern::match_forward(MatchRun& run, MatchList& results) const {
   }
 }
 
+Reach MultiPattern::parts_reach() const {
+  Reach all = Reach::input;
+  for (const PatternPtr& sub : subs) all = std::max(all, sub.reach());
+  return all;
+}
+
+void SeqPat::init(IRSlist* args) {
+  MultiPattern::init(args);
+  auto reaches_out = [](const PatternPtr& sub) { return sub.reach() > Reach::input; };
+  auto first = std::find_if(subs.begin(), subs.end(), reaches_out);
+  auto last = std::find_if(subs.rbegin(), subs.rend(), reaches_out);
+  steady_left_ = static_cast<int>(first - subs.begin());
+  steady_right_ = static_cast<int>(last - subs.rbegin());
+  keeps_all_ = constraint || steady_left_ < size();
+  asks_early_ = constraint && constraint.reach() == Reach::input;
+}
+
 void SeqPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
   if (subs.empty()) return;
-  int outer = anchor == Anchor::end ? static_cast<int>(subs.size()) - 1 : 0;
-  add_constrained(results, [&](MatchList& out) { find_from(run, anchor, outer, pos, out); });
+  if (asks_early_) {
+    find_from(run, anchor, outermost(anchor), pos, results);
+  } else {
+    add_constrained(results,
+                    [&](MatchList& out) { find_from(run, anchor, outermost(anchor), pos, out); });
+  }
 }
 
 // Part `part` at `pos`, and those beyond it, away from the anchored end.
 void SeqPat::find_from(MatchRun& run, Anchor anchor, int part, int pos, MatchList& results) const {
-  bool at_end = anchor == Anchor::end;
-  bool is_innermost = at_end ? part == 0 : part + 1 == static_cast<int>(subs.size());
-  MatchList matches(results.keep());
+  auto keep = keeps_all_ ? MatchList::Keep::all : results.keep();
+  MatchList matches(keep);
   subs[static_cast<std::size_t>(part)].find(run, anchor, pos, matches);
+  bool asks = asks_early_ && part == outermost(anchor);
+  auto add = [&](Ref<Match> whole) {
+    if (!asks || may_keep(run, *whole, results)) results.add(std::move(whole));
+  };
+  auto room_for = [&](int ways) { return asks ? ways : run.room_in(results, ways); };
 
-  MatchList rest(results.keep());
+  if (part == innermost(anchor)) {
+    int room = room_for(matches.size());
+    for (int i = 0; i < room; ++i) add(Match::join(anchor, matches[i], Ref<Match>()));
+    results.finish();
+    return;
+  }
+  bool at_end = anchor == Anchor::end;
+  int next_part = at_end ? part - 1 : part + 1;
+  MatchList rest(keep);
   int rest_pos = INT_MIN;
   for (const Ref<Match>& match : matches) {
-    if (is_innermost) {
-      results.add(Match::join(anchor, match, Ref<Match>()));
-      continue;
-    }
     int next = at_end ? match->low - 1 : match->high + 1;
-    if (next != rest_pos) {
+    if (next != rest_pos || !is_steady(anchor, next_part)) {
+      if (!run.may_step()) break;
       rest.clear();
-      find_rest(run, anchor, at_end ? part - 1 : part + 1, next, rest);
+      find_rest(run, anchor, next_part, next, rest);
       rest_pos = next;
     }
-    for (const Ref<Match>& tail : rest) {
-      if (!run.may_add()) break;
-      results.add(Match::join(anchor, match, tail));
-    }
+    if (rest.empty()) continue;
+    int room = room_for(rest.size());
+    for (int i = 0; i < room; ++i) add(Match::join(anchor, match, rest[i]));
+    if (room < rest.size()) break;
   }
   results.finish();
+}
+
+bool SeqPat::may_keep(MatchRun& run, Match& whole, const MatchList& results) const {
+  return run.may_step() && passes_constraint(whole) && run.room_in(results, 1) == 1;
 }
 
 void SeqPat::find_rest(MatchRun& run, Anchor anchor, int part, int pos, MatchList& results) const {
   DepthGuard guard(seq_depth);
   if (!guard) return;
-  int parts_left = anchor == Anchor::end ? part + 1 : static_cast<int>(subs.size()) - part;
-  if (parts_left == 1) {
+  if (part == innermost(anchor) || !run.remembers() || !is_steady(anchor, part)) {
     find_from(run, anchor, part, pos, results);
     return;
   }
@@ -104,7 +146,8 @@ void OrPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) cons
 void AndPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
   if (subs.empty()) return;
   subs[0].find(run, anchor, pos, results);
-  for (std::size_t i = 1; i < subs.size() && !results.empty(); ++i) {
+  for (std::size_t i = 1; i < subs.size(); ++i) {
+    if (results.empty() && subs[i].reach() == Reach::input) continue;
     MatchList others(MatchList::Keep::one_per_span);
     subs[i].find(run, anchor, pos, others);
     results.keep_if([&](const Match& m) { return others.has_span(m.low, m.high); });

@@ -17,7 +17,11 @@ class MultiPattern : public LPattern {
 
   std::vector<PatternPtr> subs;
 
+ protected:
+  Reach parts_reach() const override;
+
  private:
+  void match_backward(MatchRun& run, MatchList& results) const;
   void match_forward(MatchRun& run, MatchList& results) const;
 };
 
@@ -25,11 +29,27 @@ class MultiPattern : public LPattern {
 /// components.
 class SeqPat : public PatternOf<SeqPat, MultiPattern> {
  public:
+  void init(IRSlist* args) override;
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override;
 
  private:
   void find_from(MatchRun& run, Anchor anchor, int part, int pos, MatchList& results) const;
   void find_rest(MatchRun& run, Anchor anchor, int part, int pos, MatchList& results) const;
+  bool may_keep(MatchRun& run, Match& whole, const MatchList& results) const;
+  int outermost(Anchor anchor) const { return anchor == Anchor::end ? size() - 1 : 0; }
+  int innermost(Anchor anchor) const { return anchor == Anchor::end ? 0 : size() - 1; }
+  int size() const { return static_cast<int>(subs.size()); }
+  /// Whether this part and those beyond it give the same whenever they are asked.
+  bool is_steady(Anchor anchor, int part) const {
+    return anchor == Anchor::end ? part < steady_left_ : part >= size() - steady_right_;
+  }
+
+  // How many parts from the left and from the right stay within their input.
+  int steady_left_ = 0, steady_right_ = 0;
+  // One match of a span may stand for the others only where nobody looks at them.
+  bool keeps_all_ = false;
+  // The constraint stays within its input, too: it is asked as soon as a match is whole.
+  bool asks_early_ = false;
 };
 
 /// The matches of the first part that has any.

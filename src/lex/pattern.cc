@@ -22,16 +22,24 @@ LPattern* find_prototype(const ObjFactory& family, const char* head) {
 }  // namespace
 
 void LPattern::match(MatchRun& run, MatchList& results) const {
+  run.start(reach);
   int last = run.analyzer.last_position();
   for (int i = 1; i <= last; ++i) {
     MatchList here;
     if (front_to_back) {
-      match_start(run, i, here);
+      find(run, Anchor::start, i, here);
     } else {
-      match_end(run, last + 1 - i, here);
+      find(run, Anchor::end, last + 1 - i, here);
     }
     results.append(here);
   }
+  run.limit(results);
+}
+
+void LPattern::match_at(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
+  run.start(reach);
+  find(run, anchor, pos, results);
+  run.limit(results);
 }
 
 bool LPattern::take_option(IRSlist* args) {
@@ -47,6 +55,14 @@ bool LPattern::take_option(IRSlist* args) {
     return false;
   }
   args->pop_front();
+  return true;
+}
+
+bool LPattern::take_number(IRSlist* args, const char* keyword, long& number) {
+  IRSlist* front = args->nth(0);
+  if (!front->is_atom() || !same_word(front->atom, keyword)) return false;
+  args->pop_front();
+  number = args->get_long_val();
   return true;
 }
 
@@ -74,6 +90,7 @@ std::unique_ptr<LPattern> make_pattern(IRSlist* form) {
   if (form->is_atom()) {
     auto word = std::make_unique<WordPat>();
     word->exp = make_str_is(form->atom);
+    word->settle_reach();
     return word;
   }
   IRSlist* head = form->nth(0);
@@ -93,6 +110,7 @@ std::unique_ptr<LPattern> make_pattern(IRSlist* form) {
   form->pop_front();
   std::unique_ptr<LPattern> pattern = prototype->clone();
   pattern->init(form);
+  pattern->settle_reach();
   return pattern;
 }
 

@@ -18,29 +18,40 @@ class LPattern {
   virtual void match(MatchRun& run, MatchList& results) const;
   /// All matches whose last (first) position is `pos`, added to an empty list.
   void match_end(MatchRun& run, int pos, MatchList& results) const {
-    find(run, Anchor::end, pos, results);
+    match_at(run, Anchor::end, pos, results);
   }
   void match_start(MatchRun& run, int pos, MatchList& results) const {
-    find(run, Anchor::start, pos, results);
+    match_at(run, Anchor::start, pos, results);
   }
+  /// The same for a pattern that is part of another.
   virtual void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const = 0;
   virtual std::unique_ptr<LPattern> clone() const = 0;
   /// Takes the arguments (the head is off already).
   virtual void init(IRSlist*) {}
+  /// Takes stock of its expressions, once all of them are there.
+  void settle_reach() { reach = std::max(constraint.reach(), parts_reach()); }
 
   bool front_to_back = false;  ///< the scan goes from the first word to the last
   bool overlapping = false;    ///< the scan looks inside earlier matches too
   ExpPtr constraint;           ///< on Match*, may be null
+  /// What its expressions and those of its parts read and change. A pattern that stays within the
+  /// input of its expressions gives at a position what the chart has there, whoever asks and when.
+  Reach reach = Reach::anything;
 
  protected:
+  virtual Reach parts_reach() const { return Reach::input; }
   /// Takes an option off the front of the arguments; false if something else stands there.
   bool take_option(IRSlist* args);
+  /// The same for a keyword with a number behind it.
+  static bool take_number(IRSlist* args, const char* keyword, long& number);
   /// What `produce` adds to a list, as far as it passes `constraint`.
   template <class Produce>
   void add_constrained(MatchList& results, Produce produce) const;
 
- private:
   bool passes_constraint(Match& match) const;
+
+ private:
+  void match_at(MatchRun& run, Anchor anchor, int pos, MatchList& results) const;
 };
 
 namespace tags {
@@ -72,6 +83,7 @@ class PatternPtr {
   }
   explicit operator bool() const { return pattern_ != nullptr; }
   LPattern* operator->() const { return pattern_.get(); }
+  Reach reach() const { return pattern_ ? pattern_->reach : Reach::input; }
   /// The matches at a position; a part that is missing has none.
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
     if (pattern_) pattern_->find(run, anchor, pos, results);
@@ -86,6 +98,9 @@ class AtomicPat : public LPattern {
  public:
   void init(IRSlist* args) override;
   ExpPtr exp;
+
+ protected:
+  Reach parts_reach() const override { return exp.reach(); }
 };
 
 /// A word that satisfies the expression.

@@ -1,11 +1,26 @@
 #include "lex/phrase_match.h"
 
+#include <algorithm>
+
 #include "support/text.h"
 
 namespace torvane {
 
+namespace {
+
+// Whether this may stand behind a comma between words: a word does so behind a blank, or at once if
+// it holds a byte of another script. The comma of "1,000" is part of a word.
+bool follows_comma(std::string_view text) {
+  auto word_end = std::find(text.begin(), text.end(), ' ');
+  return text.starts_with(' ') || std::any_of(text.begin(), word_end, is_high);
+}
+
+}  // namespace
+
 std::string natural_order(std::string_view key) {
-  std::size_t comma = key.find(", ");
+  std::size_t comma = key.find(',');
+  while (comma != std::string_view::npos && !follows_comma(key.substr(comma + 1)))
+    comma = key.find(',', comma + 1);
   if (comma == std::string_view::npos) return std::string(key);
   std::string_view left = key.substr(comma + 1);
   while (!left.empty() && left[0] == ' ') left.remove_prefix(1);

@@ -45,6 +45,8 @@ TEST(PhraseKey, TurnsRoundBehindACommaAndABlank) {
                                    {"b c,  x a", "x a b c"},
                                    {"1,000", "1,000"},
                                    {"1,000, about", "about 1,000"},
+                                   {"\xC3\xB6,\xC3\xA9", "\xC3\xA9 \xC3\xB6"},
+                                   {"\xC3\xB6,l\xC3\xA9 a", "l\xC3\xA9 a \xC3\xB6"},
                                    {"x,", "x,"},
                                    {"x, ", "x, "}};
   for (const auto& [key, natural] : orders) EXPECT_EQ(natural_order(key), natural);

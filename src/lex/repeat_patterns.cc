@@ -1,23 +1,17 @@
 #include "lex/repeat_patterns.h"
 
-#include "support/text.h"
+#include <utility>
 
 namespace torvane {
 
 void OnePat::init(IRSlist* args) {
   bool has_sub = false;
   while (!args->empty()) {
-    if (take_option(args)) continue;
+    // Kept: min-and-max-do-nothing
+    if (take_option(args) || take_number(args, ":min", min) || take_number(args, ":max", max))
+      continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
-    if (item->is_atom() && same_word(item->atom, ":min")) {
-      // Kept: min-and-max-do-nothing
-      min = args->get_long_val();
-    } else if (item->is_atom() && same_word(item->atom, ":max")) {
-      max = args->get_long_val();
-    } else if (!has_sub) {
-      sub = make_pattern(item.get());
-      has_sub = true;
-    }
+    if (!std::exchange(has_sub, true)) sub = make_pattern(item.get());
   }
 }
 
@@ -45,15 +39,19 @@ void PlusPat::find(MatchRun& run, Anchor anchor, int pos, MatchList& results) co
 Ref<Match> PlusPat::chain(MatchRun& run, Anchor anchor, int pos) const {
   using Keep = MatchList::Keep;
   bool at_end = anchor == Anchor::end;
+  bool steady = run.remembers() && sub.reach() == Reach::input;
   auto place = [&](int at) { return MatchRun::Place{this, 0, at, anchor, Keep::one_per_span}; };
+  auto remember = [&](int at, const MatchList& found) {
+    if (steady) run.remember(place(at), found);
+  };
 
   MatchList steps;
   MatchList beyond;
-  while (pos >= 1 && !run.recall(place(pos), beyond)) {
+  while (pos >= 1 && !(steady && run.recall(place(pos), beyond)) && run.may_step()) {
     MatchList found(Keep::one_per_span);
     sub.find(run, anchor, pos, found);
     if (found.empty()) {
-      run.remember(place(pos), beyond);
+      remember(pos, beyond);
       break;
     }
     // Kept: repetition-never-backs-up
@@ -70,7 +68,7 @@ Ref<Match> PlusPat::chain(MatchRun& run, Anchor anchor, int pos) const {
     chain = Match::join(anchor, steps[i], chain);
     MatchList so_far;
     so_far.add(chain);
-    run.remember(place(at_end ? steps[i]->high : steps[i]->low), so_far);
+    remember(at_end ? steps[i]->high : steps[i]->low, so_far);
   }
   return chain;
 }

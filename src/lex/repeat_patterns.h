@@ -11,6 +11,9 @@ class OnePat : public LPattern {
   void init(IRSlist* args) override;
   PatternPtr sub;
   long min = 0, max = 0;  ///< read, and used by nothing
+
+ protected:
+  Reach parts_reach() const override { return sub.reach(); }
 };
 
 /// A word at which the part does not match.

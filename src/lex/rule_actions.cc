@@ -22,7 +22,7 @@ LexAnalyzer* chart_of(const Match* match, const LexItem* item) {
 }
 
 WordSpan::WordSpan(const LexAnalyzer& chart, Word from, Word to)
-    : low(static_cast<int>(std::clamp<Word>(from, 1, chart.last_position() + 1))),
+    : low(static_cast<int>(std::clamp<Word>(from, 0, chart.last_position() + 1))),
       high(static_cast<int>(std::clamp<Word>(to, 0, chart.last_position()))) {}
 
 Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high) {

@@ -40,8 +40,8 @@ class Cond {
 /// Null for an item of another chart than the match's.
 LexAnalyzer* chart_of(const Match* match, const LexItem* item);
 
-/// A stretch of word positions, cut to those of the sentence; empty (high below low) if none is
-/// left.
+/// A stretch of positions, cut to those of the sentence and the place before its first word, where
+/// position 0 is; empty (high below low) if none is left.
 struct WordSpan {
   WordSpan(const LexAnalyzer& chart, Word from, Word to);
   int low, high;

@@ -50,8 +50,8 @@ void register_constant_forms() {
   registered = true;
   register_form<PredConst>();
   register_form<NamedObjConst>();
-  register_form<IntegerConst>();
-  register_form<StrConst>();
+  register_pure_form<IntegerConst>();
+  register_pure_form<StrConst>();
   register_form<IstrmConst>();
   register_form<OstrmConst>();
   interpreter().define(kCommands);

@@ -96,6 +96,12 @@ Value CondAction::eval(Value input, int type) {
   return Value();
 }
 
+Reach CondAction::parts_reach() const {
+  Reach reach = Reach::input;
+  for (const Array<ExpPtr>& clause : clauses) reach = std::max(reach, reach_of(clause));
+  return reach;
+}
+
 Value CollectExp::eval(Value input, int type) {
   Array<HeldValue> values(exps.count());
   for (const ExpPtr& exp : exps) values.append(HeldValue(exp->eval(input, type)));

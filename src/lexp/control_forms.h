@@ -78,6 +78,9 @@ class CondAction : public Form<CondAction> {
   Value eval(Value input, int type) override;
 
   Array<Array<ExpPtr>> clauses;
+
+ protected:
+  Reach parts_reach() const override;
 };
 
 class CollectExp : public Form<CollectExp, CompExp> {

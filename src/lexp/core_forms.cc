@@ -20,15 +20,15 @@ constexpr Command kCommands[] = {
 };
 
 void register_sequence_forms() {
-  register_lexp(std::make_unique<CompExp>(), nullptr,
+  register_lexp(within_input(std::make_unique<CompExp>()), nullptr,
                 "(prog <lexp1> <lexp2> ... <lexpn>)\n"
                 "  The input is passed to and evaluated by <lexp1>, then <lexp2>, ..., <lexpn>.\n"
                 "  The return value is the result of <lexpn>");
-  register_form<Prog1Exp>(
+  register_pure_form<Prog1Exp>(
       "(prog1 <lexp1> <lexp2> ... <lexpn>)\n"
       "  The input is passed to and evaluated by <lexp1>, then <lexp2>, ..., <lexpn>.\n"
       "  The return value is the result of <lexp1>");
-  register_form<FuncComp>(
+  register_pure_form<FuncComp>(
       "(comp <lexp1> <lexp2> ... <lexpn>)\n"
       "  the input is passed to and evaluated by <lexp1>. the result is then\n"
       "  passed to <lexp2> for evaluation. ... the result of evaluating\n"
@@ -36,7 +36,7 @@ void register_sequence_forms() {
 }
 
 void register_conditional_forms() {
-  register_form<IfAction>(
+  register_pure_form<IfAction>(
       "(if <lexp-cond>\n"
       "    <lexp-t>\n"
       "    <lexp-f>)\n"
@@ -47,14 +47,14 @@ void register_conditional_forms() {
       "(while <lexp-cond> <lexp> <lexp> <lexp>)\n"
       "  The input is passed to <lexp-cond> if the result is not 0, the input\n"
       "  is passed to the <lexp>'s to be evaluated. Continues until <lexp-cond> fails");
-  register_form<WhenAction>(
+  register_pure_form<WhenAction>(
       "(when <lexp-cond> <lexp> <lexp> <lexp>)\n"
       "  The input is passed to <lexp-cond> if the result is not 0, the input\n"
       "  is passed to the <lexp>'s to be evaluated.");
   register_form<OneOf>(
       "(one-of <lexp1> ... <lexpn> :is <pred>)\n"
       "Return a non zero value if the evaluation result of one of <lexp> satisfy <pred>");
-  register_form<CondAction>(
+  register_pure_form<CondAction>(
       "(cond\n"
       "  (<lexp-cond>  <lexp>  ... <lexp>)\n"
       "  (<lexp-cond>  <lexp>  ... <lexp>)\n"
@@ -72,20 +72,22 @@ void register_value_forms() {
       "(list <lexp1> <lexp2> ... <lexpn>)\n"
       "  The argument is passed to each of the <lexp>s, the return value is\n"
       "  collected in a Slist. The pointer to the Slist is returned.");
-  register_form<NegExp>("(not <lexp>)\n  returns true if <lexp> evaluates to 0;");
-  register_form<OrExp>(
+  register_pure_form<NegExp>("(not <lexp>)\n  returns true if <lexp> evaluates to 0;");
+  register_pure_form<OrExp>(
       "(or <lexp> <lexp> ... <lexp>)\n  returns true if one of <lexp>s evaluates to true.");
-  register_form<XorExp>(
+  register_pure_form<XorExp>(
       "(xor <lexp> <lexp> ... <lexp>)\n  returns true if odd number of <lexp>s evaluate to true.");
-  register_form<AndExp>(
+  register_pure_form<AndExp>(
       "(and <lexp> <lexp> ... <lexp>)\n  returns true if all of <lexp>s evaluate to true.");
-  register_form<AlwaysTrue>("(t)\n  Always return 1");
-  register_form<AlwaysFalse>("(nil)\n  Always return 0");
-  register_form<NilPred>("(is-nil)\n  Returns true if the input is 0. Returns false otherwise.");
-  register_form<Ident>("(ident)\n  Always return the input.");
+  register_pure_form<AlwaysTrue>("(t)\n  Always return 1");
+  register_pure_form<AlwaysFalse>("(nil)\n  Always return 0");
+  register_pure_form<NilPred>(
+      "(is-nil)\n  Returns true if the input is 0. Returns false otherwise.");
+  register_pure_form<Ident>("(ident)\n  Always return the input.");
   register_lexp(std::make_unique<AssignVar>(), nullptr, "(setq <var-name> <lexp>)");
   register_lexp(std::make_unique<GetVarVal>(), nullptr, "(get-val <var-name> [ <lexp> ])");
-  register_lexp(std::make_unique<LetExp>(), nullptr, "(let (<varlist>) <lexp> <lexp> ...)");
+  register_lexp(within_input(std::make_unique<LetExp>()), nullptr,
+                "(let (<varlist>) <lexp> <lexp> ...)");
 }
 
 }  // namespace

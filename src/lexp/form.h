@@ -120,6 +120,12 @@ void register_form(const char* doc = nullptr, const char* name = D::kName) {
   register_lexp(std::make_unique<D>(), name, doc);
 }
 
+/// The same for a form that looks at its input and changes nothing, as far as its parts do not.
+template <class D>
+void register_pure_form(const char* doc = nullptr) {
+  register_lexp(within_input(std::make_unique<D>()), D::kName, doc);
+}
+
 /// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const
 /// char*, integers or Value. Arity and type names come from the signature.
 namespace form_detail {

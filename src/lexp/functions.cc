@@ -60,6 +60,7 @@ Value defun(IRSlist* form) {
   bool registered = register_lexp(std::make_unique<FuncExp>(func.get()), name);
   for (IRSlist* item : form->items) func->body.append(LExp::get_exp(item));
   pop_scope();
+  func->reach = reach_of(func->body);
   if (registered) func.release();  // its prototype is never removed
   return Value();
 }

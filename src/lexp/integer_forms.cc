@@ -62,12 +62,12 @@ void register_integer_forms() {
   static bool registered = false;
   if (registered) return;
   registered = true;
-  register_form<IntEq>();
-  register_form<IntGt>();
-  register_form<IntDiff>();
-  register_form<IntSum>();
-  register_form<PlusOne>();
-  register_form<MinusOne>();
+  register_pure_form<IntEq>();
+  register_pure_form<IntGt>();
+  register_pure_form<IntDiff>();
+  register_pure_form<IntSum>();
+  register_pure_form<PlusOne>();
+  register_pure_form<MinusOne>();
 }
 
 }  // namespace torvane

@@ -34,7 +34,7 @@ DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000}
   }
   if (exps.empty()) return nullptr;
   if (exps.count() == 1) return exps[0].release();
-  auto all = std::make_unique<CompExp>();
+  auto all = within_input(std::make_unique<CompExp>());
   all->exps = std::move(exps);
   return all;
 }
@@ -51,6 +51,7 @@ std::unique_ptr<LExp> compile_head(IRSlist* form) {
   std::unique_ptr<LExp> exp = prototype->copy();
   exp->in_type = prototype->in_type;
   exp->out_type = prototype->out_type;
+  exp->own_reach = prototype->own_reach;
   exp->init(form);
   return exp;
 }

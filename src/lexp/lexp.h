@@ -2,6 +2,8 @@
 // many times. Conditions and actions of grammars and rules are all of this kind.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 
 #include "lexp/types.h"
@@ -11,10 +13,23 @@
 
 namespace torvane {
 
+/// What an expression reads beside its input, and what it changes. Who wants to evaluate one only
+/// once for the same input must know that a second time would give the same.
+enum class Reach : std::uint8_t {
+  input,      ///< reads what the input leads to and what commands alone can change; changes nothing
+  variables,  ///< reads or sets variables too
+  anything,
+};
+
 class LExp {
  public:
   int in_type = kAnyType;   ///< expected type of the input
   int out_type = kAnyType;  ///< type of the result
+  /// Of the form without its parts. A form that is not known to reach less reaches anything.
+  Reach own_reach = Reach::anything;
+
+  /// Of the whole expression.
+  Reach reach() const { return std::max(own_reach, parts_reach()); }
 
   virtual const char* doc() const { return "No documentation provided"; }
   virtual const char* name() const = 0;
@@ -34,6 +49,8 @@ class LExp {
   LExp(const LExp&) = default;
   LExp& operator=(const LExp&) = delete;
 
+  /// Of the sub-expressions together.
+  virtual Reach parts_reach() const { return Reach::input; }
   /// Reports the type error of an input.
   void wrong_type(int input_type) const;
   /// The input check: false, reported, when two known types differ.
@@ -70,10 +87,17 @@ class ExpPtr {
   Value eval(Value input, int type) const { return exp_ ? exp_->eval(input, type) : Value(); }
   /// The result type; -1 if there is no expression.
   int out_type() const { return exp_ ? exp_->out_type : kAnyType; }
+  Reach reach() const { return exp_ ? exp_->reach() : Reach::input; }
 
  private:
   std::unique_ptr<LExp> exp_;
 };
+
+inline Reach reach_of(const Array<ExpPtr>& exps) {
+  Reach reach = Reach::input;
+  for (const ExpPtr& exp : exps) reach = std::max(reach, exp.reach());
+  return reach;
+}
 
 /// A condition: passes when there is none.
 inline bool passes(const ExpPtr& cond, Value input, int type) {
@@ -89,6 +113,9 @@ class LAdaptor : public LExp {
   void init(IRSlist* args) override;
   Value eval(Value input, int input_type) override;
   virtual Value convert(Value input) = 0;
+
+ protected:
+  Reach parts_reach() const override { return sub.reach(); }
 };
 
 /// A sequence of sub-expressions; null ones have been dropped.
@@ -100,6 +127,9 @@ class CompExp : public LExp {
   Value eval(Value input, int input_type) override;
   const char* name() const override { return "prog"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<CompExp>(*this); }
+
+ protected:
+  Reach parts_reach() const override { return reach_of(exps); }
 };
 
 /// Gives its value, whatever the input.
@@ -113,6 +143,9 @@ class BinaryFunc : public LExp {
  public:
   ExpPtr a, b;
   void init(IRSlist* args) override;
+
+ protected:
+  Reach parts_reach() const override { return std::max(a.reach(), b.reach()); }
 };
 
 class TernaryFunc : public LExp {
@@ -151,6 +184,12 @@ class MArgExp : public LExp {
   Fn fn_;
 };
 
+/// Says of a new prototype that it reaches no further than its parts do.
+template <class Exp>
+std::unique_ptr<Exp> within_input(std::unique_ptr<Exp> prototype) {
+  prototype->own_reach = Reach::input;
+  return prototype;
+}
 /// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
 /// prototype. This is how every module adds a form, and how `defun` adds a function. The factory
 /// owns it.

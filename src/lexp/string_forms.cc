@@ -112,7 +112,7 @@ Value StrIs::eval(Value input, int type) {
 }
 
 std::unique_ptr<LExp> make_str_is(const char* text) {
-  auto exp = std::make_unique<StrIs>();
+  auto exp = within_input(std::make_unique<StrIs>());
   exp->given = text != nullptr;
   exp->text = or_empty(text);
   return exp;

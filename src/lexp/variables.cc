@@ -86,6 +86,7 @@ Array<Ref<Var>> declare_vars(const IRSlist& list) {
     } else {
       vars.append(declare_var(item->nth_str_val(0), type_id(item->nth_str_val(1))));
     }
+    vars.back()->local = true;
   }
   return vars;
 }
@@ -97,11 +98,16 @@ Value declare_var_command(IRSlist* form) {
 
 VarExp::VarExp(const VarExp& other) : LExp(other), var(var_for_copy(other.var)), sub(other.sub) {}
 
+void VarExp::bind(const char* var_name) {
+  var = Ref<Var>(find_var(var_name));
+  own_reach = var && !var->local ? Reach::variables : Reach::input;
+}
+
 void AssignVar::init(IRSlist* args) {
   const char* var_name = args->get_str_val();
   sub = get_exp(args->nth(0));
   if (sub) in_type = out_type = sub->out_type;
-  var = Ref<Var>(find_var(var_name));
+  bind(var_name);
   if (!var) {
     std::cerr << "(setq ... ): the variable " << or_empty(var_name) << " is not defined\n";
   }
@@ -119,7 +125,7 @@ Value AssignVar::eval(Value input, int input_type) {
 
 void GetVarVal::init(IRSlist* args) {
   const char* var_name = args->get_str_val();
-  var = Ref<Var>(find_var(var_name));
+  bind(var_name);
   if (var) {
     out_type = var->type;
   } else {
@@ -137,10 +143,12 @@ std::unique_ptr<LExp> LetExp::copy() const {
   auto fresh = std::make_unique<LetExp>();
   fresh->in_type = in_type;
   fresh->out_type = out_type;
+  fresh->own_reach = own_reach;
   push_scope(vars.empty() ? -1 : vars.count());
   ++let_copies;
   for (const Ref<Var>& var : vars) {
     Ref<Var> own = declare_var(var->name.empty() ? nullptr : var->name.c_str(), var->type);
+    own->local = true;
     own->stands_for = var.get();
     fresh->vars.append(own);
   }

@@ -41,6 +41,8 @@ class Var : public Counted<Var> {
     int type;
   };
   Array<Binding> saved;
+  /// A parameter or of a `let`: bound anew, and unbound, by what reads and sets it.
+  bool local = false;
   /// In a copied `let`: the variable of the original that this one stands for.
   const Var* stands_for = nullptr;
 
@@ -76,6 +78,10 @@ class VarExp : public LExp {
 
   Ref<Var> var;
   ExpPtr sub;
+
+ protected:
+  void bind(const char* var_name);
+  Reach parts_reach() const override { return sub.reach(); }
 };
 
 class AssignVar : public VarExp {

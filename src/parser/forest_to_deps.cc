@@ -194,7 +194,7 @@ class TreeBuilder {
     node->set_cat(category(lexitem, item));
     if (item._high < item._low) {
       node->set_root_word("~");
-    } else if (lexitem.low == item._low && lexitem.high == item._high) {
+    } else if (low == item._low && high == item._high) {
       node->set_root_word(lexitem.root);
     } else {
       node->set_root_word(words_joined(low, high).c_str());

@@ -24,9 +24,11 @@ class Parsing {
   Parsing& operator=(const Parsing&) = delete;
 };
 
+/// As one made for this sentence: it takes the default that stands now.
 TokenizerBase& sentence_tokenizer() {
   // Kept: return-is-no-blank
   static Tokenizer tokenizer(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0, 0, 4096, 512);
+  tokenizer.double_byte = TokenizerBase::default_double_byte;
   return tokenizer;
 }
 

@@ -71,4 +71,14 @@
 (roots (N (prog (pitem-add-weight 2.5) (pitem-add-weight) (t))))
 (p3 "boy")
 (pn "^N$")
+; An item that lost the comma at its end has another span than its reading, and so no root of its own.
+(def-rules rules (whole (word-seq old box ",") (assert (make-lexitem (low) (high) (avm (avm ((cat n)))) :root whole)))
+  (whole (word-seq old box uh) (assert (make-lexitem (low) (high) (avm (avm ((cat n)))) :root whole))))
+(p3 "the old box ,")
+(p3 "the old box uh")
+; The words of a sentence follow the default of tokenizers as it stands when it is cut.
+(double-byte 1)
+(p3 "big\195\169boy")
+(double-byte 0)
+(p3 "big\195\169boy")
 (exit)

@@ -98,4 +98,51 @@
   (flag (:precondition (is-mixed-case)) (word-seq uh) (say (str "mixed again"))))
 (run R5 A5 P5)
 (p3 "both uh and")
+
+; From position 0, where the whole sentence begins: the empty item before the first word, words from the first.
+(clear-lexicon L)
+(lex L (a (avm ((cat n)))) (b (avm ((cat n)))) (ab (avm ((cat a)))))
+(make-antecedent-list names)
+(def-rules R6
+  (fill (word-seq a) (prog (insert-empty-category (int 0) (avm (avm ((cat p))))) (comp (make-lexitem (low) (int 2) (avm (avm ((cat j))))) (register-name names))))
+  (all (whole-sentence)
+    (prog (look-up (low) (high)) (find-prev-occ (low) (high) (named-obj names AntecedentList))
+          (comp (make-lexitem (low) (high)) (yes-or-no (str "in capitals") (cap)))
+          (comp (exist-overlapping-lexitem (low) (int 1)) (show-root))
+          (exec-commands (li))
+          (delete-if (int 1) (high) (pred (comp (att) (att-str-val cat) (str= p))))
+          (comp (exist-lexitem (int 1) (int 0)) (att) (att-str-val cat) (print-str :suffix "\n"))
+          (delete-if (low) (high) (pred (comp (att) (att-str-val cat) (str= p))))
+          (insert-empty-category (int 0) (avm (avm ((cat v)))))
+          (delete-except (low) (high) (exist-lexitem (int 1) (int 1)))
+          (set-low (exist-lexitem (int 1) (int 1)) (int 0))
+          (exec-commands (li)))))
+(run R6 A6 P6)
+(p3 "A B")
+
+; A test of a part may read what another part has set: each is asked anew for each match beyond it.
+(clear-lexicon L)
+(lex L (red (avm ((cat a)))) (and (avm ((cat c)))) (wine (avm ((cat n)))) (red wine (avm ((cat n)))))
+(declare-var seen char*)
+(defun named-as-seen () (str-eq (root) (get-val seen)))
+(def-rules R7
+  (twice (seq (lexitem (named-as-seen)) (lexitem (comp (root) (str= and))) (lexitem (setq seen (root)))) (show-span))
+  (twice (seq :front-to-back (lexitem (setq seen (root))) (lexitem (comp (root) (str= and))) (lexitem (named-as-seen))) (show-span))
+  (asked (seq (lexitem (prog (comp (root) (print-str :suffix " asked\n")) (nil))) (lexitem (comp (root) (str= and)))
+              (lexitem (t))) (show-span))
+  (bounds (seq :max 3 (word (t)) :min 1 and) (show-span)))
+(run R7 A7 P7)
+(p3 "red and red wine")
+
+; Of all the ways to lay out a sequence only those count that its constraint lets pass; the others are too many.
+(clear-lexicon L)
+(lex L (x (avm ((cat a))) (avm ((cat c))) (avm ((cat d))) (avm ((cat i))) (avm ((cat j))) (avm ((cat n))) (avm ((cat p))) (avm ((cat v)))))
+(defun is-v () (comp (litem) (att) (contain ((cat v)))))
+(def-rules R8
+  (one-way (seq (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))
+      (constraint (and ($ 1 (is-v)) ($ 2 (is-v)) ($ 3 (is-v)) ($ 4 (is-v)) ($ 5 (is-v)) ($ 6 (is-v)))))
+    (show-span))
+  (all-ways (seq :overlapping (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))) (nil)))
+(run R8 A8 P8)
+(p3 "x x x x x x x")
 (exit)

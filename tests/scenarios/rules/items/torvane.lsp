@@ -91,7 +91,7 @@
   (refused (lexitem (comp (root) (str= a)))
     (prog (yes-or-no (str "past the end") (set-high (litem) (int 4)))
           (yes-or-no (str "before the start") (set-high (litem) (int -1)))
-          (yes-or-no (str "low 0") (set-low (litem) (int 0)))))
+          (yes-or-no (str "low -1") (set-low (litem) (int -1)))))
   (down (lexitem (comp (root) (str= b))) (set-low (litem) (int 1)))
   (where (seq :front-to-back a (? b) (lexitem (t))) (comp ($ -1) (litem) (show-root)))
   (still-under-2 (seq a (lexitem (comp (root) (str= b)))) (say (str wrong)))

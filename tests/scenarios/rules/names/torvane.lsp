@@ -29,7 +29,7 @@
   (short (word (is-abbrev names)) (comp (matching-word) (is-abbrev names) (print-str :prefix "abbreviation: " :suffix "\n")))
   (again (not-in-lexicon) (find-prev-occ (low) (high) (named-obj names AntecedentList)))
   (again (seq (word-seq Q Smith)) (comp (find-prev-occ (low) (high) (named-obj names AntecedentList)) (att) (att-str-val num) (print-str :suffix "\n")))
-  (outside (whole-sentence) (yes-or-no (str "outside the sentence") (find-prev-occ (low) (high) (named-obj names AntecedentList))))
+  (outside (whole-sentence) (yes-or-no (str "from the place before it") (find-prev-occ (low) (high) (named-obj names AntecedentList))))
   (show (seq :front-to-back (^) (word (t))) (exec-commands (li))))
 (run R2 A2 P2)
 (echo "-- first")
