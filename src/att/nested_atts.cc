@@ -8,7 +8,7 @@
 namespace torvane {
 
 DepthLimit& nesting_limit() {
-  static DepthLimit limit{"Attribute vectors are nested too deep"};
+  static thread_local DepthLimit limit{"Attribute vectors are nested too deep"};
   return limit;
 }
 

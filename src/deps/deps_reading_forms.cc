@@ -6,6 +6,7 @@
 #include "lexp/text_result.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
+#include "support/depth.h"
 
 namespace torvane {
 
@@ -74,6 +75,7 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
       if (form->is_atom()) continue;
       // A tree that somebody keeps stays as it is.
       if (!deps || deps->shared()) deps = make_ref<Deps>();
+      lift_depth_limits();
       deps->read(*form);
       modifier.modify(deps->_root);
     }

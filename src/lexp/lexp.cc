@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kFamily = "LExp";
 
 // The depth also bounds how deep one compiled expression evaluates, copies and destroys itself.
-DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
+thread_local DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
 
 [[gnu::noinline]] void report_no_form(const IRSlist& form) {
   std::cerr << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";

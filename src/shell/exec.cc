@@ -65,7 +65,7 @@ class NestedRun {
   bool entered_;
 };
 
-DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
+thread_local DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
 
 }  // namespace
 
@@ -144,6 +144,7 @@ bool Exec::read_and_run() {
     form.clear();
   }
   if (frees_values && running.size() == 1) free_retired_values();
+  lift_depth_limits();
   return tokenizer->more_input;
 }
 

@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t kReserve = (kAddressSanitizer ? 3 : 2) * 1024 * 1024;
 
 thread_local char* lowest_address = nullptr;
+thread_local int guards_held = 0;
+thread_local std::uint64_t current_run = 1;
 
 [[gnu::noinline]] char* find_lowest_address() {
   pthread_attr_t attributes;
@@ -36,19 +38,24 @@ std::size_t stack_left() {
   return here > lowest ? static_cast<std::size_t>(here - lowest) : 0;
 }
 
-DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(true) {
+DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(limit.tripped_in != current_run) {
+  ++guards_held;
   ++limit_.depth;
-  if (limit_.tripped) {
+  if (!ok_) return;
+  if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
     ok_ = false;
-  } else if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
-    ok_ = false;
-    limit_.tripped = true;
+    limit_.tripped_in = current_run;
     std::cerr << limit_.message << '\n';
   }
 }
 
 DepthGuard::~DepthGuard() {
-  if (--limit_.depth == 0) limit_.tripped = false;
+  --limit_.depth;
+  --guards_held;
+}
+
+void lift_depth_limits() {
+  if (guards_held == 0) ++current_run;
 }
 
 int run_on_large_stack(std::size_t bytes, int (*body)()) {

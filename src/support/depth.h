@@ -1,21 +1,23 @@
 // Guards on recursion: what a start-up file nests, the process must survive.
 //
 // A guard watches the stack that is really left (and, where asked, a count), so that it, not the
-// stack, ends a runaway recursion. Once it has said no it goes on saying no until its recursion has
-// unwound to the outermost call: otherwise a function that calls itself twice would still run for
-// ever.
+// stack, ends a runaway recursion. Once it has said no it goes on saying no until whoever started
+// it all is done: otherwise a function that calls itself twice would still run for ever. That its
+// own recursion has unwound is not enough, since it may be a short one inside another, which starts
+// it anew at every step.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace torvane {
 
-/// One kind of recursion, a static object beside the recursive function.
+/// One kind of recursion, an object of the thread beside the recursive function.
 struct DepthLimit {
   const char* message;  ///< written once a trip on the error stream, with a newline
   int max_depth = 0;    ///< 0: only the stack counts
   int depth = 0;
-  bool tripped = false;
+  std::uint64_t tripped_in = 0;  ///< the run in which it said no
 };
 
 /// Entered at each call; false when the call must be given up.
@@ -31,6 +33,11 @@ class DepthGuard {
   DepthLimit& limit_;
   bool ok_;
 };
+
+/// Ends a run: limits that have said no say yes again. For the ends of outermost forms, and where a
+/// command goes on to something that has nothing to do with what went before, such as the next
+/// sentence. Does nothing inside a guarded call.
+void lift_depth_limits();
 
 /// Bytes of stack left below the caller.
 std::size_t stack_left();
