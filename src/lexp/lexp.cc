@@ -1,6 +1,7 @@
 #include "lexp/lexp.h"
 
 #include <iostream>
+#include <optional>
 #include <string>
 
 #include "lexp/form.h"
@@ -66,8 +67,11 @@ std::unique_ptr<LExp> LExp::get_exp(IRSlist* form) {
   }
   DepthGuard guard(compile_depth);
   if (!guard) return nullptr;
-  if (auto expansion = expand_macro(*form)) return compile_expansion(*expansion);
-  return compile_head(form);
+  std::optional<ExpansionScope> outermost;
+  if (compile_depth.depth == 1) outermost.emplace();
+  const Macro* macro = find_macro(*form);
+  if (!macro) return compile_head(form);
+  return compile_expansion(expand_macro(*macro, *form));
 }
 
 std::unique_ptr<LExp> LExp::get_exp_from_text(const char* text) {

@@ -150,11 +150,13 @@ bool Exec::read_and_run() {
 
 Value Exec::eval(IRSlist& form) {
   if (form.empty()) return Value();
+  const Macro* macro = find_macro(form);
+  if (!macro) return run_command(form);
+  ExpansionScope scope;
   const char* name = form.nth_str_val(0);
-  std::optional<std::string> expansion = expand_macro(form);
-  if (!expansion) return run_command(form);
+  const std::string expansion = expand_macro(*macro, form);
   bool outer_prompt = std::exchange(prompt, false);
-  run_text(*expansion, name);
+  run_text(expansion, name);
   prompt = outer_prompt;
   return Value();
 }

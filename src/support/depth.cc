@@ -38,20 +38,28 @@ std::size_t stack_left() {
   return here > lowest ? static_cast<std::size_t>(here - lowest) : 0;
 }
 
-DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(limit.tripped_in != current_run) {
+DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(!has_tripped(limit)) {
   ++guards_held;
   ++limit_.depth;
   if (!ok_) return;
   if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
     ok_ = false;
-    limit_.tripped_in = current_run;
-    std::cerr << limit_.message << '\n';
+    trip(limit_);
   }
 }
 
 DepthGuard::~DepthGuard() {
   --limit_.depth;
   --guards_held;
+}
+
+void trip(DepthLimit& limit) {
+  if (!has_tripped(limit)) std::cerr << limit.message << '\n';
+  limit.tripped_in = current_run;
+}
+
+bool has_tripped(const DepthLimit& limit) {
+  return limit.tripped_in == current_run;
 }
 
 void lift_depth_limits() {

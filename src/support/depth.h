@@ -34,6 +34,10 @@ class DepthGuard {
   bool ok_;
 };
 
+/// For what grows in another way than the stack: says no from here on, as a guard does.
+void trip(DepthLimit& limit);
+bool has_tripped(const DepthLimit& limit);
+
 /// Ends a run: limits that have said no say yes again. For the ends of outermost forms, and where a
 /// command goes on to something that has nothing to do with what went before, such as the next
 /// sentence. Does nothing inside a guarded call.
