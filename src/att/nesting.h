@@ -8,8 +8,18 @@
 
 namespace torvane {
 
-/// The guard of every walk from a vector to those inside it.
-DepthLimit& nesting_limit();
+/// Entered at each step from a vector to one inside it. False when the walk must be given up, after
+/// a message: it goes too deep, or too far, since vectors that share their values are as a tree of
+/// any size.
+class NestingGuard {
+ public:
+  NestingGuard();
+  explicit operator bool() const { return ok_; }
+
+ private:
+  DepthGuard guard_;
+  bool ok_;
+};
 
 /// Writes each vector with `before` in front of it.
 void print_vectors(std::ostream& out, const AttVec& vec, const char* before);
