@@ -108,11 +108,14 @@ class IRSlistReader {
   IRSlist* start_stream(Stream* stream);
   /// The form read last; null once the input has ended.
   IRSlist* current() { return tokenizer_->more_input ? &current_ : nullptr; }
+  /// False where a closing parenthesis stood in the place of a form, which then is empty.
+  bool found_form() const { return found_form_; }
   Tokenizer& tokenizer() { return *tokenizer_; }
 
  private:
   std::unique_ptr<Tokenizer> tokenizer_;
   IRSlist current_;
+  bool found_form_ = false;
 };
 
 }  // namespace torvane
