@@ -7,21 +7,6 @@
 
 namespace torvane {
 
-namespace {
-
-thread_local DepthLimit nesting_limit{"Attribute vectors are nested too deep"};
-
-constexpr int kMostSteps = 1 << 20;
-thread_local int steps_left = 0;
-
-}  // namespace
-
-NestingGuard::NestingGuard() : guard_(nesting_limit) {
-  if (nesting_limit.depth == 1) steps_left = kMostSteps;
-  if (--steps_left < 0) trip(nesting_limit);
-  ok_ = !has_tripped(nesting_limit);
-}
-
 bool is_signed_name(const IRSlist* item) {
   return item && item->is_atom() &&
          (*item->atom == '+' || *item->atom == '-' || *item->atom == '~');

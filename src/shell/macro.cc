@@ -160,7 +160,7 @@ std::string expand_macro(const Macro& macro, IRSlist& form) {
   return expansion;
 }
 
-ExpansionScope::ExpansionScope() : guard_(length_limit), room_before_(room) {}
+ExpansionScope::ExpansionScope() : room_before_(room) {}
 
 ExpansionScope::~ExpansionScope() {
   room = room_before_;

@@ -28,7 +28,7 @@ class ExpansionScope {
   ExpansionScope& operator=(const ExpansionScope&) = delete;
 
  private:
-  DepthGuard guard_;
+  RunHold hold_;
   std::size_t room_before_;
 };
 

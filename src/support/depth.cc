@@ -13,11 +13,7 @@ namespace {
 // What must be left for the calls between two guards and for the way out.
 constexpr std::size_t kReserve = (kAddressSanitizer ? 3 : 2) * 1024 * 1024;
 
-thread_local char* lowest_address = nullptr;
-thread_local int guards_held = 0;
-thread_local std::uint64_t current_run = 1;
-
-[[gnu::noinline]] char* find_lowest_address() {
+std::uintptr_t find_floor() {
   pthread_attr_t attributes;
   void* address = nullptr;
   std::size_t size = 0;
@@ -27,43 +23,27 @@ thread_local std::uint64_t current_run = 1;
     pthread_attr_getguardsize(&attributes, &guard);
     pthread_attr_destroy(&attributes);
   }
-  return lowest_address = static_cast<char*>(address) + guard;
+  return guard_state.floor = reinterpret_cast<std::uintptr_t>(address) + guard + kReserve;
 }
 
 }  // namespace
 
 std::size_t stack_left() {
-  char* lowest = lowest_address ? lowest_address : find_lowest_address();
-  char* here = static_cast<char*>(__builtin_frame_address(0));
-  return here > lowest ? static_cast<std::size_t>(here - lowest) : 0;
-}
-
-DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(!has_tripped(limit)) {
-  ++guards_held;
-  ++limit_.depth;
-  if (!ok_) return;
-  if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
-    ok_ = false;
-    trip(limit_);
-  }
-}
-
-DepthGuard::~DepthGuard() {
-  --limit_.depth;
-  --guards_held;
+  std::uintptr_t floor = guard_state.floor == UINTPTR_MAX ? find_floor() : guard_state.floor;
+  std::uintptr_t lowest = floor - kReserve;
+  auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+  return here > lowest ? here - lowest : 0;
 }
 
 void trip(DepthLimit& limit) {
   if (!has_tripped(limit)) std::cerr << limit.message << '\n';
-  limit.tripped_in = current_run;
+  limit.tripped_in = guard_state.run;
 }
 
-bool has_tripped(const DepthLimit& limit) {
-  return limit.tripped_in == current_run;
-}
-
-void lift_depth_limits() {
-  if (guards_held == 0) ++current_run;
+void DepthGuard::look_closer() {
+  if (!ok_) return;
+  ok_ = stack_left() >= kReserve && (limit_.max_depth == 0 || limit_.depth <= limit_.max_depth);
+  if (!ok_) trip(limit_);
 }
 
 int run_on_large_stack(std::size_t bytes, int (*body)()) {

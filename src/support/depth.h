@@ -20,28 +20,58 @@ struct DepthLimit {
   std::uint64_t tripped_in = 0;  ///< the run in which it said no
 };
 
+/// What the guards of a thread share.
+struct GuardState {
+  std::uint64_t run = 1;
+  int held = 0;                        ///< how many hold the run
+  std::uintptr_t floor = UINTPTR_MAX;  ///< where the stack may not go below; at first not known
+};
+inline constinit thread_local GuardState guard_state;
+
+/// For what grows in another way than the stack: says no from here on, as a guard does.
+void trip(DepthLimit& limit);
+inline bool has_tripped(const DepthLimit& limit) {
+  return limit.tripped_in == guard_state.run;
+}
+
+/// Keeps the run going while it stands.
+class RunHold {
+ public:
+  RunHold() { ++guard_state.held; }
+  ~RunHold() { --guard_state.held; }
+  RunHold(const RunHold&) = delete;
+  RunHold& operator=(const RunHold&) = delete;
+};
+
 /// Entered at each call; false when the call must be given up.
 class DepthGuard {
  public:
-  explicit DepthGuard(DepthLimit& limit);
-  ~DepthGuard();
+  explicit DepthGuard(DepthLimit& limit) : limit_(limit), ok_(!has_tripped(limit)) {
+    ++limit_.depth;
+    auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    if (here < guard_state.floor || (limit_.max_depth > 0 && limit_.depth > limit_.max_depth))
+        [[unlikely]]
+      look_closer();
+  }
+  ~DepthGuard() { --limit_.depth; }
   DepthGuard(const DepthGuard&) = delete;
   DepthGuard& operator=(const DepthGuard&) = delete;
   explicit operator bool() const { return ok_; }
 
  private:
+  void look_closer();
+
+  RunHold hold_;
   DepthLimit& limit_;
   bool ok_;
 };
 
-/// For what grows in another way than the stack: says no from here on, as a guard does.
-void trip(DepthLimit& limit);
-bool has_tripped(const DepthLimit& limit);
-
 /// Ends a run: limits that have said no say yes again. For the ends of outermost forms, and where a
 /// command goes on to something that has nothing to do with what went before, such as the next
 /// sentence. Does nothing inside a guarded call.
-void lift_depth_limits();
+inline void lift_depth_limits() {
+  if (guard_state.held == 0) ++guard_state.run;
+}
 
 /// Bytes of stack left below the caller.
 std::size_t stack_left();
