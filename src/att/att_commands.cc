@@ -1,20 +1,28 @@
 // The commands by which a grammar file declares types of vectors.
 #include <iostream>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "att/aliases.h"
 #include "att/att_args.h"
 #include "shell/exec.h"
+#include "shell/macro.h"
 
 namespace torvane {
 
 namespace {
 
-// The attribute made last, until its type takes it over.
-std::unique_ptr<AttInterpreter>& pending_attribute() {
-  static auto& attribute = *new std::unique_ptr<AttInterpreter>;
-  return attribute;
+using Attributes = std::vector<std::unique_ptr<AttInterpreter>>;
+
+// Where attributes go until their type takes them over.
+struct Pending {
+  Attributes* of_item = nullptr;  // those that the item of a `def-att-list` makes
+  std::unique_ptr<AttInterpreter> last;
+};
+Pending& pending() {
+  static auto& made = *new Pending;
+  return made;
 }
 
 Value defattribute(IRSlist* form) {
@@ -28,8 +36,23 @@ Value defattribute(IRSlist* form) {
   if (!att) return {};
   att->set_name(name);
   att->init(form);
-  pending_attribute() = std::move(att);
-  return Value::of(pending_attribute().get());
+  Value made = Value::of(att.get());
+  if (Attributes* of_item = pending().of_item)
+    of_item->push_back(std::move(att));
+  else
+    pending().last = std::move(att);
+  return made;
+}
+
+// A macro stands for all the attributes that it expands to.
+void add_attributes(AttInterpreterList& type, IRSlist& item) {
+  const bool is_macro = find_macro(item) != nullptr;
+  Attributes made;
+  Attributes* outer = std::exchange(pending().of_item, &made);
+  const auto* result = interpreter().eval(item).as<AttInterpreter>();
+  pending().of_item = outer;
+  for (auto& att : made)
+    if (is_macro || att.get() == result) type.add(std::move(att));
 }
 
 Value def_att_list(IRSlist* form) {
@@ -45,10 +68,7 @@ Value def_att_list(IRSlist* form) {
     types.push_back(std::make_unique<AttInterpreterList>(name, form->length()));
     type = types.back().get();
   }
-  while (auto item = form->pop_front()) {
-    auto* att = interpreter().eval(*item).as<AttInterpreter>();
-    if (att && att == pending_attribute().get()) type->add(std::move(pending_attribute()));
-  }
+  while (auto item = form->pop_front()) add_attributes(*type, *item);
   AttInterpreterList::set_current(type);
   return Value::of(type);
 }
@@ -66,7 +86,7 @@ Value set_att_itp_list(IRSlist* form) {
 }
 
 Value def_att_set(IRSlist* form) {
-  if (form->length() < 2) {
+  if (form->empty()) {
     std::cerr << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
     return {};
   }

@@ -19,10 +19,7 @@ void AttInterpreter::init(IRSlist* facets) {
 
 void AttInterpreter::unknown_facets(const IRSlist& facets) const {
   std::cerr << "Unrecognized facet specification for attribute " << name << ' ';
-  if (facets.is_atom())
-    facets.print_item(std::cerr);
-  else
-    facets.print(std::cerr);
+  facets.print_item(std::cerr);
   std::cerr << '\n';
 }
 

@@ -54,8 +54,8 @@ class AttInterpreter {
   /// Reads the value bytes, never past `end`, and stores. False if they are cut off.
   virtual bool unpack(AttVec* vec, const char*& p, const char* end) const = 0;
 
-  /// Takes a count of a counted value, for a vector whose slots were copied as they are.
-  virtual void share(AttWord) const {}
+  /// A counted value for one more vector, counted: the same, unless it must not be shared.
+  virtual AttWord share(AttWord value) const { return value; }
   /// Drops a value of `make_val` that nobody counts.
   virtual void discard(AttWord) const {}
   /// False for a value that `print` writes nothing for.

@@ -1,72 +1,28 @@
 // The forms on two vectors, each from a sub-expression.
-#include <iostream>
-
 #include "att/att_pred.h"
-#include "att/nesting.h"
 
 namespace torvane {
 
 namespace {
 
-template <class Visit>
-void for_each_nested(const AttVec& vec, const LBitSet* mask, Visit visit) {
-  if (!vec.interpreters) return;
+bool has_handed_out(const AttVec& vec) {
+  if (!vec.interpreters) return false;
   LBitSetIterator bits(vec.defined & vec.interpreters->counted_atts);
-  for (int index = bits.next(); index >= 0; index = bits.next())
-    if (!mask || mask->test(index)) visit(index);
+  for (int index = bits.next(); index >= 0; index = bits.next()) {
+    const Value value = vec.interpreters->atts[index]->to_value(vec.get(index));
+    const auto* nested = value.as<AttVec>();
+    if (nested && nested->handed_out) return true;
+  }
+  return false;
 }
 
-// A walk over nested values. Vectors that share values can be a tree of any size, so it is given up
-// in time.
-class NestedWalk {
- public:
-  /// True if one of the values of `vec` (in the mask) is `wanted`, or has it somewhere inside.
-  bool reaches(const AttVec& vec, const LBitSet* mask, const AttVec& wanted) {
-    DepthGuard guard(nesting_limit());
-    if (!guard || --steps_left_ < 0) return true;
-    bool found = false;
-    auto look = [&](const AttVec* nested) {
-      found = found || nested == &wanted || (nested && reaches(*nested, nullptr, wanted));
-    };
-    for_each_nested(vec, mask, [&](int index) {
-      Value value = vec.interpreters->atts[index]->to_value(vec.get(index));
-      look(value.as<AttVec>());
-      if (const auto* list = value.as<AttVecList>())
-        for (const Ref<AttVec>& element : list->vecs) look(element.get());
-    });
-    return found;
-  }
-
-  /// Gives `vec` values that it shares with nobody. False if it gave up.
-  bool detach(AttVec& vec) {
-    DepthGuard guard(nesting_limit());
-    bool ok = guard && --steps_left_ >= 0;
-    if (!ok) return false;
-    for_each_nested(vec, nullptr, [&](int index) {
-      if (AttVec* nested = vec.own_vec(index)) ok = ok && detach(*nested);
-      if (AttVecList* list = vec.own_list(index))
-        for (int i = 0, n = list->length(); i < n && ok; ++i)
-          if (AttVec* element = list->own(i)) ok = detach(*element);
-    });
-    return ok;
-  }
-
- private:
-  int steps_left_ = 1000000;
-};
-
-// As AttVec::unify with `store`, of any two vectors: one that is a part of the other is not to
-// become a part of itself.
+// As AttVec::unify with `store`, of any two vectors: what `a` gets of one that it is a part of is
+// as it was before.
 void unify_any(AttVec& a, const AttVec& b, const LBitSet* mask) {
-  if (&a == &b || !NestedWalk().reaches(b, mask, a)) {
-    a.unify(b, mask, 1);
-    return;
-  }
-  AttVec copy(b);
-  if (NestedWalk().detach(copy))
-    a.unify(copy, mask, 1);
+  if (has_handed_out(b))
+    a.unify(AttVec(b), mask, 1);
   else
-    std::cerr << nesting_limit().message << '\n';
+    a.unify(b, mask, 1);
 }
 
 // Two vectors from sub-expressions, and the attributes that count. The input is theirs alone.

@@ -47,6 +47,7 @@ class AttValPred : public Form<AttValPred, OneAtt> {
     if (!att) return {};
     // What is done to a nested vector must not be seen by others that share it.
     AttVec* nested = vec.own_vec(index_);
+    if (nested) nested->handed_out = true;
     Value value = nested ? Value::of(nested) : att->to_value(vec.get(index_));
     return exp_ ? exp_.eval(value, value_type_) : value;
   }

@@ -206,7 +206,8 @@ void AttVec::take_values(const AttVec& other) {
     for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
          bits &= bits - 1) {
       int index = w * 32 + std::countr_zero(bits);
-      interpreters->atts[index]->share(word_at(interpreters->slots[index]));
+      AttWord& value = long_values[interpreters->slots[index].at];
+      value = interpreters->atts[index]->share(value);
     }
 }
 
@@ -360,7 +361,8 @@ int AttVec::compare(const AttVec& other, const LBitSet* mask) const {
       if (mine == theirs) continue;
       int code = interpreters->atts[index]->compare(mine, theirs);
       if (code == subsume::kEqual) continue;
-      if (result != subsume::kEqual && result != code) return subsume::kIncomparable;
+      if (code == subsume::kIncomparable || (result != subsume::kEqual && result != code))
+        return subsume::kIncomparable;
       result = code;
     }
   }

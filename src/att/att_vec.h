@@ -58,6 +58,10 @@ class AttVec : public Counted<AttVec> {
   AttWord* long_values = nullptr;  ///< the block: long slots first, then the bytes
   /// The vector is part of the sentence in hand: holders read null after the next reset.
   bool of_sentence = false;
+  /// It stands inside another vector, and an expression got hold of it and may change it. Nothing
+  /// else may share it then: what copies or takes it gets a copy. So a vector never becomes a part
+  /// of itself either.
+  bool handed_out = false;
 
   bool has(int index) const { return defined.test(index); }
   /// The raw value; 0 when undefined.

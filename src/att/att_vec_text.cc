@@ -29,7 +29,7 @@ void AttVec::read(IRSlist* form) {
 }
 
 void AttVec::print(std::ostream& out, const LBitSet* mask, bool use_aliases) const {
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return;
   out << '(';
   if (use_aliases && interpreters && interpreters->aliases.count() > 0) {

@@ -63,7 +63,8 @@ void print_vectors(std::ostream& out, const AttVecList& list, const char* before
 
 void ListAtt::generalize(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  DepthGuard guard(nesting_limit());
+  if (a->get(index) == b->get(index)) return;
+  NestingGuard guard;
   if (!guard) return;
   const AttVecList& theirs = *object(b->get(index));
   int n = object(a->get(index))->length();
@@ -75,7 +76,7 @@ void ListAtt::generalize(AttVec* a, const AttVec* b) const {
 
 void ListAtt::subtract(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return;
   const AttVecList& theirs = *object(b->get(index));
   int n = object(a->get(index))->length();
@@ -92,8 +93,8 @@ int ListAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
   }
   AttWord current = get(vec);
   if (!value || !current) return value == current;
-  if (value == current && !store) return 1;
-  DepthGuard guard(nesting_limit());
+  if (value == current) return 1;
+  NestingGuard guard;
   if (!guard) return 0;
   const AttVecList& theirs = *object(value);
   int n = object(current)->length();
@@ -102,8 +103,10 @@ int ListAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
 }
 
 void ListAtt::modify(AttVec* vec, int at, AttWord value) const {
-  if (!value || vec->get(at) == 0) return vec->set(at, value);
-  DepthGuard guard(nesting_limit());
+  AttWord current = vec->get(at);
+  if (!value || !current) return vec->set(at, value);
+  if (value == current) return;
+  NestingGuard guard;
   if (!guard) return;
   AttVecList& mine = *vec->own_list(at);
   const AttVecList& theirs = *object(value);
@@ -116,7 +119,7 @@ void ListAtt::modify(AttVec* vec, int at, AttWord value) const {
 
 int ListAtt::compare(AttWord a, AttWord b) const {
   if (!a || !b || a == b) return AttInterpreter::compare(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard || object(a)->length() != object(b)->length()) return subsume::kIncomparable;
   return compare_elements(*object(a), *object(b), object(a)->length());
 }
@@ -136,7 +139,7 @@ const char* ListAtt::str_val(AttWord value, std::string& scratch) const {
 
 AttWord ListAtt::make_val(IRSlist* form) const {
   if (form->empty()) return 0;
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return 0;
   Ref<AttVecList> list_value = AttVecList::make();
   while (auto item = form->pop_front())
@@ -176,7 +179,8 @@ bool ListAtt::shows(AttWord value) const {
 
 void StackAtt::generalize(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  DepthGuard guard(nesting_limit());
+  if (a->get(index) == b->get(index)) return;
+  NestingGuard guard;
   if (!guard) return;
   AttVecList& mine = *a->own_list(index);
   const AttVecList& theirs = *object(b->get(index));
@@ -187,7 +191,7 @@ void StackAtt::generalize(AttVec* a, const AttVec* b) const {
 
 void StackAtt::subtract(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return;
   AttVecList& mine = *a->own_list(index);
   const AttVecList& theirs = *object(b->get(index));
@@ -201,8 +205,8 @@ int StackAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
   }
   AttWord current = get(vec);
   if (!value || !current) return value == current;
-  if (value == current && !store) return 1;
-  DepthGuard guard(nesting_limit());
+  if (value == current) return 1;
+  NestingGuard guard;
   if (!guard) return 0;
   AttVecList& mine = store ? *vec->own_list(at) : *object(current);
   const AttVecList& theirs = *object(value);
@@ -215,7 +219,7 @@ int StackAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
 
 int StackAtt::compare(AttWord a, AttWord b) const {
   if (!a || !b || a == b) return AttInterpreter::compare(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return subsume::kIncomparable;
   const AttVecList& mine = *object(a);
   const AttVecList& theirs = *object(b);

@@ -7,11 +7,6 @@
 
 namespace torvane {
 
-DepthLimit& nesting_limit() {
-  static DepthLimit limit{"Attribute vectors are nested too deep"};
-  return limit;
-}
-
 bool is_signed_name(const IRSlist* item) {
   return item && item->is_atom() &&
          (*item->atom == '+' || *item->atom == '-' || *item->atom == '~');
@@ -47,13 +42,14 @@ void print_vectors(std::ostream& out, const AttVec& vec, const char* before) {
 
 void VecAtt::generalize(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  DepthGuard guard(nesting_limit());
+  if (a->get(index) == b->get(index)) return;
+  NestingGuard guard;
   if (guard) a->own_vec(index)->generalize(*object(b->get(index)));
 }
 
 void VecAtt::subtract(AttVec* a, const AttVec* b) const {
   if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return;
   if (compare(a->get(index), b->get(index)) == subsume::kEqual)
     a->undefine(index);
@@ -68,22 +64,24 @@ int VecAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
   }
   AttWord current = get(vec);
   if (!value || !current) return value == current;
-  if (value == current && !store) return 1;
-  DepthGuard guard(nesting_limit());
+  if (value == current) return 1;
+  NestingGuard guard;
   if (!guard) return 0;
   AttVec* mine = store ? vec->own_vec(at) : object(current);
   return mine->unify(*object(value), nullptr, store);
 }
 
 void VecAtt::modify(AttVec* vec, int at, AttWord value) const {
-  if (!value || vec->get(at) == 0) return vec->set(at, value);
-  DepthGuard guard(nesting_limit());
+  AttWord current = vec->get(at);
+  if (!value || !current) return vec->set(at, value);
+  if (value == current) return;
+  NestingGuard guard;
   if (guard) vec->own_vec(at)->modify(*object(value));
 }
 
 int VecAtt::compare(AttWord a, AttWord b) const {
   if (!a || !b || a == b) return AttInterpreter::compare(a, b);
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   return guard ? object(a)->compare(*object(b)) : subsume::kIncomparable;
 }
 
@@ -99,7 +97,7 @@ const char* VecAtt::str_val(AttWord value, std::string& scratch) const {
 // x))`.
 AttWord VecAtt::make_val(IRSlist* form) const {
   if (form->empty()) return 0;
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (!guard) return 0;
   IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
   const IRSlist* first = only && only->is_list() ? only->nth(0) : nullptr;
@@ -118,17 +116,23 @@ bool VecAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
   return true;
 }
 
+AttWord VecAtt::share(AttWord value) const {
+  if (!value || !object(value)->handed_out) return CountedAtt::share(value);
+  NestingGuard guard;
+  return guard ? word(make_ref<AttVec>(*object(value)).leak()) : 0;
+}
+
 bool VecAtt::shows(AttWord value) const {
   return !value || !object(value)->is_empty();
 }
 
 void pack_nested(const AttVec& vec, StrBufs& out) {
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   if (guard) vec.pack(out);
 }
 
 bool unpack_nested(AttVec& vec, const char*& p, const char* end) {
-  DepthGuard guard(nesting_limit());
+  NestingGuard guard;
   return guard && vec.unpack(p, end);
 }
 

@@ -18,16 +18,15 @@ class CountedAtt : public LongVAtt {
   void set(AttVec* vec, AttWord value) const override {
     AttWord* slot_word = cell(vec);
     if (!slot_word) return;
-    if (value) object(value)->retain();
-    AttWord old = *slot_word;
-    *slot_word = value;
+    AttWord old = std::exchange(*slot_word, this->share(value));
     if (old) object(old)->release();
   }
   void clear(AttVec* vec) const override {
     if (get(vec)) set(vec, 0);
   }
-  void share(AttWord value) const override {
+  AttWord share(AttWord value) const override {
     if (value) object(value)->retain();
+    return value;
   }
   void discard(AttWord value) const override {
     if (value && object(value)->refcount == 0) T::destroy(object(value));
@@ -39,6 +38,7 @@ class CountedAtt : public LongVAtt {
 template <class T>
 class ComplexAtt : public CountedAtt<T> {
  public:
+  ComplexAtt() { this->plain = true; }
   void init(IRSlist* facets) override;
   void print(std::ostream& out, const AttVec* vec) const override;
 
@@ -62,6 +62,8 @@ class VecAtt : public AttClass<VecAtt, ComplexAtt<AttVec>> {
   AttWord make_val(IRSlist* form) const override;
   void pack(const AttVec* vec, StrBufs& out) const override;
   bool unpack(AttVec* vec, const char*& p, const char* end) const override;
+  /// One that was handed out is copied.
+  AttWord share(AttWord value) const override;
   bool shows(AttWord value) const override;
 };
 

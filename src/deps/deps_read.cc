@@ -47,8 +47,8 @@ class TreeReader {
     for (Line& line : lines_) fill_in(line);
     DepTree* root = deps_.new_node();
     for (const Line& line : lines_)
+      if (!line.node->_parent && line.node->_cat && *line.node->_cat) root->append(line.node);
       // Kept: orphan-under-the-top
-      if (!line.node->_parent && line.node->_cat) root->append(line.node);
     deps_.set_root(root);
   }
 
@@ -57,7 +57,7 @@ class TreeReader {
   struct Line {
     const IRSlist* list;
     DepTree* node;
-    bool in_tree;  // it names a category
+    bool covered;  // it names a category, be it the empty one
   };
 
   void make_nodes(const IRSlist& form) {
@@ -71,7 +71,7 @@ class TreeReader {
           parts.next();
           bool has_root = parts.atom() != nullptr;
           const char* cat = has_root ? parts.atom() : nullptr;
-          lines_.push_back({item, node, cat && *cat});
+          lines_.push_back({item, node, cat != nullptr});
           by_index_.resize(static_cast<std::size_t>(deps_.word_count()));
           if (node->_pos > 0) by_index_[static_cast<std::size_t>(node->_pos)] = lines_.size();
         }
@@ -128,7 +128,7 @@ class TreeReader {
     const char* root = parts.atom();
     if (!root) return;
     node.set_root_word(*root ? root : "~");
-    if (!line.in_tree) return;
+    if (!line.covered) return;
     node.set_cat(parts.atom());
     if (const char* parent = parts.atom()) {
       bool has_word = parent[0] == '<' || parent[0] == '>' || parent[0] == '-';
@@ -145,7 +145,7 @@ class TreeReader {
     const char* label = !word ? direction : direction[0] == '-' ? word : nullptr;
     const Line* line = label ? line_of(label) : line_of(find_index(node, direction, word));
     const char* problem = nullptr;
-    if (!line || !line->in_tree) {
+    if (!line) {
       problem = "' is not found, specified as: ";
     } else if (line->node == &node || node.is_ancestor_of(line->node)) {
       // Kept: descendent

@@ -6,6 +6,7 @@
 #include "lexp/text_result.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
+#include "support/depth.h"
 
 namespace torvane {
 
@@ -71,9 +72,10 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
     IRSlistReader reader;
     Ref<Deps> deps;
     for (const IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
-      if (form->is_atom()) continue;
+      if (form->is_atom() || !reader.found_form()) continue;
       // A tree that somebody keeps stays as it is.
       if (!deps || deps->shared()) deps = make_ref<Deps>();
+      lift_depth_limits();
       deps->read(*form);
       modifier.modify(deps->_root);
     }

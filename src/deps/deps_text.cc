@@ -14,7 +14,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit short_form_limit{"The tree is nested too deeply to be printed"};
+thread_local DepthLimit short_form_limit{"The tree is nested too deeply to be printed"};
 
 class TreeWriter {
  public:

@@ -159,8 +159,8 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
     static const int list_type = type_id_of<TextList>();
     const ValType* type = property_type(name_.id());
     if (!type || type_id(type->name()) != list_type) return nullptr;
-    if (DepProp* prop = find_prop(node, name_.id()); prop && prop->value)
-      return prop->value.as<TextList>();
+    for (const DepProp& prop : node._props)
+      if (prop.id == name_.id() && prop.value) return prop.value.as<TextList>();
     TextList* list = &node._deps->_lists.emplace_back();
     node._props.append({name_.id(), Value::of(list), 1.0f});
     return list;

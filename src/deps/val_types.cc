@@ -3,6 +3,7 @@
 #include "deps/deps.h"
 #include "deps/print_text.h"
 #include "deps/text_list.h"
+#include "lexp/control_forms.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "support/text.h"
@@ -72,10 +73,17 @@ void StrListValue::print(std::ostream& out, Value value) const {
 
 Value StrListValue::copy(Value value, Deps& owner) const {
   const auto* source = value.as<TextList>();
-  if (!source) return Value();
+  const auto* collected = value.as<ValueList>();
+  if (!source && !collected) return Value();
   TextList* list;
   Value result = new_list(owner, list);
-  for (const char* text : *source) list->append(owner._strings.copy(text));
+  auto add = [&](const char* text) {
+    if (text) list->append(owner._strings.copy(text));
+  };
+  if (source)
+    for (const char* text : *source) add(text);
+  else
+    for (const HeldValue& element : collected->values) add(element.get().text());
   return result;
 }
 

@@ -24,7 +24,8 @@ class StrValue : public ValType {
   int compare(Value a, Value b) const override;
 };
 
-/// Written as a list; read from a list, or from the atoms of the rest of the form.
+/// Written as a list; read from a list, or from the atoms of the rest of the form. What `list`
+/// gives is one of the texts in it.
 class StrListValue : public ValType {
  public:
   const char* name() const override { return "TSlist<const char*>*"; }

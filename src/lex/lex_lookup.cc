@@ -49,7 +49,7 @@ void LexAnalyzer::lookup(const char* text, int low, int high) {
 }
 
 void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansion& expansion) {
-  static DepthLimit limit{"LexAnalyzer: phrases lead to phrases without end"};
+  static thread_local DepthLimit limit{"LexAnalyzer: phrases lead to phrases without end"};
   DepthGuard guard(limit);
   if (!guard) return;
   if (!entry.phrases.empty() && !expansion.seen.insert({&entry, low, high}).second) return;

@@ -179,7 +179,8 @@ bool Lexicon::add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry) {
 template <class Visit>
 void Lexicon::each_reading(const char* word, Visit visit) {
   // The condition of an ending may look a word up.
-  static DepthLimit limit{"Lexicon: the conditions of endings are nested too deeply", 1000};
+  static thread_local DepthLimit limit{"Lexicon: the conditions of endings are nested too deeply",
+                                       1000};
   DepthGuard guard(limit);
   if (!guard || !word) return;
   if (!ending_table) {

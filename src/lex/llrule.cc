@@ -16,7 +16,7 @@ namespace {
 
 // How often the action of a rule may lead to a rule again.
 constexpr int kMostNesting = 100;
-DepthLimit llrule_depth{"apply-llrule: the rules are nested too deeply", kMostNesting};
+thread_local DepthLimit llrule_depth{"apply-llrule: the rules are nested too deeply", kMostNesting};
 
 constexpr const char* kKind = "llrule";
 

@@ -3,9 +3,9 @@
 #include <iostream>
 #include <sstream>
 #include <utility>
-#include <vector>
 
 #include "lexp/form.h"
+#include "lexp/shared_constant.h"
 #include "shell/exec.h"
 #include "shell/object_factory.h"
 
@@ -114,28 +114,31 @@ struct MeaningType : Adaptor<MeaningType, Meaning, Value, const char*> {
   Value step(Meaning& meaning) const { return Value::constant(meaning.type()); }
 };
 
-/// A meaning as a constant of the expression language. A variable may still hold it when the
-/// expression is gone, so that constants live as long as the process.
+constinit const TypeTag kSharedMeaning{"Meaning*", &tags::meaning, Life::counted,
+                                       SharedConstant<Meaning>::retain,
+                                       SharedConstant<Meaning>::release};
+
+/// A meaning as a constant of the expression language.
 class AVMConst : public LConst {
  public:
   AVMConst() { out_type = type_id_of<Meaning>(); }
   AVMConst(const AVMConst& other) : LConst(other) {
-    if (const Meaning* meaning = other.value.as<Meaning>()) value = keep(meaning->clone());
+    if (const Meaning* meaning = other.meaning_.get()) give(meaning->clone());
   }
   const char* name() const override { return "avm"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<AVMConst>(*this); }
   void init(IRSlist* args) override {
     IRSlist* first = args->nth(0);
-    if (first) value = keep(make_meaning(first->is_list() ? first : args));
+    if (first) give(make_meaning(first->is_list() ? first : args));
   }
 
  private:
-  static Value keep(std::unique_ptr<Meaning> meaning) {
-    static std::vector<std::unique_ptr<Meaning>> constants;
-    if (!meaning) return Value();
-    constants.push_back(std::move(meaning));
-    return Value::of_kind(constants.back().get(), tags::constant_meaning);
+  void give(std::unique_ptr<Meaning> meaning) {
+    meaning_ = SharedConstant<Meaning>(std::move(meaning));
+    value = Value::of_kind(meaning_.get(), kSharedMeaning);
   }
+
+  SharedConstant<Meaning> meaning_;
 };
 
 constexpr Command kCommands[] = {

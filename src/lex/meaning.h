@@ -42,7 +42,6 @@ class Meaning {
 
 namespace tags {
 inline constexpr TypeTag meaning{"Meaning*", nullptr, Life::sentence};
-inline constexpr TypeTag constant_meaning{"Meaning*", &meaning, Life::forever};
 }  // namespace tags
 template <>
 struct ValueTraits<Meaning> : TagOf<Meaning, tags::meaning> {};

@@ -8,7 +8,7 @@
 namespace torvane {
 
 namespace {
-DepthLimit seq_depth{"(seq ...): too many parts in a row"};
+thread_local DepthLimit seq_depth{"(seq ...): too many parts in a row"};
 }
 
 void MultiPattern::init(IRSlist* args) {

@@ -12,7 +12,8 @@ namespace torvane {
 namespace {
 
 constexpr int kMostNesting = 1000;
-DepthLimit pattern_depth{"make_pattern: the patterns are nested too deeply", kMostNesting};
+thread_local DepthLimit pattern_depth{"make_pattern: the patterns are nested too deeply",
+                                      kMostNesting};
 
 LPattern* find_prototype(const ObjFactory& family, const char* head) {
   auto* entry = family.find(head);

@@ -11,11 +11,8 @@ namespace torvane {
 
 namespace {
 
-// Keeps an expression for the rest of the run.
-Value keep(ExpPtr exp) {
-  static auto& kept = *new Array<ExpPtr>;
-  return exp ? Value::of(kept.append(std::move(exp)).get()) : Value();
-}
+constinit const TypeTag kSharedExp{"LExp*", &tags::lexp, Life::counted,
+                                   SharedConstant<LExp>::retain, SharedConstant<LExp>::release};
 
 constexpr Command kCommands[] = {
     {"flush", flush_command, nullptr},
@@ -29,12 +26,17 @@ const char* constant_text(const char* text) {
 }
 
 // Only a copied `let` makes a difference between an expression and its copy.
-PredConst::PredConst(const PredConst& other) : Form(other) {
-  if (auto* exp = other.value.as<LExp>(); exp && copying_let()) value = keep(exp->copy());
+PredConst::PredConst(const PredConst& other) : Form(other), exp_(other.exp_) {
+  if (exp_.get() && copying_let()) give(exp_.get()->copy());
 }
 
 void PredConst::init(IRSlist* args) {
-  value = keep(get_exp(args->nth(0)));
+  give(get_exp(args->nth(0)));
+}
+
+void PredConst::give(std::unique_ptr<LExp> exp) {
+  exp_ = SharedConstant<LExp>(std::move(exp));
+  value = Value::of_kind(exp_.get(), kSharedExp);
 }
 
 void NamedObjConst::init(IRSlist* args) {

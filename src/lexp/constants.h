@@ -3,20 +3,25 @@
 
 #include "lexp/form.h"
 #include "lexp/lexp.h"
+#include "lexp/shared_constant.h"
 
 namespace torvane {
 
 /// A copy of a text that lives as long as the process, at a place of its own; null for null.
 const char* constant_text(const char* text);
 
-/// The expression itself, not its result: a way to hand an expression over as a value. Since
-/// whoever gets it may keep it, it is never destroyed.
+/// The expression itself, not its result: a way to hand an expression over as a value.
 class PredConst : public Form<PredConst, LConst> {
  public:
   static constexpr const char* kName = "pred";
   PredConst() { out_type = type_id_of<LExp>(); }
   PredConst(const PredConst& other);
   void init(IRSlist* args) override;
+
+ private:
+  void give(std::unique_ptr<LExp> exp);
+
+  SharedConstant<LExp> exp_;
 };
 
 class NamedObjConst : public Form<NamedObjConst, LConst> {

@@ -7,7 +7,7 @@
 namespace torvane {
 
 namespace {
-DepthLimit call_depth{"the calls of defined functions are nested too deeply"};
+thread_local DepthLimit call_depth{"the calls of defined functions are nested too deeply"};
 }
 
 void FuncExp::init(IRSlist* items) {

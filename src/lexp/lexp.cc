@@ -1,6 +1,7 @@
 #include "lexp/lexp.h"
 
 #include <iostream>
+#include <optional>
 #include <string>
 
 #include "lexp/form.h"
@@ -19,7 +20,7 @@ namespace {
 constexpr const char* kFamily = "LExp";
 
 // The depth also bounds how deep one compiled expression evaluates, copies and destroys itself.
-DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
+thread_local DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
 
 [[gnu::noinline]] void report_no_form(const IRSlist& form) {
   std::cerr << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
@@ -68,8 +69,11 @@ std::unique_ptr<LExp> LExp::get_exp(IRSlist* form) {
   }
   DepthGuard guard(compile_depth);
   if (!guard) return nullptr;
-  if (auto expansion = expand_macro(*form)) return compile_expansion(*expansion);
-  return compile_head(form);
+  std::optional<ExpansionScope> outermost;
+  if (compile_depth.depth == 1) outermost.emplace();
+  const Macro* macro = find_macro(*form);
+  if (!macro) return compile_head(form);
+  return compile_expansion(expand_macro(*macro, *form));
 }
 
 std::unique_ptr<LExp> LExp::get_exp_from_text(const char* text) {

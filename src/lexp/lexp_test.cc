@@ -34,10 +34,21 @@ int add_up(Thing* thing, int a, int b) {
   return (thing ? thing->number : 0) + a + b;
 }
 
+// Knows how many of its kind there are.
+struct Numbered : Form<Numbered> {
+  static constexpr const char* kName = "numbered";
+  Numbered() { ++alive; }
+  Numbered(const Numbered& other) : Form(other) { ++alive; }
+  ~Numbered() override { --alive; }
+  Value eval(Value, int) override { return Value::integer(alive); }
+  inline static int alive = 0;
+};
+
 class LExpTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     register_form<ThingNumber>();
+    register_form<Numbered>();
     register_function<add_up>("add-up");
   }
   std::unique_ptr<LExp> compile(const char* text) { return LExp::get_exp_from_text(text); }
@@ -81,6 +92,14 @@ TEST_F(LExpTest, ACopyIsIndependent) {
   EXPECT_STREQ(first.text(), "a1");
   EXPECT_STREQ(second.text(), "a22");
   EXPECT_STREQ(type_name(compile("(inverse)")->copy()->out_type), "char*");
+}
+
+TEST_F(LExpTest, AnExpressionAsAValueLivesAsLongAsItIsHeld) {
+  const int before = Numbered::alive;
+  run_.run("(declare-var held) (eval (pred (numbered)) (setq held (pred (pred (numbered)))))");
+  EXPECT_EQ(Numbered::alive, before + 1);
+  run_.run("(eval (setq held (nil)))");
+  EXPECT_EQ(Numbered::alive, before);
 }
 
 TEST_F(LExpTest, ATextOnItsWayStaysReadable) {

@@ -20,7 +20,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit tree_depth{"The dependency tree is too deep"};
+thread_local DepthLimit tree_depth{"The dependency tree is too deep"};
 constexpr int kMostTrees = 4 * TorvaneParser::kPoolLimit;
 
 /// Used again for each sentence, with the room that it has.

@@ -5,6 +5,7 @@
 
 #include "lexp/lexp.h"
 #include "parser/torvane_parser.h"
+#include "support/depth.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -85,6 +86,7 @@ bool TorvaneParser::feed_with(AddWords add_words) {
   if (!_lex) return false;
   reset();
   settle_values();
+  lift_depth_limits();
   Parsing parsing;
   add_words(*_lex);
   _lex->analyze();

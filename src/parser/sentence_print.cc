@@ -10,7 +10,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit print_depth{"The dependency tree is too deep to be printed"};
+thread_local DepthLimit print_depth{"The dependency tree is too deep to be printed"};
 
 void print_line(const SentenceNode& node) {
   // Kept: e-labels-hide

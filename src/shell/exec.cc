@@ -65,7 +65,7 @@ class NestedRun {
   bool entered_;
 };
 
-DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
+thread_local DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
 
 }  // namespace
 
@@ -144,16 +144,19 @@ bool Exec::read_and_run() {
     form.clear();
   }
   if (frees_values && running.size() == 1) free_retired_values();
+  lift_depth_limits();
   return tokenizer->more_input;
 }
 
 Value Exec::eval(IRSlist& form) {
   if (form.empty()) return Value();
+  const Macro* macro = find_macro(form);
+  if (!macro) return run_command(form);
+  ExpansionScope scope;
   const char* name = form.nth_str_val(0);
-  std::optional<std::string> expansion = expand_macro(form);
-  if (!expansion) return run_command(form);
+  const std::string expansion = expand_macro(*macro, form);
   bool outer_prompt = std::exchange(prompt, false);
-  run_text(*expansion, name);
+  run_text(expansion, name);
   prompt = outer_prompt;
   return Value();
 }

@@ -432,7 +432,7 @@ char* next_item_in_text(const char*& cursor, StrBufs& strings) {
 IRSlist* IRSlistReader::next() {
   current_.clear();
   tokenizer_->reset_tokens();
-  current_.read(*tokenizer_, '(', ')');
+  found_form_ = current_.read(*tokenizer_, '(', ')');
   return current();
 }
 

@@ -109,11 +109,14 @@ class IRSlistReader {
   /// The form read last; null once the input has ended.
   // Kept: last-atom-unseen
   IRSlist* current() { return tokenizer_->more_input ? &current_ : nullptr; }
+  /// False where a closing parenthesis stood in the place of a form, which then is empty.
+  bool found_form() const { return found_form_; }
   Tokenizer& tokenizer() { return *tokenizer_; }
 
  private:
   std::unique_ptr<Tokenizer> tokenizer_;
   IRSlist current_;
+  bool found_form_ = false;
 };
 
 }  // namespace torvane

@@ -18,12 +18,21 @@ struct Piece {
   int param = -1;
 };
 
+}  // namespace
+
 struct Macro {
   std::string name;
   std::vector<std::string> params;
   std::vector<bool> list_params;  // an argument list that is spread
   std::vector<Piece> body;
 };
+
+namespace {
+
+// An expansion may lead to a longer one, or to two, and so on: as their depth, their length has an
+// end.
+thread_local DepthLimit length_limit{"The expansion of a macro is too long"};
+thread_local std::size_t room = std::size_t{8} << 20;
 
 NameTable<Macro*>& macros() {
   static auto& table = *new NameTable<Macro*>(1979);
@@ -124,29 +133,38 @@ Array<const char*> argument_texts(const Macro& macro, const IRSlist& form, StrBu
 
 }  // namespace
 
-std::optional<std::string> expand_macro(IRSlist& form) {
-  if (form.empty()) return std::nullopt;
-  const auto* entry = macros().find(form.items.front()->atom);
-  if (!entry) return std::nullopt;
-  const Macro& macro = *entry->value;
-  form.pop_front();
+const Macro* find_macro(const IRSlist& form) {
+  const auto* entry = form.empty() ? nullptr : macros().find(form.items.front()->atom);
+  return entry ? entry->value : nullptr;
+}
+
+std::string expand_macro(const Macro& macro, IRSlist& form) {
+  std::unique_ptr<IRSlist> head = form.pop_front();
   // Kept: arguments-for-for
   if (form.length() != static_cast<int>(macro.params.size()))
-    std::cerr << "Expecting " << macro.params.size() << " arguments for for '" << macro.name
+    std::cerr << "Expecting " << macro.params.size() << " arguments for for '" << head->atom
               << "'. Found: " << form.length() << '\n';
   StrBufs texts;
   const Array<const char*> arguments = argument_texts(macro, form, texts);
   std::string expansion;
   for (const Piece& piece : macro.body) {
-    if (piece.param < 0)
-      expansion += piece.text;
-    else
-      expansion += or_empty(arguments[piece.param]);
+    std::string_view part = piece.text;
+    if (piece.param >= 0) part = or_empty(arguments[piece.param]);
+    if (part.size() > room) trip(length_limit);
+    if (has_tripped(length_limit)) return "";
+    room -= part.size();
+    expansion += part;
   }
   const std::string& shown = debug_name();
   if (!shown.empty() && (shown[0] == '*' || same_word(shown.c_str(), macro.name.c_str())))
     std::cerr << "Expand macro: " << macro.name << '\n' << expansion << '\n';
   return expansion;
+}
+
+ExpansionScope::ExpansionScope() : room_before_(room) {}
+
+ExpansionScope::~ExpansionScope() {
+  room = room_before_;
 }
 
 void register_macro_commands() {

@@ -13,9 +13,7 @@ namespace {
 // What must be left for the calls between two guards and for the way out.
 constexpr std::size_t kReserve = (kAddressSanitizer ? 3 : 2) * 1024 * 1024;
 
-thread_local char* lowest_address = nullptr;
-
-[[gnu::noinline]] char* find_lowest_address() {
+std::uintptr_t find_floor() {
   pthread_attr_t attributes;
   void* address = nullptr;
   std::size_t size = 0;
@@ -25,30 +23,27 @@ thread_local char* lowest_address = nullptr;
     pthread_attr_getguardsize(&attributes, &guard);
     pthread_attr_destroy(&attributes);
   }
-  return lowest_address = static_cast<char*>(address) + guard;
+  return guard_state.floor = reinterpret_cast<std::uintptr_t>(address) + guard + kReserve;
 }
 
 }  // namespace
 
 std::size_t stack_left() {
-  char* lowest = lowest_address ? lowest_address : find_lowest_address();
-  char* here = static_cast<char*>(__builtin_frame_address(0));
-  return here > lowest ? static_cast<std::size_t>(here - lowest) : 0;
+  std::uintptr_t floor = guard_state.floor == UINTPTR_MAX ? find_floor() : guard_state.floor;
+  std::uintptr_t lowest = floor - kReserve;
+  auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+  return here > lowest ? here - lowest : 0;
 }
 
-DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(true) {
-  ++limit_.depth;
-  if (limit_.tripped) {
-    ok_ = false;
-  } else if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
-    ok_ = false;
-    limit_.tripped = true;
-    std::cerr << limit_.message << '\n';
-  }
+void trip(DepthLimit& limit) {
+  if (!has_tripped(limit)) std::cerr << limit.message << '\n';
+  limit.tripped_in = guard_state.run;
 }
 
-DepthGuard::~DepthGuard() {
-  if (--limit_.depth == 0) limit_.tripped = false;
+void DepthGuard::look_closer() {
+  if (!ok_) return;
+  ok_ = stack_left() >= kReserve && (limit_.max_depth == 0 || limit_.depth <= limit_.max_depth);
+  if (!ok_) trip(limit_);
 }
 
 int run_on_large_stack(std::size_t bytes, int (*body)()) {

@@ -7,8 +7,8 @@
 namespace torvane {
 namespace {
 
-DepthLimit counted{"counted: too deep", 100};
-DepthLimit by_stack{"by stack: too deep"};
+thread_local DepthLimit counted{"counted: too deep", 100};
+thread_local DepthLimit by_stack{"by stack: too deep"};
 int calls;
 
 void call_twice(DepthLimit& limit) {
@@ -26,6 +26,7 @@ TEST(Depth, EndsARecursionThatBranches) {
     call_twice(counted);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "counted: too deep\n");
     EXPECT_EQ(calls, 100);
+    lift_depth_limits();
   }
 }
 
@@ -40,7 +41,9 @@ int go_down(int n) {
 TEST(Depth, EndsBeforeTheStackDoes) {
   testing::internal::CaptureStderr();
   int on_this_stack = go_down(0);
+  lift_depth_limits();
   std::thread([] { deepest = go_down(0); }).join();
+  lift_depth_limits();
   int on_a_large_one = run_on_large_stack(std::size_t{64} << 20, [] { return go_down(0); });
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "by stack: too deep\nby stack: too deep\nby stack: too deep\n");

@@ -11,7 +11,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit nested_rules{"The tree rules are run by tree rules too deeply", 50};
+thread_local DepthLimit nested_rules{"The tree rules are run by tree rules too deeply", 50};
 
 /// The tree that rules are run over. It stays alive meanwhile, whatever an action does; an edit may
 /// give it a new root.

@@ -1,6 +1,7 @@
 #include "treerules/tree_patterns.h"
 
 #include <iostream>
+#include <unordered_set>
 
 #include "treerules/child_walk.h"
 
@@ -87,12 +88,16 @@ class PlusRTPat : public Form<PlusRTPat, OptRTPat> {
   Value test(RSTree* tree) override {
     TreeMatch* match = match_on(tree);
     if (!match) return Value();
+    // What is repeated may end higher than it began, and so lead to where the chain has been.
+    std::unordered_set<const RSTree*> been{tree};
     for (TreeMatch* next = match; next;) {
       TreeMatch* last = next->last_descendant();
       next = nullptr;
-      for (ChildWalk walk(last->node); !next && walk.child(); walk.next())
+      const RSTree* place = nullptr;
+      for (ChildWalk walk(last->node); !next && (place = walk.child()); walk.next())
         next = match_on(walk.child());
-      if (next) last->append(next);
+      if (!next || !been.insert(place).second) break;
+      last->append(next);
     }
     return Value::of(match);
   }

@@ -36,4 +36,9 @@
 (set-att-itp-list (T))
 (set-att-itp-list strcmp)
 (eval (comp (attvec (+late)) (attvec2str) (print-str :suffix "\n")))
+; a macro stands for what it expands to
+(defmacro flag (name) (defattribute name BinAtt))
+(defmacro flags () (flag f) (def-att-list U (flag u)) (flag g))
+(def-att-list F (flag h) (flags) (quote (flag lost)) (flag h))
+(eval (comp (attvec F (+f +g -h +u +lost)) (attvec2str) (print-str :suffix "\n")))
 (exit)

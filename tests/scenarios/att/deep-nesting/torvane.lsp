@@ -18,7 +18,15 @@
 (eval (comp (int 1) (while (int-gt (int 60) (get-val n))
   (prog (comp (get-val y) (insert-into-avlist l (ident))) (setq n (comp (get-val n) (+1)))))))
 (eval (comp (get-val y) (unify2 (value v AttVec*) (ident))))
-(eval (comp (get-val y) (value v AttVec*) (attvec2str) (print-str :suffix "\n")))
+(eval (comp (get-val y) (value v AttVec*) (attvec2str i v) (print-str :suffix "\n")))
 (eval (setq x (nil)))
+; aliases that stand twice in one another: what is shared already is not taken apart
+(def-att-list A (defattribute v VecAtt) (defattribute w VecAtt) (defattribute l ListAtt)
+  (defattribute s StackAtt) (defattribute i IntAtt))
+(load tower.lsp)
+(eval (comp (attvec (a40)) (unify (a40)) (modify (a40)) (contain (a40)) (attvec2str) (print-str :suffix "\n")))
+(eval (comp (attvec (b40)) (unify (b40)) (modify (b40)) (contain (b40)) (str "lists\n") (print-str)))
+; what would be a tree of any size when it is written is cut in time
+(print-alias a40)
 (echo done)
 (exit)

@@ -49,4 +49,16 @@
 (eval (comp (attvec ((v (l ())) (n 5))) (prog (unify2 (value v AttVec*) (ident)) (show))))
 (eval (comp (attvec ((v (v (n 1))) (l ()))) (prog (unify2 (ident) (value v AttVec*)) (show))))
 (echo)
+; a whole, put into its part; what was copied of a vector does not change with its part
+(declare-var w) (declare-var copy)
+(eval (comp (attvec ((v (l ())) (n 5))) (setq w)
+  (prog (value v AttVec* (insert-into-avlist l (get-val w))) (show))))
+(eval (comp (attvec ((v (v (l (~v))))  (n 5))) (setq w)
+  (prog (value v AttVec* (value v AttVec* (rotate-and-insert-into-avlist l (get-val w)))) (show))))
+(eval (comp (attvec ((v (v (n 1))))) (setq w)
+  (prog (value v AttVec* (value v AttVec* (prog
+      (setq copy (comp (attvec (~l)) (insert-into-avlist l (get-val w))))
+      (modify ((n 2))))))
+    (show) (comp (get-val copy) (show)))))
+(echo)
 (exit)

@@ -54,4 +54,11 @@
 (eval (read-and-modify-deps relate (comp (str trees.txt) (open-file))))
 (flush asserted.txt)
 (eval (read-and-modify-deps again (comp (str asserted.txt) (open-file))))
+
+; What `list` gives, a list behind an entry without a value; an empty category, a parent without one.
+(def-tree-rules odd (root (prog
+  (comp (at N) (set-prop (texts (list (cat) (str "b c") (int 3) (nil))) (texts (list)) (texts (int 3))))
+  (comp (at V) (set-prop (texts (nil))) (add-to-dep-prop-list texts (cat)) (add-to-dep-prop-list texts (str d)))
+  (print-dep-tree))))
+(eval (read-and-modify-deps odd (comp (str odd.txt) (open-file))))
 (exit)

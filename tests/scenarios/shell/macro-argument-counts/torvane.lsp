@@ -1,7 +1,7 @@
 (defmacro pair (a b) (echo "<" a b ">"))
 (pair)
 (pair 1)
-(pair 1 2 3)
+(Pair 1 2 3)
 (pair () "")
 (defmacro)
 (defmacro name)

@@ -35,6 +35,8 @@
 (run "t+ of a tree" (up (t+ (tree (is A) (n C))) (all)))
 (run "t+ stops" (up (t+ (node (or (is A) (is F)))) (all)))
 (run "t+ after an empty end" (up (t+ (tree (or (is C) (is D)) (t? (n X)))) (prog (child 1) (match 2))))
+(run "t+ comes back" (up (t+ (attachment-points (is D) (t) (nil))) (all)))
+(run "t+ by another way" (up (t+ (attachment-points (not (is A)) (t) (nil))) (all)))
 (run "t? alone" (up (t? (n E)) (all)))
 (run "t* alone" (up (t* (n E)) (all)))
 (run "path" (up (path (n A) (n F) (n G)) (all)))
