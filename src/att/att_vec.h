@@ -56,8 +56,7 @@ class AttVec : public Counted<AttVec> {
   LBitSet bin_values;                ///< the values of the defined binary ones
   unsigned char* small_values = nullptr;
   AttWord* long_values = nullptr;  ///< the block: long slots first, then the bytes
-  /// The vector is part of the sentence in hand: holders read null after the next reset.
-  bool of_sentence = false;
+  Ref<Era> era;                    ///< of a part of a sentence: holders read null once it is over
 
   bool has(int index) const { return defined.test(index); }
   /// The raw value; 0 when undefined.

@@ -57,6 +57,7 @@ class Deps : public RefCounter {
   DepTree* _nodes = nullptr;    ///< chain of all nodes
   LBitSet _separators;          ///< word indexes after which no blank stood
   std::deque<TextList> _lists;  ///< values of properties
+  Eras eras;                    ///< of the trees, one after the other
 
   /// The word, null outside 1 to the last.
   const char* word(int i) const { return i > 0 ? _words.at_or_zero(i) : nullptr; }

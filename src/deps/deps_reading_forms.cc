@@ -3,7 +3,6 @@
 
 #include "deps/dep_forms.h"
 #include "deps/deps_modifier.h"
-#include "lexp/text_result.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
 
@@ -46,10 +45,8 @@ struct ConcatDepWords : Adaptor<ConcatDepWords, Deps, Value, const char*> {
     for (int i = 1; i < deps.word_count() && text.size() < kMostChars; ++i)
       for (const char* c = or_empty(deps.word(i)); *c && text.size() < kMostChars; ++c)
         if (is_alnum(*c)) text += *c;
-    return result.set(text);
+    return Value::made_text(text);
   }
-
-  TextResult result;
 };
 
 // `(read-and-modify-deps MODIFIER [STREAM-EXP])`

@@ -160,7 +160,7 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
     if (DepProp* prop = find_prop(node, name_.id()); prop && prop->value)
       return prop->value.as<TextList>();
     TextList* list = &node._deps->_lists.emplace_back();
-    node._props.append({name_.id(), Value::of(list), 1.0f});
+    node._props.append({name_.id(), node.era()->of(list), 1.0f});
     return list;
   }
 

@@ -247,7 +247,7 @@ Value select(IRSlist* form) {
   while (reader.next()) {
     std::string line = reader.item();
     std::replace(line.begin(), line.end(), '\n', '|');
-    if (exp->eval(Value::buffer_text(line.c_str()), text_type))
+    if (holds(*exp, Value::buffer_text(line.c_str()), text_type))
       *out->out() << reader.item() << '\n';
   }
   return Value();
@@ -270,11 +270,13 @@ Value get_entry(IRSlist* form) {
 
 /// Runs the three expressions of `filter-entries` on one entry.
 void filter_entry(LexEntry& entry, const ExpPtr (&tests)[3]) {
+  Round round;
   Value value = Value::of(&entry);
   if (!passes(tests[0], value, type_id_of<LexEntry>())) return;
   Slist<Meaning*> meanings = entry.meanings;
   for (Meaning* meaning : meanings)
-    if (entry.meanings.contains(meaning)) tests[1].eval(Value::of(meaning), type_id_of<Meaning>());
+    if (entry.meanings.contains(meaning))
+      tests[1].eval(entry.eras.now()->of(meaning), type_id_of<Meaning>());
   tests[2].eval(value, type_id_of<LexEntry>());
 }
 
@@ -290,15 +292,12 @@ Value filter_entries(IRSlist* form) {
   for (IRSlist* item = reader.start_stream(in.get()); item; item = reader.next()) {
     Heading heading = parse_heading(*item);
     if (heading.key.empty()) continue;
-    {
-      LexEntry entry;
-      entry.key = heading.key;
-      read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
-        entry.meanings.append(meaning.release());
-      });
-      filter_entry(entry, tests);
-    }
-    bump_sentence_epoch();  // a variable may hold a meaning of the entry
+    LexEntry entry;
+    entry.key = heading.key;
+    read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
+      entry.meanings.append(meaning.release());
+    });
+    filter_entry(entry, tests);
   }
   return Value();
 }

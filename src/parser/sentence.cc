@@ -22,6 +22,9 @@ class Parsing {
   ~Parsing() { g_parsing = false; }
   Parsing(const Parsing&) = delete;
   Parsing& operator=(const Parsing&) = delete;
+
+ private:
+  Round round_;
 };
 
 TokenizerBase& sentence_tokenizer() {
@@ -81,7 +84,7 @@ bool TorvaneParser::feed_with(AddWords add_words) {
   forget_result();
   if (!_lex) return false;
   reset();
-  settle_values();
+  lifetimes().settle();
   Parsing parsing;
   add_words(*_lex);
   _lex->analyze();

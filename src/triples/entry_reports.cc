@@ -49,7 +49,7 @@ std::unordered_set<std::string> keys_that_pass(TripleDb& db, float limit, const 
   });
   std::unordered_set<std::string> passing;
   for (const std::string& key : keys)
-    if (condition.eval(Value::buffer_text(key.c_str()), type_id_of<const char*>()))
+    if (passes(condition, Value::buffer_text(key.c_str()), type_id_of<const char*>()))
       passing.insert(key);
   return passing;
 }

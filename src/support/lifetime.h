@@ -1,0 +1,177 @@
+// How long what expressions give lives.
+//
+// A value stays what it was for as long as the running form can reach it, and memory follows what
+// is alive, not what was. Both meet in rounds. Every loop that may run for long opens one, and ends
+// a turn of it each time it comes round: texts made in the turn go then, and so does what was let
+// go in it, provided that it was born within the loop, since nobody outside the loop can have seen
+// it. What is older waits for the round around the loop, and at last for the moment when nothing
+// runs. Nothing of a turn may be carried over into the next but by a holder (HeldValue, Ref).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace torvane {
+
+/// Texts, the last one on top. They never move.
+class TextStack {
+ public:
+  /// A copy, with a zero byte behind it.
+  const char* push(std::string_view text);
+  /// The place of the next text; places grow.
+  std::size_t top() const { return top_; }
+  /// Takes off every text from a place on.
+  void cut(std::size_t top) {
+    if (top != top_) drop_to(top);
+  }
+  /// The place of a text in here.
+  std::size_t place_of(const char* text) const;
+
+ private:
+  struct Block {
+    std::unique_ptr<char[]> chars;
+    std::size_t size = 0;
+    std::size_t base = 0;  // the place of its first byte
+  };
+  char* room_for(std::size_t bytes);
+  void drop_to(std::size_t top);
+
+  std::vector<Block> blocks_;  // those behind the ones in use wait with their memory
+  std::size_t in_use_ = 0;
+  std::size_t top_ = 0;
+};
+
+class Lifetimes {
+ public:
+  /// What ends a thing when its time has come.
+  using End = void (*)(std::intptr_t word);
+
+  /// The moment. Whoever is born remembers it.
+  std::uint64_t now() const { return clock_; }
+  /// A copy of a text, until the turn in hand ends.
+  const char* keep(std::string_view text) { return texts_.push(text); }
+  /// Ends a thing once nothing can reach it that has seen it since its birth.
+  void retire(std::uint64_t birth, End end, std::intptr_t word) {
+    retired_.push_back({birth, end, word});
+  }
+  /// Ends everything that was let go, and every text: where nothing runs.
+  void free_all();
+  /// The same, but not while an expression waits for commands that it runs: to be called where no
+  /// other expression runs, such as between two sentences.
+  void settle() {
+    if (waiting_ == 0) free_all();
+  }
+  bool expression_waits() const { return waiting_ > 0; }
+
+  /// A turn of a round, to be asked later whether it is still going on.
+  struct Turn {
+    std::uint32_t depth = 0;
+    std::uint64_t number = 0;
+  };
+  /// The turn that a text given by `keep` lives through.
+  Turn turn_of_kept(const char* text) const;
+  /// The innermost turn.
+  Turn turn() const { return {static_cast<std::uint32_t>(open_.size() - 1), open_.back().turn}; }
+  bool goes_on(Turn turn) const {
+    return turn.depth < open_.size() && open_[turn.depth].turn == turn.number;
+  }
+
+ private:
+  friend class Round;
+  friend class WaitForCommands;
+  struct Retired {
+    std::uint64_t birth;
+    End end;
+    std::intptr_t word;
+  };
+  struct Open {
+    std::uint64_t start;  // what is born from then on is the round's own
+    std::uint64_t turn;
+    std::size_t retired;  // what was let go before
+    std::size_t texts;    // where the texts of before end
+  };
+
+  void end_turn(const Open& open) {
+    if (retired_.size() > open.retired) end_retired(open.start, open.retired);
+    texts_.cut(open.texts);
+  }
+  void end_retired(std::uint64_t from_birth, std::size_t from);
+
+  std::uint64_t clock_ = 1;
+  std::vector<Open> open_{{0, 0, 0, 0}};  // outermost first; at the bottom, what no round is around
+  std::vector<Retired> retired_;
+  TextStack texts_;
+  int waiting_ = 0;
+};
+
+/// The one of the process.
+inline Lifetimes& lifetimes() {
+  static Lifetimes& all = *new Lifetimes;
+  return all;
+}
+
+/// Opens a round while it lives.
+class Round {
+ public:
+  Round() : all_(lifetimes()) {
+    std::uint64_t start = ++all_.clock_;
+    all_.open_.push_back({start, start, all_.retired_.size(), all_.texts_.top()});
+  }
+  ~Round() {
+    all_.end_turn(all_.open_.back());
+    all_.open_.pop_back();
+  }
+  Round(const Round&) = delete;
+  Round& operator=(const Round&) = delete;
+
+  /// Ends a turn and begins the next. Rounds opened since have ended.
+  void next() {
+    Lifetimes::Open& open = all_.open_.back();
+    all_.end_turn(open);
+    open.turn = ++all_.clock_;
+    open.retired = all_.retired_.size();
+  }
+
+ private:
+  Lifetimes& all_;
+};
+
+/// While it lives, an expression waits for commands that it runs.
+class WaitForCommands {
+ public:
+  WaitForCommands() { ++lifetimes().waiting_; }
+  ~WaitForCommands() { --lifetimes().waiting_; }
+  WaitForCommands(const WaitForCommands&) = delete;
+  WaitForCommands& operator=(const WaitForCommands&) = delete;
+};
+
+/// Destroys a thing once nothing can reach it.
+template <class T>
+void retire(std::unique_ptr<T> thing, std::uint64_t birth) {
+  if (!thing) return;
+  lifetimes().retire(
+      birth, [](std::intptr_t word) { delete reinterpret_cast<T*>(word); },
+      reinterpret_cast<std::intptr_t>(thing.release()));
+}
+
+/// Gives a counted thing (Counted) out as a value: it stays until the turn in hand ends, whoever
+/// lets go of it, without being counted for that.
+template <class T>
+void lend(const T& object) {
+  if (std::exchange(object.lent, true)) return;
+  Lifetimes& all = lifetimes();
+  all.retire(
+      all.now(),
+      [](std::intptr_t word) {
+        auto* lent = reinterpret_cast<T*>(word);
+        lent->lent = false;
+        if (lent->refcount == 0) T::destroy(lent);
+      },
+      reinterpret_cast<std::intptr_t>(&object));
+}
+
+}  // namespace torvane
