@@ -67,12 +67,14 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
     DepsModifier& modifier = *modifier_;
     IRSlistReader reader;
     Ref<Deps> deps;
+    Round round;
     for (const IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
       if (form->is_atom()) continue;
       // A tree that somebody keeps stays as it is.
       if (!deps || deps->shared()) deps = make_ref<Deps>();
       deps->read(*form);
       modifier.modify(deps->_root);
+      round.next();
     }
     return Value();
   }

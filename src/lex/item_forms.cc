@@ -80,8 +80,11 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
     if (!match) return Value();
     std::vector<Ref<Match>> components;
     match->append_components(components);
-    for (const Ref<Match>& component : components)
+    Round round;
+    for (const Ref<Match>& component : components) {
       sub_.eval(Value::of(component.get()), type_id_of<Match>());
+      round.next();
+    }
     return Value();
   }
 

@@ -102,8 +102,9 @@ LexItem* LexAnalyzer::add_item(LexItem* item, int check_dup) {
   if (check_dup)
     if (LexItem* known = duplicate_of(*item)) return known;
   if (hook)
-    walk_parts(item, 0,
-               [this](LexItem* part, int) { hook->eval(Value::of(part), type_id_of<LexItem>()); });
+    walk_parts(item, 0, [this](LexItem* part, int) {
+      holds(*hook.get(), Value::of(part), type_id_of<LexItem>());
+    });
   unlink(item);
   link(item);
   return item;

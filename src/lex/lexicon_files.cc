@@ -244,7 +244,7 @@ Value select(IRSlist* form) {
   if (!out) return Value();
   const int text_type = type_id("char*");
   ItemReader reader(in);
-  while (reader.next()) {
+  for (Round round; reader.next(); round.next()) {
     std::string line = reader.item();
     std::replace(line.begin(), line.end(), '\n', '|');
     if (holds(*exp, Value::buffer_text(line.c_str()), text_type))
@@ -270,7 +270,6 @@ Value get_entry(IRSlist* form) {
 
 /// Runs the three expressions of `filter-entries` on one entry.
 void filter_entry(LexEntry& entry, const ExpPtr (&tests)[3]) {
-  Round round;
   Value value = Value::of(&entry);
   if (!passes(tests[0], value, type_id_of<LexEntry>())) return;
   Slist<Meaning*> meanings = entry.meanings;
@@ -289,6 +288,7 @@ Value filter_entries(IRSlist* form) {
   for (ExpPtr& test : tests)
     if (std::unique_ptr<IRSlist> exp = rules->pop_front()) test = LExp::get_exp(exp.get());
   IRSlistReader reader;
+  Round round;
   for (IRSlist* item = reader.start_stream(in.get()); item; item = reader.next()) {
     Heading heading = parse_heading(*item);
     if (heading.key.empty()) continue;
@@ -298,6 +298,7 @@ Value filter_entries(IRSlist* form) {
       entry.meanings.append(meaning.release());
     });
     filter_entry(entry, tests);
+    round.next();
   }
   return Value();
 }
