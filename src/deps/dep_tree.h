@@ -32,8 +32,6 @@ class DepTree : public RSTree {
   /// Null once its Deps was cleared.
   DepTree* as_dep_tree() override { return _deps ? this : nullptr; }
   Era* era() const override;
-  /// A text of the tree as a value.
-  Value text_value(const char* text) const { return era()->text(text); }
   DepTree* parent() const { return static_cast<DepTree*>(_parent); }
   bool spans_words() const { return _low >= 0 && _high >= _low; }
   /// Neither first nor last word. The root of several trees is such a node: it only holds them.

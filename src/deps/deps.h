@@ -78,6 +78,8 @@ class Deps : public RefCounter {
   void set_root(DepTree* node) { _root = node; }
   /// The words lo..hi, joined by a blank where a gap stood; in `_strings`.
   const char* span_text(int lo, int hi);
+  /// A text of the tree as a value.
+  Value text_value(const char* text) { return eras.now()->text(text); }
   DepTree* find_label(const char* text) const;
   /// The index that a direction leads to: each character is a step, to the next occurrence of the
   /// word to the right ("<", "*") or to the left (">"). 0 if it leads out of the sentence, or

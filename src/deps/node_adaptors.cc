@@ -27,23 +27,23 @@ struct DepTree2Deps : DepTreeComponent<DepTree2Deps, Deps> {
 
 struct DepTree2Rel : DepTreeComponent<DepTree2Rel, Text> {
   static constexpr const char* kName = "rel";
-  Value component(DepTree& node) const { return node.text_value(node._rel); }
+  Value component(DepTree& node) const { return node._deps->text_value(node._rel); }
 };
 
 struct DepTree2Cat : DepTreeComponent<DepTree2Cat, Text> {
   static constexpr const char* kName = "cat";
-  Value component(DepTree& node) const { return node.text_value(node._cat); }
+  Value component(DepTree& node) const { return node._deps->text_value(node._cat); }
 };
 
 struct DepTree2Root : DepTreeComponent<DepTree2Root, Text> {
   static constexpr const char* kName = "node2root";
-  Value component(DepTree& node) const { return node.text_value(node.root_word()); }
+  Value component(DepTree& node) const { return node._deps->text_value(node.root_word()); }
 };
 
 struct DepTree2MinP : DepTreeComponent<DepTree2MinP, Text> {
   static constexpr const char* kName = "node2minp";
   Value component(DepTree& node) const {
-    return node.text_value(node._deps->span_text(node._low, node._high));
+    return node._deps->text_value(node._deps->span_text(node._low, node._high));
   }
 };
 
@@ -51,7 +51,7 @@ struct DepTree2Word : DepTreeComponent<DepTree2Word, Text> {
   static constexpr const char* kName = "node2word";
   Value component(DepTree& node) const {
     if (node._low <= 0 || node._high < node._low) return Value();  // null for an empty node
-    return node.text_value(node._deps->span_text(node._low, node._high));
+    return node._deps->text_value(node._deps->span_text(node._low, node._high));
   }
 };
 
@@ -59,7 +59,7 @@ struct DepTree2MaxP : DepTreeComponent<DepTree2MaxP, Text> {
   static constexpr const char* kName = "node2maxp";
   Value component(DepTree& node) const {
     Extent extent = extent_of(node);
-    return node.text_value(node._deps->span_text(extent.low, extent.high));
+    return node._deps->text_value(node._deps->span_text(extent.low, extent.high));
   }
 };
 
@@ -104,13 +104,15 @@ struct DistToParent : DepTreeComponent<DistToParent, int> {
 struct WordBefore : DepTreeComponent<WordBefore, Text> {
   static constexpr const char* kName = "word-before";
   Value component(DepTree& node) const {
-    return node.text_value(node._low > 1 ? node._deps->word(node._low - 1) : nullptr);
+    return node._deps->text_value(node._low > 1 ? node._deps->word(node._low - 1) : nullptr);
   }
 };
 
 struct WordAfter : DepTreeComponent<WordAfter, Text> {
   static constexpr const char* kName = "word-after";
-  Value component(DepTree& node) const { return node.text_value(node._deps->word(node._high + 1)); }
+  Value component(DepTree& node) const {
+    return node._deps->text_value(node._deps->word(node._high + 1));
+  }
 };
 
 struct BeforeParent : DepTreeComponent<BeforeParent, DepTree> {

@@ -45,11 +45,11 @@ void StrValue::print(std::ostream& out, Value value) const {
 }
 
 Value StrValue::copy(Value value, Deps& owner) const {
-  return owner.eras.now()->text(owner._strings.copy(value.text()));
+  return owner.text_value(owner._strings.copy(value.text()));
 }
 
 Value StrValue::parse(IRSlist* form, Deps& owner) const {
-  return owner.eras.now()->text(owner._strings.copy(form->get_str_val()));
+  return owner.text_value(owner._strings.copy(form->get_str_val()));
 }
 
 int StrValue::compare(Value a, Value b) const {

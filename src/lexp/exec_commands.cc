@@ -38,7 +38,7 @@ Value foreach_command(IRSlist* form) {
   if (!exp || !list) return Value();
   Round round;
   for (const IRSlist* item : list->items) {
-    exp->eval(Value::buffer_text(item->atom), type_id_of<const char*>());
+    exp->eval(item->atom ? Value::made_text(item->atom) : Value(), type_id_of<const char*>());
     round.next();
   }
   return Value();

@@ -77,7 +77,7 @@ class ExpPtr {
 
 /// Whether an expression gives anything but 0. What it makes on its way ends with that.
 inline bool holds(LExp& exp, Value input, int type) {
-  Round round;
+  TextScope scope;
   return static_cast<bool>(exp.eval(input, type));
 }
 /// A condition: passes when there is none.

@@ -131,12 +131,12 @@ void LoopOnStr::init(IRSlist* args) {
 
 bool LoopOnStr::any_word(const char* text, int type, bool wanted) const {
   const char* delimiters = delimiters_.c_str();
-  std::string word;
   for (text += std::strspn(text, delimiters); *text; text += std::strspn(text, delimiters)) {
     std::size_t length = std::strcspn(text, delimiters);
-    word.assign(text, length);
+    TextScope scope;
+    Value word = Value::made_text({text, length});
     text += length;
-    if (holds(*exp.get(), Value::buffer_text(word.c_str()), type) == wanted) return true;
+    if (static_cast<bool>(exp->eval(word, type)) == wanted) return true;
   }
   return false;
 }

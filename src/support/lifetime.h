@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -21,13 +22,18 @@ namespace torvane {
 class TextStack {
  public:
   /// A copy, with a zero byte behind it.
-  const char* push(std::string_view text);
-  /// The place of the next text; places grow.
-  std::size_t top() const { return top_; }
-  /// Takes off every text from a place on.
-  void cut(std::size_t top) {
-    if (top != top_) drop_to(top);
+  const char* push(std::string_view text) {
+    std::size_t bytes = text.size() + 1;
+    if (static_cast<std::size_t>(limit_ - next_) < bytes) take_block(bytes);
+    char* copy = std::exchange(next_, next_ + bytes);
+    std::char_traits<char>::copy(copy, text.data(), text.size());
+    copy[text.size()] = 0;
+    return copy;
   }
+  /// The place of the next text; places grow.
+  std::size_t top() const { return end_ - static_cast<std::size_t>(limit_ - next_); }
+  /// Takes off every text from a place on.
+  void cut(std::size_t top);
   /// The place of a text in here.
   std::size_t place_of(const char* text) const;
 
@@ -37,12 +43,13 @@ class TextStack {
     std::size_t size = 0;
     std::size_t base = 0;  // the place of its first byte
   };
-  char* room_for(std::size_t bytes);
-  void drop_to(std::size_t top);
+  void take_block(std::size_t bytes);
 
+  char* next_ = nullptr;
+  char* limit_ = nullptr;      // of the block on top
+  std::size_t end_ = 0;        // the place of the limit
   std::vector<Block> blocks_;  // those behind the ones in use wait with their memory
   std::size_t in_use_ = 0;
-  std::size_t top_ = 0;
 };
 
 class Lifetimes {
@@ -67,21 +74,20 @@ class Lifetimes {
   }
   bool expression_waits() const { return waiting_ > 0; }
 
-  /// A turn of a round, to be asked later whether it is still going on.
+  /// A turn of a round, to be asked later whether it is still going on; the first one never is.
   struct Turn {
     std::uint32_t depth = 0;
     std::uint64_t number = 0;
   };
   /// The turn that a text given by `keep` lives through.
   Turn turn_of_kept(const char* text) const;
-  /// The innermost turn.
-  Turn turn() const { return {static_cast<std::uint32_t>(open_.size() - 1), open_.back().turn}; }
   bool goes_on(Turn turn) const {
-    return turn.depth < open_.size() && open_[turn.depth].turn == turn.number;
+    return turn.depth <= outer_.size() && at(turn.depth).turn == turn.number;
   }
 
  private:
   friend class Round;
+  friend class TextScope;
   friend class WaitForCommands;
   struct Retired {
     std::uint64_t birth;
@@ -89,55 +95,79 @@ class Lifetimes {
     std::intptr_t word;
   };
   struct Open {
-    std::uint64_t start;  // what is born from then on is the round's own
-    std::uint64_t turn;
-    std::size_t retired;  // what was let go before
-    std::size_t texts;    // where the texts of before end
+    std::uint64_t start = 0;  // what is born from then on is the round's own
+    std::uint64_t turn = 1;
+    std::size_t retired = 0;  // how many things were let go before
+    std::size_t texts = 0;    // where the texts of before end
   };
 
-  void end_turn(const Open& open) {
-    if (retired_.size() > open.retired) end_retired(open.start, open.retired);
-    texts_.cut(open.texts);
+  const Open& at(std::size_t depth) const { return depth < outer_.size() ? outer_[depth] : open_; }
+  void end_turn() {
+    if (retired_.size() != open_.retired || texts_.top() != open_.texts) end_things();
   }
+  void end_things();
   void end_retired(std::uint64_t from_birth, std::size_t from);
+  void drop_texts(std::size_t top);
 
   std::uint64_t clock_ = 1;
-  std::vector<Open> open_{{0, 0, 0, 0}};  // outermost first; at the bottom, what no round is around
+  Open open_;                // the innermost round; at the bottom, what no round is around
+  std::vector<Open> outer_;  // those around it, outermost first
   std::vector<Retired> retired_;
   TextStack texts_;
   int waiting_ = 0;
 };
 
+namespace lifetime_detail {
+// Never destroyed: what still lives at the end of the process is nobody's business any more.
+union Immortal {
+  constexpr Immortal() : lifetimes() {}
+  ~Immortal() {}
+  Lifetimes lifetimes;
+};
+inline constinit Immortal immortal;
+}  // namespace lifetime_detail
+
 /// The one of the process.
 inline Lifetimes& lifetimes() {
-  static Lifetimes& all = *new Lifetimes;
-  return all;
+  return lifetime_detail::immortal.lifetimes;
 }
 
 /// Opens a round while it lives.
 class Round {
  public:
   Round() : all_(lifetimes()) {
+    all_.outer_.push_back(all_.open_);
     std::uint64_t start = ++all_.clock_;
-    all_.open_.push_back({start, start, all_.retired_.size(), all_.texts_.top()});
+    all_.open_ = {start, start, all_.retired_.size(), all_.texts_.top()};
   }
   ~Round() {
-    all_.end_turn(all_.open_.back());
-    all_.open_.pop_back();
+    all_.end_turn();
+    all_.open_ = all_.outer_.back();
+    all_.outer_.pop_back();
   }
   Round(const Round&) = delete;
   Round& operator=(const Round&) = delete;
 
   /// Ends a turn and begins the next. Rounds opened since have ended.
-  void next() {
-    Lifetimes::Open& open = all_.open_.back();
-    all_.end_turn(open);
-    open.turn = ++all_.clock_;
-    open.retired = all_.retired_.size();
-  }
+  void next() { all_.end_turn(); }
 
  private:
   Lifetimes& all_;
+};
+
+/// For what only gives a truth or a number: the texts made while it lives end with it.
+class TextScope {
+ public:
+  TextScope() : all_(lifetimes()), top_(all_.texts_.top()) {}
+  ~TextScope() {
+    if (all_.texts_.top() != top_) all_.drop_texts(top_);
+  }
+  TextScope(const TextScope&) = delete;
+  TextScope& operator=(const TextScope&) = delete;
+
+ private:
+  Lifetimes& all_;
+  std::size_t top_;
 };
 
 /// While it lives, an expression waits for commands that it runs.

@@ -26,7 +26,7 @@ enum class Life : std::uint8_t {
   forever,    ///< an integer, a constant's text, a registered object
   sentence,   ///< belongs to a sentence, a tree or the like, and ends with its era
   counted,    ///< a holder takes a count
-  transient,  ///< lives through the turn in hand (see Lifetimes), and then no more
+  transient,  ///< may be gone as soon as the evaluation is
   stamped,    ///< as long as its tag's stamp of it stays the same; its memory stays for ever
 };
 
@@ -76,7 +76,7 @@ class Value {
   static constexpr Value truth(bool b) { return integer(b ? 1 : 0); }
   /// A text that lives as long as the process.
   static Value constant(const char* text) { return of_text(text, tags::constant_text); }
-  /// A text that lives through the turn in hand.
+  /// A text of passing life.
   static Value buffer_text(const char* text) { return of_text(text, tags::buffer_text); }
   /// A copy of a text that an expression made.
   static Value made_text(std::string_view text) {
@@ -134,17 +134,16 @@ class Value {
 };
 
 /// The time through which a sentence, a tree or the like lives with all that belongs to it.
-/// Counted, by whoever is at its head and by the holders of its things, which read as null once it
-/// is over.
+/// Counted; holders of its things, which read as null once it is over, are also counted apart.
 class Era : public Counted<Era> {
  public:
-  Era();
+  Era() : text_{.name = "char*", .base = &tags::text, .life = Life::sentence, .era = this} {}
   Era(const Era&) = delete;
   Era& operator=(const Era&) = delete;
 
   bool over() const { return over_; }
   /// A text, or a thing that does not tell its era by itself, as one of this era.
-  Value text(const char* text) const { return Value::of_text(text, kinds_.front()); }
+  Value text(const char* text) const { return Value::of_text(text, text_); }
   template <class T>
   Value of(const T* thing) {
     return Value::of_kind(thing, kind(ValueTraits<T>::tag()));
@@ -152,9 +151,12 @@ class Era : public Counted<Era> {
 
  private:
   friend class Eras;
+  friend class HeldValue;
   const TypeTag& kind(const TypeTag& base);
 
-  std::forward_list<TypeTag> kinds_;  // that of texts, and those asked for
+  TypeTag text_;
+  std::forward_list<TypeTag> kinds_;  // those asked for
+  int holders_ = 0;
   bool over_ = false;
 };
 
@@ -191,26 +193,49 @@ class Eras {
 class HeldValue {
  public:
   HeldValue() = default;
-  explicit HeldValue(Value value);
-  HeldValue(const HeldValue& other);
-  HeldValue(HeldValue&& other) noexcept;
-  HeldValue& operator=(HeldValue other) noexcept;
+  explicit HeldValue(Value value) : value_(value) {
+    if (value.tag_ && value.tag_ != &tags::integer) hold();
+  }
+  HeldValue(const HeldValue& other)
+      : value_(other.value_), mark_(other.mark_), era_(other.era_), text_(other.text_) {
+    if (owns()) share();
+  }
+  HeldValue(HeldValue&& other) noexcept
+      : value_(std::exchange(other.value_, Value())),
+        mark_(other.mark_),
+        era_(std::exchange(other.era_, nullptr)),
+        text_(std::exchange(other.text_, nullptr)) {}
+  HeldValue& operator=(HeldValue other) noexcept {
+    std::swap(value_, other.value_);
+    std::swap(mark_, other.mark_);
+    std::swap(era_, other.era_);
+    std::swap(text_, other.text_);
+    return *this;
+  }
   ~HeldValue() {
-    if (value_.tag_ != nullptr) drop();
+    if (owns()) drop();
   }
 
-  Value get() const;
+  Value get() const { return is_plain() ? value_ : look(); }
 
  private:
   struct Text;  // a counted copy
+  bool counts() const { return value_.tag_ && value_.tag_->life == Life::counted; }
+  bool owns() const { return text_ || era_ || counts(); }
+  bool is_plain() const {
+    return !text_ && !era_ && !(value_.tag_ && value_.tag_->life == Life::stamped);
+  }
+  void hold();
   void hold_text(const char* text);
   void hold_thing(const TypeTag& tag);
+  void belong_to(Era* era);
+  void share();
   void drop();
-  bool counts() const { return value_.tag_ && value_.tag_->life == Life::counted; }
+  Value look() const;
 
   Value value_;
   std::uint64_t mark_ = 0;  // the birth of the count, or the stamp of a stamped thing
-  Ref<Era> era_;            // what the value belongs to
+  Era* era_ = nullptr;      // what the value belongs to; counted
   Text* text_ = nullptr;
 };
 
