@@ -29,7 +29,9 @@ Value alias(IRSlist* form) {
   if (!vec || !vec->interpreters) return {};
   AttInterpreterList& type = *vec->interpreters;
   type.add_alias(name, std::move(vec));
-  return Value::of(type.find_alias(name));
+  AttVec* kept = type.find_alias(name);
+  if (kept) lend(*kept);
+  return Value::of(kept);
 }
 
 Value clear_alias(IRSlist* form) {

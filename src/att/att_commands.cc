@@ -74,9 +74,9 @@ Value def_att_list(IRSlist* form) {
 }
 
 Value make_av(IRSlist* form) {
-  static auto& last_made = *new Ref<AttVec>;  // lives until the next one
-  last_made = read_vector(*form);
-  return Value::of(last_made.get());
+  Ref<AttVec> vec = read_vector(*form);
+  lend(*vec);
+  return Value::of(vec.get());
 }
 
 Value set_att_itp_list(IRSlist* form) {

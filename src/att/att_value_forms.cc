@@ -49,10 +49,18 @@ class AttValPred : public Form<AttValPred, OneAtt> {
     AttVec* nested = vec.own_vec(index_);
     if (nested) nested->handed_out = true;
     Value value = nested ? Value::of(nested) : att->to_value(vec.get(index_));
+    if (value.tag() && value.tag()->life == Life::counted) lend_value(value);
     return exp_ ? exp_.eval(value, value_type_) : value;
   }
 
  private:
+  // Whatever is done to the vector meanwhile.
+  static void lend_value(Value value) {
+    if (auto* nested = value.as<AttVec>()) lend(*nested);
+    if (auto* list = value.as<AttVecList>()) lend(*list);
+    if (auto* chain = value.as<TraceChain>()) lend(*chain);
+  }
+
   int value_type_ = kAnyType;
   ExpPtr exp_;
 };
@@ -71,12 +79,10 @@ class AttStrVal : public Form<AttStrVal, OneAtt> {
   Value apply(AttVec& vec, Value, int) override {
     const AttInterpreter* att = att_in(vec);
     if (!att || !vec.has(index_)) return {};
-    const char* text = att->str_val(vec.get(index_), scratch_);
-    return text == scratch_.c_str() ? Value::buffer_text(text) : Value::constant(text);
+    std::string scratch;
+    const char* text = att->str_val(vec.get(index_), scratch);
+    return text == scratch.c_str() ? Value::made_text(scratch) : Value::constant(text);
   }
-
- private:
-  std::string scratch_;
 };
 
 // The vector as it prints.
@@ -101,13 +107,11 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
   Value apply(AttVec& vec, Value, int) override {
     std::ostringstream out;
     vec.print(out, mask_ ? &*mask_ : nullptr, true);
-    text_ = out.str();
-    return Value::buffer_text(text_.c_str());
+    return Value::made_text(out.str());
   }
 
  private:
   std::optional<LBitSet> mask_;
-  std::string text_;
 };
 
 }  // namespace

@@ -56,8 +56,7 @@ class AttVec : public Counted<AttVec> {
   LBitSet bin_values;                ///< the values of the defined binary ones
   unsigned char* small_values = nullptr;
   AttWord* long_values = nullptr;  ///< the block: long slots first, then the bytes
-  /// The vector is part of the sentence in hand: holders read null after the next reset.
-  bool of_sentence = false;
+  Ref<Era> era;                    ///< of a part of a sentence: holders read null once it is over
   /// It stands inside another vector, and an expression got hold of it and may change it. Nothing
   /// else may share it then: what copies or takes it gets a copy. So a vector never becomes a part
   /// of itself either.

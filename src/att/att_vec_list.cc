@@ -19,7 +19,7 @@ constexpr TypeTag counted_tag(const char* name) {
 
 constexpr TypeTag vec_tag() {
   TypeTag tag = counted_tag<AttVec>("AttVec*");
-  tag.of_sentence = [](Word word) { return reinterpret_cast<const AttVec*>(word)->of_sentence; };
+  tag.era_of = [](Word word) { return reinterpret_cast<const AttVec*>(word)->era.get(); };
   return tag;
 }
 

@@ -75,7 +75,7 @@ RSTree* print_leaf(RSTree* tree, Stream* stream) {
 
 struct LeafStr : DepTreeComponent<LeafStr, const char*> {
   static constexpr const char* kName = "leaf-str";
-  Value component(DepTree& node) const { return Value::sentence_text(span_text(node)); }
+  Value component(DepTree& node) const { return node._deps->text_value(span_text(node)); }
 };
 
 // `(get-words exp)`
@@ -90,7 +90,8 @@ class GetWords : public Form<GetWords> {
   Value eval(Value input, int type) override {
     if (!accepts(type)) return Value();
     RSTree* last = last_.eval(input, type).as<RSTree>();
-    return Value::sentence_text(words_between(input.as<RSTree>(), last));
+    const char* words = words_between(input.as<RSTree>(), last);
+    return words ? dep_tree_of(last)->_deps->text_value(words) : Value();
   }
 
  private:
@@ -148,7 +149,7 @@ class MinimalAcross : public Form<MinimalAcross> {
          i += step) {
       const DepTree* there = nodes[static_cast<std::size_t>(i)];
       if (there && there->_parent) return false;
-      if (test.eval(Value::sentence_text(word), type_id_of<const char*>())) return true;
+      if (holds(test, node._deps->text_value(word), type_id_of<const char*>())) return true;
     }
     return false;
   }

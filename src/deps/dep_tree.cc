@@ -8,6 +8,10 @@
 
 namespace torvane {
 
+Era* DepTree::era() const {
+  return _deps ? _deps->eras.now() : nullptr;
+}
+
 void DepTree::add_child(DepTree* child) {
   if (!can_take(child)) {
     std::cerr << "RSTree::append error.\n";

@@ -31,6 +31,7 @@ class DepTree : public RSTree {
 
   /// Null once its Deps was cleared.
   DepTree* as_dep_tree() override { return _deps ? this : nullptr; }
+  Era* era() const override;
   DepTree* parent() const { return static_cast<DepTree*>(_parent); }
   bool spans_words() const { return _low >= 0 && _high >= _low; }
   /// Neither first nor last word. The root of several trees is such a node: it only holds them.
@@ -68,7 +69,8 @@ class DepTree : public RSTree {
 };
 
 namespace tags {
-inline constexpr TypeTag dep_tree{"RSTree*", &rs_tree, Life::sentence};
+inline constexpr TypeTag dep_tree{
+    .name = "RSTree*", .base = &rs_tree, .life = Life::sentence, .era_of = rs_tree.era_of};
 }
 template <>
 struct ValueTraits<DepTree> {

@@ -46,7 +46,6 @@ Deps::Deps() {
 }
 
 Deps::~Deps() {
-  if (_nodes) bump_sentence_epoch();
   drop_nodes();
   while (DepTree* node = spare_nodes_) {
     spare_nodes_ = node->_chain;
@@ -73,7 +72,7 @@ void Deps::take_number() {
 
 void Deps::clear() {
   if (is_clear() && _assertions.empty() && _id == std::to_string(number_)) return;
-  bump_sentence_epoch();
+  eras.renew();
   drop_nodes();
   _words.clear();
   _gaps.clear();

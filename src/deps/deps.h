@@ -57,6 +57,7 @@ class Deps : public RefCounter {
   DepTree* _nodes = nullptr;    ///< chain of all nodes
   LBitSet _separators;          ///< word indexes after which no blank stood
   std::deque<TextList> _lists;  ///< values of properties
+  Eras eras;                    ///< of the trees, one after the other
 
   /// The word, null outside 1 to the last.
   const char* word(int i) const { return i > 0 ? _words.at_or_zero(i) : nullptr; }
@@ -77,6 +78,8 @@ class Deps : public RefCounter {
   void set_root(DepTree* node) { _root = node; }
   /// The words lo..hi, joined by a blank where a gap stood; in `_strings`.
   const char* span_text(int lo, int hi);
+  /// A text of the tree as a value.
+  Value text_value(const char* text) { return eras.now()->text(text); }
   DepTree* find_label(const char* text) const;
   /// The index that a direction leads to: each character is a step, to the next occurrence of the
   /// word to the right ("<", "*") or to the left (">"). 0 if it leads out of the sentence, or

@@ -142,7 +142,7 @@ void Deps::pack(StrBufs& out) const {
 }
 
 bool Deps::unpack(const char*& p, const char* end) {
-  bump_sentence_epoch();
+  eras.renew();
   drop_nodes();
   struct Step {
     DepTree* node;

@@ -3,7 +3,6 @@
 
 #include "deps/dep_forms.h"
 #include "deps/deps_modifier.h"
-#include "lexp/text_result.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
 #include "support/depth.h"
@@ -47,10 +46,8 @@ struct ConcatDepWords : Adaptor<ConcatDepWords, Deps, Value, const char*> {
     for (int i = 1; i < deps.word_count() && text.size() < kMostChars; ++i)
       for (const char* c = or_empty(deps.word(i)); *c && text.size() < kMostChars; ++c)
         if (is_alnum(*c)) text += *c;
-    return result.set(text);
+    return Value::made_text(text);
   }
-
-  TextResult result;
 };
 
 // `(read-and-modify-deps MODIFIER [STREAM-EXP])`
@@ -71,6 +68,7 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
     DepsModifier& modifier = *modifier_;
     IRSlistReader reader;
     Ref<Deps> deps;
+    Round round;
     for (const IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
       if (form->is_atom() || !reader.found_form()) continue;
       // A tree that somebody keeps stays as it is.
@@ -78,6 +76,7 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
       lift_depth_limits();
       deps->read(*form);
       modifier.modify(deps->_root);
+      round.next();
     }
     return Value();
   }

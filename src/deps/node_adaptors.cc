@@ -7,7 +7,7 @@
 #include "deps/dep_forms.h"
 #include "deps/node_extent.h"
 #include "deps/props.h"
-#include "lexp/text_result.h"
+#include "lexp/scratch_text.h"
 
 namespace torvane {
 
@@ -27,23 +27,23 @@ struct DepTree2Deps : DepTreeComponent<DepTree2Deps, Deps> {
 
 struct DepTree2Rel : DepTreeComponent<DepTree2Rel, Text> {
   static constexpr const char* kName = "rel";
-  Value component(DepTree& node) const { return Value::sentence_text(node._rel); }
+  Value component(DepTree& node) const { return node._deps->text_value(node._rel); }
 };
 
 struct DepTree2Cat : DepTreeComponent<DepTree2Cat, Text> {
   static constexpr const char* kName = "cat";
-  Value component(DepTree& node) const { return Value::sentence_text(node._cat); }
+  Value component(DepTree& node) const { return node._deps->text_value(node._cat); }
 };
 
 struct DepTree2Root : DepTreeComponent<DepTree2Root, Text> {
   static constexpr const char* kName = "node2root";
-  Value component(DepTree& node) const { return Value::sentence_text(node.root_word()); }
+  Value component(DepTree& node) const { return node._deps->text_value(node.root_word()); }
 };
 
 struct DepTree2MinP : DepTreeComponent<DepTree2MinP, Text> {
   static constexpr const char* kName = "node2minp";
   Value component(DepTree& node) const {
-    return Value::sentence_text(node._deps->span_text(node._low, node._high));
+    return node._deps->text_value(node._deps->span_text(node._low, node._high));
   }
 };
 
@@ -51,7 +51,7 @@ struct DepTree2Word : DepTreeComponent<DepTree2Word, Text> {
   static constexpr const char* kName = "node2word";
   Value component(DepTree& node) const {
     if (node._low <= 0 || node._high < node._low) return Value();  // null for an empty node
-    return Value::sentence_text(node._deps->span_text(node._low, node._high));
+    return node._deps->text_value(node._deps->span_text(node._low, node._high));
   }
 };
 
@@ -59,7 +59,7 @@ struct DepTree2MaxP : DepTreeComponent<DepTree2MaxP, Text> {
   static constexpr const char* kName = "node2maxp";
   Value component(DepTree& node) const {
     Extent extent = extent_of(node);
-    return Value::sentence_text(node._deps->span_text(extent.low, extent.high));
+    return node._deps->text_value(node._deps->span_text(extent.low, extent.high));
   }
 };
 
@@ -104,14 +104,14 @@ struct DistToParent : DepTreeComponent<DistToParent, int> {
 struct WordBefore : DepTreeComponent<WordBefore, Text> {
   static constexpr const char* kName = "word-before";
   Value component(DepTree& node) const {
-    return Value::sentence_text(node._low > 1 ? node._deps->word(node._low - 1) : nullptr);
+    return node._deps->text_value(node._low > 1 ? node._deps->word(node._low - 1) : nullptr);
   }
 };
 
 struct WordAfter : DepTreeComponent<WordAfter, Text> {
   static constexpr const char* kName = "word-after";
   Value component(DepTree& node) const {
-    return Value::sentence_text(node._deps->word(node._high + 1));
+    return node._deps->text_value(node._deps->word(node._high + 1));
   }
 };
 
@@ -132,7 +132,6 @@ std::string_view name_part(const char* cat) {
 
 template <class D>
 struct NameOfDependency : DepTreeComponent<D, Text> {
-  mutable TextResult result;
   Value component(DepTree& node) const {
     const DepTree* parent = node.parent();
     if (!parent || !node._rel) return Value();
@@ -142,7 +141,7 @@ struct NameOfDependency : DepTreeComponent<D, Text> {
     text.add(node._rel);
     text.add(':');
     text.add(name_part(node._cat));
-    return result.set(text.view());
+    return Value::made_text(text.view());
   }
 };
 

@@ -162,7 +162,7 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
     for (const DepProp& prop : node._props)
       if (prop.id == name_.id() && prop.value) return prop.value.as<TextList>();
     TextList* list = &node._deps->_lists.emplace_back();
-    node._props.append({name_.id(), Value::of(list), 1.0f});
+    node._props.append({name_.id(), node.era()->of(list), 1.0f});
     return list;
   }
 

@@ -52,6 +52,8 @@ class RSTree : protected RSlist<RSTree> {
   virtual ~RSTree() = default;
   /// This node, if it is one of a dependency tree.
   virtual DepTree* as_dep_tree() { return nullptr; }
+  /// What a holder of the node reads by; null for a node that belongs to nothing (any more).
+  virtual Era* era() const { return nullptr; }
 
   RSTree* first_child() const { return front(); }
   RSTree* last_child() const { return back(); }
@@ -95,7 +97,10 @@ class RSTree : protected RSlist<RSTree> {
 };
 
 namespace tags {
-inline constexpr TypeTag rs_tree{"RSTree*", nullptr, Life::sentence};
+inline constexpr TypeTag rs_tree{
+    .name = "RSTree*", .life = Life::sentence, .era_of = [](Word word) {
+      return reinterpret_cast<const RSTree*>(word)->era();
+    }};
 }
 template <>
 struct ValueTraits<RSTree> : TagOf<RSTree, tags::rs_tree> {};

@@ -9,7 +9,7 @@ namespace torvane {
 class TextList : public Slist<const char*> {};
 
 namespace tags {
-inline constexpr TypeTag text_list{"TSlist<const char*>*", nullptr, Life::sentence};
+inline constexpr TypeTag text_list{"TSlist<const char*>*", nullptr, Life::sentence};  // by era
 }
 template <>
 struct ValueTraits<TextList> : TagOf<TextList, tags::text_list> {};

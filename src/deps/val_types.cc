@@ -20,7 +20,7 @@ int order(Word a, Word b) {
 
 Value new_list(Deps& owner, TextList*& list) {
   list = &owner._lists.emplace_back();
-  return Value::of(list);
+  return owner.eras.now()->of(list);
 }
 
 }  // namespace
@@ -46,11 +46,11 @@ void StrValue::print(std::ostream& out, Value value) const {
 }
 
 Value StrValue::copy(Value value, Deps& owner) const {
-  return Value::sentence_text(owner._strings.copy(value.text()));
+  return owner.text_value(owner._strings.copy(value.text()));
 }
 
 Value StrValue::parse(IRSlist* form, Deps& owner) const {
-  return Value::sentence_text(owner._strings.copy(form->get_str_val()));
+  return owner.text_value(owner._strings.copy(form->get_str_val()));
 }
 
 int StrValue::compare(Value a, Value b) const {

@@ -18,7 +18,7 @@ bool may_be_passed_over(const char* word) {
       LExp::get_exp_from_text(
           "(in (about among as at but by for from in into of off on out to up with -))")
           .release();
-  return small_word && small_word->eval(Value::sentence_text(word), type_id_of<const char*>());
+  return small_word && holds(*small_word, Value::buffer_text(word), type_id_of<const char*>());
 }
 
 std::string letters_of(const char* abbreviation) {

@@ -51,7 +51,7 @@ const char* Ending::candidate(const char* word, std::size_t keep, std::string_vi
     // The condition may look words up itself, in the same buffer.
     std::string root = work;
     static const int text_type = type_id("char*");
-    if (!condition->eval(Value::buffer_text(root.c_str()), text_type)) return nullptr;
+    if (!holds(*condition, Value::buffer_text(root.c_str()), text_type)) return nullptr;
     work = std::move(root);
   }
   return work.c_str();

@@ -45,8 +45,8 @@ struct MatchWord : MatchAccessor<MatchWord, Value, const char*> {
   Value step(Match& match) const {
     if (match.is_empty()) return Value();
     LexAnalyzer& chart = *match.analyzer;
-    return Value::sentence_text(match.low == match.high ? chart.word(match.low)
-                                                        : chart.surface(match.low, match.high));
+    return chart.text_value(match.low == match.high ? chart.word(match.low)
+                                                    : chart.surface(match.low, match.high));
   }
 };
 
@@ -81,8 +81,11 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
     if (!match) return Value();
     std::vector<Ref<Match>> components;
     match->append_components(components);
-    for (const Ref<Match>& component : components)
+    Round round;
+    for (const Ref<Match>& component : components) {
       sub_.eval(Value::of(component.get()), type_id_of<Match>());
+      round.next();
+    }
     return Value();
   }
 
@@ -92,6 +95,10 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
 
 // Predicates on lexical items.
 
+Value text_of(const LexItem& item, const char* text) {
+  return item.analyzer ? item.analyzer->text_value(text) : Value();
+}
+
 template <class D, class R, class Out = std::remove_const_t<std::remove_pointer_t<R>>>
 using LexPred = Adaptor<D, LexItem, R, Out>;
 
@@ -100,27 +107,29 @@ struct AttComponentPred : LexPred<AttComponentPred, AttVec*> {
   AttVec* step(LexItem& item) const { return item.vec(); }
 };
 
-struct MeaningComponentPred : LexPred<MeaningComponentPred, Meaning*> {
+struct MeaningComponentPred : LexPred<MeaningComponentPred, Value, Meaning> {
   static constexpr const char* kName = "lexitem-meaning";
-  Meaning* step(LexItem& item) const { return item.meaning.get(); }
+  Value step(LexItem& item) const {
+    return item.analyzer ? item.analyzer->meaning_value(item) : Value();
+  }
 };
 
 struct RootPred : LexPred<RootPred, Value, const char*> {
   static constexpr const char* kName = "root";
-  Value step(LexItem& item) const { return Value::sentence_text(item.root); }
+  Value step(LexItem& item) const { return text_of(item, item.root); }
 };
 
 struct SurformPred : LexPred<SurformPred, Value, const char*> {
   static constexpr const char* kName = "surform";
   Value step(LexItem& item) const {
     if (item.is_empty() || !item.analyzer) return Value();
-    return Value::sentence_text(item.analyzer->surface(item.low, item.high));
+    return item.analyzer->text_value(item.analyzer->surface(item.low, item.high));
   }
 };
 
 struct LexItemRel : LexPred<LexItemRel, Value, const char*> {
   static constexpr const char* kName = "lexitem-rel";
-  Value step(LexItem& item) const { return Value::sentence_text(item.role); }
+  Value step(LexItem& item) const { return text_of(item, item.role); }
 };
 
 struct EndingPred : LexPred<EndingPred, LexItem*> {

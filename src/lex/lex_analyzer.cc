@@ -4,9 +4,13 @@
 #include <cstring>
 #include <iostream>
 
-#include "lex/retired.h"
-
 namespace torvane {
+
+const TypeTag tags::lex_item{.name = "LexItem*", .life = Life::sentence, .era_of = [](Word word) {
+                               const LexAnalyzer* analyzer =
+                                   reinterpret_cast<const LexItem*>(word)->analyzer;
+                               return analyzer ? analyzer->eras.now() : nullptr;
+                             }};
 
 bool lexical_debug = false;
 void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer) = nullptr;
@@ -79,22 +83,40 @@ void LexAnalyzer::reset() {
   pos_tags.clear();
   overfull_ = false;
   forget_items();
-  bump_sentence_epoch();
+  eras.renew();
 }
 
+// What an expression may still have of a sentence that is over.
+struct LexAnalyzer::Forgotten {
+  LexAnalyzer& analyzer;
+  StrBufs pool, join;
+  Array<LexItem*> items;  // empty, and not used again for now
+  std::vector<std::unique_ptr<Meaning>> meanings;
+
+  ~Forgotten() { analyzer.recycle(items); }
+};
+
 void LexAnalyzer::forget_items() {
-  if (expression_waits()) {
-    // Texts and meanings may be on their way through that expression.
-    std::vector<std::unique_ptr<Meaning>> meanings;
-    for (LexItem* item : all_items) meanings.push_back(std::move(item->meaning));
-    retire(std::move(meanings));
+  std::vector<std::unique_ptr<Meaning>> meanings;
+  const bool may_be_read = lifetimes().expression_waits();
+  for (LexItem* item : all_items) {
+    if (may_be_read) meanings.push_back(std::move(item->meaning));
+    item->clear();
+  }
+  if (may_be_read) {
+    std::unique_ptr<Forgotten> forgotten(
+        new Forgotten{*this, std::move(pool), std::move(join), all_items, std::move(meanings)});
+    retire(std::move(forgotten), eras.birth());
   } else {
     pool.reset();
     join.reset();
+    recycle(all_items);
   }
-  for (LexItem* item : all_items) item->clear();
   all_items.clear();
-  items_used_ = 0;
+}
+
+void LexAnalyzer::recycle(const Array<LexItem*>& items) {
+  free_items_.insert(free_items_.end(), items.begin(), items.end());
 }
 
 void LexAnalyzer::analyze() {

@@ -77,6 +77,9 @@ class LexAnalyzer {
   /// Makes `part` a component of `item`, ordered by low. False if it would contain itself.
   bool add_component(LexItem* item, LexItem* part);
   const char* pool_copy(const char* text) { return pool.copy(text); }
+  /// A text of the sentence, and a meaning of one of its items, as values.
+  Value text_value(const char* text) const { return eras.now()->text(text); }
+  Value meaning_value(const LexItem& item) const { return eras.now()->of(item.meaning.get()); }
 
   std::int32_t suggested_length;
   std::int32_t mixed_case = 1;
@@ -97,6 +100,7 @@ class LexAnalyzer {
   StrBufs pool{4096};
   StrBufs join{4096};
   bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
+  mutable Eras eras;       ///< of the sentences
 
  private:
   struct Expansion;
@@ -104,23 +108,27 @@ class LexAnalyzer {
   static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
   void add_sentinel();
   void forget_items();
+  void recycle(const Array<LexItem*>& items);
   void need_positions(int count);
   void split_last_word();
   int last_real_word() const;
   void insert_word(int at, const char* text);
   void prune_by_tag(int position);
   LexItem* new_item();
-  static void set_meaning(LexItem& item, const Meaning* meaning);
+  void set_meaning(LexItem& item, const Meaning* meaning);
   void print_line(std::ostream& out, const LexItem& item, int depth) const;
   LexItem* duplicate_of(const LexItem& item) const;
   void link(LexItem* item);
   void unlink(LexItem* item);
   LexItem* copy_parts(const LexItem& item, int& budget);
+  bool selects(const LexEntry& entry, const Meaning& meaning) const;
   void entry_items(const LexEntry& entry, int low, int high, Expansion& expansion);
   bool phrase_at(const PhraseRec& phrase, int position) const;
 
+  struct Forgotten;
+
   std::deque<LexItem> item_pool_;
-  std::size_t items_used_ = 0;
+  std::vector<LexItem*> free_items_;
   bool overfull_ = false;  // words were refused
   std::vector<EntryReading> readings_;
 };

@@ -61,8 +61,9 @@ void LexAnalyzer::need_positions(int count) {
 }
 
 LexItem* LexAnalyzer::new_item() {
-  if (items_used_ == item_pool_.size()) item_pool_.emplace_back();
-  LexItem* item = &item_pool_[items_used_++];
+  if (free_items_.empty()) free_items_.push_back(&item_pool_.emplace_back());
+  LexItem* item = free_items_.back();
+  free_items_.pop_back();
   *item = LexItem();
   item->analyzer = this;
   all_items.append(item);
@@ -82,7 +83,7 @@ LexItem* LexAnalyzer::make_item(const char* root, const Meaning* meaning, int lo
 
 void LexAnalyzer::set_meaning(LexItem& item, const Meaning* meaning) {
   item.meaning = meaning ? meaning->clone() : nullptr;
-  if (AttVec* vec = item.vec()) vec->of_sentence = true;
+  if (AttVec* vec = item.vec()) vec->era = Ref<Era>(eras.now());
 }
 
 LexItem* LexAnalyzer::duplicate_of(const LexItem& item) const {
@@ -101,8 +102,9 @@ LexItem* LexAnalyzer::add_item(LexItem* item, int check_dup) {
   if (check_dup)
     if (LexItem* known = duplicate_of(*item)) return known;
   if (hook)
-    walk_parts(item, 0,
-               [this](LexItem* part, int) { hook->eval(Value::of(part), type_id_of<LexItem>()); });
+    walk_parts(item, 0, [this](LexItem* part, int) {
+      holds(*hook.get(), Value::of(part), type_id_of<LexItem>());
+    });
   unlink(item);
   link(item);
   return item;

@@ -57,6 +57,7 @@ struct LexEntry {
   Word reserved = 0;
   std::string key;
   std::int32_t stamp = 0;        ///< logical time of last use
+  mutable Eras eras;             ///< of its meanings as values
   Slist<Meaning*> meanings;      ///< owned
   Slist<PhraseRec*> phrases;     ///< owned, in order of definition
   bool made_for_phrase = false;  ///< made to hold a phrase: the disk was not asked for it yet

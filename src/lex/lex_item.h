@@ -13,8 +13,8 @@ namespace torvane {
 class LexAnalyzer;
 struct LexEntry;
 
-/// Items live in the analyser's pool: a reset empties and recycles them, and never gives the memory
-/// back, so a stale pointer reads an empty item.
+/// Items live in the analyser's pool: a reset empties and in time recycles them, and never gives
+/// the memory back, so a stale pointer reads an empty item.
 class LexItem {
  public:
   std::int16_t high = 0, low = 0;  ///< inclusive span; an empty item has high = low - 1
@@ -49,7 +49,7 @@ class LexItem {
 };
 
 namespace tags {
-inline constexpr TypeTag lex_item{"LexItem*", nullptr, Life::sentence};
+extern const TypeTag lex_item;
 inline constexpr TypeTag lex_analyzer{"LexAnalyzer*"};
 }  // namespace tags
 template <>

@@ -48,6 +48,11 @@ void LexAnalyzer::lookup(const char* text, int low, int high) {
   readings_ = std::move(readings);
 }
 
+bool LexAnalyzer::selects(const LexEntry& entry, const Meaning& meaning) const {
+  return !meaning_selector ||
+         passes(meaning_selector, entry.eras.now()->of(&meaning), type_id_of<Meaning>());
+}
+
 void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansion& expansion) {
   static thread_local DepthLimit limit{"LexAnalyzer: phrases lead to phrases without end"};
   DepthGuard guard(limit);
@@ -57,7 +62,7 @@ void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansio
   const char* root = nullptr;
   const char* key = nullptr;
   for (const Meaning* meaning : entry.meanings) {
-    if (!passes(meaning_selector, Value::of(meaning), type_id_of<Meaning>())) continue;
+    if (!selects(entry, *meaning)) continue;
     if (!root) {
       std::string natural = natural_order(entry.key);
       root = pool.copy(natural.c_str());

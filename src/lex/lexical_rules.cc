@@ -54,6 +54,7 @@ void Rule::apply(LexAnalyzer& analyzer) {
 void Rule::fire(MatchList& matches) {
   int last_low = -1;
   int last_high = -1;
+  Round round;
   for (const Ref<Match>& match : matches) {
     if (debug) {
       match->print(std::cerr);
@@ -67,6 +68,7 @@ void Rule::fire(MatchList& matches) {
       continue;
     }
     action.eval(Value::of(match.get()), type_id_of<Match>());
+    round.next();
   }
 }
 

@@ -4,7 +4,6 @@
 #include <iostream>
 #include <utility>
 
-#include "lex/retired.h"
 #include "support/depth.h"
 
 namespace torvane {
@@ -104,8 +103,10 @@ void Lexicon::clear() {
 
 void Lexicon::destroy_dropped() {
   if (pins_ > 0 || dropped_.empty()) return;
-  retire(std::exchange(dropped_, {}));
-  bump_sentence_epoch();  // a variable may hold a meaning of theirs
+  for (std::unique_ptr<LexEntry>& entry : std::exchange(dropped_, {})) {
+    std::uint64_t birth = entry->eras.birth();
+    retire(std::move(entry), birth);
+  }
 }
 
 LexEntry* Lexicon::load_from_disk(const char* key) {

@@ -4,7 +4,6 @@
 #include "lex/lexicon.h"
 #include "lex/lexicon_files.h"
 #include "lexp/form.h"
-#include "lexp/text_result.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
 
@@ -94,12 +93,11 @@ class GetRoot : public Form<GetRoot, LAdaptor> {
     if (!lexicon_ || !input.text()) return Value();
     // A copy, since the condition of an ending may bring us here again.
     std::string word = input.text();
-    return root_.set(lexicon_->get_root(word.c_str()));
+    return Value::made_text(lexicon_->get_root(word.c_str()));
   }
 
  private:
   Lexicon* lexicon_ = nullptr;
-  TextResult root_;
 };
 
 constexpr Command kCommands[] = {

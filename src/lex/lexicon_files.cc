@@ -245,11 +245,11 @@ Value select(IRSlist* form) {
   if (!out) return Value();
   const int text_type = type_id("char*");
   ItemReader reader(in);
-  while (reader.next()) {
+  for (Round round; reader.next(); round.next()) {
     std::string line = reader.item();
     // Kept: select-sees-bars
     std::replace(line.begin(), line.end(), '\n', '|');
-    if (exp->eval(Value::buffer_text(line.c_str()), text_type))
+    if (holds(*exp, Value::buffer_text(line.c_str()), text_type))
       *out->out() << reader.item() << '\n';
   }
   return Value();
@@ -276,7 +276,8 @@ void filter_entry(LexEntry& entry, const ExpPtr (&tests)[3]) {
   if (!passes(tests[0], value, type_id_of<LexEntry>())) return;
   Slist<Meaning*> meanings = entry.meanings;
   for (Meaning* meaning : meanings)
-    if (entry.meanings.contains(meaning)) tests[1].eval(Value::of(meaning), type_id_of<Meaning>());
+    if (entry.meanings.contains(meaning))
+      tests[1].eval(entry.eras.now()->of(meaning), type_id_of<Meaning>());
   tests[2].eval(value, type_id_of<LexEntry>());
 }
 
@@ -289,19 +290,18 @@ Value filter_entries(IRSlist* form) {
   for (ExpPtr& test : tests)
     if (std::unique_ptr<IRSlist> exp = rules->pop_front()) test = LExp::get_exp(exp.get());
   IRSlistReader reader;
+  Round round;
   for (IRSlist* item = reader.start_stream(in.get()); item; item = reader.next()) {
     Heading heading = parse_heading(*item);
     if (heading.key.empty()) continue;
-    {
-      LexEntry entry;
-      entry.key = heading.key;
-      read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
-        entry.meanings.append(meaning.release());
-      });
-      // Kept: filter-entries-writes-nothing
-      filter_entry(entry, tests);
-    }
-    bump_sentence_epoch();  // a variable may hold a meaning of the entry
+    LexEntry entry;
+    entry.key = heading.key;
+    read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
+      entry.meanings.append(meaning.release());
+    });
+    // Kept: filter-entries-writes-nothing
+    filter_entry(entry, tests);
+    round.next();
   }
   return Value();
 }

@@ -6,12 +6,14 @@
 namespace torvane {
 
 namespace tags {
-constinit const TypeTag match{"Match*",
-                              nullptr,
-                              Life::counted,
-                              [](Word word) { reinterpret_cast<Match*>(word)->retain(); },
-                              [](Word word) { reinterpret_cast<Match*>(word)->release(); },
-                              [](Word) { return true; }};
+constinit const TypeTag match{
+    "Match*",
+    nullptr,
+    Life::counted,
+    [](Word word) { reinterpret_cast<Match*>(word)->retain(); },
+    [](Word word) { reinterpret_cast<Match*>(word)->release(); },
+    nullptr,
+    [](Word word) { return reinterpret_cast<Match*>(word)->analyzer->eras.now(); }};
 }  // namespace tags
 
 namespace {

@@ -41,7 +41,7 @@ class Meaning {
 };
 
 namespace tags {
-inline constexpr TypeTag meaning{"Meaning*", nullptr, Life::sentence};
+inline constexpr TypeTag meaning{"Meaning*", nullptr, Life::sentence};  // by the tags of its era
 }  // namespace tags
 template <>
 struct ValueTraits<Meaning> : TagOf<Meaning, tags::meaning> {};

@@ -77,7 +77,7 @@ void AtomicPat::init(IRSlist* args) {
 
 void WordPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
   const char* word = run.analyzer.word(pos);
-  if (word && passes(exp, Value::sentence_text(word), type_id_of<const char*>()))
+  if (word && passes(exp, run.analyzer.text_value(word), type_id_of<const char*>()))
     results.add(Match::make(&run.analyzer, pos, pos));
 }
 

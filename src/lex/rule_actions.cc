@@ -8,12 +8,11 @@
 namespace torvane {
 
 bool Cond::passes(LexItem* item) const {
-  return exp_ ? static_cast<bool>(exp_->eval(Value::of(item), type_id_of<LexItem>())) : passes_all_;
+  return exp_ ? holds(*exp_, Value::of(item), type_id_of<LexItem>()) : passes_all_;
 }
 
-bool Cond::passes(const char* word) const {
-  if (!exp_) return passes_all_;
-  return static_cast<bool>(exp_->eval(Value::sentence_text(word), type_id_of<const char*>()));
+bool Cond::passes(const LexAnalyzer& chart, const char* word) const {
+  return exp_ ? holds(*exp_, chart.text_value(word), type_id_of<const char*>()) : passes_all_;
 }
 
 LexAnalyzer* chart_of(const Match* match, const LexItem* item) {

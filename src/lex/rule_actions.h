@@ -29,7 +29,7 @@ class Cond {
  public:
   explicit Cond(Value value) : exp_(value.as<LExp>()), passes_all_(!value) {}
   bool passes(LexItem* item) const;
-  bool passes(const char* word) const;
+  bool passes(const LexAnalyzer& chart, const char* word) const;
 
  private:
   LExp* exp_;

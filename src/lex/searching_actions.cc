@@ -26,7 +26,7 @@ LexItem* followed_by(Match* match, Value cond) {
 
 bool word_passes(const LexAnalyzer& chart, int pos, Value cond) {
   const char* word = chart.word(pos);
-  return word && Cond(cond).passes(word);
+  return word && Cond(cond).passes(chart, word);
 }
 
 bool followed_by_word(Match* match, Value cond) {
@@ -50,7 +50,7 @@ Value exist_word_in_sentence(Match* match, Word low, Word high, Value cond) {
   // Kept: exist-word-stops-short
   WordSpan span(chart, low, std::clamp<Word>(high, 1, chart.last_position() + 1) - 1);
   for (int i = span.low; i <= span.high; ++i)
-    if (word_passes(chart, i, cond)) return Value::sentence_text(chart.word(i));
+    if (word_passes(chart, i, cond)) return chart.text_value(chart.word(i));
   return Value();
 }
 

@@ -175,9 +175,14 @@ const char* SBnd::token(long n) const {
 
 namespace {
 
+// A copy, since the next step has another token in its place.
+Value token_value(const char* token) {
+  return token ? Value::made_text(token) : Value();
+}
+
 struct CurrentToken : Adaptor<CurrentToken, SBnd, Value, const char*> {
   static constexpr const char* kName = "current-token";
-  Value step(SBnd& boundary) const { return Value::buffer_text(boundary.current_token()); }
+  Value step(SBnd& boundary) const { return token_value(boundary.current_token()); }
 };
 
 struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
@@ -186,7 +191,7 @@ struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
     n_ = args->get_long_val();
     LAdaptor::init(args);
   }
-  Value step(SBnd& boundary) const { return Value::buffer_text(boundary.token(n_)); }
+  Value step(SBnd& boundary) const { return token_value(boundary.token(n_)); }
 
  private:
   long n_ = 0;

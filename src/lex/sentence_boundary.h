@@ -25,6 +25,7 @@ class SBnd : public Form<SBnd> {
   void init(IRSlist* args) override;
   Value eval(Value input, int input_type) override;
 
+  Eras life;  ///< a holder reads null once the expression is gone
   /// The token in hand; null if there is none.
   const char* current_token() const { return _token ? _token->c_str() : nullptr; }
   /// The token that first matched the nth state of those reached so far, from 1; null if none did.
@@ -57,7 +58,9 @@ class SBnd : public Form<SBnd> {
   void go_to(int s);
   int finish_state(State& state);
   void reset();
-  bool holds(const ExpPtr& exp) { return static_cast<bool>(exp.eval(Value::of(this), own_type_)); }
+  bool holds(const ExpPtr& exp) {
+    return exp && torvane::holds(*exp.get(), Value::of(this), own_type_);
+  }
   int state_count() const { return static_cast<int>(_states.size()); }
   State& state(int s) { return _states[static_cast<std::size_t>(s)]; }
 
@@ -75,7 +78,9 @@ class SBnd : public Form<SBnd> {
 };
 
 namespace tags {
-inline constexpr TypeTag sbnd{"SBnd*", nullptr, Life::transient};
+inline constexpr TypeTag sbnd{.name = "SBnd*", .life = Life::sentence, .era_of = [](Word word) {
+                                return reinterpret_cast<SBnd*>(word)->life.now();
+                              }};
 }
 template <>
 struct ValueTraits<SBnd> : TagOf<SBnd, tags::sbnd> {};

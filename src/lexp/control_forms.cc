@@ -36,7 +36,7 @@ Value IfAction::eval(Value input, int type) {
 Value WhileAction::eval(Value input, int type) {
   // Kept: empty-while
   while (exps.empty()) pause();  // no condition to fail: it never ends
-  while (true) {
+  for (Round round;; round.next()) {
     bool first = true;
     for (const ExpPtr& exp : exps) {
       Value value = exp->eval(input, type);

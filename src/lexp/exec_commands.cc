@@ -4,18 +4,6 @@
 
 namespace torvane {
 
-namespace {
-int commands_running = 0;  // from within expressions
-}
-
-void settle_values() {
-  if (commands_running == 0) free_retired_values();
-}
-
-bool expression_waits() {
-  return commands_running > 0;
-}
-
 ExecCommands::ExecCommands(const ExecCommands& other) : Form(other) {
   commands_.copy_into(other.commands_, texts_);
 }
@@ -29,18 +17,17 @@ Value ExecCommands::eval(Value, int) {
   StrBufs texts(256);
   IRSlist forms;
   forms.copy_into(commands_, texts);
-  ++commands_running;
+  WaitForCommands waiting;
   Value result = interpreter().eval_all(forms);
-  --commands_running;
   // What `quote` gives goes with the copy.
-  const char* text = result.text();
-  return text && result.tag() == &tags::name ? result_.set(text) : result;
+  return result.tag() == &tags::name ? Value::made_text(result.text()) : result;
 }
 
 Value eval_command(IRSlist* form) {
+  Round round;
   for (IRSlist* item : form->items) {
     ExpPtr(LExp::get_exp(item)).eval(Value(), kAnyType);
-    settle_values();
+    round.next();
   }
   return Value();
 }
@@ -49,9 +36,10 @@ Value foreach_command(IRSlist* form) {
   ExpPtr exp = LExp::get_exp(form->find_keyword_node(":eval", false));
   IRSlist* list = form->nth(0);
   if (!exp || !list) return Value();
+  Round round;
   for (const IRSlist* item : list->items) {
-    exp->eval(Value::buffer_text(item->atom), type_id_of<const char*>());
-    settle_values();
+    exp->eval(item->atom ? Value::made_text(item->atom) : Value(), type_id_of<const char*>());
+    round.next();
   }
   return Value();
 }

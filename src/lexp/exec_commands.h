@@ -2,7 +2,6 @@
 #pragma once
 
 #include "lexp/form.h"
-#include "lexp/text_result.h"
 #include "shell/irslist.h"
 
 namespace torvane {
@@ -19,7 +18,6 @@ class ExecCommands : public Form<ExecCommands> {
  private:
   StrBufs texts_{256};
   IRSlist commands_;
-  TextResult result_;
 };
 
 /// `(eval LEXP ...)` and `(foreach LIST :eval LEXP)`

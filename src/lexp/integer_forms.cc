@@ -15,9 +15,10 @@ Word sum(Word left, Word right) {
 }
 
 template <class Int>
-Value write_number(Int number, int base, char (&digits)[16]) {
-  *std::to_chars(digits, digits + sizeof digits - 1, number, base).ptr = 0;
-  return Value::buffer_text(digits);
+Value write_number(Int number, int base) {
+  char digits[16];
+  const char* end = std::to_chars(digits, digits + sizeof digits, number, base).ptr;
+  return Value::made_text({digits, static_cast<std::size_t>(end - digits)});
 }
 
 }  // namespace
@@ -51,11 +52,11 @@ Int2Str::Int2Str() {
 }
 
 Value Int2Str::convert(Value input) {
-  return write_number(static_cast<std::int32_t>(input.number()), 10, digits_);
+  return write_number(static_cast<std::int32_t>(input.number()), 10);
 }
 
 Value Ent2Str::convert(Value input) {
-  return write_number(static_cast<std::uint32_t>(input.number()), 16, digits_);
+  return write_number(static_cast<std::uint32_t>(input.number()), 16);
 }
 
 void register_integer_forms() {

@@ -68,9 +68,6 @@ class Int2Str : public Form<Int2Str, LAdaptor> {
   static constexpr const char* kName = "int2str";
   Int2Str();
   Value convert(Value input) override;
-
- private:
-  char digits_[16];
 };
 
 /// In hexadecimal, cut to 32 bits.
@@ -79,9 +76,6 @@ class Ent2Str : public Form<Ent2Str, LAdaptor> {
   static constexpr const char* kName = "ent2str";
   Ent2Str() { mid_type = type_id_of<const char*>(); }
   Value convert(Value input) override;
-
- private:
-  char digits_[16];
 };
 
 }  // namespace torvane

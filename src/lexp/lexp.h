@@ -99,9 +99,14 @@ inline Reach reach_of(const Array<ExpPtr>& exps) {
   return reach;
 }
 
+/// Whether an expression gives anything but 0. What it makes on its way ends with that.
+inline bool holds(LExp& exp, Value input, int type) {
+  TextScope scope;
+  return static_cast<bool>(exp.eval(input, type));
+}
 /// A condition: passes when there is none.
 inline bool passes(const ExpPtr& cond, Value input, int type) {
-  return !cond || static_cast<bool>(cond->eval(input, type));
+  return !cond || holds(*cond.get(), input, type);
 }
 
 /// Converts its input, and passes the result on to one optional sub-expression.
@@ -197,12 +202,6 @@ bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr,
                    const char* doc = nullptr);
 /// The prototype of a head word, or null.
 LExp* find_lexp_proto(const char* name);
-
-/// Frees what variables and lists let go of since the last call. Does nothing while an expression
-/// is running commands; to be called where no other expression runs, such as between two sentences.
-void settle_values();
-/// True while an expression waits for commands that it runs.
-bool expression_waits();
 
 /// Creates the family that all forms stand in.
 void add_lexp_family();

@@ -64,7 +64,7 @@ Value RegSub::eval(Value input, int type) {
   const char* text = input.text();
   if (!text || !pattern_ || !replacement_) return Value();
   rewrite(text);
-  return result_.set(rewritten_);
+  return Value::made_text(rewritten_);
 }
 
 }  // namespace torvane

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "lexp/form.h"
-#include "lexp/text_result.h"
 #include "support/regexp.h"
 
 namespace torvane {
@@ -37,7 +36,6 @@ class RegSub : public Form<RegSub, CharPred> {
   std::optional<std::string> replacement_;
   bool global_ = false;
   std::string rewritten_;
-  TextResult result_;
 };
 
 }  // namespace torvane

@@ -73,6 +73,7 @@ Value OpenFile::convert(Value input) {
   Ref<Stream> stream = write ? Stream::open_output(name) : Stream::open_input(name);
   open_streams().files.push_back(stream);
   // Kept: open-file-untested
+  lend(*stream);  // whoever has just read it may still use it when it is closed
   return Value::of(stream.get());
 }
 
@@ -84,7 +85,6 @@ Value CloseFile::convert(Value input) {
   std::vector<Ref<Stream>>& files = open_streams().files;
   auto place = std::find(files.begin(), files.end(), Ref<Stream>(stream));
   if (place == files.end()) return Value();
-  HeldValue on_its_way(input);  // whoever has just read it may still use the closed stream
   files.erase(place);
   return Value();
 }

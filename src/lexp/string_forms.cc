@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "lexp/scratch_text.h"
 #include "support/stemmer.h"
 #include "support/text.h"
 
@@ -28,14 +29,14 @@ Value InverseStr::step(const char* text, Value) {
   ScratchText reversed;
   reversed.add(text);
   std::reverse(reversed.data(), reversed.data() + reversed.view().size());
-  return result_.set(reversed.view());
+  return Value::made_text(reversed.view());
 }
 
 Value StemWord::step(const char* text, Value input) {
   ScratchText word;
   word.add(text);
   word.add('\0');
-  return stem(word.data()) ? result_.set(word.data()) : input;
+  return stem(word.data()) ? Value::made_text(word.data()) : input;
 }
 
 Value LastWord::step(const char* text, Value input) {
@@ -56,7 +57,7 @@ Value RemovePunc::step(const char* text, Value) {
     kept.add(*text);
     in_word = !is_space(*text);
   }
-  return result_.set(kept.view());
+  return Value::made_text(kept.view());
 }
 
 void RemoveChar::init(IRSlist* args) {
@@ -72,7 +73,7 @@ Value RemoveChar::step(const char* text, Value) {
   for (; *text; ++text) {
     if (chars_.find(*text) == std::string::npos) kept.add(*text);
   }
-  return result_.set(kept.view());
+  return Value::made_text(kept.view());
 }
 
 Value TwoTexts::eval(Value input, int type) {
@@ -132,12 +133,12 @@ void LoopOnStr::init(IRSlist* args) {
 
 bool LoopOnStr::any_word(const char* text, int type, bool wanted) const {
   const char* delimiters = delimiters_.c_str();
-  std::string word;
   for (text += std::strspn(text, delimiters); *text; text += std::strspn(text, delimiters)) {
     std::size_t length = std::strcspn(text, delimiters);
-    word.assign(text, length);
+    TextScope scope;
+    Value word = Value::made_text({text, length});
     text += length;
-    if (static_cast<bool>(exp->eval(Value::buffer_text(word.c_str()), type)) == wanted) return true;
+    if (static_cast<bool>(exp->eval(word, type)) == wanted) return true;
   }
   return false;
 }
@@ -173,7 +174,7 @@ Value FormatStr::eval(Value input, int type) {
       joined.add(text);
     }
   }
-  return result_.set(joined.view());
+  return Value::made_text(joined.view());
 }
 
 Value RemovePrefix::eval(Value input, int type) {

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "lexp/form.h"
-#include "lexp/text_result.h"
 
 namespace torvane {
 
@@ -13,9 +12,6 @@ class InverseStr : public TextAdaptor<InverseStr> {
  public:
   static constexpr const char* kName = "inverse";
   Value step(const char* text, Value input);
-
- private:
-  TextResult result_;
 };
 
 /// The stem, or the input if it is no plain word.
@@ -23,9 +19,6 @@ class StemWord : public TextAdaptor<StemWord> {
  public:
   static constexpr const char* kName = "stem-word";
   Value step(const char* text, Value input);
-
- private:
-  TextResult result_;
 };
 
 /// What stands behind the last white character.
@@ -40,9 +33,6 @@ class RemovePunc : public TextAdaptor<RemovePunc> {
  public:
   static constexpr const char* kName = "remove-punc";
   Value step(const char* text, Value input);
-
- private:
-  TextResult result_;
 };
 
 class RemoveChar : public TextAdaptor<RemoveChar> {
@@ -54,7 +44,6 @@ class RemoveChar : public TextAdaptor<RemoveChar> {
  private:
   bool given_ = false;
   std::string chars_;
-  TextResult result_;
 };
 
 /// A comparison of the texts that two expressions give; 0 on an input of 0, or when a text is
@@ -151,7 +140,6 @@ class FormatStr : public Form<FormatStr> {
     ExpPtr exp;
   };
   Array<Part> parts_;
-  TextResult result_;
 };
 
 class RemovePrefix : public Form<RemovePrefix, CharPred> {

@@ -64,7 +64,7 @@ Value ContainToken::eval(Value input, int type) {
   tokenizer_->reset_tokens();
   while (const char* token = tokenizer_->next_significant_token()) {
     if (!*token && !tokenizer_->more_input) break;
-    if (words_->find(token)) return result_.set(token);
+    if (words_->find(token)) return Value::made_text(token);
   }
   return Value();
 }

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "lexp/form.h"
-#include "lexp/text_result.h"
 #include "lexp/word_list.h"
 #include "shell/tokenizer.h"
 
@@ -41,7 +40,6 @@ class ContainToken : public Form<ContainToken, CharPred> {
  private:
   std::shared_ptr<WordList> words_;
   TokenizerBase* tokenizer_ = nullptr;
-  TextResult result_;
 };
 
 }  // namespace torvane

@@ -287,7 +287,7 @@ void choose_roots(TorvaneParser& parser, ParseForest& forest, Cover& cover) {
     CoverWord& word = words[static_cast<std::size_t>(i)];
     word.starts_punctuation = is_punct(text[0]);
     word.is_punctuation = word.starts_punctuation && text[1] == '\0';
-    Value cost = parser._word_weight.eval(Value::sentence_text(parser.word(i)), text_type);
+    Value cost = parser._word_weight.eval(parser._lex->text_value(parser.word(i)), text_type);
     word.cost = static_cast<float>(static_cast<int>(cost.number()));
   }
   for (TNode* root : forest._roots) {

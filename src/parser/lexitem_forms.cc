@@ -25,12 +25,8 @@ struct NodeName : Form<NodeName> {
     if (!accepts(input_type)) return Value();
     const AttVec* vec = input.as<AttVec>();
     if (!vec) return Value();
-    name_ = node_name_of(*vec);
-    return Value::buffer_text(name_.c_str());
+    return Value::made_text(node_name_of(*vec));
   }
-
- private:
-  std::string name_;
 };
 
 /// Nouns and adjectives of several words have their head at the end, all others at the start.

@@ -37,7 +37,9 @@ struct PItem {
 };
 
 namespace tags {
-inline constexpr TypeTag p_item{"PItem*", nullptr, Life::sentence};
+inline constexpr TypeTag p_item{.name = "PItem*", .life = Life::sentence, .era_of = [](Word word) {
+                                  return reinterpret_cast<const PItem*>(word)->_atts->era.get();
+                                }};
 inline constexpr TypeTag link{"DepRel*"};
 }  // namespace tags
 template <>
@@ -62,7 +64,7 @@ PItem* modifiee(PItem* item);
 int p_item_type();
 /// A condition on an item: passes when there is none.
 inline bool passes(const ExpPtr& cond, const PItem* item) {
-  return !cond || static_cast<bool>(cond->eval(Value::of(item), p_item_type()));
+  return passes(cond, Value::of(item), p_item_type());
 }
 
 /// Two items of one node are alternatives: of one span, and equal in the attributes that the node

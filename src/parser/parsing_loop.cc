@@ -17,9 +17,10 @@ namespace {
 // no other end than this.
 thread_local DepthLimit delivery_depth{"The sentence is too deep for the parser", 100000};
 
-bool passes_on_word(const ExpPtr* cond, const char* word) {
+bool passes_on_word(const ExpPtr* cond, const TorvaneParser& parser, int i) {
+  const char* word = parser.word(i);
   return cond && word &&
-         static_cast<bool>((*cond)->eval(Value::sentence_text(word), type_id_of<const char*>()));
+         holds(*cond->get(), parser._lex->text_value(word), type_id_of<const char*>());
 }
 
 bool is_comma(const char* word) {
@@ -62,8 +63,7 @@ void GCate::send(PItem* item, Link* link) {
   } else if (position > parent->_head && item->_low > 0) {
     TorvaneParser& parser = *parent->_parser;
     int end = item->_low - 1;
-    if (passes_on_word(parent->skip_cond(position), parser.word(end)) && !parent->_ends.test(end))
-      --end;
+    if (passes_on_word(parent->skip_cond(position), parser, end) && !parent->_ends.test(end)) --end;
     if (link->_no_guest && !parser.skipped(end) && !parent->_ends.test(end)) return;
     parent->receive(item, link);
   } else {
@@ -123,7 +123,7 @@ int GCate::next_left(int position, int q, PItem* item, PItem*& adjunct) {
   adjunct = nullptr;
   if (q <= 0) return -1;
   TorvaneParser& parser = *_parser;
-  if (passes_on_word(skip_cond(position), parser.word(q))) return q - 1;
+  if (passes_on_word(skip_cond(position), parser, q)) return q - 1;
   if (parser.skipped(q)) return q - 1;
   if (!bit(_skip_adjunct, position)) return -1;
   GCate* node = parser.adjunct_node();

@@ -23,6 +23,9 @@ class Parsing {
   ~Parsing() { g_parsing = false; }
   Parsing(const Parsing&) = delete;
   Parsing& operator=(const Parsing&) = delete;
+
+ private:
+  Round round_;
 };
 
 /// As one made for this sentence: it takes the default that stands now.
@@ -85,7 +88,7 @@ bool TorvaneParser::feed_with(AddWords add_words) {
   forget_result();
   if (!_lex) return false;
   reset();
-  settle_values();
+  lifetimes().settle();
   lift_depth_limits();
   Parsing parsing;
   add_words(*_lex);

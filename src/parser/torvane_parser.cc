@@ -51,11 +51,9 @@ void TorvaneParser::set_empty_category(const char* name, const char* relation) {
 
 PItem* TorvaneParser::new_item() {
   bool reused = _pool_free > 0;
-  if (!reused) {
-    // Kept: items-run-out-silently
-    if (_pool.size() >= kPoolLimit) return nullptr;
-    _pool.push_back(std::make_unique<PItem>());
-  }
+  // Kept: items-run-out-silently
+  if (static_cast<int>(_pool.size()) - _pool_free >= kPoolLimit) return nullptr;
+  if (!reused) _pool.push_back(std::make_unique<PItem>());
   PItem* item = reused ? _pool[--_pool_free].get() : _pool.back().get();
   Ref<AttVec> atts = std::move(item->_atts);
   *item = PItem();
@@ -64,8 +62,8 @@ PItem* TorvaneParser::new_item() {
     atts->clear_all();
   } else {
     atts = make_ref<AttVec>(_att_type);
-    atts->of_sentence = true;
   }
+  if (atts->era.get() != eras_.now()) atts->era = Ref<Era>(eras_.now());
   item->_atts = std::move(atts);
   item->order = ++items_made_;
   return item;
@@ -94,7 +92,7 @@ void TorvaneParser::reset() {
   for (Link* link : touched_links_) link->reset_sentence();
   touched_nodes_.clear();
   touched_links_.clear();
-  _pool_free = static_cast<int>(_pool.size());
+  forget_items();
   items_made_ = 0;
   case_marks.reset();
   oblique_case_marks.reset();
@@ -102,12 +100,40 @@ void TorvaneParser::reset() {
   if (_lex) _lex->reset();
 }
 
+// Items that an expression may still have, as they were.
+struct TorvaneParser::Forgotten {
+  TorvaneParser& parser;
+  std::vector<std::unique_ptr<PItem>> items;
+
+  ~Forgotten() { parser.recycle(items); }
+};
+
+void TorvaneParser::forget_items() {
+  if (lifetimes().expression_waits()) {
+    auto used = _pool.begin() + _pool_free;
+    std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
+    forgotten->items.assign(std::move_iterator(used), std::move_iterator(_pool.end()));
+    _pool.erase(used, _pool.end());
+    retire(std::move(forgotten), eras_.birth());
+  }
+  _pool_free = static_cast<int>(_pool.size());
+  eras_.renew();
+}
+
+void TorvaneParser::recycle(std::vector<std::unique_ptr<PItem>>& items) {
+  for (std::unique_ptr<PItem>& item : items) {
+    _pool.push_back(std::move(item));
+    _pool.back().swap(_pool[static_cast<std::size_t>(_pool_free++)]);
+  }
+}
+
 void TorvaneParser::forget_result() {
   if (!_deps) return;
-  if (_deps->shared() || expression_waits()) {
+  if (_deps->shared() || lifetimes().expression_waits()) {
     // What is on its way through that expression may belong to it.
-    HeldValue(Value::of(_deps.get()));
-    _deps.reset();
+    std::uint64_t birth = _deps->eras.birth();
+    _deps->eras.renew();
+    lifetimes().retire(birth, tags::deps.release, Value::of(_deps.leak()).word());
   } else {
     _deps->clear();
   }

@@ -47,7 +47,7 @@ class TorvaneParser {
   std::vector<RootRule> _roots;
   /// By word: leftmost start, rightmost end of a merge over it.
   std::vector<std::pair<int, int>> _spans;
-  std::vector<std::unique_ptr<PItem>> _pool;
+  std::vector<std::unique_ptr<PItem>> _pool;  ///< the free ones first
   int _pool_free = 0;
   ExpPtr _word_weight;
   GCate* _adjunct = nullptr;
@@ -118,6 +118,7 @@ class TorvaneParser {
   template <class AddWords>
   bool feed_with(AddWords add_words);
   bool collect_items();
+  void forget_items();
   void forget_result();
   GCate* make_frame(const char* name, GCate* base, const AttVec& vec);
 
@@ -127,6 +128,10 @@ class TorvaneParser {
   std::vector<Link*> touched_links_;
   std::vector<Initial> initial_;
   int items_made_ = 0;             // of this sentence
+  struct Forgotten;
+  void recycle(std::vector<std::unique_ptr<PItem>>& items);
+
+  Eras eras_;                      // of the items
   std::size_t limited_words_ = 0;  // of _spans: those that may differ from the default
   std::string name_buffer_;
   int nodes_at_look_up_ = -1;

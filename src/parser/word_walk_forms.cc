@@ -26,25 +26,21 @@ class Words {
     for (++i; !no_skip && i <= last() && skipped(i);) ++i;
     return i > 0 && word(i) ? i : 0;
   }
+  Value value(const char* text) const { return text ? lex()->text_value(text) : Value(); }
+  bool holds(const ExpPtr& condition, const char* text) const {
+    return passes(condition, value(text), type_id_of<const char*>());
+  }
 
  private:
   TorvaneParser* parser_;
 };
-
-Value text(const char* word) {
-  return Value::sentence_text(word);
-}
-
-bool holds(const ExpPtr& condition, const char* word) {
-  return passes(condition, text(word), type_id_of<const char*>());
-}
 
 struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-head-word";
   Value step(PItem& item) const {
     LexAnalyzer* lex = Words(item).lex();
     // Kept: head-word-is-all-words
-    return lex ? text(lex->surface(item._low, item._high)) : Value();
+    return lex ? lex->text_value(lex->surface(item._low, item._high)) : Value();
   }
 };
 
@@ -52,7 +48,7 @@ struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char
   static constexpr const char* kName = "pitem-preceding-word";
   Value step(PItem& item) const {
     Words words(item);
-    return text(words.word(words.before(item._low)));
+    return words.value(words.word(words.before(item._low)));
   }
 };
 
@@ -73,7 +69,7 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     if (!item) return Value();
     Words words(*item);
     const char* last = words.word(item->_high);
-    if (sub && last && holds(sub, last)) return text(last);
+    if (sub && last && words.holds(sub, last)) return words.value(last);
     Value next = convert(input);
     return sub && next ? sub.eval(next, mid_type) : next;
   }
@@ -81,7 +77,7 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
     Words words(*item);
-    return text(words.word(words.behind(item->_high, no_skip_)));
+    return words.value(words.word(words.behind(item->_high, no_skip_)));
   }
 
  private:
@@ -113,7 +109,7 @@ struct PItemFollowedByOrEndWithWord : WordForm<PItemFollowedByOrEndWithWord> {
     // Kept: followed-by-end
     for (int i = item._high; i <= words.last(); ++i) {
       if (!words.word(i) || (!no_skip_ && words.skipped(i))) continue;
-      if (holds(condition_, words.word(i))) return true;
+      if (words.holds(condition_, words.word(i))) return true;
       if (i > item._high) return false;
     }
     return true;
@@ -125,7 +121,7 @@ struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
   bool apply(PItem& item, const Words& words) const {
     int i = words.behind(item._high, false);
     // Kept: include-following-is-true
-    if (i > 0 && holds(condition_, words.word(i))) item._high = static_cast<std::int16_t>(i);
+    if (i > 0 && words.holds(condition_, words.word(i))) item._high = static_cast<std::int16_t>(i);
     return true;
   }
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -117,10 +118,14 @@ void Exec::load(Stream* stream, const char* source) {
   Tokenizer local(*tokenizer);
   local.set_input(stream);
   TokenizerBase* outer = std::exchange(tokenizer, &local);
-  do {
+  Round round;
+  bool more = true;
+  while (more) {
     local.reset_tokens();
     if (prompt) std::cout << "> " << std::flush;
-  } while (read_and_run());
+    more = read_and_run();
+    round.next();
+  }
   if (prompt) std::cout << std::endl;
   tokenizer = outer;
 }
@@ -143,7 +148,7 @@ bool Exec::read_and_run() {
     eval(form);
     form.clear();
   }
-  if (frees_values && running.size() == 1) free_retired_values();
+  if (frees_values && running.size() == 1) lifetimes().free_all();
   lift_depth_limits();
   return tokenizer->more_input;
 }
@@ -179,8 +184,14 @@ Value Exec::run_command(IRSlist& form) {
 }
 
 Value Exec::eval_all(IRSlist& forms) {
+  // What the last one gives goes on.
   Value result;
-  for (IRSlist* form : forms.items) result = eval(*form);
+  auto round = std::make_optional<Round>();
+  for (IRSlist* form : forms.items) {
+    if (form == forms.items.back()) round.reset();
+    result = eval(*form);
+    if (round) round->next();
+  }
   return result;
 }
 

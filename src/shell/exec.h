@@ -58,8 +58,8 @@ class Exec {
   char close_char;
   bool show_commands = false;
   TokenizerBase* tokenizer;
-  /// Set while the start-up file runs: between its forms no expression is running, so that what
-  /// variables let go can be freed there.
+  /// Set while the start-up file runs: between its forms nothing is running, so that all that was
+  /// let go can be freed there.
   bool frees_values = false;
 
  private:

@@ -13,13 +13,14 @@ class Counted {
  public:
   void retain() const { ++refcount; }
   void release() const {
-    if (--refcount == 0) T::destroy(const_cast<T*>(static_cast<const T*>(this)));
+    if (--refcount == 0 && !lent) T::destroy(const_cast<T*>(static_cast<const T*>(this)));
   }
   /// More than one owner: whoever wants to change the object copies it first.
   bool shared() const { return refcount > 1; }
   static void destroy(T* object) { delete object; }
 
   mutable std::int32_t refcount = 0;
+  mutable bool lent = false;  ///< stays for a while without an owner, too: see `lend`
 
  protected:
   Counted() = default;

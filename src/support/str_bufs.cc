@@ -49,6 +49,14 @@ void StrBufs::Chunk::drop(Chunk* chunk) {
 StrBufs::StrBufs(int chunk_size)
     : chunk_size_(chunk_size < 16 ? 16 : static_cast<std::size_t>(chunk_size)) {}
 
+StrBufs::StrBufs(StrBufs&& other) noexcept
+    : start_(std::exchange(other.start_, nullptr)),
+      next_(std::exchange(other.next_, nullptr)),
+      limit_(std::exchange(other.limit_, nullptr)),
+      closed_(std::exchange(other.closed_, true)),
+      chunk_size_(other.chunk_size_),
+      chunks_(std::exchange(other.chunks_, nullptr)) {}
+
 StrBufs::~StrBufs() {
   while (Chunk* chunk = chunks_) {
     chunks_ = chunk->next;

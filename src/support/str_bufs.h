@@ -16,6 +16,8 @@ class StrBufs {
  public:
   explicit StrBufs(int chunk_size = 256);
   ~StrBufs();
+  /// Takes the objects of the other, which is empty then.
+  StrBufs(StrBufs&& other) noexcept;
   StrBufs(const StrBufs&) = delete;
   StrBufs& operator=(const StrBufs&) = delete;
 

@@ -1,122 +1,142 @@
 #include "support/value.h"
 
 #include <cstring>
-#include <string>
-#include <vector>
+#include <new>
 
 namespace torvane {
 
 namespace {
 
-std::uint64_t epoch = 1;
-
-struct Count {
-  const TypeTag* tag;
-  Word word;
-};
-
-std::vector<Count>& retired_counts() {
-  static auto& list = *new std::vector<Count>;
-  return list;
-}
-
-bool outlives_everything(const TypeTag* tag) {
+bool is_constant_text(const TypeTag* tag) {
   for (; tag; tag = tag->base)
     if (tag == &tags::constant_text) return true;
   return false;
 }
 
+Era* era_of(const TypeTag& tag, Word word) {
+  if (tag.era) return tag.era;
+  return tag.era_of ? tag.era_of(word) : nullptr;
+}
+
 }  // namespace
 
-std::uint64_t sentence_epoch() {
-  return epoch;
-}
-void bump_sentence_epoch() {
-  ++epoch;
+const TypeTag& Era::kind(const TypeTag& base) {
+  for (const TypeTag& known : kinds_)
+    if (known.base == &base) return known;
+  kinds_.push_front({.name = base.name, .base = &base, .life = Life::sentence, .era = this});
+  return kinds_.front();
 }
 
+// A value on its way may still have a tag in the era, even if nobody holds it.
+void Eras::renew() {
+  if (era_ && (era_->holders_ > 0 || lifetimes().expression_waits())) {
+    end();
+    lifetimes().retire(
+        birth_, [](Word word) { reinterpret_cast<Era*>(word)->release(); },
+        reinterpret_cast<Word>(era_.leak()));
+  }
+  birth_ = lifetimes().now();
+}
+
+// The characters stand behind it, so that a text leads to its copy.
 struct HeldValue::Text {
-  explicit Text(const char* text) : chars(text) {}
-  std::string chars;
   int holders = 1;
-  Text* next_retired = nullptr;
+  std::uint64_t birth = lifetimes().now();
+  Lifetimes::Turn origin;  // through which the original is sure to live
 
-  static Text*& retired() {
-    static Text* head = nullptr;
-    return head;
+  char* chars() { return reinterpret_cast<char*>(this + 1); }
+  static Text* make(const char* text) {
+    std::size_t size = std::strlen(text) + 1;
+    auto* copy = new (::operator new(sizeof(Text) + size)) Text;
+    std::memcpy(copy->chars(), text, size);
+    return copy;
+  }
+  static Text* of(const char* chars) {
+    return reinterpret_cast<Text*>(const_cast<char*>(chars)) - 1;
+  }
+  void release() {
+    if (--holders > 0) return;
+    lifetimes().retire(
+        birth, [](Word word) { ::operator delete(reinterpret_cast<Text*>(word)); },
+        reinterpret_cast<Word>(this));
   }
 };
 
-HeldValue::HeldValue(Value value) : value_(value), epoch_(epoch) {
-  if (const char* text = value.text()) {
-    if (!outlives_everything(value.tag_)) text_ = new Text(text);
-  } else if (value.tag_ && value.tag_->life == Life::counted) {
-    value.tag_->retain(value.word_);
-  } else if (value.tag_ && value.tag_->life == Life::transient) {
-    value_ = Value();
-  } else if (value.tag_ && value.tag_->life == Life::stamped) {
-    epoch_ = value.tag_->stamp(value.word_);
+void HeldValue::hold() {
+  if (const char* text = value_.text()) {
+    hold_text(text);
+  } else {
+    hold_thing(*value_.tag_);
   }
 }
 
-HeldValue::HeldValue(const HeldValue& other)
-    : value_(other.value_), epoch_(other.epoch_), text_(other.text_) {
-  if (text_) {
+void HeldValue::hold_text(const char* text) {
+  const TypeTag* tag = value_.tag_;
+  if (is_constant_text(tag)) return;
+  if (tag == &tags::held_text) {
+    text_ = Text::of(text);
     ++text_->holders;
-  } else if (value_.tag_ && value_.tag_->life == Life::counted) {
-    value_.tag_->retain(value_.word_);
+    return;
+  }
+  text_ = Text::make(text);
+  if (tag == &tags::kept_text) text_->origin = lifetimes().turn_of_kept(text);
+  belong_to(era_of(*tag, value_.word_));
+}
+
+void HeldValue::hold_thing(const TypeTag& tag) {
+  switch (tag.life) {
+    case Life::forever:
+      break;
+    case Life::transient:
+      value_ = Value();
+      break;
+    case Life::stamped:
+      mark_ = tag.stamp(value_.word_);
+      break;
+    case Life::counted:
+      tag.retain(value_.word_);
+      mark_ = lifetimes().now();
+      belong_to(era_of(tag, value_.word_));
+      break;
+    case Life::sentence:
+      belong_to(era_of(tag, value_.word_));
+      if (!era_) value_ = Value();
+      break;
   }
 }
 
-HeldValue::HeldValue(HeldValue&& other) noexcept
-    : value_(std::exchange(other.value_, Value())),
-      epoch_(other.epoch_),
-      text_(std::exchange(other.text_, nullptr)) {}
+void HeldValue::belong_to(Era* era) {
+  if (!era) return;
+  era_ = era;
+  era->retain();
+  ++era->holders_;
+}
 
-HeldValue& HeldValue::operator=(HeldValue other) noexcept {
-  std::swap(value_, other.value_);
-  std::swap(epoch_, other.epoch_);
-  std::swap(text_, other.text_);
-  return *this;
+void HeldValue::share() {
+  if (text_) ++text_->holders;
+  belong_to(era_);
+  if (counts()) {
+    value_.tag_->retain(value_.word_);
+    mark_ = lifetimes().now();
+  }
 }
 
 void HeldValue::drop() {
-  if (text_) {
-    if (--text_->holders == 0) {
-      text_->next_retired = Text::retired();
-      Text::retired() = text_;
-    }
-  } else if (value_.tag_->life == Life::counted) {
-    retired_counts().push_back({value_.tag_, value_.word_});
+  if (text_) text_->release();
+  if (counts()) lifetimes().retire(mark_, value_.tag_->release, value_.word_);
+  if (era_) {
+    --era_->holders_;
+    era_->release();
   }
 }
 
-Value HeldValue::get() const {
-  if (!value_.tag_) return value_;
+Value HeldValue::look() const {
   if (text_) {
-    if (value_.tag_->life == Life::sentence && epoch_ == epoch) return value_;
-    return Value::of_text(text_->chars.c_str(), tags::buffer_text);
+    bool lives = era_ ? !era_->over() : lifetimes().goes_on(text_->origin);
+    return lives ? value_ : Value::of_text(text_->chars(), tags::held_text);
   }
-  if (value_.tag_->life == Life::stamped)
-    return value_.tag_->stamp(value_.word_) == epoch_ ? value_ : Value();
-  if (epoch_ == epoch) return value_;
-  if (value_.tag_->life == Life::sentence) return Value();
-  if (value_.tag_->of_sentence && value_.tag_->of_sentence(value_.word_)) return Value();
-  return value_;
-}
-
-void free_retired_values() {
-  while (HeldValue::Text* text = HeldValue::Text::retired()) {
-    HeldValue::Text::retired() = text->next_retired;
-    delete text;
-  }
-  // A release may destroy holders, which retire more.
-  std::vector<Count>& counts = retired_counts();
-  while (!counts.empty()) {
-    Count count = counts.back();
-    counts.pop_back();
-    count.tag->release(count.word);
-  }
+  bool over = era_ ? era_->over() : value_.tag_->stamp(value_.word_) != mark_;
+  return over ? Value() : value_;
 }
 
 }  // namespace torvane

@@ -8,8 +8,12 @@
 #pragma once
 
 #include <cstdint>
+#include <forward_list>
 #include <type_traits>
 #include <utility>
+
+#include "support/lifetime.h"
+#include "support/ref.h"
 
 namespace torvane {
 
@@ -20,11 +24,13 @@ using Word = std::intptr_t;
 /// evaluation.
 enum class Life : std::uint8_t {
   forever,    ///< an integer, a constant's text, a registered object
-  sentence,   ///< belongs to the sentence in hand, and dies with the next reset
+  sentence,   ///< belongs to a sentence, a tree or the like, and ends with its era
   counted,    ///< a holder takes a count
-  transient,  ///< a text in a buffer of an expression, overwritten at its next evaluation
+  transient,  ///< may be gone as soon as the evaluation is
   stamped,    ///< as long as its tag's stamp of it stays the same; its memory stays for ever
 };
+
+class Era;
 
 /// One kind of thing that a value can be. Tags are compared by address; `base` names the kind that
 /// this one also is. A word always holds the pointer of the outermost base, so that a walk up the
@@ -33,11 +39,13 @@ struct TypeTag {
   const char* name;  ///< as the configuration language spells it, such as "LexItem*"
   const TypeTag* base = nullptr;
   Life life = Life::forever;
-  void (*retain)(Word) = nullptr;   ///< for Life::counted
-  void (*release)(Word) = nullptr;  ///< for Life::counted
-  /// For a counted thing that may also belong to the sentence in hand; null: it never does.
-  bool (*of_sentence)(Word) = nullptr;
+  void (*retain)(Word) = nullptr;          ///< for Life::counted
+  void (*release)(Word) = nullptr;         ///< for Life::counted
   std::uint64_t (*stamp)(Word) = nullptr;  ///< for Life::stamped
+  /// For Life::sentence: the era that a thing belongs to, as the thing tells; null if it has ended.
+  /// A counted thing may belong to one, too.
+  Era* (*era_of)(Word) = nullptr;
+  Era* era = nullptr;  ///< of a tag that stands in an era: that of everything with the tag
 };
 
 /// The tag of T. A class that can be a value specialises this with
@@ -50,8 +58,11 @@ struct ValueTraits;
 namespace tags {
 inline constexpr TypeTag text{"char*"};  // any text
 inline constexpr TypeTag constant_text{"char*", &text, Life::forever};
-inline constexpr TypeTag sentence_text{"char*", &text, Life::sentence};
 inline constexpr TypeTag buffer_text{"char*", &text, Life::transient};
+/// A text that `Lifetimes` keeps until a turn ends, not always the innermost.
+inline constexpr TypeTag kept_text{"char*", &text, Life::transient};
+/// A holder's copy, from its start on.
+inline constexpr TypeTag held_text{"char*", &text, Life::transient};
 inline constexpr TypeTag integer{"int"};
 /// An atom that came through `quote`: its text is its reader's.
 inline constexpr TypeTag name{"char*", &buffer_text, Life::transient};
@@ -65,10 +76,12 @@ class Value {
   static constexpr Value truth(bool b) { return integer(b ? 1 : 0); }
   /// A text that lives as long as the process.
   static Value constant(const char* text) { return of_text(text, tags::constant_text); }
-  /// A text of the sentence in hand (a word, a root, a surface).
-  static Value sentence_text(const char* text) { return of_text(text, tags::sentence_text); }
-  /// A text in an expression's own buffer.
+  /// A text of passing life.
   static Value buffer_text(const char* text) { return of_text(text, tags::buffer_text); }
+  /// A copy of a text that an expression made.
+  static Value made_text(std::string_view text) {
+    return of_text(lifetimes().keep(text), tags::kept_text);
+  }
   static Value of_text(const char* text, const TypeTag& tag) {
     return Value(reinterpret_cast<Word>(text), text ? &tag : nullptr);
   }
@@ -120,42 +133,111 @@ class Value {
   const TypeTag* tag_ = nullptr;
 };
 
-/// The number of the sentence in hand. Whoever resets a sentence's things (the analyser, the
-/// parser, a reused result tree) bumps it, and every held value of that sentence then reads as
-/// null.
-std::uint64_t sentence_epoch();
-void bump_sentence_epoch();
+/// The time through which a sentence, a tree or the like lives with all that belongs to it.
+/// Counted; holders of its things, which read as null once it is over, are also counted apart.
+class Era : public Counted<Era> {
+ public:
+  Era() : text_{.name = "char*", .base = &tags::text, .life = Life::sentence, .era = this} {}
+  Era(const Era&) = delete;
+  Era& operator=(const Era&) = delete;
+
+  bool over() const { return over_; }
+  /// A text, or a thing that does not tell its era by itself, as one of this era.
+  Value text(const char* text) const { return Value::of_text(text, text_); }
+  template <class T>
+  Value of(const T* thing) {
+    return Value::of_kind(thing, kind(ValueTraits<T>::tag()));
+  }
+
+ private:
+  friend class Eras;
+  friend class HeldValue;
+  const TypeTag& kind(const TypeTag& base);
+
+  TypeTag text_;
+  std::forward_list<TypeTag> kinds_;  // those asked for
+  int holders_ = 0;
+  bool over_ = false;
+};
+
+/// The eras of one owner, one after the other; the last one ends with it.
+class Eras {
+ public:
+  Eras() = default;
+  ~Eras() { end(); }
+  Eras(const Eras&) {}
+  Eras& operator=(const Eras&) = delete;
+
+  /// The one in hand.
+  Era* now() {
+    if (!era_) era_ = make_ref<Era>();
+    return era_.get();
+  }
+  /// Ends it. One of which nobody holds anything serves again.
+  void renew();
+  /// When its owner, or the era in hand, began.
+  std::uint64_t birth() const { return birth_; }
+
+ private:
+  void end() {
+    if (era_) era_->over_ = true;
+  }
+
+  Ref<Era> era_;  // null as long as nobody has asked for it
+  std::uint64_t birth_ = lifetimes().now();
+};
 
 /// A value that outlives the evaluation that made it: what a variable holds. A text is copied (and
 /// read as the original pointer while that is sure to live), a counted thing is counted, a thing of
-/// the sentence reads as null after the next reset, and so does at once what lives in some
-/// expression's own storage.
+/// a sentence reads as null when its era is over, and so does at once what is of passing life.
 class HeldValue {
  public:
   HeldValue() = default;
-  explicit HeldValue(Value value);
-  HeldValue(const HeldValue& other);
-  HeldValue(HeldValue&& other) noexcept;
-  HeldValue& operator=(HeldValue other) noexcept;
+  explicit HeldValue(Value value) : value_(value) {
+    if (value.tag_ && value.tag_ != &tags::integer) hold();
+  }
+  HeldValue(const HeldValue& other)
+      : value_(other.value_), mark_(other.mark_), era_(other.era_), text_(other.text_) {
+    if (owns()) share();
+  }
+  HeldValue(HeldValue&& other) noexcept
+      : value_(std::exchange(other.value_, Value())),
+        mark_(other.mark_),
+        era_(std::exchange(other.era_, nullptr)),
+        text_(std::exchange(other.text_, nullptr)) {}
+  HeldValue& operator=(HeldValue other) noexcept {
+    std::swap(value_, other.value_);
+    std::swap(mark_, other.mark_);
+    std::swap(era_, other.era_);
+    std::swap(text_, other.text_);
+    return *this;
+  }
   ~HeldValue() {
-    if (value_.tag_ != nullptr) drop();
+    if (owns()) drop();
   }
 
-  Value get() const;
+  Value get() const { return is_plain() ? value_ : look(); }
 
  private:
   struct Text;  // a counted copy
-  friend void free_retired_values();
+  bool counts() const { return value_.tag_ && value_.tag_->life == Life::counted; }
+  bool owns() const { return text_ || era_ || counts(); }
+  bool is_plain() const {
+    return !text_ && !era_ && !(value_.tag_ && value_.tag_->life == Life::stamped);
+  }
+  void hold();
+  void hold_text(const char* text);
+  void hold_thing(const TypeTag& tag);
+  void belong_to(Era* era);
+  void share();
   void drop();
+  Value look() const;
 
   Value value_;
-  std::uint64_t epoch_ = 0;
+  std::uint64_t mark_ = 0;  // the birth of the count, or the stamp of a stamped thing
+  Era* era_ = nullptr;      // what the value belongs to; counted
   Text* text_ = nullptr;
 };
-
-/// What holders let go lives on, since a value read from it may still be on its way through an
-/// expression. Frees it all: for the moments when no expression is running.
-void free_retired_values();
 
 /// The usual ValueTraits: a thing without a base.
 template <class T, const TypeTag& Tag>

@@ -21,22 +21,23 @@ struct Shared : Counted<Shared> {
   explicit Shared(int& count) : alive(count) { ++alive; }
   ~Shared() { --alive; }
   int& alive;
-  bool of_sentence = false;
+  Era* era = nullptr;
 };
 
 Shared* shared(Word word) {
   return reinterpret_cast<Shared*>(word);
 }
 
-constexpr TypeTag kThing{"Thing*", nullptr, Life::sentence};
-constexpr TypeTag kDerived{"Derived*", &kThing, Life::sentence};
+constexpr TypeTag kThing{"Thing*"};
+constexpr TypeTag kDerived{"Derived*", &kThing};
 constexpr TypeTag kPassing{"Passing*", nullptr, Life::transient};
 constexpr TypeTag kShared{"Shared*",
                           nullptr,
                           Life::counted,
                           [](Word w) { shared(w)->retain(); },
                           [](Word w) { shared(w)->release(); },
-                          [](Word w) { return shared(w)->of_sentence; }};
+                          nullptr,
+                          [](Word w) { return shared(w)->era; }};
 
 }  // namespace
 
@@ -73,37 +74,41 @@ TEST(HeldValue, GivesTheTextItselfWhileThatIsSureToLive) {
   const char* constant = "constant";
   EXPECT_EQ(HeldValue(Value::constant(constant)).get().text(), constant);
 
+  Eras sentences;
   std::string word = "word";
-  HeldValue held(Value::sentence_text(word.c_str()));
+  HeldValue held(sentences.now()->text(word.c_str()));
   EXPECT_EQ(held.get().text(), word.c_str());
-  bump_sentence_epoch();
+  Eras().renew();
+  EXPECT_EQ(held.get().text(), word.c_str());
+  sentences.renew();
   word = "gone";
   EXPECT_STREQ(held.get().text(), "word");
 
-  std::string buffer = "buffer";
-  HeldValue copy(Value::buffer_text(buffer.c_str()));
-  HeldValue other = copy;
-  buffer = "over";
-  EXPECT_STREQ(copy.get().text(), "buffer");
+  HeldValue copy;
+  HeldValue other;
+  {
+    Round outer;
+    Value made = Value::made_text("made");
+    {
+      Round inner;
+      copy = HeldValue(made);
+    }
+    EXPECT_EQ(copy.get(), made);
+    outer.next();
+    Value::made_text("over");
+    EXPECT_STREQ(copy.get().text(), "made");
+    other = HeldValue(copy.get());
+  }
   EXPECT_EQ(copy.get(), other.get());
 }
 
-TEST(HeldValue, KeepsWhatIsOnItsWay) {
-  std::string buffer = "first";
-  HeldValue held(Value::buffer_text(buffer.c_str()));
-  Value on_its_way = held.get();
-  held = HeldValue(Value::integer(1));
-  EXPECT_STREQ(on_its_way.text(), "first");
-  free_retired_values();
-  EXPECT_EQ(held.get().number(), 1);
-}
-
-TEST(HeldValue, LosesTheSentencesThingsAndWhatPasses) {
+TEST(HeldValue, ReadsNullWhenItsEraIsOver) {
   Thing thing;
-  HeldValue held(Value::of(&thing));
+  Eras sentences;
+  HeldValue held(sentences.now()->of(&thing));
   HeldValue moved = std::move(held);
   EXPECT_EQ(moved.get().as<Thing>(), &thing);
-  bump_sentence_epoch();
+  sentences.renew();
   EXPECT_FALSE(moved.get());
   Passing passing;
   EXPECT_FALSE(HeldValue(Value::of(&passing)).get());
@@ -113,25 +118,74 @@ TEST(HeldValue, CountsWhatIsCounted) {
   int alive = 0;
   std::optional<HeldValue> held;
   std::optional<HeldValue> sentences;
+  Eras eras;
   {
     auto object = make_ref<Shared>(alive);
     auto of_sentence = make_ref<Shared>(alive);
-    of_sentence->of_sentence = true;
+    of_sentence->era = eras.now();
     held.emplace(Value::of(object.get()));
     sentences.emplace(Value::of(of_sentence.get()));
   }
   EXPECT_EQ(alive, 2);
   HeldValue copy = *held;
-  bump_sentence_epoch();
+  eras.renew();
   EXPECT_TRUE(copy.get());
   EXPECT_FALSE(sentences->get());
   held.reset();
   sentences.reset();
   EXPECT_EQ(alive, 2);
-  free_retired_values();
+  lifetimes().free_all();
   EXPECT_EQ(alive, 1);
   copy = HeldValue();
-  free_retired_values();
+  lifetimes().free_all();
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(Round, EndsWhatWasBornInIt) {
+  int alive = 0;
+  HeldValue old(Value::made_text("old"));
+  HeldValue old_thing(Value::of(new Shared(alive)));
+  Value on_its_way = old.get();
+  {
+    Round round;
+    old = HeldValue();
+    old_thing = HeldValue();
+    for (int i = 0; i < 3; ++i) {
+      Value made = Value::made_text(std::string(100000, 'x'));
+      HeldValue own(Value::of(new Shared(alive)));
+      own = HeldValue();
+      EXPECT_EQ(alive, 2);
+      EXPECT_EQ(made.text()[99999], 'x');
+      round.next();
+      EXPECT_EQ(alive, 1);
+    }
+  }
+  EXPECT_STREQ(on_its_way.text(), "old");
+  lifetimes().free_all();
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(Round, EndsWhatWasLent) {
+  int alive = 0;
+  HeldValue held;
+  Round round;
+  {
+    auto object = make_ref<Shared>(alive);
+    lend(*object);
+    lend(*object);
+  }
+  EXPECT_EQ(alive, 1);
+  round.next();
+  EXPECT_EQ(alive, 0);
+  {
+    auto object = make_ref<Shared>(alive);
+    lend(*object);
+    held = HeldValue(Value::of(object.get()));
+  }
+  round.next();
+  EXPECT_EQ(alive, 1);
+  held = HeldValue();
+  round.next();
   EXPECT_EQ(alive, 0);
 }
 

@@ -81,10 +81,12 @@ class ForAllMatches : public Form<ForAllMatches> {
     if (top) top = path_.follow(top);
     if (!top) return Value();
     bool all = true;
+    Round round;
     top->for_each([&](const TreeMatch& match) {
       if (!match.node) return;
       if (var_) var_->assign(Value::of(match.node), type_id_of<RSTree>());
       if (!body_.eval(Value::integer(1), kAnyType)) all = false;
+      round.next();
     });
     return Value::truth(all);
   }
@@ -148,7 +150,7 @@ class RSTreeGetNode : public Form<RSTreeGetNode, NodeArg> {
     RSTree* node = start;
     for (const ExpPtr& cond : conds_) {
       ChildWalk walk(node);
-      while (walk.child() && !cond->eval(Value::of(walk.child()), type_id_of<RSTree>()))
+      while (walk.child() && !passes(cond, Value::of(walk.child()), type_id_of<RSTree>()))
         walk.next();
       node = walk.child();
       if (!node) break;

@@ -118,7 +118,7 @@ void StructuralRule::init(IRSlist* args) {
 template <class Walk>
 void StructuralRule::run(RSTree* tree) {
   Walk walk(tree);
-  while (RSTree* node = walk.next()) {
+  for (Round round; RSTree* node = walk.next(); round.next()) {
     MatchScope matches;
     Value match = cond.eval(Value::of(node), type_id_of<RSTree>());
     if (!match.as<TreeMatch>()) continue;
@@ -213,7 +213,7 @@ void FlatRule::apply(RSTree* tree) {
   PostIterator walk(tree);
   Progress progress(*this);
   RSTree* node = walk.next();
-  while (node) {
+  for (Round round; node; round.next()) {
     // As long as nothing is kept, what was tried can go.
     MatchScope matches;
     do {

@@ -48,9 +48,12 @@ std::unordered_set<std::string> keys_that_pass(TripleDb& db, float limit, const 
     if (entry.freq + entry.invFreq < limit) keys.emplace_back(entry.key);
   });
   std::unordered_set<std::string> passing;
-  for (const std::string& key : keys)
-    if (condition.eval(Value::buffer_text(key.c_str()), type_id_of<const char*>()))
+  Round round;
+  for (const std::string& key : keys) {
+    if (passes(condition, Value::buffer_text(key.c_str()), type_id_of<const char*>()))
       passing.insert(key);
+    round.next();
+  }
   return passing;
 }
 

@@ -29,8 +29,7 @@ bool is_satisfied(const ExpPtr& condition, const std::vector<SharedFeature>& fea
   std::vector<std::string> words;
   for (const SharedFeature& feature : features) words.emplace_back(feature.word);
   return std::any_of(words.begin(), words.end(), [&](const std::string& word) {
-    return static_cast<bool>(
-        condition.eval(Value::buffer_text(word.c_str()), type_id_of<const char*>()));
+    return passes(condition, Value::buffer_text(word.c_str()), type_id_of<const char*>());
   });
 }
 

@@ -15,7 +15,7 @@ LBitSet ids_that_pass(TripleDb& db, const ExpPtr& exp) {
   const int end = db.ids.count();
   for (int id = 1; id < end; ++id) {
     std::string text = or_empty(db.id_to_string(id));
-    if (exp.eval(Value::buffer_text(text.c_str()), type_id_of<const char*>())) ids.set(id);
+    if (passes(exp, Value::buffer_text(text.c_str()), type_id_of<const char*>())) ids.set(id);
   }
   return ids;
 }

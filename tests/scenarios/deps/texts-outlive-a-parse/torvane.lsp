@@ -1,10 +1,15 @@
-; What an expression holds of a tree stays while it has another sentence parsed; a variable lets go.
+; What an expression holds of a tree stays while it has another sentence parsed; a variable lets go
+; at the end of that sentence, of no other thing.
 (load data/torvane.lsp)
 (declare-var kept)
 (def-tree-rules keep (root (setq kept (find-first-node (comp (cat) (str= NN))))))
 (set-deps-modifier english-parser keep)
 (p3 "The dog slept under the table.")
 (clear-tree-rules keep)
+(eval (comp (str "(1 (a ~ N *))") (str2deps)))
+(clear-lexicon english)
+(filter-entries ((t) (t) (t)) entries.lex entries.out)
+(eval (comp (get-val kept) (cat) (print-str :prefix "after others: " :suffix "\n")))
 (eval (comp (get-val kept)
   (prog (comp (node2minp) (prog (exec-commands (p3 "Two cats saw them.")) (print-str :prefix "held: " :suffix "\n")))
         (comp (cat) (print-str :suffix "\n")) (comp (get-val kept) (cat) (print-str :suffix "\n")))))

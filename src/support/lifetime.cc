@@ -1,0 +1,103 @@
+#include "support/lifetime.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "support/sanitizer.h"
+
+namespace torvane {
+
+namespace {
+
+// The address sanitizer is to see each text end: there each has a block of its own.
+constexpr std::size_t kBlock = kAddressSanitizer ? 0 : 32768;
+constexpr std::size_t kMostWaiting = 16;
+
+}  // namespace
+
+void TextStack::take_block(std::size_t bytes) {
+  if (in_use_ == blocks_.size()) blocks_.emplace_back();
+  Block& block = blocks_[in_use_++];
+  if (block.size < bytes) {
+    block.size = std::max(kBlock, bytes);
+    block.chars = std::make_unique_for_overwrite<char[]>(block.size);
+  }
+  block.base = end_;
+  end_ += block.size;
+  next_ = block.chars.get();
+  limit_ = next_ + block.size;
+}
+
+// A block of unusual size does not wait for another text of that size.
+void TextStack::cut(std::size_t top) {
+  if (top == this->top()) return;
+  while (in_use_ > 0 && blocks_[in_use_ - 1].base >= top) {
+    Block& block = blocks_[--in_use_];
+    if (block.size > kBlock) block = Block();
+  }
+  if (blocks_.size() > in_use_ + kMostWaiting) blocks_.resize(in_use_ + kMostWaiting);
+  if (in_use_ == 0) {
+    next_ = limit_ = nullptr;
+    end_ = 0;
+    return;
+  }
+  Block& block = blocks_[in_use_ - 1];
+  next_ = block.chars.get() + (top - block.base);
+  limit_ = block.chars.get() + block.size;
+  end_ = block.base + block.size;
+}
+
+std::size_t TextStack::place_of(const char* text) const {
+  for (std::size_t i = in_use_; i-- > 0;) {
+    const Block& block = blocks_[i];
+    if (!std::less<>()(text, block.chars.get()) &&
+        std::less<>()(text, block.chars.get() + block.size))
+      return block.base + static_cast<std::size_t>(text - block.chars.get());
+  }
+  return top();
+}
+
+void Lifetimes::end_retired(std::uint64_t from_birth, std::size_t from) {
+  std::size_t kept = from;
+  // What ends may let go of more.
+  for (std::size_t i = from; i < retired_.size(); ++i) {
+    Retired thing = retired_[i];
+    if (thing.birth < from_birth) {
+      retired_[kept++] = thing;
+    } else {
+      thing.end(thing.word);
+    }
+  }
+  retired_.resize(kept);
+}
+
+void Lifetimes::end_things() {
+  if (retired_.size() != open_.retired) end_retired(open_.start, open_.retired);
+  open_.retired = retired_.size();
+  drop_texts(open_.texts);
+}
+
+// Texts of the turn are no more: whoever remembers it must not look at them.
+void Lifetimes::drop_texts(std::size_t top) {
+  texts_.cut(top);
+  open_.turn = ++clock_;
+}
+
+void Lifetimes::free_all() {
+  if (!retired_.empty()) end_retired(0, 0);
+  for (Open& open : outer_) {
+    open.turn = ++clock_;
+    open.retired = open.texts = 0;
+  }
+  open_.retired = open_.texts = 0;
+  drop_texts(0);
+}
+
+Lifetimes::Turn Lifetimes::turn_of_kept(const char* text) const {
+  std::size_t place = texts_.place_of(text);
+  std::size_t depth = outer_.size();
+  while (depth > 0 && at(depth).texts > place) --depth;
+  return {static_cast<std::uint32_t>(depth), at(depth).turn};
+}
+
+}  // namespace torvane
