@@ -43,8 +43,11 @@ class MatchRun {
   bool recall(const Place& place, MatchList& out) const;
   void remember(const Place& place, const MatchList& matches);
   /// Asked before a step of a sequence or row: false, reported once, when the walk has taken too
-  /// many.
-  bool may_step() { return steps_left_-- > 0 || report_steps(); }
+  /// many. What cannot be remembered, so that its tests run again, counts as many.
+  bool may_step(bool steady = true) {
+    steps_left_ -= steady ? 1 : kUnsteadySteps;
+    return steps_left_ >= 0 || report_steps();
+  }
   /// How many of so many matches may be added to a list: fewer, which is reported once, when there
   /// are too many. A match that is kept costs memory, and so counts as several steps.
   int room_in(const MatchList& list, int wanted) {
@@ -63,6 +66,7 @@ class MatchRun {
 
  private:
   static constexpr int kKeptSteps = 8;
+  static constexpr int kUnsteadySteps = 32;
   class Memory;
 
   int cut_kept(int wanted);

@@ -101,12 +101,13 @@ void SeqPat::find_from(MatchRun& run, Anchor anchor, int part, int pos, MatchLis
   }
   bool at_end = anchor == Anchor::end;
   int next_part = at_end ? part - 1 : part + 1;
+  bool steady = is_steady(anchor, next_part);
   MatchList rest(keep);
   int rest_pos = INT_MIN;
   for (const Ref<Match>& match : matches) {
     int next = at_end ? match->low - 1 : match->high + 1;
-    if (next != rest_pos || !is_steady(anchor, next_part)) {
-      if (!run.may_step()) break;
+    if (next != rest_pos || !steady) {
+      if (!run.may_step(steady && run.remembers())) break;
       rest.clear();
       find_rest(run, anchor, next_part, next, rest);
       rest_pos = next;

@@ -47,7 +47,7 @@ Ref<Match> PlusPat::chain(MatchRun& run, Anchor anchor, int pos) const {
 
   MatchList steps;
   MatchList beyond;
-  while (pos >= 1 && !(steady && run.recall(place(pos), beyond)) && run.may_step()) {
+  while (pos >= 1 && !(steady && run.recall(place(pos), beyond)) && run.may_step(steady)) {
     MatchList found(Keep::one_per_span);
     sub.find(run, anchor, pos, found);
     if (found.empty()) {
