@@ -48,7 +48,7 @@ class TreeReader {
     DepTree* root = deps_.new_node();
     for (const Line& line : lines_)
       if (!line.node->_parent && line.node->_cat && *line.node->_cat) root->append(line.node);
-      // Kept: orphan-under-the-top
+    // Kept: orphan-under-the-top
     deps_.set_root(root);
   }
 

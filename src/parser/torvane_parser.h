@@ -127,7 +127,7 @@ class TorvaneParser {
   std::vector<GCate*> touched_nodes_;
   std::vector<Link*> touched_links_;
   std::vector<Initial> initial_;
-  int items_made_ = 0;             // of this sentence
+  int items_made_ = 0;  // of this sentence
   struct Forgotten;
   void recycle(std::vector<std::unique_ptr<PItem>>& items);
 
