@@ -12,10 +12,7 @@
   (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
 (make-lexicon dict 101)
 (make-avmeaning-proto syn avm)
-(lex dict
-  (uh (avm ((cat j)))) (the (avm ((cat d)))) (this (avm ((cat d) (num sg)))) (these (avm ((cat d) (num pl))))
-  (big (avm ((cat a)))) (old (avm ((cat a)))) (boy (avm ((cat n) (num sg)))) (boys (avm ((cat n) (num pl))))
-  (in (avm ((cat p)))) (sleep (avm ((cat v)))))
+(lex dict (boy (avm ((cat n) (num sg)))))
 (make-lex-analyzer la :lexicon dict)
 (def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem)
   :show-attributes (cat) :default-percolating-attributes ()
