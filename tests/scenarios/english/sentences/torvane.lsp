@@ -19,7 +19,6 @@
 (p3 "Zorvath met Queen Ilmara.")
 (p3 "He easily won the race.")
 ; Clauses: arguments and adjuncts, auxiliaries, case.
-(p3 "She told the children a story.")
 (p3 "They gave up the plan.")
 (p3 "He read quickly the letter.")
 (p3 "Please close the door.")
