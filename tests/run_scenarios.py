@@ -63,7 +63,7 @@ def stream_faults(case, name, data):
             yield f"{name} has: {readable(text)}"
     count = case / f"{name}.count"
     if count.exists() and int(count.read_text()) != data.count(b"\n"):
-        yield f"{name} has {data.count(10)} lines, not {count.read_text()}"
+        yield f"{name} has {data.count(10)} lines, not {count.read_text().strip()}"
 
 
 def prepare(case, scratch):

@@ -18,7 +18,7 @@
 (def-modifiers N (? (Det (dep-type det))) (* (A (dep-type mod))) (:head) (? (P (dep-type pp))))
 (def-modifiers V (+ (N (dep-type subj))) (:head) ((P (dep-type loc))) (* (A (dep-type mod))))
 (roots (N (shown N)) (V (shown V)))
-(p3 "the big old boy in")
+(p3 "the big boy in")
 (p3 "big the boy in in")
 (p3 "boy boys sleep in")
 (p3 "sleep in")
@@ -65,7 +65,6 @@
 (def-category Free) (def-modifiers Free (? (Det (block (num)) (percolate (num)))) (:head (N)))
 (roots (N (shown N)) (Blocked (shown Blocked)) (Free (shown Free)))
 (p3 "these boy")
-(p3 "the boy")
 (p3 "these boys")
 
 ; A position that answers to an argument of the head.

@@ -1,15 +1,9 @@
 ; A type that lacks what the parser looks for, or gives it another class.
 (init-attributes)
 (def-att-list syn
-  (defattribute args StrAtt) (defattribute cm BinAtt)
-  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
-  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np pp))
-  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
-  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem IntAtt)
-  (defattribute node StrAtt) (defattribute opt BinAtt)
-  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
-  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values np pp))
-  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
+  (defattribute args StrAtt) (defattribute cat EnumAtt (allowable-values a c d i j n p v))
+  (defattribute lexitem IntAtt) (defattribute slash DisjAtt (allowable-values np pp))
+  (defattribute num EnumAtt (allowable-values sg pl)))
 (make-lexicon dict 101)
 (make-avmeaning-proto syn avm)
 (lex dict (boy (avm ((cat n) (num sg)))))

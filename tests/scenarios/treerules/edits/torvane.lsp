@@ -16,9 +16,7 @@
 ; The action runs on a match of the wordless top, so that every other node may move.
 (defmacro edit (name exp) (on-match (not (cat)) name exp))
 (edit "inherit-children C" (inherit-children (at C)))
-(edit "inherit-children F" (inherit-children (at F)))
 (edit "adopt-following C" (adopt-following (at C)))
-(edit "adopt-following B" (adopt-following (at B)))
 (edit "adopt-following F" (adopt-following (at F)))
 (edit "adopt-following top" (adopt-following (match)))
 (edit "insert-before C G" (insert-before (at C) (at G)))
