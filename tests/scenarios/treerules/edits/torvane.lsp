@@ -1,18 +1,14 @@
 ; Each edit on one tree, in brackets with the relations; what it gave stands before it.
+(load base.lsp)
 (print-deptree-weight 0)
 (print-governor 0)
-(defmacro is (letter) (comp (cat) (str= letter)))
 (defmacro at (letter) (comp (match) (find-first-node (is letter))))
-(defmacro say (text) (comp (str text) (print-str)))
 (defun show () (prog (cat (print-str :prefix "(")) (if (rel) (rel (print-str :prefix ":")))
                      (all-children (prog (show) (t))) (say ")")))
 (defmacro on-match (cond name exp)
   (def-tree-rules name
-    (up (node cond) (comp exp (if (ident) (if (cat) (cat (print-str :suffix " ")) (say "top ")) (say "- "))))
-    (root (all-children (prog (show) (t)))))
-  (eval (prog (comp (str name) (print-str :suffix ": "))
-              (read-and-modify-deps name (comp (str tree.txt) (open-file)))
-              (comp (str "") (print-str :suffix "\n")))))
+    (up (node cond) (comp exp (if (ident) (if (cat) (cat (print-str :suffix " ")) (say "top ")) (say "- ")))))
+  (over name (root (all-children (prog (show) (t))))))
 ; The action runs on a match of the wordless top, so that every other node may move.
 (defmacro edit (name exp) (on-match (not (cat)) name exp))
 (edit "inherit-children C" (inherit-children (at C)))
@@ -48,8 +44,8 @@
   (root (show)))
 (def-tree-rules turned-text
   (down (tree (is A) (node c (is C))) (prog (invert-dep (match 1)) (comp (match) (deps) (print-deps)))))
-(eval (prog (read-and-modify-deps turned (comp (str tree.txt) (open-file))) (comp (str "\n") (print-str))))
-(eval (read-and-modify-deps turned-text (comp (str tree.txt) (open-file))))
+(eval (prog (over-tree turned) (comp (str "\n") (print-str))))
+(eval (over-tree turned-text))
 
 ; Edits that are refused leave the tree as it is. The node that the rule stands on keeps its place.
 (on-match (is C) "the match" (or (insert-before (match) (at E)) (insert-after (match) (at E)) (insert-node (match) (at E))
@@ -65,21 +61,21 @@
 (def-tree-rules moved-root
   (root (exist-match (node (is C)) :action (prog (invert-dep (nil)) (detach-node (match)))))
   (root (all-children (prog (show) (t)))))
-(eval (read-and-modify-deps moved-root (comp (str tree.txt) (open-file))))
+(eval (over-tree moved-root))
 (declare-var c)
 (def-tree-rules new-root
   (up (node (is C)) (setq c (comp (match) (ident))))
   (up (node (is C)) (detach-node (match)))
   (root (exist-match (node (parent (is-nil))) :action (insert-node (match) (get-val c))))
   (root (prog (cat (print-str :prefix "\n")) (all-children (prog (if (cat) (show)) (t))) (deps (print-deps)))))
-(eval (read-and-modify-deps new-root (comp (str tree.txt) (open-file))))
+(eval (over-tree new-root))
 ; Two sentences do not share nodes.
 (declare-var other RSTree*)
 (def-tree-rules inner (up (node (is B)) (comp (append-node (get-val other) (match)) (is-nil) (int2str) (print-str)))
   (up (node (is B)) (insert-before (match) (get-val other))) (up (node (is B)) (insert-after (get-val other) (match)))
   (root (all-children (prog (show) (t)))))
-(def-tree-rules outer (up (node (is C)) (prog (setq other (match)) (read-and-modify-deps inner (comp (str tree.txt) (open-file)))))
+(def-tree-rules outer (up (node (is C)) (prog (setq other (match)) (over-tree inner)))
   (root (all-children (prog (show) (t)))))
-(eval (read-and-modify-deps outer (comp (str tree.txt) (open-file))))
+(eval (over-tree outer))
 (eval (comp (get-val other) (is-nil) (int2str) (print-str :suffix "\n")))
 (exit)
