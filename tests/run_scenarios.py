@@ -9,6 +9,7 @@ there, without arguments. What is wanted of the run:
   stdout.want  stderr.want    the whole stream, byte for byte
   stdout.has   stderr.has     texts of which each occurs in a line of the stream, in this order
   stdout.hasnt stderr.hasnt   texts that occur in no line of the stream
+  stdout.count stderr.count   how many lines the stream has, those that repeat as well
   status.want                 the exit status; 0 without this file
   check.py                    runs afterwards in the scratch folder, with the two streams as files
                               `stdout` and `stderr` in the folder that is its argument; 0 if all is well
@@ -31,7 +32,7 @@ import tempfile
 TIMEOUT = float(os.environ.get("SCENARIO_TIMEOUT", "120"))
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 STREAMS = ("stdout", "stderr")
-NOT_COPIED = {f"{s}.{kind}" for s in STREAMS for kind in ("want", "has", "hasnt")} | {
+NOT_COPIED = {f"{s}.{kind}" for s in STREAMS for kind in ("want", "has", "hasnt", "count")} | {
     "status.want", "check.py", "make.py", "no-sentence", "link-data"}
 # A sanitizer's verdict must not look like the status of a normal end.
 ENVIRONMENT = {"ASAN_OPTIONS": "exitcode=99", "UBSAN_OPTIONS": "exitcode=99:print_stacktrace=1",
@@ -60,6 +61,9 @@ def stream_faults(case, name, data):
     for text in lines_of(case / f"{name}.hasnt"):
         if any(text in line for line in data.split(b"\n")):
             yield f"{name} has: {readable(text)}"
+    count = case / f"{name}.count"
+    if count.exists() and int(count.read_text()) != data.count(b"\n"):
+        yield f"{name} has {data.count(10)} lines, not {count.read_text().strip()}"
 
 
 def prepare(case, scratch):

@@ -8,7 +8,7 @@
   (don't (h "not so")) ("a;b" (g x)) (wÃ¶rter (g words)) ((g no) key) () atom)
 (print-lex L)
 (echo == lex-entry)
-(lex-entry L GIVE nosuch "give up" york)
+(lex-entry L nosuch "GIVE up" york)
 (echo == no-dup)
 (load-lex L words.txt)
 (lex-entry L give dog)

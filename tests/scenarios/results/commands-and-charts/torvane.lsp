@@ -26,7 +26,7 @@
 (echo -- joined words)
 (p3 "boy; boys")
 ; A look into the charts: by word and position, or at what waits on a link.
-(p3 "the big boy in the box")
+(p3 "the boy in the box")
 (echo -- N)
 (pn "^N$")
 (echo -- links)

@@ -22,7 +22,7 @@
         (t)))
 (roots (N (show-item)) (V (show-item)) (P (show-item)))
 (echo -- a noun with modifiers on both sides)
-(p3 "the big boy in")
+(p3 "the boy in")
 (echo -- a frame)
 (p3 "see boys")
 (echo -- the wrong kind)

@@ -1,11 +1,6 @@
 ; Each condition on each node of the tree: the letters are those of the node and of what it found.
-(defmacro is (letter) (comp (cat) (str= letter)))
+(load base.lsp)
 (defmacro at (letter) (find-first-node (is letter)))
-(defmacro say (text) (comp (str text) (print-str)))
-(defmacro over (text rule) (def-tree-rules text rule)
-  (eval (prog (comp (str text) (print-str :suffix ": "))
-              (read-and-modify-deps text (comp (str tree.txt) (open-file)))
-              (comp (str "") (print-str :suffix "\n")))))
 (defmacro on-each (text cond) (over text
   (down (node (cat)) (match (prog (cat (print-str)) (if cond (comp cond (cat (print-str :prefix ":"))) (say ":-")) (say " "))))))
 (defmacro number (text exp) (over text (down (node (cat)) (match (comp exp (int2str) (print-str :suffix " "))))))

@@ -1,9 +1,6 @@
 ; Actions that run rules, change the running list, read trees, or keep what does not last.
-(defmacro is (letter) (comp (cat) (str= letter)))
-(defmacro say (text) (comp (str text) (print-str)))
+(load base.lsp)
 (defmacro say-node () (match (cat (print-str :suffix " "))))
-(defmacro over-tree (rules) (read-and-modify-deps rules (comp (str tree.txt) (open-file))))
-(defmacro run (rules) (eval (prog (over-tree rules) (comp (str "") (print-str :suffix "\n")))))
 
 ; The inner walk has its own place; the outer one goes on where it stood.
 (def-tree-rules inner (down (node (is C)) (prog (say "<") (say-node) (detach-node (match)) (say "> "))))
