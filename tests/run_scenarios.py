@@ -3,8 +3,8 @@
 
 usage: run_scenarios.py PROGRAM TOPIC_FOLDER [NAME_PART]
 
-Each folder below TOPIC_FOLDER is a case. Its files are copied to a scratch folder and PROGRAM runs
-there, without arguments. What is wanted of the run:
+Each folder below TOPIC_FOLDER is a case. Its files, and the files beside the folders, which the cases
+share, are copied to a scratch folder and PROGRAM runs there, without arguments. What is wanted of the run:
 
   stdout.want  stderr.want    the whole stream, byte for byte
   stdout.has   stderr.has     texts of which each occurs in a line of the stream, in this order
@@ -67,7 +67,8 @@ def stream_faults(case, name, data):
 
 
 def prepare(case, scratch):
-    for entry in case.iterdir():
+    shared = [entry for entry in case.parent.iterdir() if entry.is_file()]
+    for entry in [*shared, *case.iterdir()]:
         if entry.name in NOT_COPIED:
             continue
         if entry.is_dir():

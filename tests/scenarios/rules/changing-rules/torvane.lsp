@@ -67,7 +67,7 @@
   (one (llrule left)) (two (llrule right)) (three (llrule both)) (four (llrule fails)) (five (llrule inert))
   (six (llrule actionless)) (seven (llrule nobody)) (eight (llrule L))
   (nine (llrule ((a ~) (prog (say (str "in place")) (show-span)))))
-  (ten (llrule left) (llrule both)) (eleven (llrule)))
+  (ten (llrule left) (llrule right)) (eleven (llrule)))
 (def-rules R4
   (ab (seq (lexitem (t)) (word-seq zz)) (assert (make-lexitem (low) (high) (comp ($ 1) (meaning)) :root azz)))
   (apply (:act-on-all-matches) (lexitem (comp (lexitem-meaning) (meaning-type) (str= llrule)))

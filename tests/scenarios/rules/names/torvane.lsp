@@ -12,7 +12,6 @@
 (p3 "a Television (TV) set")
 (p3 "some words (UC)")
 (p3 "(UC) University at California met")
-(p3 "(UC)")
 
 ; Names of one sentence are known in the next ones.
 (clear-lexicon L)

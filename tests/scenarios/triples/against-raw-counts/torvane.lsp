@@ -3,7 +3,7 @@
 (make-tripledb memory 101)
 (populate-tripledb memory main.rels main.deps :min-rel-freq 0)
 (make-tripledb disk 101)
-(link-file disk disk.hdr rw)
+(link-file disk db.hdr rw)
 (populate-tripledb disk main.rels main.deps :min-rel-freq 0)
 (make-tripledb back 101)
 (populate-tripledb back back.rels back.deps :min-rel-freq 0)

@@ -5,7 +5,7 @@
 (print-tripledb-entry-in-html db :words (beer nosuch) :url "<a href=/cgi-bin/find?" :index-url /index
   :codes ((-V:obj:N "what one does with it") (N:with:N unused) (short)))
 (echo "")
-(print-tripledb-entry-in-html db :words (BEER) :output nosuch)
+(print-tripledb-entry-in-html db :words (MEAL) :output nosuch)
 (echo "")
 (cmp-tripledb-entries db beer cider :codes ((N:mod:A "described as")))
 (cmp-tripledb-entries db cider beer :color0 gray :color1 red :color2 blue)
