@@ -1,6 +1,6 @@
 (foreach (word0 WORD500000 word999999 word1000000) :eval
   (if (in long.txt) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (make-word-list long :hashsize 7 long.txt)
-(foreach (word0 WORD500000 word999999 word1000000) :eval
+(foreach (WORD500000 word1000000) :eval
   (if (in :wordlist long) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (exit)

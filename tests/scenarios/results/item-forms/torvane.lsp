@@ -27,8 +27,6 @@
 (p3 "see boys")
 (echo -- the wrong kind)
 (eval (comp (str text) (pitem-low)))
-(eval (comp (str text) (pitem-add-weight 1)))
-(eval (comp (str text) (pitem-following-word)))
 (eval (comp (int 5) (deprel-type)))
 (eval (comp (str text) (node-name)))
 (eval (comp (str text) (set-head-of-lexitem)))
