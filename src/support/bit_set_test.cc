@@ -1,9 +1,9 @@
 #include "support/bit_set.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <vector>
+
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -106,10 +106,7 @@ TEST(BitSet, GrowsOnlyWhereTheTailDiffers) {
 
 TEST(BitSet, TakesNoRangeOrNumberAmiss) {
   LBitSet a;
-  testing::internal::CaptureStderr();
-  a.set(4, 3);
-  a.clear(9, -1);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+  EXPECT_EQ(messages_of([&] { a.set(4, 3), a.clear(9, -1); }),
             "LBitSetRep::set(4, 3)\nLBitSetRep::clear(9, -1)\n");
   EXPECT_TRUE(a.is_empty());
   const int list[] = {5, 0, 8, 7};
