@@ -158,18 +158,13 @@ TEST_F(DepsTest, AClearedTreeLeavesNothingToVariables) {
   EXPECT_FALSE(other.get());
 }
 
-TEST_F(DepsTest, MuchTextIsReadInTime) {
+TEST_F(DepsTest, LongTreesAreReadInTime) {
   std::string chain = "(";
   for (int i = 1; i <= 5000; ++i)
     chain += std::to_string(i) + " (w ~ X " + (i < 5000 ? std::to_string(i + 1) : "*") + ")\n";
   read(chain + ")");
   EXPECT_EQ(errors_, "");
   EXPECT_EQ(lines(deps_).size(), lines(read(written(deps_))).size());
-  std::string many = "(";
-  for (int i = 0; i < 33000; ++i) many += i < 1000 ? "(w ~ X < nowhere)" : "(w)";
-  read(many + ")");
-  EXPECT_EQ(deps_.word_count(), Deps::kMostWords + 1);
-  EXPECT_NE(errors_.find("only the first 32767 words"), std::string::npos);
 }
 
 }  // namespace
