@@ -4,6 +4,7 @@
 usage: learned_attachment.py PROGRAM DATA_FOLDER LEARN_PY
 """
 import os
+import pathlib
 import subprocess
 import sys
 import tempfile
@@ -13,8 +14,7 @@ SENTENCE = "He painted the wall with a brush.\n"
 
 
 def head_of(program, folder, word):
-    with open(os.path.join(folder, "sentense.dat"), "w") as file:
-        file.write(SENTENCE)
+    pathlib.Path(folder, "sentense.dat").write_text(SENTENCE)
     tree = subprocess.run([program], cwd=folder, capture_output=True, text=True).stdout
     lines = [line.split("\t") for line in tree.splitlines() if line.count("\t") == 3]
     label, = [fields[3][:-1] for fields in lines if fields[1] == "(" + word]
@@ -26,8 +26,7 @@ def main():
     with tempfile.TemporaryDirectory() as top:
         plain, learned = os.path.join(top, "plain"), os.path.join(top, "learned")
         corpus = os.path.join(top, "corpus.txt")
-        with open(corpus, "w") as file:
-            file.write("\n".join(CORPUS))
+        pathlib.Path(corpus).write_text("\n".join(CORPUS))
         os.mkdir(plain)
         os.symlink(data, os.path.join(plain, "data"))
         for _ in range(2):  # a second run takes the place of the first
@@ -35,8 +34,7 @@ def main():
                                   check=True, capture_output=True, text=True)
         heads = head_of(program, plain, "with"), head_of(program, learned, "with")
         assert "2040 dependencies, 13 different" in done.stdout, done.stdout
-        with open(os.path.join(learned, "report", "words.html")) as page:
-            assert "<h3>see</h3>" in page.read()
+        assert "<h3>see</h3>" in pathlib.Path(learned, "report", "words.html").read_text()
     assert heads == ("wall", "painted"), heads
 
 

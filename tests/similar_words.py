@@ -5,6 +5,7 @@ usage: similar_words.py PROGRAM_FOLDER SIMILAR_PY
 """
 import collections
 import os
+import pathlib
 import re
 import subprocess
 import sys
@@ -32,8 +33,7 @@ def write_counts(folder, count=10):
                     f"{relation}\t \tfreq"):
             relations[key] += count
     for name, lines in (("deps.txt", details), ("rels.txt", [f"{key}\t{n}" for key, n in relations.items()])):
-        with open(os.path.join(folder, name), "w") as file:
-            file.write("".join(line + "\n" for line in sorted(lines)))
+        pathlib.Path(folder, name).write_text("".join(line + "\n" for line in sorted(lines)))
 
 
 def main():
@@ -43,17 +43,14 @@ def main():
         for name, text in (("sentense.dat", "\n"), ("triples.hdr", "triples.db 64 11 strcasecmp\n"), (
                 "torvane.lsp", "(make-tripledb t)\n(link-file t triples.hdr rw)\n(populate-tripledb t rels.txt deps.txt)\n"
                                "(exit)\n")):
-            with open(os.path.join(folder, name), "w") as file:
-                file.write(text)
+            pathlib.Path(folder, name).write_text(text)
         subprocess.run([os.path.join(programs, "torvane")], cwd=folder, check=True, stderr=subprocess.DEVNULL)
         for _ in range(2):  # a second run takes the place of the first
             answers = subprocess.run([sys.executable, script, programs, folder], check=True, text=True,
                                      stdout=subprocess.PIPE).stdout
-        with open(os.path.join(folder, "similar", "words.src")) as file:
-            rows = [ATOM.findall(line) for line in file]
-            lists = {quoted or plain: [q or p for q, p in rest] for (quoted, plain), *rest in rows}
-        with open(os.path.join(folder, "similar", "words.html")) as file:
-            page = file.read()
+        rows = map(ATOM.findall, pathlib.Path(folder, "similar", "words.src").read_text().splitlines())
+        lists = {quoted or plain: [q or p for q, p in rest] for (quoted, plain), *rest in rows}
+        page = pathlib.Path(folder, "similar", "words.html").read_text()
     for kind, nouns in KINDS.items():
         for words, pos in ((nouns, "N"), (VERBS[kind], "V")):
             for word in words:

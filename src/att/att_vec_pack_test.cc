@@ -1,28 +1,70 @@
 // The packed form, byte by byte.
 #include <cstring>
 #include <memory>
+#include <sstream>
 
-#include "att/att_fixture.h"
+#include "att/att_interpreter_list.h"
 #include "att/nested_atts.h"
+#include "lexp/expression_run.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
 
-class AttVecPackTest : public AttTest {
+class AttVecPackTest : public testing::Test {
  protected:
+  AttVecPackTest() {
+    register_attribute_types();
+    register_attribute_forms();
+    register_attribute_commands();
+  }
+
+  /// A new type, current from now on.
+  AttInterpreterList* new_type(const std::string& atts) {
+    static int made = 0;
+    name_ = "type" + std::to_string(++made);
+    run_.run("(def-att-list " + name_ + " " + atts + ")");
+    return AttInterpreterList::current();
+  }
+  /// One attribute of every scalar kind.
+  AttInterpreterList* scalars() {
+    return new_type(
+        "(defattribute def BinAtt)(defattribute num EnumAtt (allowable-values sg pl du))"
+        "(defattribute cas DisjAtt (allowable-values nom acc dat abl))"
+        "(defattribute gen Disj8Att (allowable-values m f n))(defattribute cnt IntAtt)"
+        "(defattribute age SmIntAtt)(defattribute txt StrAtt)(defattribute ent EntAtt)");
+  }
+  /// One attribute of every nested kind, over a small type.
+  AttInterpreterList* nested() {
+    new_type(
+        "(defattribute a BinAtt)(defattribute k EnumAtt (allowable-values x y z))"
+        "(defattribute d DisjAtt (allowable-values p q r))");
+    return new_type("(defattribute v VecAtt (interpreter " + name_ +
+                    "))(defattribute fr ListAtt (interpreter " + name_ +
+                    "))(defattribute st StackAtt (interpreter " + name_ +
+                    "))(defattribute tr TraceAtt)(defattribute n IntAtt)(defattribute b BinAtt)");
+  }
+  /// A vector of the current type.
+  static Ref<AttVec> vec(const std::string& text) {
+    IRSlistReader reader;
+    return make_ref<AttVec>(reader.start_string(text.c_str()), AttInterpreterList::current());
+  }
+  static std::string text(const AttVec& vec) {
+    std::ostringstream out;
+    vec.print(out);
+    return out.str();
+  }
+  static std::string text(const Ref<AttVec>& vec) { return text(*vec); }
+  static int index(const char* att) {
+    int found;
+    return AttInterpreterList::current()->lookup(att, &found) ? found : -1;
+  }
+
   static std::string bytes(const AttVec& vec) {
     StrBufs out;
     out.open();
     vec.pack(out);
     return {out.object(), out.object_size()};
-  }
-  static std::string hex(const std::string& data) {
-    std::string out;
-    for (unsigned char c : data) {
-      out += "0123456789abcdef"[c >> 4];
-      out += "0123456789abcdef"[c & 15];
-    }
-    return out;
   }
   // Unpacks from a block of exactly the bytes' size, so that reading on would be seen.
   static bool unpack(AttVec& vec, const std::string& data, std::size_t* taken = nullptr) {
@@ -34,7 +76,7 @@ class AttVecPackTest : public AttTest {
     return ok;
   }
   static void expect_bytes(const AttVec& vec, const std::string& wanted, const std::string& after) {
-    EXPECT_EQ(hex(bytes(vec)), wanted) << after;
+    EXPECT_EQ(bytes(vec), bytes_from(wanted)) << after;
     AttVec back(AttInterpreterList::current());
     EXPECT_TRUE(unpack(back, bytes(vec)));
     EXPECT_EQ(text(back), after);
@@ -43,6 +85,9 @@ class AttVecPackTest : public AttTest {
     for (const auto& [vector, wanted] : cases)
       expect_bytes(*vec(vector), wanted, text(vec(vector)));
   }
+
+  ExpressionRun run_;
+  std::string name_;  ///< of the type made last
 };
 
 TEST_F(AttVecPackTest, ScalarBytes) {
@@ -77,7 +122,7 @@ TEST_F(AttVecPackTest, TagsGrowWideAt126Attributes) {
   std::string atts;
   for (int i = 0; i < 125; ++i) atts += "(defattribute b" + std::to_string(i) + " BinAtt)";
   new_type(atts);
-  EXPECT_EQ(hex(bytes(*vec("(+b0 -b124)"))), "00837e");
+  EXPECT_EQ(bytes(*vec("(+b0 -b124)")), bytes_from("00837e"));
   new_type(atts + "(defattribute last IntAtt)");
   expect_bytes({{"(+b0 -b124 (last 1))", "0000ff83007d00000001007f"}});
 }

@@ -1,13 +1,12 @@
 #include "deps/rs_tree.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "deps/tree_walk.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -45,12 +44,6 @@ class TreeTest : public testing::Test {
     }
     return out;
   }
-  /// What an operation reports.
-  static std::string report(const std::function<void()>& body) {
-    testing::internal::CaptureStderr();
-    body();
-    return testing::internal::GetCapturedStderr();
-  }
 
  private:
   Named* read(const char*& text) {
@@ -69,9 +62,9 @@ class TreeTest : public testing::Test {
 
 TEST_F(TreeTest, NoLinkClosesToARing) {
   Named* tree = make("a(b(c))");
-  EXPECT_EQ(report([&] { node('c')->append(tree); }), "RSTree::append error.\n");
-  EXPECT_EQ(report([&] { tree->insert(tree); }), "RSTree::insert error.\n");
-  EXPECT_EQ(report([&] { EXPECT_EQ(tree->detach(), nullptr); }),
+  EXPECT_EQ(messages_of([&] { node('c')->append(tree); }), "RSTree::append error.\n");
+  EXPECT_EQ(messages_of([&] { tree->insert(tree); }), "RSTree::insert error.\n");
+  EXPECT_EQ(messages_of([&] { EXPECT_EQ(tree->detach(), nullptr); }),
             "cannot delete the root node of a RSTree\n");
   EXPECT_EQ(node('c')->insert_after(tree), nullptr);
   EXPECT_EQ(node('c')->insert_before(node('b')), nullptr);

@@ -2,23 +2,16 @@
 
 #include <sys/resource.h>
 
-#include "lex/lexicon_fixture.h"
-#include "support/big_endian.h"
+#include <csignal>
+
+#include "support/scratch_folder.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
 
 class DictOnDiskTest : public testing::Test {
  protected:
-  static std::string words(std::initializer_list<std::uint32_t> numbers) {
-    std::string bytes;
-    for (std::uint32_t n : numbers) {
-      char four[4];
-      store_be32(four, n);
-      bytes.append(four, 4);
-    }
-    return bytes;
-  }
   void write(const std::string& dictionary, const std::string& header = "lex.dat 7 lex.idx ( )") {
     folder.write("lex.dat", dictionary);
     folder.write("lex.hdr", header);
@@ -35,7 +28,7 @@ class DictOnDiskTest : public testing::Test {
   }
   std::string quietly_look_up(std::initializer_list<const char*> keys) {
     std::string found;
-    complaints([&] { found = look_up(keys); });
+    messages_of([&] { found = look_up(keys); });
     return found;
   }
 
@@ -44,13 +37,13 @@ class DictOnDiskTest : public testing::Test {
 
 TEST_F(DictOnDiskTest, BucketsOfOneStandInTheSlotAndOthersInLists) {
   write("(dog (g a)) junk\n(cat (g b))(DOG (g c))\n (eel)");
-  std::string said = complaints([&] {
+  std::string said = messages_of([&] {
     EXPECT_EQ(look_up({"Dog", "cat", "eel", "fox"}), "(dog (g a))/(cat (g b))/(eel)/-");
   });
   EXPECT_EQ(said, "Making Index file " + (folder / "lex.idx") + ". Please wait.\n4 entries\n");
   // eel is alone in slot 0, cat in slot 6; both dogs are in slot 4.
-  EXPECT_EQ(folder.read("lex.idx"),
-            words({0x80000000u | 40, 0, 0, 0, 28, 0, 0x80000000u | 12, 1, 29, 0}));
+  EXPECT_EQ(bytes_of(folder / "lex.idx"),
+            bytes_from("80000028 12*00 0000001c 00000000 8000000c 00000001 0000001d 00000000"));
 }
 
 TEST_F(DictOnDiskTest, KeysMayHoldBlanksAndStandInQuotes) {
@@ -72,7 +65,7 @@ TEST_F(DictOnDiskTest, AnIndexThatDoesNotFitTheDiskIsReportedAndGone) {
   auto ignored = signal(SIGXFSZ, SIG_IGN);
   rlimit small{1000, old.rlim_max};
   setrlimit(RLIMIT_FSIZE, &small);
-  std::string said = complaints([&] { look_up({}); });
+  std::string said = messages_of([&] { look_up({}); });
   setrlimit(RLIMIT_FSIZE, &old);
   signal(SIGXFSZ, ignored);
   EXPECT_NE(said.find("The index file cannot be written: " + (folder / "lex.idx")),

@@ -1,9 +1,44 @@
 #include "lex/lexicon.h"
 
-#include "lex/lexicon_fixture.h"
+#include <sstream>
+
+#include "lex/lex_analyzer.h"
+#include "shell/exec.h"
+#include "support/scratch_folder.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
+
+/// The kinds "g" and "h" of meanings, which are texts.
+void register_kinds() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  register_core_forms();
+  register_constant_forms();
+  register_string_forms();
+  register_lexicon_commands();
+  register_avmeaning_proto();
+  interpreter().prompt = false;
+  interpreter().load_string("(make-str-meaning-proto g) (make-str-meaning-proto h)");
+}
+
+struct Words : Lexicon {
+  explicit Words(const std::string& text = "", int no_dup = 0) : Lexicon(101) {
+    register_kinds();
+    read(text, no_dup);
+  }
+  void read(const std::string& text, int no_dup = 0) {
+    std::istringstream in(text);
+    load(in, no_dup);
+  }
+  std::string printed(const char* word) {
+    std::ostringstream out;
+    if (const LexEntry* entry = get_entry(word)) print_entry(out, entry);
+    return out.str();
+  }
+};
 
 TEST(Lexicon, DuplicatesMergeOrAreReported) {
   Words words("(dog (g a)) (\"give up\" (g a))");
@@ -11,7 +46,7 @@ TEST(Lexicon, DuplicatesMergeOrAreReported) {
   EXPECT_EQ(words.printed("dog"), "(dog\n (g a)\n (g a)\n (g b)\n (phrases)\n )\n");
   // The entry that was read as one word did not hide the phrase from its head.
   EXPECT_EQ(words.printed("give"), "(give\n (phrases (give up))\n )\n");
-  EXPECT_EQ(complaints([&] { words.read("(DOG (g c)) (cat (g d)) (cat)", 1); }),
+  EXPECT_EQ(messages_of([&] { words.read("(DOG (g c)) (cat (g d)) (cat)", 1); }),
             "Duplicate entry: DOG\nDuplicate entry: cat\n");
   EXPECT_EQ(words.printed("cat"), "(cat\n (g d)\n (phrases)\n )\n");
   words.check_meanings = true;
@@ -60,7 +95,7 @@ TEST(Lexicon, AWordOfTheMemoryIsNotLookedForOnDisk) {
   words.read("(dog (g mine)) (cat days (g x)) (cat (g mine))");
   folder.write("one.dat", "(dog (g a)) (cat (g a))");
   folder.write("one.hdr", "one.dat 11 one.idx ( )");
-  complaints([&] {
+  messages_of([&] {
     words.dictionaries.push_back(std::make_unique<DictOnDisk>((folder / "one.hdr").c_str()));
   });
   EXPECT_EQ(words.printed("dog"), "(dog\n (g mine)\n (phrases)\n )\n");

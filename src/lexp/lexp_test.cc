@@ -104,14 +104,5 @@ TEST_F(LExpTest, AnExpressionAsAValueLivesAsLongAsItIsHeld) {
   EXPECT_EQ(Numbered::alive, before);
 }
 
-TEST_F(LExpTest, ATextOnItsWayStaysReadable) {
-  // The same expression gives a longer text before the first one is compared.
-  run_.run("(defun wrapped (w) (format \"<\" (get-val w) \">\"))");
-  auto exp = compile(
-      "(str-eq (wrapped (str a))"
-      " (wrapped (str \"bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb\")))");
-  EXPECT_FALSE(exp->eval(Value::constant("x"), kAnyType));
-}
-
 }  // namespace
 }  // namespace torvane

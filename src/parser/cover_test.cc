@@ -1,13 +1,12 @@
 #include "parser/cover.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <string>
 #include <vector>
 
 #include "parser/dist_table.h"
 #include "parser/parse_forest.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -117,9 +116,7 @@ TEST(DistTable, BadRecordsAreReportedAndLeftOut) {
   DistTable table;
   std::istringstream in(
       "a\t-1\tx\t5\na\t99999999\tx\t5\na\tq\tx\t5\na\t1\tx\tnan\na\t1\tx\t-4\na\t1\tx\t300\na\t1");
-  testing::internal::CaptureStderr();
-  table.read(in);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+  EXPECT_EQ(messages_of([&] { table.read(in); }),
             "dist.txt: a bad record: a -1 5\ndist.txt: a bad record: a 99999999 5\n"
             "dist.txt: a bad record: a q 5\ndist.txt: a bad record: a 1 nan\n"
             "dist.txt: a bad record: a 1 -4\ndist.txt: the last record is cut off\n");

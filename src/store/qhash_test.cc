@@ -114,19 +114,6 @@ TEST_F(QHashTest, UpdateKeepsPlaceAndLink) {
   EXPECT_EQ(value("b"), "none");
 }
 
-TEST_F(QHashTest, KeyThatEndsInTheOverflow) {
-  open_new("strcmp", 1, 32);
-  // The head of a record of one block holds 12 bytes of the key.
-  for (std::size_t length = 8; length < 20; ++length) {
-    std::uint32_t pos = insert("k", "");
-    EXPECT_EQ(update(pos, packed(std::string(length, 'k'), std::string(length, 'v'))), pos);
-  }
-  for (std::size_t length = 8; length < 20; ++length)
-    EXPECT_EQ(value(std::string(length, 'k')), std::string(length, 'v'));
-  EXPECT_EQ(value(std::string(7, 'k')), "none");
-  EXPECT_EQ(value(std::string(20, 'k')), "none");
-}
-
 TEST_F(QHashTest, SortedChainsAscend) {
   open_new("strcmp", 1, 32);
   for (const char* key : {"a", "b", "c", "d"}) insert(key, std::string(40, *key));

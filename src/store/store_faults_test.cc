@@ -208,7 +208,6 @@ class StoreFaultsTest : public StoreTest {
   void try_damaged(const std::string& bytes) {
     write_bytes(path(), bytes);
     for (int mode : {1, 3}) {
-      bool refused = false;
       int status = status_of([&] {
         QHash hash(mode);
         hash.open_file(path().c_str(), 0, 0, nullptr);
@@ -216,7 +215,7 @@ class StoreFaultsTest : public StoreTest {
         use(hash);
         hash.check_all();
       });
-      refused = WIFEXITED(status) && WEXITSTATUS(status) != 0;
+      bool refused = WIFEXITED(status) && WEXITSTATUS(status) != 0;
       std::string said = bytes_of(path("messages"));
       ASSERT_EQ(said.find("Sanitizer"), std::string::npos) << said;
       ASSERT_EQ(said.find("runtime error"), std::string::npos) << said;

@@ -1,6 +1,6 @@
 #include "store/str2id.h"
 
-#include "store/store_test.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -17,9 +17,7 @@ TEST(Str2IdTest, IdsAreDenseAndWithoutCase) {
   for (int i = 0; i < 1000; ++i) EXPECT_EQ(ids.get_id(("w" + std::to_string(i)).c_str(), 1), i + 3);
   for (int i = 0; i < 1000; ++i) EXPECT_EQ(ids.get_id(("W" + std::to_string(i)).c_str(), 0), i + 3);
   EXPECT_EQ(ids.count(), 1003);
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(ids.get_string(1003), nullptr);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+  EXPECT_EQ(messages_of([&] { EXPECT_EQ(ids.get_string(1003), nullptr); }),
             "Array index out of bounds: 1003 It should be between 0 and 1002\n");
   ids.clear();
   EXPECT_EQ(ids.count(), 1);
@@ -45,9 +43,8 @@ TEST(Str2IdTest, PackedTable) {
 
   std::string twice = bytes_from("00000004 'a' 00 'A' 00 'b' 00");
   cursor = twice.data();
-  testing::internal::CaptureStderr();
-  EXPECT_TRUE(copy.unpack(cursor, twice.data() + twice.size()));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Duplicate entry in Str2Id: A\n");
+  EXPECT_EQ(messages_of([&] { EXPECT_TRUE(copy.unpack(cursor, twice.data() + twice.size())); }),
+            "Duplicate entry in Str2Id: A\n");
   EXPECT_EQ(copy.get_id("b", 0), 2);
 
   // Whatever is cut off, what there was is read and nothing beyond it.

@@ -1,18 +1,16 @@
 #include "support/bit_set.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <vector>
+
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
 
 // A set as its bits: those below kWidth, and one for all beyond.
 constexpr int kWidth = 160;
-struct Model {
-  std::vector<bool> bits = std::vector<bool>(kWidth + 1);
-};
+using Model = std::vector<bool>;
 
 class BitSetTest : public testing::Test {
  protected:
@@ -32,23 +30,23 @@ class BitSetTest : public testing::Test {
           value ? set.set(a) : set.clear(a);
         else
           value ? set.set(a, b) : set.clear(a, b);
-        for (int i = a; i <= b; ++i) model.bits[i] = value;
+        for (int i = a; i <= b; ++i) model[i] = value;
         break;
       }
       case 4:
         set = set.complement();
-        model.bits.flip();
+        model.flip();
         break;
       default:
         set.put_word(a / 32, 0xff00ff00U, 0xf0f0f0f0U);
         for (int i = a / 32 * 32; i < a / 32 * 32 + 32 && i < kWidth; ++i)
-          if ((0xff00ff00U >> (i % 32)) & 1) model.bits[i] = (0xf0f0f0f0U >> (i % 32)) & 1;
+          if ((0xff00ff00U >> (i % 32)) & 1) model[i] = (0xf0f0f0f0U >> (i % 32)) & 1;
         break;
     }
   }
   static void expect_same(const LBitSet& set, const Model& model) {
-    for (int i = 0; i < kWidth; ++i) ASSERT_EQ(set.test(i), model.bits[i]) << i;
-    EXPECT_EQ(set.test(100000), model.bits[kWidth]);
+    for (int i = 0; i < kWidth; ++i) ASSERT_EQ(set.test(i), model[i]) << i;
+    EXPECT_EQ(set.test(100000), model[kWidth]);
   }
   int pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
 
@@ -59,7 +57,7 @@ TEST_F(BitSetTest, AgreesWithAModel) {
   for (int round = 0; round < 3000; ++round) {
     LBitSet a(pick(3) * 40);
     LBitSet b;
-    Model x, y;
+    Model x(kWidth + 1), y = x;
     for (int i = pick(6); i > 0; --i) change(a, x);
     for (int i = pick(6); i > 0; --i) change(b, y);
     if (pick(4) == 0) {
@@ -69,14 +67,14 @@ TEST_F(BitSetTest, AgreesWithAModel) {
     LBitSet keep_a = a;
     LBitSet both = a & b;
     LBitSet either = a | b;
-    Model wanted_both, wanted_either;
+    Model wanted_both(kWidth + 1), wanted_either = wanted_both;
     bool outside = false, other_outside = false, common = false;
     for (int i = 0; i <= kWidth; ++i) {
-      wanted_both.bits[i] = x.bits[i] && y.bits[i];
-      wanted_either.bits[i] = x.bits[i] || y.bits[i];
-      outside |= x.bits[i] && !y.bits[i];
-      other_outside |= y.bits[i] && !x.bits[i];
-      common |= wanted_both.bits[i];
+      wanted_both[i] = x[i] && y[i];
+      wanted_either[i] = x[i] || y[i];
+      outside |= x[i] && !y[i];
+      other_outside |= y[i] && !x[i];
+      common |= wanted_both[i];
     }
     expect_same(a, x);
     expect_same(both, wanted_both);
@@ -106,10 +104,7 @@ TEST(BitSet, GrowsOnlyWhereTheTailDiffers) {
 
 TEST(BitSet, TakesNoRangeOrNumberAmiss) {
   LBitSet a;
-  testing::internal::CaptureStderr();
-  a.set(4, 3);
-  a.clear(9, -1);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+  EXPECT_EQ(messages_of([&] { a.set(4, 3), a.clear(9, -1); }),
             "LBitSetRep::set(4, 3)\nLBitSetRep::clear(9, -1)\n");
   EXPECT_TRUE(a.is_empty());
   const int list[] = {5, 0, 8, 7};

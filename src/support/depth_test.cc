@@ -1,8 +1,8 @@
 #include "support/depth.h"
 
-#include <gtest/gtest.h>
-
 #include <thread>
+
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -22,9 +22,7 @@ void call_twice(DepthLimit& limit) {
 TEST(Depth, EndsARecursionThatBranches) {
   for (int round = 0; round < 2; ++round) {
     calls = 0;
-    testing::internal::CaptureStderr();
-    call_twice(counted);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "counted: too deep\n");
+    EXPECT_EQ(messages_of([] { call_twice(counted); }), "counted: too deep\n");
     EXPECT_EQ(calls, 100);
     lift_depth_limits();
   }

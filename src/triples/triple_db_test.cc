@@ -1,14 +1,12 @@
 #include "triples/triple_db.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
 #include <sstream>
 
 #include "shell/file_search.h"
+#include "support/scratch_folder.h"
+#include "support/test_support.h"
 
 namespace torvane {
 namespace {
@@ -16,11 +14,9 @@ namespace {
 class TripleDbTest : public testing::Test {
  protected:
   TripleDbTest() {
-    set_search_path(folder_.c_str());
-    std::filesystem::create_directories(folder_);
-    std::ofstream(folder_ / "a.hdr") << "a.db 64 11 strcasecmp";
+    set_search_path((folder_ / "").c_str());
+    folder_.write("a.hdr", "a.db 64 11 strcasecmp");
   }
-  ~TripleDbTest() override { std::filesystem::remove_all(folder_); }
 
   void link(TripleDb& db, int mode = 3) { ASSERT_GE(db.link_file("a.hdr", mode), 0); }
   static void populate(TripleDb& db, const std::string& relations, const std::string& details) {
@@ -41,9 +37,7 @@ class TripleDbTest : public testing::Test {
     return rel ? rel->find_word(word) : nullptr;
   }
 
-  std::filesystem::path folder_ =
-      std::filesystem::path(testing::TempDir()) /
-      ("triples-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  ScratchFolder folder_;
 };
 
 std::string packed(std::initializer_list<std::uint32_t> words) {
@@ -146,13 +140,11 @@ TEST_F(TripleDbTest, TakesDetailsThatDoNotFitAsNone) {
         packed({1, 1, 2, bits(1), 0, 0}), packed({1, 0x7fffffff, 2, bits(1)}),
         packed({1, 0xffffffff}), packed({0xffffffff, 1, 2, bits(1)})})
     EXPECT_FALSE(try_details(bytes)) << bytes.size();
-  testing::internal::CaptureStderr();
   for (int pos : {1, 13, 4000, 0x7fffffff}) {
     a.detail_pos = -pos;
-    db.load_details(a);
+    messages_of([&] { db.load_details(a); });
     EXPECT_EQ(a.detail_pos, 0);
   }
-  testing::internal::GetCapturedStderr();
   // What is saved now has details of its own, and harms no other record.
   a.mark_changed();
   db.add_triple("a", r, "b", 1);
@@ -167,18 +159,17 @@ TEST_F(TripleDbTest, DropsMainRecordsThatAreCut) {
   TripleDb db(101, 101, 0);
   const std::string whole = std::string("a\0", 2) + packed({0, 0, 0, 0, 2, 1, bits(1), 0,
                                                             0x80000000, bits(1), 0, 1, 5, bits(1)});
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
+  auto unpacks = [&](const std::string& bytes) {
     StrBufs buf;
-    buf.add_bytes(whole.data(), length);
-    std::unique_ptr<TripleDbInfo> entry(static_cast<TripleDbInfo*>(db.v_unpack_entry(buf)));
-    EXPECT_EQ(entry != nullptr, length == whole.size()) << length;
-  }
+    buf.add_bytes(bytes.data(), bytes.size());
+    return std::unique_ptr<PLHashEntry>(db.v_unpack_entry(buf)) != nullptr;
+  };
+  for (std::size_t length = 0; length <= whole.size(); ++length)
+    EXPECT_EQ(unpacks(whole.substr(0, length)), length == whole.size()) << length;
   for (std::size_t at : {18U, 46U}) {
     std::string damaged = whole;
     damaged.replace(at, 4, "\xff\xff\xff\xff");
-    StrBufs buf;
-    buf.add_bytes(damaged.data(), damaged.size());
-    EXPECT_EQ(db.v_unpack_entry(buf), nullptr);
+    EXPECT_FALSE(unpacks(damaged)) << at;
   }
 }
 
@@ -189,15 +180,10 @@ TEST_F(TripleDbTest, CleansUpWhatWasNotUsedLately) {
   for (int i = 0; i < 6; ++i)
     db.add_triple(("h" + std::to_string(i)).c_str(), r, ("m" + std::to_string(i)).c_str(), 1);
   db.clean_up_after = 6;
-  const std::string before = [&] {
-    db.sync();
-    return dump(db);
-  }();
+  db.sync();
   db.add_triple("h1", r, "m1", 1);
   db.get_entry("new")->freq = 3;
-  testing::internal::CaptureStderr();
-  db.CleanUp();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "CleanUp deleted 7 out of 14\n");
+  EXPECT_EQ(messages_of([&] { db.CleanUp(); }), "CleanUp deleted 7 out of 14\n");
   EXPECT_EQ(db.serial, 3);
   EXPECT_FALSE(db.find_in_memory("h2"));
   EXPECT_EQ(db.find_in_memory("h5")->last_used, 2);
@@ -212,9 +198,7 @@ TEST_F(TripleDbTest, PopulationReplacesAndIsNoUse) {
   db.clean_up_after = 4;
   auto fill = [&] { populate(db, "a\t \tfreq\t10\na\tr\t \t10\nr\t \tfreq\t10\n", ""); };
   auto said_by_query = [&] {
-    testing::internal::CaptureStderr();
-    db.dependency_probability("x", "r", "z");
-    return testing::internal::GetCapturedStderr();
+    return messages_of([&] { db.dependency_probability("x", "r", "z"); });
   };
   fill();
   for (int i = 0; i < 3; ++i) EXPECT_EQ(said_by_query(), "");

@@ -4,7 +4,6 @@
 
 #include "att/aliases.h"
 #include "fuzz_input.h"
-#include "shell/exec.h"
 
 namespace torvane {
 namespace {
@@ -12,9 +11,6 @@ namespace {
 const char* const kTypes[] = {"narrow", "wide"};
 
 void define_types() {
-  register_attribute_types();
-  register_attribute_commands();
-  interpreter().prompt = false;
   const std::string atts =
       "(defattribute b BinAtt)(defattribute e EnumAtt (allowable-values x y))"
       "(defattribute d DisjAtt (allowable-values p q))(defattribute d8 Disj8Att (allowable-values "
@@ -25,8 +21,7 @@ void define_types() {
       "TraceAtt)";
   std::string more;
   for (int i = 0; i < 120; ++i) more += "(defattribute b" + std::to_string(i) + " BinAtt)";
-  interpreter().load_string(("(def-att-list narrow " + atts + ")").c_str());
-  interpreter().load_string(("(def-att-list wide " + more + atts + ")").c_str());
+  define("(def-att-list narrow " + atts + ") (def-att-list wide " + more + atts + ")");
 }
 
 // A vector that was unpacked once comes back as it was.

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
+
+#include "att/att_interpreter_list.h"
+#include "shell/exec.h"
 
 namespace torvane {
 
@@ -14,17 +15,20 @@ namespace torvane {
 /// shut.
 void read_input(const std::string& bytes);
 
-/// A folder of this process, removed at its end.
-struct Scratch {
-  std::filesystem::path path;
-  Scratch() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-XXXXXX").string();
-    path = mkdtemp(pattern.data());
-  }
-  ~Scratch() { std::filesystem::remove_all(path); }
-  void write(const char* name, const std::string& bytes) const {
-    std::ofstream(path / name, std::ios::binary) << bytes;
-  }
-};
+/// Runs commands that define types of vectors, and what else is to be there.
+inline void define(const std::string& commands) {
+  register_attribute_types();
+  register_attribute_commands();
+  interpreter().prompt = false;
+  interpreter().load_string(commands.c_str());
+}
+
+/// What a thing prints of itself.
+template <class Thing>
+std::string printed(Thing& thing) {
+  std::ostringstream out;
+  thing.print(out);
+  return out.str();
+}
 
 }  // namespace torvane

@@ -1,23 +1,19 @@
 // Lexicon files of any bytes: what is read prints, reads back, and finds phrases in a sentence.
 #include "fuzz_input.h"
 #include "lex/lex_analyzer.h"
-#include "shell/exec.h"
 
 namespace torvane {
 namespace {
 
 void define_kinds() {
-  register_attribute_types();
-  register_attribute_commands();
   register_lexicon_commands();
   register_avmeaning_proto();
-  interpreter().prompt = false;
-  interpreter().load_string(
+  define(
       "(def-att-list syn (defattribute c EnumAtt (allowable-values a b)) (defattribute b BinAtt))"
       "(make-avmeaning-proto syn avm) (make-str-meaning-proto g)");
 }
 
-std::string printed(Lexicon& lexicon) {
+std::string sorted(Lexicon& lexicon) {
   std::ostringstream out;
   lexicon.print_sorted(out);
   return out.str();
@@ -31,18 +27,17 @@ void read_input(const std::string& text) {
   Lexicon lexicon(11);
   std::istringstream in(text);
   lexicon.load(in, static_cast<int>(text.size() & 1));
-  std::string all = printed(lexicon);
+  std::string all = sorted(lexicon);
   Lexicon again(11);
   std::istringstream printed_in(all);
   again.load(printed_in, 0);
-  printed(again);
+  sorted(again);
   LexAnalyzer analyzer(&lexicon, 10);
   std::istringstream words(text);
   std::string word;
   for (int n = 0; n < 100 && words >> word; ++n) analyzer.add_word(word.c_str());
   analyzer.analyze();
-  std::ostringstream out;
-  analyzer.print(out);
+  printed(analyzer);
 }
 
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include "fuzz_input.h"
 #include "store/qhash.h"
 #include "support/big_endian.h"
+#include "support/scratch_folder.h"
 
 namespace torvane {
 namespace {
@@ -47,12 +48,12 @@ void use(QHash& hash) {
 }  // namespace
 
 void read_input(const std::string& bytes) {
-  static Scratch scratch;
+  static const ScratchFolder scratch;
   if (bytes.size() < 3) return;
   scratch.write("store.db", make_store(bytes));
   for (int mode : {1, 3}) {
     QHash hash(mode);
-    hash.open_file((scratch.path / "store.db").c_str(), 0, 0, nullptr);
+    hash.open_file((scratch / "store.db").c_str(), 0, 0, nullptr);
     if (hash.is_open()) use(hash);
   }
 }

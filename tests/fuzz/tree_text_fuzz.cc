@@ -3,15 +3,6 @@
 #include "fuzz_input.h"
 
 namespace torvane {
-namespace {
-
-std::string written(Deps& deps) {
-  std::ostringstream out;
-  deps.print(out);
-  return out.str();
-}
-
-}  // namespace
 
 void read_input(const std::string& bytes) {
   IRSlistReader reader;
@@ -20,7 +11,7 @@ void read_input(const std::string& bytes) {
   for (IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
     if (form->is_atom()) continue;
     deps.read(*form);
-    std::string once = written(deps);
+    std::string once = printed(deps);
     StrBufs packed;
     deps.pack(packed);
     IRSlistReader again_reader;
@@ -29,11 +20,11 @@ void read_input(const std::string& bytes) {
     if (!again_form) std::abort();
     again.read(*again_form);
     // What crosses is untangled by the first writing, and stays as it is from then on.
-    std::string twice = written(again);
+    std::string twice = printed(again);
     const char* p = packed.object();
     if (!deps.unpack(p, packed.object() + packed.object_size())) std::abort();
     again.read(*again_reader.start_string(twice.c_str()));
-    if (written(again) != twice) std::abort();
+    if (printed(again) != twice) std::abort();
   }
 }
 

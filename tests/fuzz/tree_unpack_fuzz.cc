@@ -1,18 +1,12 @@
 // Packed dependency trees from any bytes: what could be read must pack and print.
-#include "att/att_interpreter_list.h"
 #include "deps/deps.h"
 #include "fuzz_input.h"
-#include "shell/exec.h"
 
 namespace torvane {
 
 void read_input(const std::string& bytes) {
   static AttInterpreterList* type = [] {
-    register_attribute_types();
-    register_attribute_commands();
-    interpreter().prompt = false;
-    interpreter().load_string(
-        "(def-att-list packed (defattribute b BinAtt) (defattribute s StrAtt))");
+    define("(def-att-list packed (defattribute b BinAtt) (defattribute s StrAtt))");
     return AttInterpreterList::current();
   }();
   Deps deps;
@@ -24,8 +18,7 @@ void read_input(const std::string& bytes) {
   if (p > end) std::abort();
   StrBufs packed;
   deps.pack(packed);
-  std::ostringstream out;
-  deps.print(out);
+  printed(deps);
   Deps again;
   again._att_type = type;
   const char* q = packed.object();
