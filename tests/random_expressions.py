@@ -120,7 +120,7 @@ class Generator:
             lambda: (f"(comp (str \"{TREE}\") (str2deps))", "Deps*"),
             lambda: ("(get-val tree)", "RSTree*"),
             lambda: ("(get-val item)", "LexItem*"),
-            lambda: (f"(get-val {self.one(VARS)})", None)])
+            lambda: (f"(get-val {self.one(VARS)})", None)])()
 
     def argument(self, arg, kind, depth, nested=False):
         if isinstance(arg, list):
@@ -191,7 +191,7 @@ class Generator:
             lambda: "(populate-tripledb db counts.txt)", lambda: f"(s db {self.one(WORDS)})", lambda: "(dump db)",
             lambda: f"(eval {self.exp(None, 2)})", lambda: f"(foreach (boy big) :eval {self.exp('char*', 2)})",
             lambda: "(clear-antecedent-list names)", lambda: "(clear-tree-rules trees)",
-            lambda: f"(def-tree-rules trees {self.tree_rule(1)})", lambda: "(quote text)", lambda: "(p3)"])
+            lambda: f"(def-tree-rules trees {self.tree_rule(1)})", lambda: "(quote text)", lambda: "(p3)"])()
 
     def tree_rule(self, depth):
         return f"({self.one(['up', 'down', 'root'])} {self.exp('RSTree*', depth)} {self.exp('TreeMatch*', depth)})"
