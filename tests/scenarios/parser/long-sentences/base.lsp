@@ -1,1 +1,0 @@
-../../results/base.lsp
