@@ -41,6 +41,7 @@ void Eras::renew() {
 // The characters stand behind it, so that a text leads to its copy.
 struct HeldValue::Text {
   int holders = 1;
+  bool let_go = false;  // and may be held again, by whoever has it on its way
   std::uint64_t birth = lifetimes().now();
   Lifetimes::Turn origin;  // through which the original is sure to live
 
@@ -55,10 +56,14 @@ struct HeldValue::Text {
     return reinterpret_cast<Text*>(const_cast<char*>(chars)) - 1;
   }
   void release() {
-    if (--holders > 0) return;
-    lifetimes().retire(
-        birth, [](Word word) { ::operator delete(reinterpret_cast<Text*>(word)); },
-        reinterpret_cast<Word>(this));
+    if (--holders > 0 || let_go) return;
+    let_go = true;
+    lifetimes().retire(birth, end, reinterpret_cast<Word>(this));
+  }
+  static void end(Word word) {
+    auto* text = reinterpret_cast<Text*>(word);
+    text->let_go = false;
+    if (text->holders == 0) ::operator delete(text);
   }
 };
 

@@ -100,6 +100,13 @@ TEST(HeldValue, GivesTheTextItselfWhileThatIsSureToLive) {
     other = HeldValue(copy.get());
   }
   EXPECT_EQ(copy.get(), other.get());
+
+  // Let go, and held again by whoever has it on its way.
+  Value on_its_way = copy.get();
+  copy = other = HeldValue();
+  HeldValue again(on_its_way);
+  lifetimes().free_all();
+  EXPECT_STREQ(again.get().text(), "made");
 }
 
 TEST(HeldValue, ReadsNullWhenItsEraIsOver) {

@@ -162,7 +162,8 @@ TEST_F(TripleDbTest, DropsMainRecordsThatAreCut) {
   auto unpacks = [&](const std::string& bytes) {
     StrBufs buf;
     buf.add_bytes(bytes.data(), bytes.size());
-    return std::unique_ptr<PLHashEntry>(db.v_unpack_entry(buf)) != nullptr;
+    std::unique_ptr<TripleDbInfo> entry(static_cast<TripleDbInfo*>(db.v_unpack_entry(buf)));
+    return entry != nullptr;
   };
   for (std::size_t length = 0; length <= whole.size(); ++length)
     EXPECT_EQ(unpacks(whole.substr(0, length)), length == whole.size()) << length;
