@@ -100,7 +100,7 @@ class LexAnalyzer {
   StrBufs pool{4096};
   StrBufs join{4096};
   bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
-  mutable Eras eras;       ///< of the sentences
+  Eras eras;               ///< of the sentences
 
  private:
   struct Expansion;

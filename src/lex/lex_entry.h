@@ -56,13 +56,20 @@ struct LexEntry {
 
   Word reserved = 0;
   std::string key;
-  std::int32_t stamp = 0;        ///< logical time of last use
-  mutable Eras eras;             ///< of its meanings as values
+  std::int32_t stamp = 0;  ///< logical time of last use
+  std::uint64_t birth = lifetimes().now();
   Slist<Meaning*> meanings;      ///< owned
   Slist<PhraseRec*> phrases;     ///< owned, in order of definition
   bool made_for_phrase = false;  ///< made to hold a phrase: the disk was not asked for it yet
 
+  /// One of its meanings as a value.
+  Value meaning_value(const Meaning* meaning) const {
+    if (!eras_) eras_ = std::make_unique<Eras>();
+    return eras_->now()->of(meaning);
+  }
+
  private:
+  mutable std::unique_ptr<Eras> eras_;  // of those values
   bool has_phrase(const std::string& phrase_key);
   /// The keys of `phrases`, once they are many.
   std::unique_ptr<std::unordered_set<std::string_view, FoldHash, FoldEqual>> phrase_keys_;

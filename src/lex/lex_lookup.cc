@@ -50,7 +50,7 @@ void LexAnalyzer::lookup(const char* text, int low, int high) {
 
 bool LexAnalyzer::selects(const LexEntry& entry, const Meaning& meaning) const {
   return !meaning_selector ||
-         passes(meaning_selector, entry.eras.now()->of(&meaning), type_id_of<Meaning>());
+         passes(meaning_selector, entry.meaning_value(&meaning), type_id_of<Meaning>());
 }
 
 void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansion& expansion) {

@@ -104,7 +104,7 @@ void Lexicon::clear() {
 void Lexicon::destroy_dropped() {
   if (pins_ > 0 || dropped_.empty()) return;
   for (std::unique_ptr<LexEntry>& entry : std::exchange(dropped_, {})) {
-    std::uint64_t birth = entry->eras.birth();
+    std::uint64_t birth = entry->birth;
     retire(std::move(entry), birth);
   }
 }

@@ -277,7 +277,7 @@ void filter_entry(LexEntry& entry, const ExpPtr (&tests)[3]) {
   Slist<Meaning*> meanings = entry.meanings;
   for (Meaning* meaning : meanings)
     if (entry.meanings.contains(meaning))
-      tests[1].eval(entry.eras.now()->of(meaning), type_id_of<Meaning>());
+      tests[1].eval(entry.meaning_value(meaning), type_id_of<Meaning>());
   tests[2].eval(value, type_id_of<LexEntry>());
 }
 

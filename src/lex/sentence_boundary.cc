@@ -84,6 +84,7 @@ Value SBnd::eval(Value input, int input_type) {
   // A condition could lead back here through a defined function.
   if (!text || _states.empty() || stepping_) return Value::integer(kNoBoundary);
   stepping_ = true;
+  copy_ = Value::made_text(text);
   int result = step(text);
   stepping_ = false;
   return Value::integer(result);
@@ -167,22 +168,22 @@ void SBnd::reset() {
   _state = -1;
 }
 
-const char* SBnd::token(long n) const {
-  if (n < 1 || n - 1 > _state) return nullptr;
+Value SBnd::current_token() const {
+  if (!_token) return {};
+  return stepping_ ? copy_ : Value::made_text(*_token);
+}
+
+Value SBnd::token(long n) const {
+  if (n < 1 || n - 1 > _state) return {};
   const State& reached = _states[static_cast<std::size_t>(n - 1)];
-  return reached.matched ? reached.matched->c_str() : nullptr;
+  return reached.matched ? Value::made_text(*reached.matched) : Value();
 }
 
 namespace {
 
-// A copy, since the next step has another token in its place.
-Value token_value(const char* token) {
-  return token ? Value::made_text(token) : Value();
-}
-
 struct CurrentToken : Adaptor<CurrentToken, SBnd, Value, const char*> {
   static constexpr const char* kName = "current-token";
-  Value step(SBnd& boundary) const { return token_value(boundary.current_token()); }
+  Value step(SBnd& boundary) const { return boundary.current_token(); }
 };
 
 struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
@@ -191,7 +192,7 @@ struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
     n_ = args->get_long_val();
     LAdaptor::init(args);
   }
-  Value step(SBnd& boundary) const { return token_value(boundary.token(n_)); }
+  Value step(SBnd& boundary) const { return boundary.token(n_); }
 
  private:
   long n_ = 0;

@@ -26,10 +26,11 @@ class SBnd : public Form<SBnd> {
   Value eval(Value input, int input_type) override;
 
   Eras life;  ///< a holder reads null once the expression is gone
-  /// The token in hand; null if there is none.
-  const char* current_token() const { return _token ? _token->c_str() : nullptr; }
+  /// The token in hand; null if there is none. A copy, since the next step has another in its
+  /// place.
+  Value current_token() const;
   /// The token that first matched the nth state of those reached so far, from 1; null if none did.
-  const char* token(long n) const;
+  Value token(long n) const;
 
  private:
   /// What markers say of the state behind them.
@@ -58,15 +59,14 @@ class SBnd : public Form<SBnd> {
   void go_to(int s);
   int finish_state(State& state);
   void reset();
-  bool holds(const ExpPtr& exp) {
-    return exp && torvane::holds(*exp.get(), Value::of(this), own_type_);
-  }
+  bool holds(const ExpPtr& exp) { return static_cast<bool>(exp.eval(Value::of(this), own_type_)); }
   int state_count() const { return static_cast<int>(_states.size()); }
   State& state(int s) { return _states[static_cast<std::size_t>(s)]; }
 
   std::vector<State> _states;
   ExpPtr _filter;  ///< a token counts only if it passes; null passes
   std::optional<std::string> _token;
+  Value copy_;  ///< of the token, while a step goes on
   int _state = -1;
   int _tail = 0;         ///< states behind the boundary
   int _token_count = 0;  ///< tokens since the last reset

@@ -99,14 +99,15 @@ inline Reach reach_of(const Array<ExpPtr>& exps) {
   return reach;
 }
 
-/// Whether an expression gives anything but 0. What it makes on its way ends with that.
+/// A condition: passes when there is none.
+inline bool passes(const ExpPtr& cond, Value input, int type) {
+  return !cond || static_cast<bool>(cond->eval(input, type));
+}
+/// Whether an expression gives anything but 0; the texts that it makes on its way end with that.
+/// For conditions that are tried over and over within a turn.
 inline bool holds(LExp& exp, Value input, int type) {
   TextScope scope;
   return static_cast<bool>(exp.eval(input, type));
-}
-/// A condition: passes when there is none.
-inline bool passes(const ExpPtr& cond, Value input, int type) {
-  return !cond || holds(*cond.get(), input, type);
 }
 
 /// Converts its input, and passes the result on to one optional sub-expression.

@@ -64,7 +64,7 @@ PItem* modifiee(PItem* item);
 int p_item_type();
 /// A condition on an item: passes when there is none.
 inline bool passes(const ExpPtr& cond, const PItem* item) {
-  return passes(cond, Value::of(item), p_item_type());
+  return !cond || holds(*cond.get(), Value::of(item), p_item_type());
 }
 
 /// Two items of one node are alternatives: of one span, and equal in the attributes that the node

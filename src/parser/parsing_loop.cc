@@ -18,9 +18,8 @@ namespace {
 thread_local DepthLimit delivery_depth{"The sentence is too deep for the parser", 100000};
 
 bool passes_on_word(const ExpPtr* cond, const TorvaneParser& parser, int i) {
-  const char* word = parser.word(i);
-  return cond && word &&
-         holds(*cond->get(), parser._lex->text_value(word), type_id_of<const char*>());
+  const char* word = cond ? parser.word(i) : nullptr;
+  return word && holds(*cond->get(), parser._lex->text_value(word), type_id_of<const char*>());
 }
 
 bool is_comma(const char* word) {

@@ -22,29 +22,27 @@ void TextStack::take_block(std::size_t bytes) {
     block.size = std::max(kBlock, bytes);
     block.chars = std::make_unique_for_overwrite<char[]>(block.size);
   }
-  block.base = end_;
-  end_ += block.size;
-  next_ = block.chars.get();
-  limit_ = next_ + block.size;
+  top_ = block.base = end_;
+  stand_on_top();
 }
 
 // A block of unusual size does not wait for another text of that size.
-void TextStack::cut(std::size_t top) {
-  if (top == this->top()) return;
+void TextStack::drop_blocks(std::size_t top) {
   while (in_use_ > 0 && blocks_[in_use_ - 1].base >= top) {
     Block& block = blocks_[--in_use_];
     if (block.size > kBlock) block = Block();
   }
   if (blocks_.size() > in_use_ + kMostWaiting) blocks_.resize(in_use_ + kMostWaiting);
-  if (in_use_ == 0) {
-    next_ = limit_ = nullptr;
-    end_ = 0;
-    return;
-  }
-  Block& block = blocks_[in_use_ - 1];
-  next_ = block.chars.get() + (top - block.base);
-  limit_ = block.chars.get() + block.size;
-  end_ = block.base + block.size;
+  stand_on_top();
+}
+
+void TextStack::stand_on_top() {
+  bool empty = in_use_ == 0;
+  const Block* block = empty ? nullptr : &blocks_[in_use_ - 1];
+  block_ = empty ? nullptr : block->chars.get();
+  base_ = empty ? 0 : block->base;
+  end_ = empty ? 0 : base_ + block->size;
+  stays_from_ = !empty && block->size == kBlock ? base_ : base_ + 1;
 }
 
 std::size_t TextStack::place_of(const char* text) const {
@@ -69,11 +67,12 @@ void Lifetimes::end_retired(std::uint64_t from_birth, std::size_t from) {
     }
   }
   retired_.resize(kept);
+  retired_count_ = kept;
 }
 
 void Lifetimes::end_things() {
-  if (retired_.size() != open_.retired) end_retired(open_.start, open_.retired);
-  open_.retired = retired_.size();
+  if (retired_count_ != open_.retired) end_retired(open_.start, open_.retired);
+  open_.retired = retired_count_;
   drop_texts(open_.texts);
 }
 

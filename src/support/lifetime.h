@@ -24,16 +24,20 @@ class TextStack {
   /// A copy, with a zero byte behind it.
   const char* push(std::string_view text) {
     std::size_t bytes = text.size() + 1;
-    if (static_cast<std::size_t>(limit_ - next_) < bytes) take_block(bytes);
-    char* copy = std::exchange(next_, next_ + bytes);
+    if (end_ - top_ < bytes) take_block(bytes);
+    char* copy = block_ + (top_ - base_);
     std::char_traits<char>::copy(copy, text.data(), text.size());
     copy[text.size()] = 0;
+    top_ += bytes;
     return copy;
   }
   /// The place of the next text; places grow.
-  std::size_t top() const { return end_ - static_cast<std::size_t>(limit_ - next_); }
+  std::size_t top() const { return top_; }
   /// Takes off every text from a place on.
-  void cut(std::size_t top);
+  void cut(std::size_t top) {
+    if (top < stays_from_) drop_blocks(top);
+    top_ = top;
+  }
   /// The place of a text in here.
   std::size_t place_of(const char* text) const;
 
@@ -44,11 +48,15 @@ class TextStack {
     std::size_t base = 0;  // the place of its first byte
   };
   void take_block(std::size_t bytes);
+  void drop_blocks(std::size_t top);
+  void stand_on_top();
 
-  char* next_ = nullptr;
-  char* limit_ = nullptr;      // of the block on top
-  std::size_t end_ = 0;        // the place of the limit
-  std::vector<Block> blocks_;  // those behind the ones in use wait with their memory
+  std::size_t top_ = 0;
+  char* block_ = nullptr;  // the one on top, from its base to its end
+  std::size_t base_ = 0;
+  std::size_t end_ = 0;
+  std::size_t stays_from_ = 0;  // a cut from here on leaves the block where it is
+  std::vector<Block> blocks_;   // those behind the ones in use wait with their memory
   std::size_t in_use_ = 0;
 };
 
@@ -64,6 +72,7 @@ class Lifetimes {
   /// Ends a thing once nothing can reach it that has seen it since its birth.
   void retire(std::uint64_t birth, End end, std::intptr_t word) {
     retired_.push_back({birth, end, word});
+    ++retired_count_;
   }
   /// Ends everything that was let go, and every text: where nothing runs.
   void free_all();
@@ -103,7 +112,7 @@ class Lifetimes {
 
   const Open& at(std::size_t depth) const { return depth < outer_.size() ? outer_[depth] : open_; }
   void end_turn() {
-    if (retired_.size() != open_.retired || texts_.top() != open_.texts) end_things();
+    if (retired_count_ != open_.retired || texts_.top() != open_.texts) end_things();
   }
   void end_things();
   void end_retired(std::uint64_t from_birth, std::size_t from);
@@ -113,6 +122,7 @@ class Lifetimes {
   Open open_;                // the innermost round; at the bottom, what no round is around
   std::vector<Open> outer_;  // those around it, outermost first
   std::vector<Retired> retired_;
+  std::size_t retired_count_ = 0;  // its size, which is asked for often
   TextStack texts_;
   int waiting_ = 0;
 };
@@ -138,7 +148,7 @@ class Round {
   Round() : all_(lifetimes()) {
     all_.outer_.push_back(all_.open_);
     std::uint64_t start = ++all_.clock_;
-    all_.open_ = {start, start, all_.retired_.size(), all_.texts_.top()};
+    all_.open_ = {start, start, all_.retired_count_, all_.texts_.top()};
   }
   ~Round() {
     all_.end_turn();

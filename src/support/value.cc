@@ -29,11 +29,12 @@ const TypeTag& Era::kind(const TypeTag& base) {
 
 // A value on its way may still have a tag in the era, even if nobody holds it.
 void Eras::renew() {
-  if (era_ && (era_->holders_ > 0 || lifetimes().expression_waits())) {
-    end();
+  if (era_->holders_ > 0 || lifetimes().expression_waits()) {
+    era_->over_ = true;
     lifetimes().retire(
         birth_, [](Word word) { reinterpret_cast<Era*>(word)->release(); },
         reinterpret_cast<Word>(era_.leak()));
+    era_ = make_ref<Era>();
   }
   birth_ = lifetimes().now();
 }

@@ -164,26 +164,19 @@ class Era : public Counted<Era> {
 class Eras {
  public:
   Eras() = default;
-  ~Eras() { end(); }
+  ~Eras() { era_->over_ = true; }
   Eras(const Eras&) {}
   Eras& operator=(const Eras&) = delete;
 
   /// The one in hand.
-  Era* now() {
-    if (!era_) era_ = make_ref<Era>();
-    return era_.get();
-  }
+  Era* now() const { return era_.get(); }
   /// Ends it. One of which nobody holds anything serves again.
   void renew();
   /// When its owner, or the era in hand, began.
   std::uint64_t birth() const { return birth_; }
 
  private:
-  void end() {
-    if (era_) era_->over_ = true;
-  }
-
-  Ref<Era> era_;  // null as long as nobody has asked for it
+  Ref<Era> era_ = make_ref<Era>();
   std::uint64_t birth_ = lifetimes().now();
 };
 

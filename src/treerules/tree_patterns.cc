@@ -30,6 +30,10 @@ TreeMatch* new_match(const ExpPtr& exp, RSTree* tree) {
   return match && match->stamp > before && !match->_parent ? match : nullptr;
 }
 
+void RTPat::assign(RSTree* tree) const {
+  var->assign(Value::of(tree), in_type);
+}
+
 namespace {
 
 class NodeCond : public Form<NodeCond, RTPat> {

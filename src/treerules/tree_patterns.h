@@ -19,8 +19,11 @@ class RTPat : public RTCond {
   /// The name in front of the arguments, if there is one.
   void take_var(IRSlist* args);
   void bind(RSTree* tree) const {
-    if (var) var->assign(Value::of(tree), in_type);
+    if (var) assign(tree);
   }
+
+ private:
+  [[gnu::noinline]] void assign(RSTree* tree) const;  // apart, since most patterns have no variable
 };
 
 /// A pattern as a part of another one.

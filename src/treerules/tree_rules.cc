@@ -118,12 +118,14 @@ void StructuralRule::init(IRSlist* args) {
 template <class Walk>
 void StructuralRule::run(RSTree* tree) {
   Walk walk(tree);
-  for (Round round; RSTree* node = walk.next(); round.next()) {
+  Round round;
+  while (RSTree* node = walk.next()) {
     MatchScope matches;
     Value match = cond.eval(Value::of(node), type_id_of<RSTree>());
     if (!match.as<TreeMatch>()) continue;
     CurrentIterator current(walk, node);
     if (action.eval(match, type_id_of<TreeMatch>()) && shallow) walk.skip();
+    round.next();
   }
 }
 
