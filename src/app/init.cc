@@ -18,6 +18,7 @@
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
 #include "treerules/tree_modifier.h"
 #include "triples/triple_commands.h"
 #include "wordsim/sim_word_db.h"
@@ -26,9 +27,9 @@ namespace torvane {
 
 namespace {
 
-void register_types() {
-  register_value_types();
-  register_attribute_types();
+void register_types(World& world) {
+  register_value_types(world);
+  register_attribute_types(world);
 }
 
 constexpr Registration kRegistrations[] = {
@@ -66,16 +67,16 @@ std::span<const Registration> registrations() {
   return kRegistrations;
 }
 
-void register_modules() {
+void register_modules(World& world) {
   for (const Registration& row : kRegistrations)
     if (row.run) row.run();
 }
 
 void init(const char* data_dir) {
-  Exec& exec = interpreter();
+  Exec& exec = world.interpreter;
   set_search_path(data_dir);
-  register_modules();
-  Ref<Stream> start_up = open_file("torvane.lsp");
+  register_modules(world);
+  Ref<Stream> start_up = world.files.open("torvane.lsp");
   exec.prompt = false;
   exec.frees_values = true;
   exec.load(start_up.get());

@@ -6,6 +6,8 @@
 
 namespace torvane {
 
+class World;
+
 /// One row of the start: a module's registration. Each has a guard of its own.
 struct Registration {
   const char* what;
@@ -17,7 +19,7 @@ struct Registration {
 std::span<const Registration> registrations();
 
 /// Runs every registration.
-void register_modules();
+void register_modules(World& world);
 
 /// Sets the search path, registers the modules, and runs the start-up file `torvane.lsp`.
 void init(const char* data_dir);

@@ -15,6 +15,7 @@
 #include "lexp/lexp.h"
 #include "shell/exec.h"
 #include "shell/object_factory.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -88,10 +89,10 @@ class Reference {
   /// True if usages and tables agree.
   bool sound() const {
     bool ok = faults_.empty();
-    for (const std::string& fault : faults_) std::cerr << fault << '\n';
+    for (const std::string& fault : faults_) messages() << fault << '\n';
     for (const auto& [key, usage] : usages_) {
       if (used_.count(key)) continue;
-      std::cerr << "usage of what is not there: " << key << '\n';
+      messages() << "usage of what is not there: " << key << '\n';
       ok = false;
     }
     return ok;
@@ -116,7 +117,7 @@ Entries without(Entries entries, const Entries& known) {
 int write_reference(const char* usages) {
   Reference reference;
   if (!reference.read_usages(usages)) {
-    std::cerr << "cannot read " << usages << '\n';
+    messages() << "cannot read " << usages << '\n';
     return 1;
   }
   std::cout << "# The configuration language\n\n"
@@ -152,7 +153,7 @@ int write_reference(const char* usages) {
 
 int main(int argc, char** argv) {
   if (argc != 2) {
-    std::cerr << "usage: language_doc USAGES\n";
+    messages() << "usage: language_doc USAGES\n";
     return 2;
   }
   return torvane::write_reference(argv[1]);

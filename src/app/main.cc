@@ -6,6 +6,7 @@
 #include "app/init.h"
 #include "parser/sentence_tree.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -21,7 +22,7 @@ constexpr int kNormalEnd = 1;
 int run() {
   std::FILE* file = std::fopen("sentense.dat", "r");
   if (!file) {
-    std::cerr << "File Open Error.\n";
+    messages() << "File Open Error.\n";
     return EXIT_FAILURE;
   }
   // An empty file leaves the empty text.

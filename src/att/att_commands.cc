@@ -1,76 +1,67 @@
 // The commands by which a grammar file declares types of vectors.
-#include <iostream>
 #include <memory>
 #include <vector>
 
 #include "att/aliases.h"
 #include "att/att_args.h"
+#include "att/attributes.h"
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
 namespace {
 
-// The attribute made last, until its type takes it over.
-std::unique_ptr<AttInterpreter>& pending_attribute() {
-  static auto& attribute = *new std::unique_ptr<AttInterpreter>;
-  return attribute;
-}
-
-Value defattribute(IRSlist* form) {
+Value defattribute(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   const char* type = name ? form->get_str_val() : nullptr;
   if (!type) {
-    std::cerr << "Missing argument: (defattribute <name> <type>)\n";
+    messages() << "Missing argument: (defattribute <name> <type>)\n";
     return {};
   }
-  std::unique_ptr<AttInterpreter> att = get_attitp(type);
+  std::unique_ptr<AttInterpreter> att = get_attitp(world, type);
   if (!att) return {};
   att->set_name(name);
-  att->init(form);
-  pending_attribute() = std::move(att);
-  return Value::of(pending_attribute().get());
+  att->init(world, form);
+  attributes(world).pending = std::move(att);
+  return Value::of(attributes(world).pending.get());
 }
 
-Value def_att_list(IRSlist* form) {
+Value def_att_list(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) {
-    std::cerr << "Missing arguments in (def-att-list <name> ...)\n";
+    messages() << "Missing arguments in (def-att-list <name> ...)\n";
     return {};
   }
-  AttInterpreterList* type = AttInterpreterList::find(name, false);
-  if (!type) {
-    // Also one whose name another object has: vectors may be made of it from here on.
-    static auto& types = *new std::vector<std::unique_ptr<AttInterpreterList>>;
-    types.push_back(std::make_unique<AttInterpreterList>(name, form->length()));
-    type = types.back().get();
-  }
+  AttInterpreterList* type = find_att_list(world, name, false);
+  if (!type) type = make_att_list(world, name, form->length());
   while (auto item = form->pop_front()) {
-    auto* att = interpreter().eval(*item).as<AttInterpreter>();
-    if (att && att == pending_attribute().get()) type->add(std::move(pending_attribute()));
+    auto* att = world.interpreter.eval(*item).as<AttInterpreter>();
+    if (att && att == attributes(world).pending.get()) type->add(std::move(attributes(world).pending));
   }
-  AttInterpreterList::set_current(type);
+  attributes(world).current = type;
   return Value::of(type);
 }
 
-Value make_av(IRSlist* form) {
-  static auto& last_made = *new Ref<AttVec>;  // lives until the next one
-  last_made = read_vector(*form);
+Value make_av(World& world, IRSlist* form) {
+  Ref<AttVec>& last_made = attributes(world).last_made;  // lives until the next one
+  last_made = read_vector(world, *form);
   return Value::of(last_made.get());
 }
 
-Value set_att_itp_list(IRSlist* form) {
-  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
-  if (type) AttInterpreterList::set_current(type);
+Value set_att_itp_list(World& world, IRSlist* form) {
+  AttInterpreterList* type = find_att_list(world, form->get_str_val());
+  if (type) attributes(world).current = type;
   return Value::of(type);
 }
 
-Value def_att_set(IRSlist* form) {
+Value def_att_set(World& world, IRSlist* form) {
   if (form->length() < 2) {
-    std::cerr << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
+    messages() << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
     return {};
   }
-  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
+  AttInterpreterList* type = find_att_list(world, form->get_str_val());
   const char* name = form->get_str_val();
   if (!type || !name) return {};
   LBitSet set;
@@ -95,13 +86,10 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_attribute_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_attribute_types();
-  interpreter().define(kCommands);
-  register_alias_commands();
+void register_attribute_commands(World& world) {
+  register_attribute_types(world);
+  world.interpreter.define(kCommands);
+  register_alias_commands(world);
 }
 
 }  // namespace torvane

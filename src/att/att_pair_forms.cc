@@ -1,8 +1,8 @@
 // The forms on two vectors, each from a sub-expression.
-#include <iostream>
 
 #include "att/att_pred.h"
 #include "att/nesting.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -66,17 +66,17 @@ void unify_any(AttVec& a, const AttVec& b, const LBitSet* mask) {
   if (NestedWalk().detach(copy))
     a.unify(copy, mask, 1);
   else
-    std::cerr << nesting_limit().message << '\n';
+    messages() << nesting_limit().message << '\n';
 }
 
 // Two vectors from sub-expressions, and the attributes that count. The input is theirs alone.
 class TwoVectors : public LExp {
  public:
   TwoVectors() { out_type = type_id_of<AttVec>(); }
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_att_type(*args);
-    a_ = get_exp(args->pop_front().get());
-    b_ = get_exp(args->pop_front().get());
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_att_type(world, *args);
+    a_ = get_exp(world, args->pop_front().get());
+    b_ = get_exp(world, args->pop_front().get());
     auto names = args->pop_front();
     masked_ = names != nullptr;
     if (masked_) mask_ = find_att_set(type, names.get());
@@ -119,9 +119,9 @@ class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
 
 }  // namespace
 
-void register_att_pair_forms() {
-  register_form<AttUnify2Pred>();
-  register_form<AttUnifiable2Pred>();
+void register_att_pair_forms(World& world) {
+  register_form<AttUnify2Pred>(world);
+  register_form<AttUnifiable2Pred>(world);
 }
 
 }  // namespace torvane

@@ -4,12 +4,12 @@
 #include <cstring>
 #include <iostream>
 
+#include "lex/lexical.h"
 #include "lex/retired.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
-
-bool lexical_debug = false;
-void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer) = nullptr;
 
 LexAnalyzer::LexAnalyzer(Lexicon* of, int sentence_length)
     : suggested_length(std::clamp(sentence_length, 0, kMostWords)), lexicon(of) {
@@ -30,7 +30,7 @@ void LexAnalyzer::add_word(const char* text) {
   if (!text) return;
   if (words.count() > kMostWords) {
     if (!overfull_)
-      std::cerr << "The sentence has more than " << kMostWords << " words: the rest is left out\n";
+      messages() << "The sentence has more than " << kMostWords << " words: the rest is left out\n";
     overfull_ = true;
     return;
   }
@@ -83,11 +83,11 @@ void LexAnalyzer::reset() {
 }
 
 void LexAnalyzer::forget_items() {
-  if (expression_waits()) {
+  if (expression_waits(world())) {
     // Texts and meanings may be on their way through that expression.
     std::vector<std::unique_ptr<Meaning>> meanings;
     for (LexItem* item : all_items) meanings.push_back(std::move(item->meaning));
-    retire(std::move(meanings));
+    retire(world(), std::move(meanings));
   } else {
     pool.reset();
     join.reset();
@@ -103,11 +103,11 @@ void LexAnalyzer::analyze() {
   split_last_word();
   need_positions(word_count() + 1);
   for (int i = 1; i <= last_position(); ++i) lookup(word(i), i, i);
-  if (rules && apply_lexical_rules) apply_lexical_rules(*rules, *this);
+  if (rules) rules->apply(*this);
   if (pos_marker)
     for (int i = 1; i <= last_position(); ++i)
       if (pos_tags.at_or_zero(i)) prune_by_tag(i);
-  if (lexical_debug) print(std::cout);
+  if (lexical(world()).debug) print(world().out());
   analyzing = false;
 }
 

@@ -13,7 +13,7 @@ namespace {
 // Components may be shared, so that as a tree an item can be far larger than the chart. No walk
 // over the tree goes further than this.
 constexpr int kMostParts = 100000;
-DepthLimit parts_limit{"LexItem: components are nested too deeply"};
+thread_local DepthLimit parts_limit{"LexItem: components are nested too deeply"};
 
 /// A position as items keep it; what does not fit is no position.
 std::int16_t position(int n) {

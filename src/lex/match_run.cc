@@ -1,10 +1,10 @@
 #include "lex/match_run.h"
 
-#include <iostream>
 #include <utility>
 #include <vector>
 
 #include "support/hash.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -43,7 +43,7 @@ class MatchRun::Memory {
   std::vector<Ref<Match>> kept;
 
   static std::vector<std::unique_ptr<Memory>>& spare() {
-    static auto& list = *new std::vector<std::unique_ptr<Memory>>;
+    static thread_local std::vector<std::unique_ptr<Memory>> list;
     return list;
   }
 
@@ -104,7 +104,7 @@ bool MatchRun::may_add() {
     return true;
   }
   if (added_++ == kMostMatches) {
-    std::cerr << "A lexical pattern has more than " << kMostMatches
+    messages() << "A lexical pattern has more than " << kMostMatches
               << " matches in a sentence. The rest is left out.\n";
   }
   return false;

@@ -7,15 +7,15 @@
 namespace torvane {
 
 namespace {
-DepthLimit seq_depth{"(seq ...): too many parts in a row"};
+thread_local DepthLimit seq_depth{"(seq ...): too many parts in a row"};
 }
 
-void MultiPattern::init(IRSlist* args) {
+void MultiPattern::init(World& world, IRSlist* args) {
   subs.reserve(static_cast<std::size_t>(args->length()));
   while (!args->empty()) {
-    if (take_option(args)) continue;
+    if (take_option(world, args)) continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
-    if (item->is_list() || item->atom[0] != ':') subs.emplace_back(make_pattern(item.get()));
+    if (item->is_list() || item->atom[0] != ':') subs.emplace_back(make_pattern(world, item.get()));
   }
 }
 

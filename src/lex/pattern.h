@@ -26,7 +26,7 @@ class LPattern {
   virtual void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const = 0;
   virtual std::unique_ptr<LPattern> clone() const = 0;
   /// Takes the arguments (the head is off already).
-  virtual void init(IRSlist*) {}
+  virtual void init(World&, IRSlist*) {}
 
   bool front_to_back = false;  ///< the scan goes from the first word to the last
   bool overlapping = false;    ///< the scan looks inside earlier matches too
@@ -34,7 +34,7 @@ class LPattern {
 
  protected:
   /// Takes an option off the front of the arguments; false if something else stands there.
-  bool take_option(IRSlist* args);
+  bool take_option(World& world, IRSlist* args);
   /// What `produce` adds to a list, as far as it passes `constraint`.
   template <class Produce>
   void add_constrained(MatchList& results, Produce produce) const;
@@ -84,7 +84,7 @@ class PatternPtr {
 /// A test of one position by an expression. No expression passes everything.
 class AtomicPat : public LPattern {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   ExpPtr exp;
 };
 
@@ -96,7 +96,7 @@ class WordPat : public PatternOf<WordPat, AtomicPat> {
 
 /// A pattern from a form: an atom is a test for that word. Null after a message if the form is no
 /// pattern.
-std::unique_ptr<LPattern> make_pattern(IRSlist* form);
+std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form);
 
 template <class Produce>
 void LPattern::add_constrained(MatchList& results, Produce produce) const {

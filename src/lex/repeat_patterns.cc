@@ -4,17 +4,17 @@
 
 namespace torvane {
 
-void OnePat::init(IRSlist* args) {
+void OnePat::init(World& world, IRSlist* args) {
   bool has_sub = false;
   while (!args->empty()) {
-    if (take_option(args)) continue;
+    if (take_option(world, args)) continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
     if (item->is_atom() && same_word(item->atom, ":min")) {
       min = args->get_long_val();
     } else if (item->is_atom() && same_word(item->atom, ":max")) {
       max = args->get_long_val();
     } else if (!has_sub) {
-      sub = make_pattern(item.get());
+      sub = make_pattern(world, item.get());
       has_sub = true;
     }
   }

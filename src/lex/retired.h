@@ -23,12 +23,12 @@ struct ValueTraits<Retired> : TagOf<Retired, tags::retired> {};
 
 /// Destroys `things` as soon as no expression runs.
 template <class T>
-void retire(T things) {
+void retire(World& world, T things) {
   struct Holder : Retired {
     explicit Holder(T held) : kept(std::move(held)) {}
     T kept;
   };
-  if (expression_waits()) HeldValue(Value::of<Retired>(new Holder(std::move(things))));
+  if (expression_waits(world)) HeldValue(Value::of<Retired>(new Holder(std::move(things))));
 }
 
 }  // namespace torvane

@@ -1,20 +1,20 @@
 #include "lexp/constants.h"
 
-#include <iostream>
 
+#include "lexp/expressions.h"
 #include "lexp/stream_forms.h"
 #include "lexp/variables.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
 namespace {
 
-// Keeps an expression for the rest of the run.
-Value keep(ExpPtr exp) {
-  static auto& kept = *new Array<ExpPtr>;
-  return exp ? Value::of(kept.append(std::move(exp)).get()) : Value();
+Value keep(World& world, ExpPtr exp) {
+  return exp ? Value::of(expressions(world).kept.append(std::move(exp)).get()) : Value();
 }
 
 constexpr Command kCommands[] = {
@@ -23,38 +23,35 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-const char* constant_text(const char* text) {
-  static auto& texts = *new StrBufs(4096);
-  return texts.copy(text);
+const char* constant_text(World& world, const char* text) {
+  return expressions(world).constant_texts.copy(text);
 }
 
 // Only a copied `let` makes a difference between an expression and its copy.
 PredConst::PredConst(const PredConst& other) : Form(other) {
-  if (auto* exp = other.value.as<LExp>(); exp && copying_let()) value = keep(exp->copy());
+  if (auto* exp = other.value.as<LExp>(); exp && expressions(world()).scopes.let_copies > 0)
+    value = keep(world(), exp->copy());
 }
 
-void PredConst::init(IRSlist* args) {
-  value = keep(get_exp(args->nth(0)));
+void PredConst::init(World& world, IRSlist* args) {
+  value = keep(world, get_exp(world, args->nth(0)));
 }
 
-void NamedObjConst::init(IRSlist* args) {
+void NamedObjConst::init(World& world, IRSlist* args) {
   const char* object_name = args->get_str_val();
   const char* type = args->get_str_val();
-  if (!type) std::cerr << "the type of '" << or_empty(object_name) << "' is not defined\n";
-  value = find_object(object_name, type, true);
+  if (!type) messages() << "the type of '" << or_empty(object_name) << "' is not defined\n";
+  value = world.objects.find(object_name, type, true);
 }
 
-void register_constant_forms() {
-  static bool registered = false;
-  if (registered) return;
-  registered = true;
-  register_form<PredConst>();
-  register_form<NamedObjConst>();
-  register_form<IntegerConst>();
-  register_form<StrConst>();
-  register_form<IstrmConst>();
-  register_form<OstrmConst>();
-  interpreter().define(kCommands);
+void register_constant_forms(World& world) {
+  register_form<PredConst>(world);
+  register_form<NamedObjConst>(world);
+  register_form<IntegerConst>(world);
+  register_form<StrConst>(world);
+  register_form<IstrmConst>(world);
+  register_form<OstrmConst>(world);
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

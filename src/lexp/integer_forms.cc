@@ -57,16 +57,13 @@ Value Ent2Str::convert(Value input) {
   return write_number(static_cast<std::uint32_t>(input.number()), 16, digits_);
 }
 
-void register_integer_forms() {
-  static bool registered = false;
-  if (registered) return;
-  registered = true;
-  register_form<IntEq>();
-  register_form<IntGt>();
-  register_form<IntDiff>();
-  register_form<IntSum>();
-  register_form<PlusOne>();
-  register_form<MinusOne>();
+void register_integer_forms(World& world) {
+  register_form<IntEq>(world);
+  register_form<IntGt>(world);
+  register_form<IntDiff>(world);
+  register_form<IntSum>(world);
+  register_form<PlusOne>(world);
+  register_form<MinusOne>(world);
 }
 
 }  // namespace torvane

@@ -13,6 +13,9 @@ namespace torvane {
 
 class LExp {
  public:
+  /// Names the world of an expression that did not come out of `get_exp`.
+  void belong_to(World& world) { world_ = &world; }
+
   int in_type = kAnyType;   ///< expected type of the input
   int out_type = kAnyType;  ///< type of the result
 
@@ -21,13 +24,13 @@ class LExp {
   /// A new object with the same state, sub-expressions copied too.
   virtual std::unique_ptr<LExp> copy() const = 0;
   /// Takes the form's arguments (the head is off already).
-  virtual void init(IRSlist* args);
+  virtual void init(World& world, IRSlist* args);
   virtual Value eval(Value input, int input_type) = 0;
   virtual ~LExp() = default;
 
   /// Compiles a form, consuming it. Null after a message if it is no expression.
-  static std::unique_ptr<LExp> get_exp(IRSlist* form);
-  static std::unique_ptr<LExp> get_exp_from_text(const char* text);
+  static std::unique_ptr<LExp> get_exp(World& world, IRSlist* form);
+  static std::unique_ptr<LExp> get_exp_from_text(World& world, const char* text);
 
  protected:
   LExp() = default;
@@ -36,6 +39,8 @@ class LExp {
 
   /// Reports the type error of an input.
   void wrong_type(int input_type) const;
+  /// The world that the expression was made for, from before `init` on.
+  World& world() const { return *world_; }
   /// The input check: false, reported, when two known types differ.
   bool accepts(int input_type) const {
     if (in_type < 0 || input_type < 0 || in_type == input_type) [[likely]]
@@ -43,6 +48,9 @@ class LExp {
     wrong_type(input_type);
     return false;
   }
+
+ private:
+  World* world_ = nullptr;
 };
 
 namespace tags {
@@ -86,7 +94,7 @@ class LAdaptor : public LExp {
   int mid_type = kAnyType;  ///< type of what convert gives
   ExpPtr sub;
 
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
   virtual Value convert(Value input) = 0;
 };
@@ -95,7 +103,7 @@ class LAdaptor : public LExp {
 class CompExp : public LExp {
  public:
   Array<ExpPtr> exps;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   /// As `prog`: all are evaluated with the input; the last result, or the input itself.
   Value eval(Value input, int input_type) override;
   const char* name() const override { return "prog"; }
@@ -112,13 +120,13 @@ class LConst : public LExp {
 class BinaryFunc : public LExp {
  public:
   ExpPtr a, b;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 };
 
 class TernaryFunc : public LExp {
  public:
   ExpPtr a, b, c;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 };
 
 /// A predicate on a string input.
@@ -132,15 +140,15 @@ class MArgExp : public LExp {
  public:
   static constexpr int kMostArgs = 4;
   using Fn =
-      Value (*)(const Value* values);  ///< the input, then max_args arguments, missing ones 0
+      Value (*)(World& world, const Value* values);  ///< the input, then max_args arguments, missing ones 0
 
   MArgExp(const char* form_name, Fn fn, int most_args)
       : name_text(form_name), max_args(most_args), fn_(fn) {}
   const char* name() const override { return name_text; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<MArgExp>(*this); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
-  virtual Value apply(const Value* values) { return fn_(values); }
+  virtual Value apply(const Value* values) { return fn_(world(), values); }
 
   const char* name_text;  ///< lives for ever
   int max_args;
@@ -152,29 +160,27 @@ class MArgExp : public LExp {
 };
 
 /// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
-/// prototype. This is how every module adds a form, and how `defun` adds a function. The factory
-/// owns it.
-bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr,
+/// prototype. This is how every module adds a form, and how `defun` adds a function. The world owns
+/// it.
+bool register_lexp(World& world, std::unique_ptr<LExp> prototype, const char* name = nullptr,
                    const char* doc = nullptr);
 /// The prototype of a head word, or null.
-LExp* find_lexp_proto(const char* name);
+LExp* find_lexp_proto(World& world, const char* name);
 
 /// Frees what variables and lists let go of since the last call. Does nothing while an expression
 /// is running commands; to be called where no other expression runs, such as between two sentences.
-void settle_values();
+void settle_values(World& world);
 /// True while an expression waits for commands that it runs.
-bool expression_waits();
+bool expression_waits(World& world);
 
-/// Creates the family that all forms stand in.
-void add_lexp_family();
 /// The core forms, `declare-var`, `defun`, `eval`, `foreach` and the macro commands.
-void register_core_forms();
-void register_constant_forms();
-void register_string_forms();  ///< with word lists
-void register_integer_forms();
+void register_core_forms(World& world);
+void register_constant_forms(World& world);
+void register_string_forms(World& world);  ///< with word lists
+void register_integer_forms(World& world);
 
 /// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to
 /// case.
-std::unique_ptr<LExp> make_str_is(const char* text);
+std::unique_ptr<LExp> make_str_is(World& world, const char* text);
 
 }  // namespace torvane

@@ -7,7 +7,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit conjunct_depth{"The parser finds too many conjuncts in a row"};
+thread_local DepthLimit conjunct_depth{"The parser finds too many conjuncts in a row"};
 
 bool starts_with_comma(const char* word) {
   return word && *word == ',';

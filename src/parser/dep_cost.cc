@@ -4,13 +4,14 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 
 #include "deps/dep_statistics.h"
 #include "parser/dist_table.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -20,10 +21,10 @@ constexpr float kLeastDistanceCost = 0.1f;
 constexpr int kCacheBuckets = 200011;
 
 /// Read when the first cost is asked for, and kept.
-const DistTable& dist_table() {
+const DistTable& dist_table(World& world) {
   static const DistTable& table = [] {
     auto* fresh = new DistTable;
-    if (Ref<Stream> file = open_file("dist.txt"); file && file->in()) fresh->read(*file->in());
+    if (Ref<Stream> file = world.files.open("dist.txt"); file && file->in()) fresh->read(*file->in());
     return std::ref(*fresh);
   }();
   return table;
@@ -73,7 +74,7 @@ float association_cost(DepStatistics* statistics, const char* word1, const char*
 long debug_weight = 0;
 
 double distance_probability(const char* relation, int distance) {
-  return dist_table().probability(relation, distance);
+  return dist_table(world).probability(relation, distance);
 }
 
 HeadSide::HeadSide(const PItem& item)
@@ -117,7 +118,7 @@ float dep_cost(TorvaneParser& parser, const HeadSide& head, const ModifierSide& 
   float value = association_cost(parser._reldb, word1.c_str(), key.c_str(), word2.c_str());
   parser._cost_cache->insert(triple.c_str(), value);
   if (debug_weight)
-    std::cerr << triple << '\t' << value << " dist=" << distance << " distp=" << by_distance
+    messages() << triple << '\t' << value << " dist=" << distance << " distp=" << by_distance
               << '\n';
   return value + by_distance;
 }

@@ -2,7 +2,6 @@
 // their modifiers.
 #include <algorithm>
 #include <cstring>
-#include <iostream>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -15,12 +14,13 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "support/depth.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
 namespace {
 
-DepthLimit tree_depth{"The dependency tree is too deep"};
+thread_local DepthLimit tree_depth{"The dependency tree is too deep"};
 constexpr int kMostTrees = 4 * TorvaneParser::kPoolLimit;
 
 /// Used again for each sentence, with the room that it has.
@@ -79,7 +79,7 @@ class TreeBuilder {
   // Empty items and the components of lexical items can be shared over and over; a tree of them may
   // be far larger than what it is made from.
   bool has_room() {
-    if (++trees_ == kMostTrees) std::cerr << "The dependency tree is too large\n";
+    if (++trees_ == kMostTrees) messages() << "The dependency tree is too large\n";
     return trees_ < kMostTrees;
   }
 
@@ -261,7 +261,7 @@ class TreeBuilder {
     trace->antecedent = &antecedent;
     antecedent.label();
     trace->label();
-    if (int ante = property_id("ante")) trace->_props.append({ante, Value::of(&antecedent), 1.0f});
+    if (int ante = _deps->properties().id("ante")) trace->_props.append({ante, Value::of(&antecedent), 1.0f});
     node.add_child(trace);
   }
 
@@ -311,7 +311,7 @@ void TorvaneParser::parse_to_deps() {
   _forest.clear();
   _forest.collect_roots();
   choose_roots(*this, _forest, cover);
-  if (!_deps || _deps->shared()) _deps = make_ref<Deps>();
+  if (!_deps || _deps->shared()) _deps = make_ref<Deps>(world());
   if (!_deps->is_clear()) _deps->clear();
   _deps->_att_type = _att_type;
   _deps->set_words(*_lex);

@@ -10,6 +10,7 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 
 namespace torvane {
 namespace {
@@ -64,9 +65,9 @@ struct SetHeadOfLexItem : Form<SetHeadOfLexItem> {
 template <class D>
 struct PositionForm : Form<D> {
   PositionForm() { this->in_type = type_id_of<int>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     named_ = D::kNeedsName || !args->empty();
-    if (named_) parser_ = find_object_as<TorvaneParser>(args->get_str_val(), "TorvaneParser", true);
+    if (named_) parser_ = world.objects.find_as<TorvaneParser>(args->get_str_val(), "TorvaneParser", true);
   }
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
@@ -146,15 +147,15 @@ LexItem* ref_entry(Match*, LexItem* item) {
 
 }  // namespace
 
-void register_lexitem_forms() {
-  register_form<NodeName>();
-  register_form<SetHeadOfLexItem>();
-  register_form<CaseMarkPosition>();
-  register_form<ObliqueCaseMarkPosition>();
-  register_form<IsCaseMarked>();
-  register_form<IsObliqueCaseMarked>();
-  register_function<isolate>("isolate");
-  register_function<ref_entry>("ref-entry");
+void register_lexitem_forms(World& world) {
+  register_form<NodeName>(world);
+  register_form<SetHeadOfLexItem>(world);
+  register_form<CaseMarkPosition>(world);
+  register_form<ObliqueCaseMarkPosition>(world);
+  register_form<IsCaseMarked>(world);
+  register_form<IsObliqueCaseMarked>(world);
+  register_function<isolate>(world, "isolate");
+  register_function<ref_entry>(world, "ref-entry");
 }
 
 }  // namespace torvane

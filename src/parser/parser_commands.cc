@@ -8,6 +8,7 @@
 #include "parser/sentence_tree.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "support/regexp.h"
 
 namespace torvane {
@@ -28,48 +29,48 @@ TorvaneParser* open_parser() {
   return parser && !refuse_while_parsing("parse", parser->_lex) ? parser : nullptr;
 }
 
-void parse_and_time(TorvaneParser& parser, const Words& words) {
+void parse_and_time(World& world, TorvaneParser& parser, const Words& words) {
   if (!parser.feed_words(words)) return;
-  std::cout << ";; length: " << parser._lex->last_position() << '\n';
+  world.out() << ";; length: " << parser._lex->last_position() << '\n';
   auto start = std::chrono::steady_clock::now();
   parser.parse_items();
   std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-  std::cout << ";; parse time: " << time.count() << " sec. \n";
+  world.out() << ";; parse time: " << time.count() << " sec. \n";
   if (parser._constituency) return;
   SentenceTree tree;
   fill_tree(parser, tree);
-  tree.print(std::cout);
+  tree.print(world.out());
 }
 
-Value parse(IRSlist* form) {
-  if (TorvaneParser* parser = open_parser()) parse_and_time(*parser, take_words(form));
+Value parse(World& world, IRSlist* form) {
+  if (TorvaneParser* parser = open_parser()) parse_and_time(world, *parser, take_words(form));
   return Value();
 }
 
-void print_result(const TorvaneParser& parser, const SentenceTree& tree) {
-  if (!parser._constituency) tree.print(std::cout);
+void print_result(World& world, const TorvaneParser& parser, const SentenceTree& tree) {
+  if (!parser._constituency) tree.print(world.out());
 }
 
-Value parse_words_plainly(IRSlist* form) {
+Value parse_words_plainly(World& world, IRSlist* form) {
   TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   SentenceTree tree;
   parse_words(take_words(form), tree);
-  print_result(*parser, tree);
+  print_result(world, *parser, tree);
   return Value();
 }
 
-Value parse_text(IRSlist* form) {
+Value parse_text(World& world, IRSlist* form) {
   TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   SentenceTree tree;
   parse_sentence(form->get_str_val(), tree);
-  print_result(*parser, tree);
+  print_result(world, *parser, tree);
   return Value();
 }
 
 // The block is the argument list itself, or the one list in it.
-Value reparse(IRSlist* form) {
+Value reparse(World& world, IRSlist* form) {
   TorvaneParser* parser = open_parser();
   if (!parser) return Value();
   const IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
@@ -78,19 +79,19 @@ Value reparse(IRSlist* form) {
   Words words;
   for (int i = 1; i < deps.word_count(); ++i) {
     words.push_back(deps.word(i));
-    std::cout << (i > 1 ? " " : "") << deps.word(i);
+    world.out() << (i > 1 ? " " : "") << deps.word(i);
   }
-  std::cout << '\n';
-  parse_and_time(*parser, words);
+  world.out() << '\n';
+  parse_and_time(world, *parser, words);
   return Value();
 }
 
-Value reset_parser(IRSlist*) {
+Value reset_parser(World& world, IRSlist*) {
   if (TorvaneParser* parser = current_parser()) parser->reset();
   return Value();
 }
 
-Value print_nodes(IRSlist* form) {
+Value print_nodes(World& world, IRSlist* form) {
   TorvaneParser* parser = current_parser();
   if (!parser) return Value();
   const char* name = form->get_str_val();
@@ -98,23 +99,23 @@ Value print_nodes(IRSlist* form) {
   auto wanted = name ? regcomp(name) : nullptr;
   parser->_nodes.for_each([&](const auto& entry) {
     if (wanted && !regexec(wanted.get(), entry.key)) return;
-    std::cout << "Node: " << entry.key << '\n';
+    world.out() << "Node: " << entry.key << '\n';
     if (type) {
-      print_waiting(std::cout, *entry.value, type);
+      print_waiting(world.out(), *entry.value, type);
     } else {
-      print_chart(std::cout, *entry.value);
+      print_chart(world.out(), *entry.value);
     }
   });
   return Value();
 }
 
-Value print_lexitems(IRSlist*) {
+Value print_lexitems(World& world, IRSlist*) {
   TorvaneParser* parser = current_parser();
-  if (parser && parser->_lex) parser->_lex->print(std::cout);
+  if (parser && parser->_lex) parser->_lex->print(world.out());
   return Value();
 }
 
-Value set_debug_weight(IRSlist* form) {
+Value set_debug_weight(World& world, IRSlist* form) {
   debug_weight = form->get_long_val();
   return Value();
 }
@@ -136,17 +137,14 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_parser_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_grammar_commands();
-  interpreter().define(kCommands);
-  register_parser_definition();
-  register_p_item_forms();
-  register_word_walk_forms();
-  register_lexitem_forms();
-  register_deps_commands();
+void register_parser_commands(World& world) {
+  register_grammar_commands(world);
+  world.interpreter.define(kCommands);
+  register_parser_definition(world);
+  register_p_item_forms(world);
+  register_word_walk_forms(world);
+  register_lexitem_forms(world);
+  register_deps_commands(world);
 }
 
 }  // namespace torvane

@@ -15,7 +15,7 @@ namespace {
 
 // Items that a node takes from a subclass as they are cost nothing, so a circle of subclasses has
 // no other end than this.
-DepthLimit delivery_depth{"The sentence is too deep for the parser", 100000};
+thread_local DepthLimit delivery_depth{"The sentence is too deep for the parser", 100000};
 
 bool passes_on_word(const ExpPtr* cond, const char* word) {
   return cond && word &&

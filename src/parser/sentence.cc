@@ -1,10 +1,10 @@
 // One sentence through the parser: words to the analyser, its items to their nodes.
 #include <algorithm>
-#include <iostream>
 #include <limits>
 
 #include "lexp/lexp.h"
 #include "parser/torvane_parser.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -71,7 +71,7 @@ int category_weight(Lexicon* lexicon, const LexItem& item) {
 
 bool refuse_while_parsing(const char* what, const LexAnalyzer* lex) {
   bool busy = g_parsing || (lex && lex->analyzing);
-  if (busy) std::cerr << what << ": a sentence is being parsed\n";
+  if (busy) messages() << what << ": a sentence is being parsed\n";
   return busy;
 }
 

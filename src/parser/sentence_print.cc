@@ -4,17 +4,18 @@
 #include <string>
 
 #include "parser/sentence_tree.h"
+#include "shell/world.h"
 #include "support/depth.h"
 #include "support/text.h"
 
 namespace torvane {
 namespace {
 
-DepthLimit print_depth{"The dependency tree is too deep to be printed"};
+thread_local DepthLimit print_depth{"The dependency tree is too deep to be printed"};
 
-void print_line(const SentenceNode& node) {
+void print_line(World& world, const SentenceNode& node) {
   if (!node.parent || node.label[0] == 'E') return;
-  std::ostream& out = std::cout;
+  std::ostream& out = world.out();
   out << node.label << "\t(";
   out << (node.word && *node.word ? quote_word(node.word) : "()");
   out << "\t " << (node.category ? node.category : "U") << '\t';
@@ -29,19 +30,19 @@ void print_in_order(const SentenceNode& node) {
   bool printed = false;
   for (const SentenceNode* child : node.children) {
     if (!printed && child->order >= node.order) {
-      print_line(node);
+      print_line(world, node);
       printed = true;
     }
     print_in_order(*child);
   }
-  if (!printed) print_line(node);
+  if (!printed) print_line(world, node);
 }
 
-void print_word(std::ostream& out, const char* word) {
+void print_word(World& world, std::ostream& out, const char* word) {
   if (std::strpbrk(word, " \t\n()")) {
     out << " \"" << word << '"';
   } else if (std::strcmp(word, "\"") == 0) {
-    std::cout << " \"\\\"\"";
+    world.out() << " \"\\\"\"";
   } else {
     out << ' ' << word;
   }
@@ -49,7 +50,7 @@ void print_word(std::ostream& out, const char* word) {
 
 void print_body(std::ostream& out, const SentenceNode& node) {
   if (node.category) out << node.category;
-  if (node.word) print_word(out, node.word);
+  if (node.word) print_word(world, out, node.word);
   if (node.root) out << " (root " << node.root << ')';
   if (node.relation) out << " (relation " << node.relation << ')';
   for (const auto& [name, value] : node.props) out << " (" << name << ' ' << value << ')';
@@ -67,11 +68,11 @@ void print_nested(std::ostream& out, const SentenceNode& node, int level) {
 
 }  // namespace
 
-void print_tree(const SentenceNode* node) {
+void print_tree(World& world, const SentenceNode* node) {
   bool whole = !node || !node->parent;
-  if (whole) std::cout << "(\n";
+  if (whole) world.out() << "(\n";
   if (node) print_in_order(*node);
-  if (whole) std::cout << ')' << std::flush;
+  if (whole) world.out() << ')' << std::flush;
 }
 
 void SentenceTree::print(std::ostream& out) const {

@@ -12,7 +12,7 @@
 namespace torvane {
 namespace {
 
-DepthLimit copy_depth{"The dependency tree is too deep to be copied"};
+thread_local DepthLimit copy_depth{"The dependency tree is too deep to be copied"};
 
 /// Pairs of a node and its copy.
 using NodeMap = Array<std::pair<const DepTree*, SentenceNode*>>;

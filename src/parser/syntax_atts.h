@@ -8,6 +8,8 @@
 
 namespace torvane {
 
+class World;
+
 struct SyntaxAtts {
   AttInterpreterList* type = nullptr;
   int args = -1, cm = -1, cat = -1, cform = -1, check = -1, control = -1, govern = -1, guest = -1,
@@ -71,6 +73,6 @@ inline AttVecList* own_list(AttVec& vec, int att) {
 }
 
 /// The command `init-attributes`.
-void register_init_attributes();
+void register_init_attributes(World& world);
 
 }  // namespace torvane

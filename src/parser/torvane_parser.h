@@ -21,6 +21,8 @@
 
 namespace torvane {
 
+class World;
+
 /// One record of the root table.
 struct RootRule {
   GCate* node;
@@ -144,6 +146,6 @@ TorvaneParser* current_parser();
 bool refuse_while_parsing(const char* what, const LexAnalyzer* lex = nullptr);
 
 /// Commands and expressions of the parser, the grammar commands among them.
-void register_parser_commands();
+void register_parser_commands(World& world);
 
 }  // namespace torvane

@@ -62,9 +62,9 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     in_type = type_id_of<PItem>();
     mid_type = type_id_of<const char*>();
   }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     no_skip_ = args->take_flag(":no-skip");
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
@@ -91,9 +91,9 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
 template <class D>
 struct WordForm : Form<D> {
   WordForm() { this->in_type = this->out_type = type_id_of<PItem>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     no_skip_ = args->take_flag(":no-skip");
-    if (auto form = args->pop_front()) condition_ = LExp::get_exp(form.get());
+    if (auto form = args->pop_front()) condition_ = LExp::get_exp(world, form.get());
   }
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
@@ -138,13 +138,13 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
 
 }  // namespace
 
-void register_word_walk_forms() {
-  register_form<PItemHeadWord>();
-  register_form<PItemPrecedingWord>();
-  register_form<PItemFollowingWord>();
-  register_form<PItemFollowedByOrEndWithWord>();
-  register_form<IncludeFollowingWord>();
-  register_form<IncludePrecedingWord>();
+void register_word_walk_forms(World& world) {
+  register_form<PItemHeadWord>(world);
+  register_form<PItemPrecedingWord>(world);
+  register_form<PItemFollowingWord>(world);
+  register_form<PItemFollowedByOrEndWithWord>(world);
+  register_form<IncludeFollowingWord>(world);
+  register_form<IncludePrecedingWord>(world);
 }
 
 }  // namespace torvane

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "support/big_endian.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -73,7 +74,7 @@ bool Str2Id::unpack(const char*& cursor, const char* end) {
     if (get_id(string, 0) == 0)
       add(string, hash);
     else
-      std::cerr << "Duplicate entry in Str2Id: " << string << std::endl;
+      messages() << "Duplicate entry in Str2Id: " << string << std::endl;
   }
   return true;
 }

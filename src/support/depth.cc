@@ -2,8 +2,8 @@
 
 #include <pthread.h>
 
-#include <iostream>
 
+#include "support/messages.h"
 #include "support/sanitizer.h"
 
 namespace torvane {
@@ -43,7 +43,7 @@ DepthGuard::DepthGuard(DepthLimit& limit) : limit_(limit), ok_(true) {
   } else if ((limit_.max_depth > 0 && limit_.depth > limit_.max_depth) || stack_left() < kReserve) {
     ok_ = false;
     limit_.tripped = true;
-    std::cerr << limit_.message << '\n';
+    messages() << limit_.message << '\n';
   }
 }
 

@@ -1,7 +1,8 @@
 #include "support/poset.h"
 
 #include <cstring>
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -85,7 +86,7 @@ PosetIterator::PosetIterator(Poset& poset) : pending_(static_cast<std::size_t>(p
 bool PosetIterator::pop(const char* operation) {
   if (!current_) return false;
   if (ready_.pop_front() != current_)
-    std::cerr << "PosetIterator::" << operation << "(): a logic error ocurred\n";
+    messages() << "PosetIterator::" << operation << "(): a logic error ocurred\n";
   return true;
 }
 

@@ -9,6 +9,8 @@
 
 namespace torvane {
 
+class World;
+
 class TreeModifier : public DepsModifier {
  public:
   /// Each rule once, in order, on the tree as the earlier ones left it. Rules that an action adds
@@ -40,6 +42,6 @@ void clear_rules(TreeModifier& rules);
 void apply_rules(TreeModifier* rules, RSTree* tree);
 
 /// The commands and all forms of tree rules.
-void register_tree_rules();
+void register_tree_rules(World& world);
 
 }  // namespace torvane

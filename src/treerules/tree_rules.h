@@ -14,7 +14,7 @@ class TreeRule {
  public:
   virtual void apply(RSTree* tree) = 0;
   /// Reads the rule behind its first word.
-  virtual void init(IRSlist* args);
+  virtual void init(World& world, IRSlist* args);
   virtual ~TreeRule() = default;
   TreeRule(const TreeRule&) = delete;
   TreeRule& operator=(const TreeRule&) = delete;
