@@ -3,8 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "app/init.h"
-#include "parser/sentence_tree.h"
+#include "engine/engine.h"
 #include "support/depth.h"
 #include "support/messages.h"
 
@@ -29,12 +28,18 @@ int run() {
   char line[1024] = {};
   if (!std::fgets(line, sizeof line, file)) line[0] = '\0';
 
-  init(kDataDir);
+  // Nothing is torn down at the end of the process, wherever that is: only what was written goes out.
+  struct Flush {
+    World& world;
+    ~Flush() { world.flush(); }
+  };
+  auto& engine = *new Engine;
+  static Flush at_the_end{engine.world()};
+  engine.start(kDataDir);
   {
     SentenceTree tree;
-    tree.reset();
-    parse_sentence(line, tree);
-    print_tree(tree.root);
+    engine.parse(line, tree);
+    print_tree(std::cout, tree.root);
     std::cout << std::endl;
   }
   std::fclose(file);

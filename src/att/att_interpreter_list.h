@@ -10,6 +10,9 @@
 
 namespace torvane {
 
+/// What a layer above keeps beside a type of vectors: where the attributes are that it reads.
+struct AttRoles {};
+
 class AttInterpreterList {
  public:
   AttInterpreterList(const char* list_name, int estimated_size);
@@ -48,6 +51,7 @@ class AttInterpreterList {
 
   Array<AttSlot> slots;  ///< beside `atts`: where the values are
   LBitSet counted_atts;  ///< the attributes whose slots own a count
+  const AttRoles* roles = nullptr;
 
   /// As many attributes as a packed tag can name.
   static constexpr int kMostAtts = 32766;

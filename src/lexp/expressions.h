@@ -18,6 +18,8 @@ class Expressions : public WorldPart {
  public:
   static constexpr Place kPlace = lexp;
 
+  void flush() override { streams.flush(); }
+
   Types types;
   Scopes scopes{types};
   OpenStreams streams;

@@ -10,6 +10,7 @@
 
 #include "shell/named_objects.h"
 #include "lexp/expressions.h"
+#include "shell/world.h"
 #include "support/messages.h"
 
 namespace torvane {

@@ -1,6 +1,7 @@
 // The commands by which a grammar file builds the network of the current parser.
 
 #include "parser/grammar.h"
+#include "parser/parsing.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
@@ -11,16 +12,16 @@ namespace torvane {
 namespace {
 
 /// The parser that grammar commands may change now, or null.
-TorvaneParser* open_grammar() {
-  TorvaneParser* parser = current_parser();
-  return parser && !refuse_while_parsing("the grammar") ? parser : nullptr;
+TorvaneParser* open_grammar(World& world) {
+  TorvaneParser* parser = current_parser(world);
+  return parser && !refuse_while_parsing(world, "the grammar") ? parser : nullptr;
 }
-GCate* current_category() {
-  TorvaneParser* parser = open_grammar();
+GCate* current_category(World& world) {
+  TorvaneParser* parser = open_grammar(world);
   return parser ? parser->current_category : nullptr;
 }
-Link* current_link() {
-  TorvaneParser* parser = open_grammar();
+Link* current_link(World& world) {
+  TorvaneParser* parser = open_grammar(world);
   return parser ? parser->current_link : nullptr;
 }
 
@@ -60,7 +61,7 @@ AttSet get_all_atts(const TorvaneParser& parser, const IRSlist* form) {
 }
 
 Value def_category(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   const char* name = parser ? form->get_str_val() : nullptr;
   if (!name) return Value();
   parser->current_category = parser->get_node(name, true);
@@ -70,7 +71,7 @@ Value def_category(World& world, IRSlist* form) {
 }
 
 Value def_modifiers(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   if (!node) return Value();
   parser->current_category = node;
@@ -79,7 +80,7 @@ Value def_modifiers(World& world, IRSlist* form) {
 }
 
 Value def_subcat(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   const char* name = parser ? form->get_str_val() : nullptr;
   if (!name) return Value();
   GCate* node = parser->get_node(name, true);
@@ -96,7 +97,7 @@ Value def_subcat(World& world, IRSlist* form) {
 }
 
 Value def_subclass(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   GCate* parent = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   if (!parent) return Value();
   for (IRSlist* element : form->items) {
@@ -116,7 +117,7 @@ Value def_subclass(World& world, IRSlist* form) {
 }
 
 Value def_conj_constraints(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   if (!node) return Value();
   parser->current_category = node;
@@ -129,12 +130,12 @@ Value def_conj_constraints(World& world, IRSlist* form) {
 
 template <AttSet GCate::*atts>
 Value set_category_atts(World& world, IRSlist* form) {
-  if (GCate* node = current_category()) node->*atts = get_all_atts(*node->_parser, form);
+  if (GCate* node = current_category(world)) node->*atts = get_all_atts(*node->_parser, form);
   return Value();
 }
 
 Value conj_atts(World& world, IRSlist* form) {
-  GCate* node = current_category();
+  GCate* node = current_category(world);
   if (!node) return Value();
   node->_conj_same = get_atts(*node->_parser, form->nth(0));
   node->_conj_consistent = get_atts(*node->_parser, form->nth(1));
@@ -145,34 +146,34 @@ Value conj_atts(World& world, IRSlist* form) {
 
 template <ExpPtr GCate::*cond>
 Value set_category_cond(World& world, IRSlist* form) {
-  if (GCate* node = current_category()) node->*cond = take_exp(world, form);
+  if (GCate* node = current_category(world)) node->*cond = take_exp(world, form);
   return Value();
 }
 
 template <ExpPtr Link::*cond>
 Value set_link_cond(World& world, IRSlist* form) {
-  if (Link* link = current_link()) link->*cond = take_exp(world, form);
+  if (Link* link = current_link(world)) link->*cond = take_exp(world, form);
   return Value();
 }
 
 template <int Link::*number>
 Value set_link_number(World& world, IRSlist* form) {
-  if (Link* link = current_link()) link->*number = static_cast<int>(form->get_long_val());
+  if (Link* link = current_link(world)) link->*number = static_cast<int>(form->get_long_val());
   return Value();
 }
 
 Value dep_type(World& world, IRSlist* form) {
-  if (Link* link = current_link()) link->set_type(form->get_str_val());
+  if (Link* link = current_link(world)) link->set_type(form->get_str_val());
   return Value();
 }
 
 Value allow_guest(World& world, IRSlist*) {
-  if (Link* link = current_link()) link->_no_guest = 0;
+  if (Link* link = current_link(world)) link->_no_guest = 0;
   return Value();
 }
 
 Value dep_weight(World& world, IRSlist* form) {
-  if (Link* link = current_link()) {
+  if (Link* link = current_link(world)) {
     link->_weight = form->get_float_val();
     link->_child->reinsert_out_link(link);
   }
@@ -180,31 +181,31 @@ Value dep_weight(World& world, IRSlist* form) {
 }
 
 Value percolate(World& world, IRSlist* form) {
-  if (Link* link = current_link()) link->_percolate = get_all_atts(*link->_parent->_parser, form);
+  if (Link* link = current_link(world)) link->_percolate = get_all_atts(*link->_parent->_parser, form);
   return Value();
 }
 
 Value block(World& world, IRSlist* form) {
-  if (Link* link = current_link())
+  if (Link* link = current_link(world))
     link->_percolate &= get_all_atts(*link->_parent->_parser, form).complement();
   return Value();
 }
 
 Value check_slash(World& world, IRSlist* form) {
-  Link* link = current_link();
-  const SyntaxAtts& syn = syntax_atts();
+  Link* link = current_link(world);
+  const SyntaxAtts& syn = parsing(world).atts;
   const AttInterpreter* check = link && syn.type ? syn.type->at(syn.check) : nullptr;
   if (check && !form->empty()) link->_check |= static_cast<std::uint32_t>(check->make_val(form));
   return Value();
 }
 
 Value default_percolating_atts(World& world, IRSlist* form) {
-  if (TorvaneParser* parser = open_grammar()) parser->_percolating = get_all_atts(*parser, form);
+  if (TorvaneParser* parser = open_grammar(world)) parser->_percolating = get_all_atts(*parser, form);
   return Value();
 }
 
 Value roots(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+  TorvaneParser* parser = open_grammar(world);
   if (!parser) return Value();
   parser->_roots.clear();
   for (IRSlist* element : form->items) {

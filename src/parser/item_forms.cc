@@ -120,7 +120,7 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
   static constexpr const char* kName = "set-trace-att-of-pred";
   SetTraceAttOfPred() { out_type = in_type; }
   Value apply(PItem& item) const {
-    const SyntaxAtts& syn = syntax_atts();
+    const SyntaxAtts& syn = syntax_atts(*item._atts);
     AttVecList* move = own_list(*item._atts, syn.move);
     AttVec* element = move ? move->own(0) : nullptr;
     if (element && readable(*element, syn.trace)) {

@@ -47,7 +47,7 @@ struct SetHeadOfLexItem : Form<SetHeadOfLexItem> {
 
  private:
   static void set_head(LexItem& item) {
-    const SyntaxAtts& syn = syntax_atts();
+    const SyntaxAtts& syn = syntax_atts(*item.vec());
     AttWord cat = value_of(*item.vec(), syn.cat);
     item.head = item.low;
     if (cat == 0 || (cat != syn.cat_n && cat != syn.cat_a)) return;
@@ -71,7 +71,7 @@ struct PositionForm : Form<D> {
   }
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
-    TorvaneParser* parser = named_ ? parser_ : current_parser();
+    TorvaneParser* parser = named_ ? parser_ : current_parser(this->world());
     Word position = input.number();
     bool in_range = position >= 0 && position <= LexAnalyzer::kMostWords;
     return parser && in_range ? D::apply(parser->*D::kSet, static_cast<int>(position)) : Value();
@@ -117,8 +117,8 @@ struct IsObliqueCaseMarked : TestForm<IsObliqueCaseMarked> {
 };
 
 /// Forbids merges that reach from inside the span out of it.
-void isolate(Match*, int from, int to) {
-  TorvaneParser* parser = current_parser();
+void isolate(World& world, Match*, int from, int to) {
+  TorvaneParser* parser = current_parser(world);
   if (!parser || !parser->_lex || from == to) return;
   int last = std::min(to, parser->_lex->last_position());
   for (int i = std::max(from, 0); i <= last; ++i) {
@@ -134,7 +134,7 @@ LexItem* ref_entry(Match*, LexItem* item) {
   if (!item || !item->root || !item->analyzer || !item->vec()) return item;
   const LexEntry* entry = item->analyzer->lexicon->get_entry(item->root);
   if (!entry) return item;
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item->vec());
   AttVec& vec = *item->vec();
   for (const Meaning* meaning : entry->meanings) {
     const AVMeaning* sense = as_avm(meaning);

@@ -131,7 +131,7 @@ class Merge {
     return is_false(head_vec(), syn_.cm);
   }
 
-  const SyntaxAtts& syn_ = syntax_atts();
+  const SyntaxAtts& syn_ = syntax_atts(*head_._atts);
   Link& link_;
   PItem& modifier_;
   PItem& head_;
@@ -162,7 +162,7 @@ PItem* GCate::make_lexical_item(LexItem* lexitem) {
   const AttVec* vec = lexitem->vec();
   if (vec) item->_atts->unify(*vec, nullptr, 1);
   if (!lexitem_of(*item) && item->_low <= item->_high)
-    store_att(*item->_atts, syntax_atts().lexitem, lexitem);
+    store_att(*item->_atts, syntax_atts(*item->_atts).lexitem, lexitem);
   return item;
 }
 
@@ -203,7 +203,7 @@ bool TorvaneParser::insert_empty_category(PItem& merged, PItem& modifier) {
   gap->_link = _empty_link;
   discharge(*gap, 0);
   merged._modifier = gap;
-  remove_att(*merged._atts, syntax_atts().move);
+  remove_att(*merged._atts, syntax_atts(*merged._atts).move);
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "parser/item_text.h"
+#include "parser/parsing.h"
 #include "parser/sentence_tree.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
@@ -24,9 +25,9 @@ Words take_words(IRSlist* form) {
 }
 
 /// The parser, if it can take a sentence now.
-TorvaneParser* open_parser() {
-  TorvaneParser* parser = current_parser();
-  return parser && !refuse_while_parsing("parse", parser->_lex) ? parser : nullptr;
+TorvaneParser* open_parser(World& world) {
+  TorvaneParser* parser = current_parser(world);
+  return parser && !refuse_while_parsing(world, "parse", parser->_lex) ? parser : nullptr;
 }
 
 void parse_and_time(World& world, TorvaneParser& parser, const Words& words) {
@@ -43,7 +44,7 @@ void parse_and_time(World& world, TorvaneParser& parser, const Words& words) {
 }
 
 Value parse(World& world, IRSlist* form) {
-  if (TorvaneParser* parser = open_parser()) parse_and_time(world, *parser, take_words(form));
+  if (TorvaneParser* parser = open_parser(world)) parse_and_time(world, *parser, take_words(form));
   return Value();
 }
 
@@ -52,29 +53,29 @@ void print_result(World& world, const TorvaneParser& parser, const SentenceTree&
 }
 
 Value parse_words_plainly(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   SentenceTree tree;
-  parse_words(take_words(form), tree);
+  parse_words(world, take_words(form), tree);
   print_result(world, *parser, tree);
   return Value();
 }
 
 Value parse_text(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   SentenceTree tree;
-  parse_sentence(form->get_str_val(), tree);
+  parse_sentence(world, form->get_str_val(), tree);
   print_result(world, *parser, tree);
   return Value();
 }
 
 // The block is the argument list itself, or the one list in it.
 Value reparse(World& world, IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   const IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
-  Deps deps;
+  Deps deps(world);
   deps.read(only && only->is_list() ? *only : *form);
   Words words;
   for (int i = 1; i < deps.word_count(); ++i) {
@@ -87,12 +88,12 @@ Value reparse(World& world, IRSlist* form) {
 }
 
 Value reset_parser(World& world, IRSlist*) {
-  if (TorvaneParser* parser = current_parser()) parser->reset();
+  if (TorvaneParser* parser = current_parser(world)) parser->reset();
   return Value();
 }
 
 Value print_nodes(World& world, IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = current_parser(world);
   if (!parser) return Value();
   const char* name = form->get_str_val();
   const char* type = form->get_str_val();
@@ -110,13 +111,13 @@ Value print_nodes(World& world, IRSlist* form) {
 }
 
 Value print_lexitems(World& world, IRSlist*) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = current_parser(world);
   if (parser && parser->_lex) parser->_lex->print(world.out());
   return Value();
 }
 
 Value set_debug_weight(World& world, IRSlist* form) {
-  debug_weight = form->get_long_val();
+  parsing(world).debug_weight = form->get_long_val();
   return Value();
 }
 

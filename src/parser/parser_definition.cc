@@ -6,6 +6,7 @@
 #include "att/att_interpreter_list.h"
 #include "att/text_atts.h"
 #include "parser/parser_commands.h"
+#include "parser/parsing.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
 #include "shell/file_search.h"
@@ -96,7 +97,7 @@ void read_settings(World& world, TorvaneParser& parser, IRSlist* form) {
 }
 
 Value def_torvane_parser(World& world, IRSlist* form) {
-  if (refuse_while_parsing("def-torvane-parser")) return Value();
+  if (refuse_while_parsing(world, "def-torvane-parser")) return Value();
   const char* name = form->get_str_val();
   if (!name) {
     messages() << "def-torvane-parser: a parser must have a name\n";
@@ -106,8 +107,8 @@ Value def_torvane_parser(World& world, IRSlist* form) {
   form->find_keyword_long(":hashtable-size", size);
   constexpr long kMostBuckets = 1 << 20;
   if (size < 1 || size > kMostBuckets) size = kDefaultHashtableSize;
-  static auto& parsers = *new std::vector<std::unique_ptr<TorvaneParser>>;
-  parsers.push_back(std::make_unique<TorvaneParser>(name, static_cast<int>(size)));
+  auto& parsers = parsing(world).parsers;
+  parsers.push_back(std::make_unique<TorvaneParser>(world, name, static_cast<int>(size)));
   TorvaneParser* parser = parsers.back().get();
   world.objects.add(name, Value::of(parser), "TorvaneParser");
   read_settings(world, *parser, form);
@@ -115,12 +116,12 @@ Value def_torvane_parser(World& world, IRSlist* form) {
 }
 
 Value output_tree(World& world, IRSlist* form) {
-  if (TorvaneParser* parser = current_parser()) parser->_constituency = form->get_long_val() != 0;
+  if (TorvaneParser* parser = current_parser(world)) parser->_constituency = form->get_long_val() != 0;
   return Value();
 }
 
 Value show_attributes(World& world, IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = current_parser(world);
   if (!parser) return Value();
   const IRSlist* names = form;
   if (const IRSlist* first = form->nth(0); first && first->is_list()) names = first;
@@ -135,7 +136,7 @@ TorvaneParser* take_parser(World& world, IRSlist* form) {
 }
 
 Value set_reldb(World& world, IRSlist* form) {
-  if (!current_parser()) return Value();
+  if (!current_parser(world)) return Value();
   TorvaneParser* parser = take_parser(world, form);
   Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
   if (parser && database && dep_statistics_of) parser->_reldb = dep_statistics_of(database);
@@ -143,7 +144,7 @@ Value set_reldb(World& world, IRSlist* form) {
 }
 
 Value set_deps_modifier(World& world, IRSlist* form) {
-  if (!current_parser()) return Value();
+  if (!current_parser(world)) return Value();
   TorvaneParser* parser = take_parser(world, form);
   auto* modifier = world.objects.find_as<DepsModifier>(form->get_str_val(), "TreeModifier", true);
   if (parser && modifier) parser->_deps_modifier = modifier;

@@ -69,7 +69,7 @@ void GCate::build_positions(IRSlist* positions) {
 
 void GCate::read_position(IRSlist* form, int position) {
   auto skip_word = form->take_keyword_node(":skip-word");
-  _skip_conds.push_back(skip_word ? LExp::get_exp(world, skip_word.get()) : nullptr);
+  _skip_conds.push_back(skip_word ? LExp::get_exp(_parser->_world, skip_word.get()) : nullptr);
   while (!form->empty() && form->nth(0)->is_atom()) {
     const char* marker = form->get_str_val();
     if (std::strcmp(marker, "*") == 0) {
@@ -103,7 +103,7 @@ void GCate::read_link(IRSlist* form, int position) {
   if (bit(_skip_adjunct, position)) link->_no_guest = 0;
   child->add_out_link(link);
   _parser->current_link = link;
-  for (IRSlist* command : form->items) world.interpreter.eval(*command);
+  for (IRSlist* command : form->items) _parser->_world.interpreter.eval(*command);
   _parser->current_link = nullptr;
 }
 

@@ -1,10 +1,8 @@
 // The two printers of the detached tree.
 #include <cstring>
-#include <iostream>
 #include <string>
 
 #include "parser/sentence_tree.h"
-#include "shell/world.h"
 #include "support/depth.h"
 #include "support/text.h"
 
@@ -13,9 +11,8 @@ namespace {
 
 thread_local DepthLimit print_depth{"The dependency tree is too deep to be printed"};
 
-void print_line(World& world, const SentenceNode& node) {
+void print_line(std::ostream& out, const SentenceNode& node) {
   if (!node.parent || node.label[0] == 'E') return;
-  std::ostream& out = world.out();
   out << node.label << "\t(";
   out << (node.word && *node.word ? quote_word(node.word) : "()");
   out << "\t " << (node.category ? node.category : "U") << '\t';
@@ -24,25 +21,25 @@ void print_line(World& world, const SentenceNode& node) {
 }
 
 // The head stands in its place among its dependents.
-void print_in_order(const SentenceNode& node) {
+void print_in_order(std::ostream& out, const SentenceNode& node) {
   DepthGuard guard(print_depth);
   if (!guard) return;
   bool printed = false;
   for (const SentenceNode* child : node.children) {
     if (!printed && child->order >= node.order) {
-      print_line(world, node);
+      print_line(out, node);
       printed = true;
     }
-    print_in_order(*child);
+    print_in_order(out, *child);
   }
-  if (!printed) print_line(world, node);
+  if (!printed) print_line(out, node);
 }
 
-void print_word(World& world, std::ostream& out, const char* word) {
+void print_word(std::ostream& out, const char* word) {
   if (std::strpbrk(word, " \t\n()")) {
     out << " \"" << word << '"';
   } else if (std::strcmp(word, "\"") == 0) {
-    world.out() << " \"\\\"\"";
+    out << " \"\\\"\"";
   } else {
     out << ' ' << word;
   }
@@ -50,7 +47,7 @@ void print_word(World& world, std::ostream& out, const char* word) {
 
 void print_body(std::ostream& out, const SentenceNode& node) {
   if (node.category) out << node.category;
-  if (node.word) print_word(world, out, node.word);
+  if (node.word) print_word(out, node.word);
   if (node.root) out << " (root " << node.root << ')';
   if (node.relation) out << " (relation " << node.relation << ')';
   for (const auto& [name, value] : node.props) out << " (" << name << ' ' << value << ')';
@@ -68,11 +65,11 @@ void print_nested(std::ostream& out, const SentenceNode& node, int level) {
 
 }  // namespace
 
-void print_tree(World& world, const SentenceNode* node) {
+void print_tree(std::ostream& out, const SentenceNode* node) {
   bool whole = !node || !node->parent;
-  if (whole) world.out() << "(\n";
-  if (node) print_in_order(*node);
-  if (whole) world.out() << ')' << std::flush;
+  if (whole) out << "(\n";
+  if (node) print_in_order(out, *node);
+  if (whole) out << ')' << std::flush;
 }
 
 void SentenceTree::print(std::ostream& out) const {

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "att/attributes.h"
+#include "parser/parsing.h"
 #include "shell/exec.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -93,7 +94,10 @@ Value init_attributes(World& world, IRSlist*) {
   found.wh = get_att(world, kTypeName, "slash", "wh");
   for (const CategoryValue& category : kCategories)
     found.*category.value = get_att(world, kTypeName, "cat", category.name);
-  syntax_detail::handles = found;
+  SyntaxAtts& handles = parsing(world).atts;
+  if (handles.type) handles.type->roles = nullptr;
+  handles = found;
+  if (handles.type) handles.type->roles = &handles;
   return Value();
 }
 

@@ -9,9 +9,9 @@ namespace {
 /// The words of the sentence that an item is of.
 class Words {
  public:
-  explicit Words(const PItem& item) {
+  Words(World& world, const PItem& item) {
     const GCate* node = node_of(item);
-    parser_ = node ? node->_parser : current_parser();
+    parser_ = node ? node->_parser : current_parser(world);
   }
   LexAnalyzer* lex() const { return parser_ ? parser_->_lex : nullptr; }
   const char* word(int i) const { return parser_ ? parser_->word(i) : nullptr; }
@@ -42,7 +42,7 @@ bool holds(const ExpPtr& condition, const char* word) {
 struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-head-word";
   Value step(PItem& item) const {
-    LexAnalyzer* lex = Words(item).lex();
+    LexAnalyzer* lex = Words(this->world(), item).lex();
     return lex ? text(lex->surface(item._low, item._high)) : Value();
   }
 };
@@ -50,7 +50,7 @@ struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
 struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-preceding-word";
   Value step(PItem& item) const {
-    Words words(item);
+    Words words(this->world(), item);
     return text(words.word(words.before(item._low)));
   }
 };
@@ -70,7 +70,7 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     if (!accepts(input_type)) return Value();
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
-    Words words(*item);
+    Words words(this->world(), *item);
     const char* last = words.word(item->_high);
     if (sub && last && holds(sub, last)) return text(last);
     Value next = convert(input);
@@ -79,7 +79,7 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
   Value convert(Value input) override {
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
-    Words words(*item);
+    Words words(this->world(), *item);
     return text(words.word(words.behind(item->_high, no_skip_)));
   }
 
@@ -98,7 +98,7 @@ struct WordForm : Form<D> {
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
     PItem* item = input.as<PItem>();
-    return item && static_cast<D*>(this)->apply(*item, Words(*item)) ? input : Value();
+    return item && static_cast<D*>(this)->apply(*item, Words(this->world(), *item)) ? input : Value();
   }
 
  protected:

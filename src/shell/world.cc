@@ -12,7 +12,9 @@ bool names_standard_stream(const char* name) {
 }
 }  // namespace
 
-World::World() : World({&std::cin, &std::cout, &std::cerr}) {}
+World::Console World::Console::of_process() {
+  return {&std::cin, &std::cout, &std::cerr};
+}
 
 World::World(const Console& console)
     : interpreter(*this),
@@ -24,6 +26,11 @@ World::World(const Console& console)
 World::~World() {
   while (!owned_.empty()) owned_.pop_back();
   for (std::size_t i = parts_.size(); i > 0; --i) parts_[i - 1].reset();
+}
+
+void World::flush() {
+  for (const std::unique_ptr<WorldPart>& part : parts_)
+    if (part) part->flush();
 }
 
 Ref<Stream> World::input_stream(const char* name) {

@@ -23,6 +23,8 @@ class WorldPart {
  public:
   enum Place { store, lexp, att, lex, deps, treerules, triples, wordsim, parser, kPlaces };
   virtual ~WorldPart() = default;
+  /// Writes out what is waiting in open files.
+  virtual void flush() {}
 };
 
 class World {
@@ -32,10 +34,10 @@ class World {
     std::istream* in;
     std::ostream* out;
     std::ostream* err;
+    /// The process's own.
+    static Console of_process();
   };
 
-  /// On the process's own streams.
-  World();
   explicit World(const Console& console);
   ~World();
   World(const World&) = delete;
@@ -49,6 +51,8 @@ class World {
   bool double_byte = false;
   Exec interpreter;
 
+  /// Writes out what is waiting in open files: before the process ends without the world's end.
+  void flush();
   std::ostream& out() const { return *console_.out; }
   std::ostream& err() const { return *console_.err; }
   Stream* standard_input() const { return standard_input_.get(); }

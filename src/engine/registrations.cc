@@ -1,4 +1,4 @@
-#include "app/init.h"
+#include "engine/registrations.h"
 
 #include "att/att_interpreter.h"
 #include "deps/dep_forms.h"
@@ -16,9 +16,7 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
-#include "shell/file_search.h"
 #include "shell/object_factory.h"
-#include "shell/world.h"
 #include "treerules/tree_modifier.h"
 #include "triples/triple_commands.h"
 #include "wordsim/sim_word_db.h"
@@ -38,7 +36,6 @@ constexpr Registration kRegistrations[] = {
     {"the object factory", register_object_factory_commands},
     {"the lexicon", register_lexicon_commands},
     {"the lexical analyser", register_lex_analyzer_commands},
-    {"the family of lexical patterns", register_patterns},
     {"lexical patterns", register_patterns},
     {"core forms", register_core_forms},
     {"rule actions and antecedent lists", register_rule_actions},
@@ -65,22 +62,6 @@ constexpr Registration kRegistrations[] = {
 
 std::span<const Registration> registrations() {
   return kRegistrations;
-}
-
-void register_modules(World& world) {
-  for (const Registration& row : kRegistrations)
-    if (row.run) row.run();
-}
-
-void init(const char* data_dir) {
-  Exec& exec = world.interpreter;
-  set_search_path(data_dir);
-  register_modules(world);
-  Ref<Stream> start_up = world.files.open("torvane.lsp");
-  exec.prompt = false;
-  exec.frees_values = true;
-  exec.load(start_up.get());
-  exec.frees_values = false;
 }
 
 }  // namespace torvane
