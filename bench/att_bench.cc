@@ -21,13 +21,13 @@ AttInterpreterList* bench_type() {
         "  (defattribute def BinAtt) (defattribute wh BinAtt) (defattribute aux BinAtt)"
         "  (defattribute tense EnumAtt (allowable-values past pres))"
         "  (defattribute args ListAtt) (defattribute root StrAtt))");
-    return AttInterpreterList::find("bench-atts");
+    return find_att_list(session(), "bench-atts");
   }();
   return type;
 }
 
 Ref<AttVec> vector(const char* text) {
-  IRSlistReader reader;
+  IRSlistReader reader(false);
   return make_ref<AttVec>(reader.start_string(text), bench_type());
 }
 

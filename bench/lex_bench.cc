@@ -40,7 +40,7 @@ void lexicon_load(benchmark::State& state) {
   bench_kinds();
   std::string text = entries_text();
   for (auto _ : state) {
-    Lexicon lexicon(19997);
+    Lexicon lexicon(session(), 19997);
     std::istringstream in(text);
     lexicon.load(in, 1);
   }
@@ -50,7 +50,7 @@ BENCHMARK(lexicon_load)->Unit(benchmark::kMillisecond);
 
 void lexicon_look_up(benchmark::State& state, bool hit) {
   bench_kinds();
-  Lexicon lexicon(19997);
+  Lexicon lexicon(session(), 19997);
   std::istringstream in(entries_text());
   lexicon.load(in, 1);
   std::vector<std::string> words;
@@ -83,8 +83,7 @@ void disk_look_up(benchmark::State& state) {
 BENCHMARK(disk_look_up);
 
 void analyse(benchmark::State& state) {
-  english();
-  LexAnalyzer* lex = current_parser()->_lex;
+  LexAnalyzer* lex = parsing(english()).current->_lex;
   const char* words[] = {"The", "old", "man", "walked", "slowly", "to", "the", "river"};
   for (auto _ : state) {
     lex->reset();

@@ -2,15 +2,15 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/session.h"
+#include "lexp/expressions.h"
 #include "lexp/lexp.h"
 
 namespace torvane {
 namespace {
 
 void evaluate(benchmark::State& state, const char* text, int nodes, Value input, const char* type) {
-  session();
-  std::unique_ptr<LExp> exp = LExp::get_exp_from_text(text);
-  int number = type_id(type);
+  std::unique_ptr<LExp> exp = LExp::get_exp_from_text(session(), text);
+  int number = expressions(session()).types.id(type);
   for (auto _ : state) benchmark::DoNotOptimize(exp->eval(input, number));
   state.counters["ns_per_node"] = benchmark::Counter(
       static_cast<double>(nodes) * 1e-9,

@@ -31,8 +31,7 @@ constexpr Sentence kSentences[] = {
 };
 
 void parse(benchmark::State& state, const Sentence& sentence) {
-  english();
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = parsing(english()).current;
   for (int i = 0; i < 3; ++i) parser->parse(sentence.text, nullptr);
   for (auto _ : state) parser->parse(sentence.text, nullptr);
   state.SetItemsProcessed(state.iterations());
@@ -40,8 +39,7 @@ void parse(benchmark::State& state, const Sentence& sentence) {
 
 /// The loop alone: the analyser's work and the conversion to a tree are outside.
 void loop_allocations(benchmark::State& state, const Sentence& sentence) {
-  english();
-  TorvaneParser* parser = current_parser();
+  TorvaneParser* parser = parsing(english()).current;
   parser->_constituency = true;
   std::uint64_t allocations = 0;
   for (int i = 0; i < 3; ++i) parser->parse(sentence.text, nullptr);
@@ -100,9 +98,9 @@ std::vector<PItem> full_pool(Shape shape, Link* link) {
 }
 
 void forest_full_pool(benchmark::State& state) {
-  english();
+  const TorvaneParser* parser = parsing(english()).current;
   auto shape = static_cast<Shape>(state.range(0));
-  std::vector<PItem> items = full_pool(shape, current_parser()->_empty_link);
+  std::vector<PItem> items = full_pool(shape, parser->_empty_link);
   PItem* top = shape == kSameHead ? &items.front() : &items.back();
   ParseForest forest(nullptr);
   for (auto _ : state) {
@@ -113,10 +111,10 @@ void forest_full_pool(benchmark::State& state) {
 BENCHMARK(forest_full_pool)->DenseRange(kSameHead, kShortChains)->Unit(benchmark::kMillisecond);
 
 void reset_idle(benchmark::State& state) {
-  english();
-  TorvaneParser parser("idle", 1997);
-  parser._lex = current_parser()->_lex;
-  parser._att_type = current_parser()->_att_type;
+  const TorvaneParser* loaded = parsing(english()).current;
+  TorvaneParser parser(session(), "idle", 1997);
+  parser._lex = loaded->_lex;
+  parser._att_type = loaded->_att_type;
   for (int i = 0; i < state.range(0); ++i) parser.get_node(("N" + std::to_string(i)).c_str(), true);
   for (auto _ : state) parser.reset();
 }

@@ -15,15 +15,14 @@ namespace torvane {
 namespace {
 
 std::unique_ptr<LPattern> pattern(const char* text) {
-  IRSlistReader reader;
-  return make_pattern(reader.start_string(text));
+  IRSlistReader reader(false);
+  return make_pattern(session(), reader.start_string(text));
 }
 
 /// A chart in which every word has `readings` items and each pair of words one.
 class Chart {
  public:
   Chart(int word_count, int readings) {
-    session();
     for (int i = 1; i <= word_count; ++i) {
       analyzer.add_gap(" ");
       analyzer.add_word(i % 2 ? "odd" : "Even");
@@ -34,7 +33,7 @@ class Chart {
     }
   }
 
-  Lexicon lexicon{101};
+  Lexicon lexicon{session(), 101};
   LexAnalyzer analyzer{&lexicon, 64};
 
  private:
@@ -89,7 +88,7 @@ void rule_list(benchmark::State& state) {
   }
   text += ")";
   run_forms(text.c_str());
-  LexRuleList* rules = find_object_as<LexRuleList>("bench-rules", "LexRuleList", true);
+  LexRuleList* rules = session().objects.find_as<LexRuleList>("bench-rules", "LexRuleList", true);
   std::uint64_t before = allocation_count();
   for (auto _ : state) rules->apply(chart.analyzer);
   state.counters["allocations"] =
@@ -98,8 +97,8 @@ void rule_list(benchmark::State& state) {
 BENCHMARK(rule_list);
 
 void sentence_boundaries(benchmark::State& state) {
-  session();
   auto boundary = LExp::get_exp_from_text(
+      session(),
       "(sbnd (not (current-token (in (Mr Dr)))) (current-token (in (\".\" ? !))) "
       "*-1 (current-token (in (\"'\"))) . (current-token (reg-match \"^[A-Z]\")))");
   const char* tokens[] = {"Mr", ".", "Smith", "went", "to", "town", ".", "He", "saw", "it", "!"};

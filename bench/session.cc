@@ -2,32 +2,38 @@
 
 #include <filesystem>
 
-#include "app/init.h"
-#include "shell/exec.h"
+#include "engine/engine.h"
 
 namespace torvane {
 
-void session() {
-  static bool once = [] {
-    interpreter().prompt = false;
-    register_modules();
-    return true;
-  }();
-  (void)once;
+namespace {
+
+Engine& engine() {
+  static Engine& shared = *new Engine;
+  static WorldScope here(shared.world());
+  shared.world().interpreter.prompt = false;
+  return shared;
 }
 
-void english() {
-  static bool once = [] {
+}  // namespace
+
+World& session() {
+  return engine().world();
+}
+
+World& english() {
+  static const bool loaded = [] {
     // The shipped start-up file names its files relative to a folder that holds `data`.
     std::filesystem::current_path(std::filesystem::path(TORVANE_DATA).parent_path());
-    init("./data");
+    engine().start("./data");
     return true;
   }();
-  (void)once;
+  (void)loaded;
+  return engine().world();
 }
 
 void run_forms(const char* text) {
-  interpreter().load_string(text);
+  session().interpreter.load_string(text);
 }
 
 }  // namespace torvane

@@ -52,7 +52,7 @@ struct Lists {
   std::unique_ptr<SimWordDb> read() const {
     auto db = std::make_unique<SimWordDb>(words, kPairs, 0.0F);
     Ref<Stream> source = Stream::open_input((folder / "words.src").c_str());
-    db->read_source(source.get());
+    db->read_source(source.get(), false);
     return db;
   }
   std::unique_ptr<SimWordDb> open() const {
@@ -68,8 +68,8 @@ struct Lists {
 
  private:
   std::unique_ptr<QHash> store(int mode) const {
-    auto hash = std::make_unique<QHash>(mode);
-    hash->open_header((folder / "words.hdr").c_str());
+    auto hash = std::make_unique<QHash>(session().objects, mode);
+    hash->open_header(session(), (folder / "words.hdr").c_str());
     return hash;
   }
 };

@@ -56,7 +56,7 @@ class OwnStore {
  public:
   static constexpr const char* kName = "own";
   bool open(const std::string& path, bool writable) {
-    hash_ = std::make_unique<QHash>(writable ? 3 : 1);
+    hash_ = std::make_unique<QHash>(functions_, writable ? 3 : 1);
     hash_->open_file(path.c_str(), 32, kBuckets, "strcmp");
     return hash_->is_open();
   }
@@ -77,6 +77,7 @@ class OwnStore {
     packed_.add_string(value);
     return packed_.object();
   }
+  NamedObjects functions_;
   std::unique_ptr<QHash> hash_;
   StrBufs found_{20000};
   StrBufs packed_{20000};

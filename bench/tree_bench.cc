@@ -27,9 +27,8 @@ std::string tree_text(int words) {
 }
 
 Ref<Deps> tree_of(int words) {
-  session();
-  Ref<Deps> deps = make_ref<Deps>();
-  IRSlistReader reader;
+  Ref<Deps> deps = make_ref<Deps>(session());
+  IRSlistReader reader(false);
   deps->read(*reader.start_string(tree_text(words).c_str()));
   return deps;
 }
@@ -40,10 +39,9 @@ void count_nodes(benchmark::State& state) {
 #define BY_SIZE(name) BENCHMARK(name)->Arg(20)->Arg(200)->Arg(2000)->Arg(20000)
 
 void read_tree(benchmark::State& state) {
-  session();
   std::string text = tree_text(static_cast<int>(state.range(0)));
-  IRSlistReader reader;
-  Deps deps;
+  IRSlistReader reader(false);
+  Deps deps(session());
   for (auto _ : state) deps.read(*reader.start_string(text.c_str()));
   count_nodes(state);
 }
@@ -76,7 +74,7 @@ void unpack_tree(benchmark::State& state) {
   Ref<Deps> deps = tree_of(static_cast<int>(state.range(0)));
   StrBufs bytes(4096);
   deps->pack(bytes);
-  Deps copy;
+  Deps copy(session());
   for (auto _ : state) {
     const char* p = bytes.object();
     benchmark::DoNotOptimize(copy.unpack(p, bytes.object() + bytes.object_size()));
@@ -89,7 +87,7 @@ BY_SIZE(unpack_tree);
 void visit_nodes(benchmark::State& state, const char* condition) {
   Ref<Deps> deps = tree_of(static_cast<int>(state.range(0)));
   std::string text = std::string("(find-first-node ") + condition + ")";
-  auto exp = LExp::get_exp_from_text(text.c_str());
+  auto exp = LExp::get_exp_from_text(session(), text.c_str());
   int type = type_id_of<DepTree>();
   for (auto _ : state) benchmark::DoNotOptimize(exp->eval(Value::of(deps->_root), type));
   count_nodes(state);

@@ -15,8 +15,7 @@ namespace {
 
 /// A tree of `n` nodes, each with up to `fan_out` children, in the order of their making.
 Ref<Deps> make_tree(int n, int fan_out) {
-  session();
-  Ref<Deps> deps = make_ref<Deps>();
+  Ref<Deps> deps = make_ref<Deps>(session());
   std::vector<DepTree*> nodes;
   for (int i = 1; i <= n; ++i) {
     deps->add_word("word", " ");
@@ -34,7 +33,7 @@ Ref<Deps> make_tree(int n, int fan_out) {
 TreeModifier* define(const std::string& name, const std::string& rules) {
   run_forms(
       ("(clear-tree-rules " + name + ") (def-tree-rules " + name + ' ' + rules + ')').c_str());
-  return find_object_as<TreeModifier>(name.c_str(), "TreeModifier", true);
+  return session().objects.find_as<TreeModifier>(name.c_str(), "TreeModifier", true);
 }
 
 void apply(benchmark::State& state, TreeModifier* rules, Deps& deps) {

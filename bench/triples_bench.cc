@@ -128,7 +128,7 @@ const Corpus& corpus(std::int64_t size) {
 
 std::unique_ptr<TripleDb> linked_db(const Corpus& texts, int mode) {
   auto db = std::make_unique<TripleDb>(kBuckets, kIdBuckets, 0);
-  db->link_file((texts.folder / "store.hdr").c_str(), mode);
+  db->link_file(session(), (texts.folder / "store.hdr").c_str(), mode);
   return db;
 }
 
@@ -231,7 +231,7 @@ void print_high_mutinfo(benchmark::State& state) {
   need_store(texts);
   const std::string name = "triples-" + std::to_string(state.range(0));
   const std::string header = (texts.folder / "store.hdr").string();
-  if (!find_object(name.c_str(), "TripleDb", false))
+  if (!session().objects.find(name.c_str(), "TripleDb", false))
     run_forms(("(make-tripledb " + name + ")(link-file " + name + " " + header + ")").c_str());
   const std::string report = "(print-high-mutinfo " + name + " :output /dev/null)";
   for (auto _ : state) run_forms(report.c_str());

@@ -19,8 +19,7 @@ namespace torvane {
 namespace {
 
 std::unique_ptr<LExp> compile(const std::string& text) {
-  session();
-  return LExp::get_exp_from_text(text.c_str());
+  return LExp::get_exp_from_text(session(), text.c_str());
 }
 
 void in_list(benchmark::State& state) {
@@ -29,7 +28,7 @@ void in_list(benchmark::State& state) {
   std::unique_ptr<LExp> exp = compile(text + "))");
   std::vector<std::string> words;
   for (int i = 0; i < 1000; ++i) words.push_back("word" + std::to_string(i * 13));
-  int type = type_id("char*");
+  int type = type_id_of<const char*>();
   std::size_t i = 0;
   for (auto _ : state) {
     benchmark::DoNotOptimize(exp->eval(Value::constant(words[i].c_str()), type));
@@ -47,7 +46,7 @@ BENCHMARK(str_sim);
 
 void reg_sub(benchmark::State& state) {
   std::unique_ptr<LExp> exp = compile("(reg-sub \"[0-9]+\" \"<&>\" g)");
-  int type = type_id("char*");
+  int type = type_id_of<const char*>();
   for (auto _ : state)
     benchmark::DoNotOptimize(
         exp->eval(Value::constant("on 21 November 2026 at 4 in the morning, line 1023"), type));

@@ -11,10 +11,11 @@
 #include <string>
 #include <vector>
 
-#include "app/init.h"
+#include "engine/registrations.h"
 #include "lexp/lexp.h"
 #include "shell/exec.h"
-#include "shell/object_factory.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -52,8 +53,8 @@ Entries entries_of(const NameTable<V>& table) {
   return entries;
 }
 
-Entries family_entries(const char* family) {
-  ObjFactory* factory = ObjFactory::family(family);
+Entries family_entries(World& world, const char* family) {
+  ObjFactory* factory = world.families.find(family);
   return factory ? entries_of(*factory) : Entries();
 }
 
@@ -88,10 +89,10 @@ class Reference {
   /// True if usages and tables agree.
   bool sound() const {
     bool ok = faults_.empty();
-    for (const std::string& fault : faults_) std::cerr << fault << '\n';
+    for (const std::string& fault : faults_) messages() << fault << '\n';
     for (const auto& [key, usage] : usages_) {
       if (used_.count(key)) continue;
-      std::cerr << "usage of what is not there: " << key << '\n';
+      torvane::messages() << "usage of what is not there: " << key << '\n';
       ok = false;
     }
     return ok;
@@ -114,9 +115,10 @@ Entries without(Entries entries, const Entries& known) {
 }
 
 int write_reference(const char* usages) {
+  World world(World::Console::of_process());
   Reference reference;
   if (!reference.read_usages(usages)) {
-    std::cerr << "cannot read " << usages << '\n';
+    messages() << "cannot read " << usages << '\n';
     return 1;
   }
   std::cout << "# The configuration language\n\n"
@@ -125,25 +127,25 @@ int write_reference(const char* usages) {
                "and\n`objects` print. A module's commands run once, when their form is read; its "
                "forms are "
                "compiled and\nevaluated on a value.\n\n## Commands and forms\n";
-  Entries commands = entries_of(interpreter().commands), forms,
-          patterns = family_entries("LPattern");
+  Entries commands = entries_of(world.interpreter.commands), forms,
+          patterns = family_entries(world, "LPattern");
   reference.section("the interpreter", "command", commands);
-  // Other modules pull the core forms in with their own first form; here they come first.
+  // Here the core forms come first.
   std::vector<Registration> rows = {{"core", register_core_forms}};
   for (const Registration& row : registrations())
-    if (row.run) rows.push_back(row);
+    if (row.run != register_core_forms) rows.push_back(row);
   for (const Registration& row : rows) {
-    row.run();
-    Entries now = entries_of(interpreter().commands), forms_now = family_entries("LExp");
+    row.run(world);
+    Entries now = entries_of(world.interpreter.commands), forms_now = family_entries(world, "LExp");
     reference.section(std::string(row.what) + ": commands", "command", without(now, commands));
     reference.section(std::string(row.what) + ": forms", "form", without(forms_now, forms));
     commands = std::move(now);
     forms = std::move(forms_now);
   }
   std::cout << "\n## Families\n";
-  reference.section("lexical patterns", "pattern", family_entries("LPattern"));
-  reference.section("kinds of meanings", "meaning", family_entries("Meaning"));
-  reference.section("attribute types", "attribute", family_entries("AttIntepreter"));
+  reference.section("lexical patterns", "pattern", family_entries(world, "LPattern"));
+  reference.section("kinds of meanings", "meaning", family_entries(world, "Meaning"));
+  reference.section("attribute types", "attribute", family_entries(world, "AttIntepreter"));
   return reference.sound() ? 0 : 1;
 }
 
@@ -152,7 +154,7 @@ int write_reference(const char* usages) {
 
 int main(int argc, char** argv) {
   if (argc != 2) {
-    std::cerr << "usage: language_doc USAGES\n";
+    torvane::messages() << "usage: language_doc USAGES\n";
     return 2;
   }
   return torvane::write_reference(argv[1]);

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "app/init.h"
-#include "parser/sentence_tree.h"
+#include "engine/engine.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -23,7 +23,7 @@ int run() {
   // Kept: sentense-dat
   std::FILE* file = std::fopen("sentense.dat", "r");
   if (!file) {
-    std::cerr << "File Open Error.\n";
+    messages() << "File Open Error.\n";
     return EXIT_FAILURE;
   }
   // An empty file leaves the empty text.
@@ -31,12 +31,18 @@ int run() {
   char line[1024] = {};
   if (!std::fgets(line, sizeof line, file)) line[0] = '\0';
 
-  init(kDataDir);
+  // Nothing is torn down at the end of the process, wherever that is: only what was written goes out.
+  struct Flush {
+    World& world;
+    ~Flush() { world.flush(); }
+  };
+  auto& engine = *new Engine;
+  static Flush at_the_end{engine.world()};
+  engine.start(kDataDir);
   {
     SentenceTree tree;
-    tree.reset();
-    parse_sentence(line, tree);
-    print_tree(tree.root);
+    engine.parse(line, tree);
+    print_tree(std::cout, tree.root);
     std::cout << std::endl;
   }
   std::fclose(file);

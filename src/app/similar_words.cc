@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "shell/world.h"
 #include "support/text.h"
 #include "wordsim/triple_features.h"
 
@@ -18,8 +19,9 @@ constexpr float kLeastInformation = 0.5F;
 
 int build(const char* header, const char* source, long most, float least_information) {
   using namespace torvane;
+  World world(World::Console::of_process());
   TripleDb db(59999, 200011, 0);
-  if (db.link_file(header, 1) < 1) {
+  if (db.link_file(world, header, 1) < 1) {
     std::cerr << header << " names no database of triples\n";
     return 1;
   }

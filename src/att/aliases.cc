@@ -3,8 +3,11 @@
 #include <iostream>
 
 #include "att/att_args.h"
+#include "att/attributes.h"
 #include "shell/exec.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -12,20 +15,20 @@ namespace {
 
 // The vector of an alias: what a command gives, or a vector as `make-av` reads it. Null if there is
 // none.
-Ref<AttVec> alias_vector(IRSlist& form) {
+Ref<AttVec> alias_vector(World& world, IRSlist& form) {
   if (form.empty()) return {};
   IRSlist& first = *form.nth(0);
-  if (first.is_atom()) return form.length() > 1 ? read_vector(form) : Ref<AttVec>();
+  if (first.is_atom()) return form.length() > 1 ? read_vector(world, form) : Ref<AttVec>();
   const char* head = first.nth_str_val(0);
-  if (!head || !interpreter().find(head)) return read_vector(form);
-  AttVec* vec = interpreter().eval(first).as<AttVec>();
+  if (!head || !world.interpreter.find(head)) return read_vector(world, form);
+  AttVec* vec = world.interpreter.eval(first).as<AttVec>();
   return vec ? make_ref<AttVec>(*vec) : Ref<AttVec>();
 }
 
-Value alias(IRSlist* form) {
+Value alias(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return {};
-  Ref<AttVec> vec = alias_vector(*form);
+  Ref<AttVec> vec = alias_vector(world, *form);
   if (!vec || !vec->interpreters) return {};
   AttInterpreterList& type = *vec->interpreters;
   type.add_alias(name, std::move(vec));
@@ -34,64 +37,64 @@ Value alias(IRSlist* form) {
   return Value::of(kept);
 }
 
-Value clear_alias(IRSlist* form) {
-  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
+Value clear_alias(World& world, IRSlist* form) {
+  AttInterpreterList* type = find_att_list(world, form->get_str_val());
   if (type) type->aliases.clear();
   return Value::of(type);
 }
 
-void print_vector(const AttVec& vec) {
-  vec.print(std::cout);
-  std::cout << '\n';
+void print_vector(World& world, const AttVec& vec) {
+  vec.print(world.out());
+  world.out() << '\n';
 }
 
-Value print_alias(IRSlist* form) {
-  AttInterpreterList* type = AttInterpreterList::current();
+Value print_alias(World& world, IRSlist* form) {
+  AttInterpreterList* type = attributes(world).current;
   const char* name = form->get_str_val();
   // Kept: print-alias-alone
   if (!name || !type) return {};
   if (std::string_view(name) == "*") {
-    type->aliases.for_each([](const auto& entry) {
-      std::cout << entry.key << ": ";
-      print_vector(*entry.value);
+    type->aliases.for_each([&](const auto& entry) {
+      world.out() << entry.key << ": ";
+      print_vector(world, *entry.value);
     });
   } else if (AttVec* vec = type->find_alias(name)) {
-    print_vector(*vec);
+    print_vector(world, *vec);
   } else {
-    std::cerr << name << " is not an alias\n";
+    messages() << name << " is not an alias\n";
   }
   return {};
 }
 
 // The list that an optional argument names; null if it names none.
-AttInterpreterList* list_argument(IRSlist* form) {
-  return form->empty() ? AttInterpreterList::current()
-                       : AttInterpreterList::find(form->get_str_val());
+AttInterpreterList* list_argument(World& world, IRSlist* form) {
+  return form->empty() ? attributes(world).current
+                       : find_att_list(world, form->get_str_val());
 }
 
-Value save_aliases_command(IRSlist* form) {
+Value save_aliases_command(World& world, IRSlist* form) {
   const char* file = form->get_str_val();
   if (!file) return {};
-  AttInterpreterList* type = list_argument(form);
+  AttInterpreterList* type = list_argument(world, form);
   return type && save_aliases(*type, file) ? Value::of(type) : Value();
 }
 
-Value load_aliases(IRSlist* form) {
+Value load_aliases(World& world, IRSlist* form) {
   const char* file = form->get_str_val();
   if (!file) return {};
   const std::string base = file;
-  if (find_file((base + ".dat").c_str())) {
-    AttInterpreterList* type = list_argument(form);
-    Ref<Stream> stream = type ? open_file((base + ".dat").c_str()) : Ref<Stream>();
+  if (world.files.find((base + ".dat").c_str())) {
+    AttInterpreterList* type = list_argument(world, form);
+    Ref<Stream> stream = type ? world.files.open((base + ".dat").c_str()) : Ref<Stream>();
     if (!stream || !stream->in()) return {};
     read_aliases(*type, *stream->in());
     return Value::of(type);
   }
-  Ref<Stream> stream = open_file((base + ".lsp").c_str());
+  Ref<Stream> stream = world.files.open((base + ".lsp").c_str());
   if (!stream) return {};
-  AttInterpreterList* current = AttInterpreterList::current();
-  interpreter().load(stream.get());
-  AttInterpreterList::set_current(current);
+  AttInterpreterList* current = attributes(world).current;
+  world.interpreter.load(stream.get());
+  attributes(world).current = current;
   return Value::of(current);
 }
 
@@ -105,8 +108,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_alias_commands() {
-  interpreter().define(kCommands);
+void register_alias_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

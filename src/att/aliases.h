@@ -8,6 +8,8 @@
 
 namespace torvane {
 
+class World;
+
 /// Writes every alias of a type, in the table's order: a record each of length, name and packed
 /// vector. False if the file cannot be written.
 bool save_aliases(const AttInterpreterList& type, const char* file);
@@ -16,6 +18,6 @@ bool save_aliases(const AttInterpreterList& type, const char* file);
 void read_aliases(AttInterpreterList& type, std::istream& in);
 
 /// `alias`, `clear-alias`, `print-alias`, `save-aliases`, `load-aliases`.
-void register_alias_commands();
+void register_alias_commands(World& world);
 
 }  // namespace torvane

@@ -1,96 +1,83 @@
 // The commands by which a grammar file declares types of vectors.
-#include <iostream>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "att/aliases.h"
 #include "att/att_args.h"
+#include "att/attributes.h"
 #include "shell/exec.h"
 #include "shell/macro.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
 namespace {
 
-using Attributes = std::vector<std::unique_ptr<AttInterpreter>>;
-
-// Where attributes go until their type takes them over.
-struct Pending {
-  Attributes* of_item = nullptr;  // those that the item of a `def-att-list` makes
-  std::unique_ptr<AttInterpreter> last;
-};
-Pending& pending() {
-  static auto& made = *new Pending;
-  return made;
-}
-
-Value defattribute(IRSlist* form) {
+Value defattribute(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   const char* type = name ? form->get_str_val() : nullptr;
   if (!type) {
-    std::cerr << "Missing argument: (defattribute <name> <type>)\n";
+    messages() << "Missing argument: (defattribute <name> <type>)\n";
     return {};
   }
-  std::unique_ptr<AttInterpreter> att = get_attitp(type);
+  std::unique_ptr<AttInterpreter> att = get_attitp(world, type);
   if (!att) return {};
   att->set_name(name);
-  att->init(form);
+  att->init(world, form);
   Value made = Value::of(att.get());
-  if (Attributes* of_item = pending().of_item)
-    of_item->push_back(std::move(att));
+  Attributes& state = attributes(world);
+  if (state.of_item)
+    state.of_item->push_back(std::move(att));
   else
-    pending().last = std::move(att);
+    state.pending = std::move(att);
   return made;
 }
 
 // A macro stands for all the attributes that it expands to.
-void add_attributes(AttInterpreterList& type, IRSlist& item) {
-  const bool is_macro = find_macro(item) != nullptr;
-  Attributes made;
-  Attributes* outer = std::exchange(pending().of_item, &made);
-  const auto* result = interpreter().eval(item).as<AttInterpreter>();
-  pending().of_item = outer;
+void add_attributes(World& world, AttInterpreterList& type, IRSlist& item) {
+  const bool is_macro = world.macros.find(item) != nullptr;
+  Attributes::Made made;
+  Attributes::Made* outer = std::exchange(attributes(world).of_item, &made);
+  const auto* result = world.interpreter.eval(item).as<AttInterpreter>();
+  attributes(world).of_item = outer;
   for (auto& att : made)
     if (is_macro || att.get() == result) type.add(std::move(att));
 }
 
-Value def_att_list(IRSlist* form) {
+Value def_att_list(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) {
-    std::cerr << "Missing arguments in (def-att-list <name> ...)\n";
+    messages() << "Missing arguments in (def-att-list <name> ...)\n";
     return {};
   }
-  AttInterpreterList* type = AttInterpreterList::find(name, false);
-  if (!type) {
-    // Also one whose name another object has: vectors may be made of it from here on.
-    static auto& types = *new std::vector<std::unique_ptr<AttInterpreterList>>;
-    types.push_back(std::make_unique<AttInterpreterList>(name, form->length()));
-    type = types.back().get();
-  }
-  while (auto item = form->pop_front()) add_attributes(*type, *item);
-  AttInterpreterList::set_current(type);
+  // Also one whose name another object has: vectors may be made of it from here on.
+  AttInterpreterList* type = find_att_list(world, name, false);
+  if (!type) type = make_att_list(world, name, form->length());
+  while (auto item = form->pop_front()) add_attributes(world, *type, *item);
+  attributes(world).current = type;
   return Value::of(type);
 }
 
-Value make_av(IRSlist* form) {
-  Ref<AttVec> vec = read_vector(*form);
+Value make_av(World& world, IRSlist* form) {
+  Ref<AttVec> vec = read_vector(world, *form);
   lend(*vec);
   return Value::of(vec.get());
 }
 
-Value set_att_itp_list(IRSlist* form) {
-  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
-  if (type) AttInterpreterList::set_current(type);
+Value set_att_itp_list(World& world, IRSlist* form) {
+  AttInterpreterList* type = find_att_list(world, form->get_str_val());
+  if (type) attributes(world).current = type;
   return Value::of(type);
 }
 
-Value def_att_set(IRSlist* form) {
+Value def_att_set(World& world, IRSlist* form) {
   if (form->empty()) {
-    std::cerr << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
+    messages() << "(def-att-set type-of-attvec name att1 att2 ... attn)\n";
     return {};
   }
-  AttInterpreterList* type = AttInterpreterList::find(form->get_str_val());
+  AttInterpreterList* type = find_att_list(world, form->get_str_val());
   const char* name = form->get_str_val();
   if (!type || !name) return {};
   LBitSet set;
@@ -115,13 +102,10 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_attribute_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_attribute_types();
-  interpreter().define(kCommands);
-  register_alias_commands();
+void register_attribute_commands(World& world) {
+  register_attribute_types(world);
+  world.interpreter.define(kCommands);
+  register_alias_commands(world);
 }
 
 }  // namespace torvane

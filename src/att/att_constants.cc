@@ -1,5 +1,6 @@
 // The forms that are constants: a vector, a set of attributes, the index of an attribute.
 #include "att/att_pred.h"
+#include "att/attributes.h"
 
 namespace torvane {
 
@@ -11,8 +12,8 @@ class AttVecConst : public Form<AttVecConst, LConst> {
  public:
   static constexpr const char* kName = "attvec";
   AttVecConst() { out_type = type_id_of<AttVec>(); }
-  void init(IRSlist* args) override {
-    vec_ = read_vector(*args);
+  void init(World& world, IRSlist* args) override {
+    vec_ = read_vector(world, *args);
     value = Value::of(vec_.get());
   }
 
@@ -46,9 +47,9 @@ class AttSetConst : public Form<AttSetConst, LConst> {
  public:
   static constexpr const char* kName = "att-set";
   AttSetConst() { out_type = type_id_of<LBitSet>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     bool negated = take_not(*args);
-    AttInterpreterList* type = take_att_type(*args);
+    AttInterpreterList* type = take_att_type(world, *args);
     negated = take_not(*args) || negated;
     LBitSet set = find_att_set(type, args->pop_front().get());
     set_ = make_ref<HeldSet>(negated ? set.complement() : set);
@@ -69,21 +70,21 @@ class AttIndex : public Form<AttIndex, LConst> {
  public:
   static constexpr const char* kName = "att-index";
   AttIndex() { out_type = type_id_of<int>(); }
-  void init(IRSlist* args) override {
-    const AttInterpreterList* current = AttInterpreterList::current();
+  void init(World& world, IRSlist* args) override {
+    const AttInterpreterList* current = attributes(world).current;
     const char* type = args->length() > 1 ? args->get_str_val()
                        : current          ? current->name.c_str()
                                           : nullptr;
-    value = Value::integer(AttInterpreterList::get_att(type, args->get_str_val()));
+    value = Value::integer(get_att(world, type, args->get_str_val()));
   }
 };
 
 }  // namespace
 
-void register_att_constants() {
-  register_form<AttVecConst>();
-  register_form<AttSetConst>();
-  register_form<AttIndex>();
+void register_att_constants(World& world) {
+  register_form<AttVecConst>(world);
+  register_form<AttSetConst>(world);
+  register_form<AttIndex>(world);
 }
 
 }  // namespace torvane

@@ -1,8 +1,8 @@
 // The forms that test and change attribute vectors.
 #include <algorithm>
-#include <iostream>
 
 #include "att/att_pred.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -19,7 +19,7 @@ Value AttPred::eval(Value input, int input_type) {
 int find_att(const AttInterpreterList* type, const char* att_name) {
   int index;
   if (type && att_name && type->lookup(att_name, &index)) return index;
-  std::cerr << "The attribute " << or_empty(att_name) << " is not found\n";
+  messages() << "The attribute " << or_empty(att_name) << " is not found\n";
   return -1;
 }
 
@@ -44,8 +44,8 @@ namespace {
 class AttDefPred : public Form<AttDefPred, AttPred> {
  public:
   static constexpr const char* kName = "defined";
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_att_type(*args);
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_att_type(world, *args);
     indexes_ = find_atts(type, args->pop_front().get());
   }
 
@@ -84,8 +84,8 @@ class AttDefOnePred : public Form<AttDefOnePred, AttDefPred> {
 class AttDefAndUnifiablePred : public Form<AttDefAndUnifiablePred, AttDefOnePred> {
  public:
   static constexpr const char* kName = "strict-unifiable";
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_att_type(*args);
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_att_type(world, *args);
     indexes_ = find_atts(type, args->pop_front().get());
     vec_ = make_ref<AttVec>(args->pop_front().get(), type);
   }
@@ -103,7 +103,7 @@ class AttDefAndUnifiablePred : public Form<AttDefAndUnifiablePred, AttDefOnePred
 // Forms with a vector of their own.
 class AttWithAttPred : public AttPred {
  public:
-  void init(IRSlist* args) override { constant_ = read_vector(*args); }
+  void init(World& world, IRSlist* args) override { constant_ = read_vector(world, *args); }
 
  protected:
   Ref<AttVec> constant_;
@@ -155,22 +155,19 @@ class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
 
 }  // namespace
 
-void register_attribute_forms() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_pure_form<AttDefPred>();
-  register_pure_form<AttDefOnePred>();
-  register_form<AttUnDefPred>();
-  register_pure_form<AttDefAndUnifiablePred>();
-  register_pure_form<AttUnifiablePred>();
-  register_pure_form<AttContainPred>();
-  register_form<AttUnifyPred>();
-  register_form<AttModifyPred>();
-  register_att_constants();
-  register_att_value_forms();
-  register_att_pair_forms();
-  register_avlist_forms();
+void register_attribute_forms(World& world) {
+  register_pure_form<AttDefPred>(world);
+  register_pure_form<AttDefOnePred>(world);
+  register_form<AttUnDefPred>(world);
+  register_pure_form<AttDefAndUnifiablePred>(world);
+  register_pure_form<AttUnifiablePred>(world);
+  register_pure_form<AttContainPred>(world);
+  register_form<AttUnifyPred>(world);
+  register_form<AttModifyPred>(world);
+  register_att_constants(world);
+  register_att_value_forms(world);
+  register_att_pair_forms(world);
+  register_avlist_forms(world);
 }
 
 }  // namespace torvane

@@ -1,26 +1,27 @@
 #include "att/att_interpreter.h"
 
-#include <iostream>
 
 #include "att/att_interpreter_list.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
 AttWord AttInterpreter::bad_value(const char* value) const {
-  std::cerr << "Oops! The attribute '" << name << "' cannot have '" << or_empty(value)
+  messages() << "Oops! The attribute '" << name << "' cannot have '" << or_empty(value)
             << "' as value\n";
   return 0;
 }
 
-void AttInterpreter::init(IRSlist* facets) {
+void AttInterpreter::init(World& world, IRSlist* facets) {
   if (facets && !facets->empty()) unknown_facets(*facets);
 }
 
 void AttInterpreter::unknown_facets(const IRSlist& facets) const {
-  std::cerr << "Unrecognized facet specification for attribute " << name << ' ';
-  facets.print_item(std::cerr);
-  std::cerr << '\n';
+  messages() << "Unrecognized facet specification for attribute " << name << ' ';
+  facets.print_item(messages());
+  messages() << '\n';
 }
 
 void AttInterpreter::generalize(AttVec* a, const AttVec* b) const {
@@ -62,24 +63,24 @@ void AttInterpreter::print(std::ostream& out, const AttVec* vec) const {
 }
 
 const char* AttInterpreter::str_val(AttWord, std::string&) const {
-  std::cerr << "invalid AttType for AttVec::str_val\n";
+  messages() << "invalid AttType for AttVec::str_val\n";
   return nullptr;
 }
 
 AttWord AttInterpreter::make_val(IRSlist* form) const {
   const char* text = form->is_atom() ? form->atom : form->nth_str_val(0);
   if (text && *text == '~') return 0;
-  std::cerr << "AttInterpreter " << name << " doesn't know how to make value: ";
+  messages() << "AttInterpreter " << name << " doesn't know how to make value: ";
   if (form->is_atom())
-    form->print_item(std::cerr);
+    form->print_item(messages());
   else
-    form->print(std::cerr);
-  std::cerr << '\n';
+    form->print(messages());
+  messages() << '\n';
   return 0;
 }
 
 AttWord AttInterpreter::get_val(const char*) const {
-  std::cerr << "AttInterpreter::get_val(const char* value) should not be called by " << type_name()
+  messages() << "AttInterpreter::get_val(const char* value) should not be called by " << type_name()
             << '\n';
   return static_cast<AttWord>(-1);
 }
@@ -88,15 +89,14 @@ void AttInterpreter::set_name(const char* new_name) {
   if (new_name)
     name = new_name;
   else
-    std::cerr << "AttInterpreter::name(<name>): <name> must not be nil.\n";
+    messages() << "AttInterpreter::name(<name>): <name> must not be nil.\n";
 }
 
-std::unique_ptr<AttInterpreter> get_attitp(const char* type) {
-  register_attribute_types();
-  auto* entry = ObjFactory::family("AttIntepreter")->find(type);
+std::unique_ptr<AttInterpreter> get_attitp(World& world, const char* type) {
+  auto* entry = world.families.find("AttIntepreter")->find(type);
   if (entry)
     if (auto* prototype = entry->value.as<AttInterpreter>()) return prototype->clone();
-  std::cerr << "AttInterpreter::get_attitp:  unknown type: " << or_empty(type) << '\n';
+  messages() << "AttInterpreter::get_attitp:  unknown type: " << or_empty(type) << '\n';
   return nullptr;
 }
 

@@ -11,6 +11,8 @@
 
 namespace torvane {
 
+class World;
+
 /// Where a vector keeps an attribute's value.
 enum class Storage : std::uint8_t { bit, byte, word };
 /// What the value is; from `vec` on the slot owns a count of it.
@@ -24,7 +26,7 @@ class AttInterpreter {
   /// Reports "Oops! The attribute '...' cannot have '...' as value"; 0.
   virtual AttWord bad_value(const char* value) const;
   /// Takes the facets that follow the type in a `defattribute` form.
-  virtual void init(IRSlist* facets);
+  virtual void init(World& world, IRSlist* facets);
   virtual std::unique_ptr<AttInterpreter> clone() const = 0;
   /// Reserves storage in the list and sets `slot`.
   virtual void allocate(AttInterpreterList* owner) = 0;
@@ -108,7 +110,7 @@ struct AttSlot {
 };
 
 /// A clone of the class's prototype; null after "AttInterpreter::get_attitp:  unknown type: ".
-std::unique_ptr<AttInterpreter> get_attitp(const char* type);
+std::unique_ptr<AttInterpreter> get_attitp(World& world, const char* type);
 
 /// For code that reads a value by what it is: the attribute, or null if it holds something else.
 inline const AttInterpreter* att_that_holds(const AttInterpreter* att, Holds what) {
@@ -133,10 +135,10 @@ inline const AttInterpreter* as_disj_att(const AttInterpreter* att) {
 }
 
 /// The value classes.
-void register_attribute_types();
+void register_attribute_types(World& world);
 /// The predicates and list forms on vectors.
-void register_attribute_forms();
+void register_attribute_forms(World& world);
 /// `defattribute`, `def-att-list`, `make-av`, aliases, attribute sets.
-void register_attribute_commands();
+void register_attribute_commands(World& world);
 
 }  // namespace torvane

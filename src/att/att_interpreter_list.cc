@@ -1,9 +1,11 @@
 #include "att/att_interpreter_list.h"
 
 #include <cstring>
-#include <iostream>
 
+#include "att/attributes.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -24,24 +26,22 @@ float default_weight(const float* values, int n) {
   return sum;
 }
 
-AttInterpreterList* current_list = nullptr;
-
 void report_get_att(const char* list_name, const char* att_name, const char* value_text) {
-  std::cerr << "AttInterpreterList::get_att(\"" << or_empty(list_name) << "\", \""
+  messages() << "get_att(world, \"" << or_empty(list_name) << "\", \""
             << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
 }
 
 // The attribute of a list, and its index; null after the report.
-AttInterpreter* find_att(const char* list_name, const char* att_name, const char* value_text,
+AttInterpreter* find_att(World& world, const char* list_name, const char* att_name, const char* value_text,
                          int& index) {
-  AttInterpreterList* list = AttInterpreterList::find(list_name, false);
+  AttInterpreterList* list = find_att_list(world, list_name, false);
   AttInterpreter* att = list ? list->lookup(att_name, &index) : nullptr;
   if (att) return att;
   report_get_att(list_name, att_name, value_text);
   if (list)
-    std::cerr << '"' << or_empty(att_name) << "\" is not an attribute\n";
+    messages() << '"' << or_empty(att_name) << "\" is not an attribute\n";
   else
-    std::cerr << '"' << or_empty(list_name) << "\" is not a type of attribute value vector\n";
+    messages() << '"' << or_empty(list_name) << "\" is not a type of attribute value vector\n";
   return nullptr;
 }
 
@@ -51,19 +51,22 @@ AttInterpreterList::AttInterpreterList(const char* list_name, int estimated_size
     : atts(estimated_size),
       name(or_empty(list_name)),
       weight_fn(default_weight),
-      slots(estimated_size) {
-  register_object(name.c_str(), Value::of(this), kObjectType);
+      slots(estimated_size) {}
+
+AttInterpreterList::~AttInterpreterList() {
+  aliases.clear();
+  for (AttInterpreter* att : atts) delete att;
 }
 
 void AttInterpreterList::add(std::unique_ptr<AttInterpreter> att) {
   int ignored;
   if (lookup(att->name.c_str(), &ignored)) {
     // Kept: mutiplely-defined
-    std::cerr << "Mutiplely defined attribute: " << att->name << '\n';
+    messages() << "Mutiplely defined attribute: " << att->name << '\n';
     return;
   }
   if (count() >= kMostAtts) {
-    std::cerr << "Too many attributes in " << name << ": " << att->name << '\n';
+    messages() << "Too many attributes in " << name << ": " << att->name << '\n';
     return;
   }
   AttInterpreter* added = att.release();
@@ -97,7 +100,7 @@ void AttInterpreterList::make_att_set(LBitSet& out, IRSlist* names) const {
     if (lookup(att_name, &index))
       out.set(index);
     else
-      std::cerr << "AttInterpreterList::make_att_set " << att_name << " is not an attribute name\n";
+      messages() << "AttInterpreterList::make_att_set " << att_name << " is not an attribute name\n";
   }
 }
 
@@ -114,27 +117,27 @@ void AttInterpreterList::add_att_set(const char* set_name, LBitSet set) {
   if (set_name) att_sets.insert(set_name, std::move(set));
 }
 
-AttInterpreterList* AttInterpreterList::current() {
-  return current_list;
-}
-void AttInterpreterList::set_current(AttInterpreterList* list) {
-  current_list = list;
-}
-
-AttInterpreterList* AttInterpreterList::find(const char* list_name, bool report) {
-  return find_object_as<AttInterpreterList>(list_name, kObjectType, report);
+AttInterpreterList* make_att_list(World& world, const char* list_name, int estimated_size) {
+  // Also one whose name another object has: vectors may be made of it from here on.
+  auto list = std::make_unique<AttInterpreterList>(list_name, estimated_size);
+  world.objects.add(list->name.c_str(), Value::of(list.get()), kObjectType);
+  return attributes(world).types.emplace_back(std::move(list)).get();
 }
 
-AttWord AttInterpreterList::get_att(const char* list_name, const char* att_name,
-                                    const char* value_text) {
+AttInterpreterList* find_att_list(World& world, const char* list_name, bool report) {
+  return world.objects.find_as<AttInterpreterList>(list_name, kObjectType, report);
+}
+
+AttWord get_att(World& world, const char* list_name, const char* att_name,
+                const char* value_text) {
   int index;
-  AttInterpreter* att = find_att(list_name, att_name, value_text, index);
+  AttInterpreter* att = find_att(world, list_name, att_name, value_text, index);
   return att ? att->get_val(value_text) : 0;
 }
 
-int AttInterpreterList::get_att(const char* list_name, const char* att_name) {
+int get_att(World& world, const char* list_name, const char* att_name) {
   int index;
-  return find_att(list_name, att_name, nullptr, index) ? index : -1;
+  return find_att(world, list_name, att_name, nullptr, index) ? index : -1;
 }
 
 }  // namespace torvane

@@ -10,12 +10,15 @@
 
 namespace torvane {
 
+/// What a layer above keeps beside a type of vectors: where the attributes are that it reads.
+struct AttRoles {};
+
 class AttInterpreterList {
  public:
-  /// Registers itself under the name, as "AttInterpreterList". Lists live as long as the process.
   AttInterpreterList(const char* list_name, int estimated_size);
   AttInterpreterList(const AttInterpreterList&) = delete;
   AttInterpreterList& operator=(const AttInterpreterList&) = delete;
+  ~AttInterpreterList();
 
   /// Takes an attribute over; a repeated name is reported ("Mutiplely defined attribute: ") and
   /// dropped. A type holds up to kMostAtts attributes.
@@ -48,20 +51,21 @@ class AttInterpreterList {
 
   Array<AttSlot> slots;  ///< beside `atts`: where the values are
   LBitSet counted_atts;  ///< the attributes whose slots own a count
+  const AttRoles* roles = nullptr;
 
   /// As many attributes as a packed tag can name.
   static constexpr int kMostAtts = 32766;
 
-  /// The list that stands wherever a form leaves the type out; may be null.
-  static AttInterpreterList* current();
-  static void set_current(AttInterpreterList* list);
-  /// By name, or null: after the look-up's report, or quietly.
-  static AttInterpreterList* find(const char* list_name, bool report = true);
-  /// The value of `value_text` for an attribute of a list; 0 after a report.
-  static AttWord get_att(const char* list_name, const char* att_name, const char* value_text);
-  /// The index of an attribute of a list; -1 after a report.
-  static int get_att(const char* list_name, const char* att_name);
 };
+
+/// A new list under its name, as "AttInterpreterList"; it lives as long as the world.
+AttInterpreterList* make_att_list(World& world, const char* list_name, int estimated_size);
+/// A list of a world by its name, or null: after the look-up's report, or quietly.
+AttInterpreterList* find_att_list(World& world, const char* list_name, bool report = true);
+/// The value of `value_text` for an attribute of a list; 0 after a report.
+AttWord get_att(World& world, const char* list_name, const char* att_name, const char* value_text);
+/// The index of an attribute of a list; -1 after a report.
+int get_att(World& world, const char* list_name, const char* att_name);
 
 namespace tags {
 inline constexpr TypeTag att_list{"AttInterpreterList*"};

@@ -29,10 +29,10 @@ void unify_any(AttVec& a, const AttVec& b, const LBitSet* mask) {
 class TwoVectors : public LExp {
  public:
   TwoVectors() { out_type = type_id_of<AttVec>(); }
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_att_type(*args);
-    a_ = get_exp(args->pop_front().get());
-    b_ = get_exp(args->pop_front().get());
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_att_type(world, *args);
+    a_ = get_exp(world, args->pop_front().get());
+    b_ = get_exp(world, args->pop_front().get());
     auto names = args->pop_front();
     masked_ = names != nullptr;
     if (masked_) mask_ = find_att_set(type, names.get());
@@ -77,9 +77,9 @@ class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
 
 }  // namespace
 
-void register_att_pair_forms() {
-  register_form<AttUnify2Pred>();
-  register_form<AttUnifiable2Pred>();
+void register_att_pair_forms(World& world) {
+  register_form<AttUnify2Pred>(world);
+  register_form<AttUnifiable2Pred>(world);
 }
 
 }  // namespace torvane

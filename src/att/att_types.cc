@@ -4,6 +4,7 @@
 #include "att/scalar_atts.h"
 #include "att/text_atts.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
 
 namespace torvane {
 
@@ -13,19 +14,18 @@ namespace {
 constexpr const char* kFamily = "AttIntepreter";  // as grammar files know it
 
 template <class... Class>
-void add_prototypes() {
-  (ObjFactory::proto(kFamily, Class::kType, Value::of<AttInterpreter>(new Class), nullptr), ...);
+void add_prototypes(World& world) {
+  (world.families.add_proto(kFamily, Class::kType,
+                            Value::of<AttInterpreter>(world.own(std::make_unique<Class>())), nullptr),
+   ...);
 }
 
 }  // namespace
 
-void register_attribute_types() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  ObjFactory::add_family(kFamily, nullptr, nullptr);
+void register_attribute_types(World& world) {
+  world.families.add(kFamily, nullptr, nullptr);
   add_prototypes<BinAtt, EnumAtt, SmIntAtt, Disj8Att, DisjAtt, IntAtt, StrAtt, EntAtt, VecAtt,
-                 ListAtt, StackAtt, TraceAtt>();
+                 ListAtt, StackAtt, TraceAtt>(world);
 }
 
 }  // namespace torvane

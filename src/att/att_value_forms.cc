@@ -1,9 +1,11 @@
 // The forms that look at what a vector holds.
-#include <iostream>
 #include <optional>
 #include <sstream>
 
 #include "att/att_pred.h"
+#include "lexp/expressions.h"
+#include "att/attributes.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -15,7 +17,7 @@ class OneAtt : public AttPred {
   /// The attribute of a type; one that it lacks is reported under the class's name.
   void find(const char* form_class, const AttInterpreterList* type, const char* att_name) {
     if (!type || !type->lookup(att_name, &index_)) {
-      std::cerr << form_class << "::init: the attribute name '" << or_empty(att_name)
+      messages() << form_class << "::init: the attribute name '" << or_empty(att_name)
                 << "' is not found\n";
       index_ = -1;
     }
@@ -31,13 +33,13 @@ class OneAtt : public AttPred {
 class AttValPred : public Form<AttValPred, OneAtt> {
  public:
   static constexpr const char* kName = "value";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     std::string att_name = or_empty(args->get_str_val());
     const char* result_type = args->nth_str_val(0);
-    value_type_ = type_id(result_type ? result_type : "AttVal");
+    value_type_ = expressions(world).types.id(result_type ? result_type : "AttVal");
     if (result_type) args->pop_front();
-    find("AttValPred", take_att_type(*args), att_name.c_str());
-    if (auto form = args->pop_front()) exp_ = get_exp(form.get());
+    find("AttValPred", take_att_type(world, *args), att_name.c_str());
+    if (auto form = args->pop_front()) exp_ = get_exp(world, form.get());
     out_type = exp_ ? exp_.out_type() : value_type_;
   }
 
@@ -70,9 +72,9 @@ class AttStrVal : public Form<AttStrVal, OneAtt> {
  public:
   static constexpr const char* kName = "att-str-val";
   AttStrVal() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     std::string att_name = or_empty(args->get_str_val());
-    find("AttStrVal", take_att_type(*args), att_name.c_str());
+    find("AttStrVal", take_att_type(world, *args), att_name.c_str());
   }
 
  protected:
@@ -90,12 +92,12 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
  public:
   static constexpr const char* kName = "attvec2str";
   AttVec2Str() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override {
-    const AttInterpreterList* type = AttInterpreterList::current();
+  void init(World& world, IRSlist* args) override {
+    const AttInterpreterList* type = attributes(world).current;
     if (const char* first = args->nth_str_val(0)) {
       int index;
       bool is_att = type && type->lookup(first, &index);
-      if (auto* named = is_att ? nullptr : AttInterpreterList::find(first, false)) {
+      if (auto* named = is_att ? nullptr : find_att_list(world, first, false)) {
         type = named;
         args->pop_front();
       }
@@ -116,10 +118,10 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
 
 }  // namespace
 
-void register_att_value_forms() {
-  register_form<AttValPred>();
-  register_pure_form<AttStrVal>();
-  register_form<AttVec2Str>();
+void register_att_value_forms(World& world) {
+  register_form<AttValPred>(world);
+  register_pure_form<AttStrVal>(world);
+  register_form<AttVec2Str>(world);
 }
 
 }  // namespace torvane

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <iostream>
 
 #include "att/att_interpreter_list.h"
 #include "att/block_pool.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -64,7 +64,7 @@ bool nothing_in(const LBitSet& set, const LBitSet* mask) {
 
 AttVec::AttVec(AttInterpreterList* type) : interpreters(type) {
   if (!type) {
-    std::cerr << "Creating AttVec with nil Interpreter\n";
+    messages() << "Creating AttVec with nil Interpreter\n";
     return;
   }
   defined = LBitSet(type->count());
@@ -102,8 +102,8 @@ void AttVec::operator delete(void* block, std::size_t bytes) {
 // Vectors nest as deep as a grammar lets them grow, far deeper than the stack.
 void AttVec::destroy(AttVec* vec) {
   constexpr int kMostNested = 100;
-  static int depth = 0;
-  static auto& waiting = *new Array<AttVec*>;
+  static thread_local int depth = 0;
+  static thread_local Array<AttVec*> waiting;
   if (depth == kMostNested) {
     waiting.append(vec);
     return;

@@ -1,5 +1,7 @@
 // The counted values of list and trace attributes, and the tags under which values of vectors
 // travel.
+#include <mutex>
+
 #include "att/att_vec.h"
 #include "att/block_pool.h"
 #include "support/name_table.h"
@@ -31,10 +33,13 @@ template <class T>
 struct Waiting {
   Array<T*> objects;
   int room = 0;
+  ~Waiting() {
+    for (T* object : objects) delete object;
+  }
 };
 template <class T>
 Waiting<T>& waiting() {
-  static auto& objects = *new Waiting<T>;
+  static thread_local Waiting<T> objects;
   return objects;
 }
 
@@ -102,7 +107,9 @@ void TraceChain::destroy(TraceChain* chain) {
 
 const char* intern_string(const char* text) {
   if (!text) return nullptr;
-  static auto& strings = *new NameTable<bool>(1997, byte_compare);
+  static std::mutex mutex;
+  static NameTable<bool> strings(1997, byte_compare);
+  std::lock_guard lock(mutex);
   auto* entry = strings.find(text);
   if (!entry) entry = strings.insert(text, true);
   return entry->key;

@@ -3,7 +3,7 @@
 #include <memory>
 #include <sstream>
 
-#include "att/att_interpreter_list.h"
+#include "att/attributes.h"
 #include "att/nested_atts.h"
 #include "lexp/expression_run.h"
 #include "support/test_support.h"
@@ -14,9 +14,9 @@ namespace {
 class AttVecPackTest : public testing::Test {
  protected:
   AttVecPackTest() {
-    register_attribute_types();
-    register_attribute_forms();
-    register_attribute_commands();
+    register_attribute_types(run_.world());
+    register_attribute_forms(run_.world());
+    register_attribute_commands(run_.world());
   }
 
   /// A new type, current from now on.
@@ -24,7 +24,7 @@ class AttVecPackTest : public testing::Test {
     static int made = 0;
     name_ = "type" + std::to_string(++made);
     run_.run("(def-att-list " + name_ + " " + atts + ")");
-    return AttInterpreterList::current();
+    return attributes(run_.world()).current;
   }
   /// One attribute of every scalar kind.
   AttInterpreterList* scalars() {
@@ -45,9 +45,9 @@ class AttVecPackTest : public testing::Test {
                     "))(defattribute tr TraceAtt)(defattribute n IntAtt)(defattribute b BinAtt)");
   }
   /// A vector of the current type.
-  static Ref<AttVec> vec(const std::string& text) {
-    IRSlistReader reader;
-    return make_ref<AttVec>(reader.start_string(text.c_str()), AttInterpreterList::current());
+  Ref<AttVec> vec(const std::string& text) {
+    IRSlistReader reader(false);
+    return make_ref<AttVec>(reader.start_string(text.c_str()), attributes(run_.world()).current);
   }
   static std::string text(const AttVec& vec) {
     std::ostringstream out;
@@ -55,9 +55,9 @@ class AttVecPackTest : public testing::Test {
     return out.str();
   }
   static std::string text(const Ref<AttVec>& vec) { return text(*vec); }
-  static int index(const char* att) {
+  int index(const char* att) {
     int found;
-    return AttInterpreterList::current()->lookup(att, &found) ? found : -1;
+    return attributes(run_.world()).current->lookup(att, &found) ? found : -1;
   }
 
   static std::string bytes(const AttVec& vec) {
@@ -77,7 +77,7 @@ class AttVecPackTest : public testing::Test {
   }
   static void expect_bytes(const AttVec& vec, const std::string& wanted, const std::string& after) {
     EXPECT_EQ(bytes(vec), bytes_from(wanted)) << after;
-    AttVec back(AttInterpreterList::current());
+    AttVec back(attributes(run_.world()).current);
     EXPECT_TRUE(unpack(back, bytes(vec)));
     EXPECT_EQ(text(back), after);
   }
@@ -153,7 +153,7 @@ TEST_F(AttVecPackTest, CutOffBytesAreRefused) {
   auto cut = [](const char* vector) {
     std::string data = bytes(*vec(vector));
     for (std::size_t n = 0; n < data.size(); ++n) {
-      AttVec back(AttInterpreterList::current());
+      AttVec back(attributes(run_.world()).current);
       EXPECT_FALSE(unpack(back, data.substr(0, n))) << n;
     }
   };

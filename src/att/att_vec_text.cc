@@ -1,9 +1,9 @@
 // How vectors are read from forms and printed.
 #include <bit>
-#include <iostream>
 
 #include "att/att_interpreter_list.h"
 #include "att/nesting.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -12,7 +12,7 @@ void AttVec::read(IRSlist* form) {
   while (auto item = form->pop_front()) {
     const char* att_name = item->is_atom() ? item->atom : item->get_str_val();
     if (!att_name) {
-      std::cerr << "() is used as attribute name.\n";
+      messages() << "() is used as attribute name.\n";
       return;
     }
     int index;
@@ -23,7 +23,7 @@ void AttVec::read(IRSlist* form) {
     } else if (AttVec* alias = interpreters->find_alias(att_name)) {
       unify(*alias, nullptr, 1);
     } else {
-      std::cerr << "Unknown attribute " << att_name << '\n';
+      messages() << "Unknown attribute " << att_name << '\n';
     }
   }
 }

@@ -1,5 +1,6 @@
 // The forms that move vectors in and out of list attributes.
 #include "att/att_pred.h"
+#include "att/attributes.h"
 
 namespace torvane {
 
@@ -8,10 +9,10 @@ namespace {
 // Forms with an optional `:interpreter` that names their type.
 class AvListForm : public AttPred {
  protected:
-  static AttInterpreterList* take_type(IRSlist& args) {
+  static AttInterpreterList* take_type(World& world, IRSlist& args) {
     const char* named = args.take_keyword_str(":interpreter");
-    AttInterpreterList* type = named ? AttInterpreterList::find(named) : nullptr;
-    return type ? type : AttInterpreterList::current();
+    AttInterpreterList* type = named ? find_att_list(world, named) : nullptr;
+    return type ? type : attributes(world).current;
   }
   static int take_att(const AttInterpreterList* type, IRSlist& args) {
     return find_att(type, args.get_str_val());
@@ -38,8 +39,8 @@ class AvListForm : public AttPred {
 class DeleteFromAvList : public Form<DeleteFromAvList, AvListForm> {
  public:
   static constexpr const char* kName = "delete-from-avlist";
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_type(*args);
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_type(world, *args);
     att_ = take_att(type, *args);
   }
 
@@ -59,8 +60,8 @@ class DeleteFromAvList : public Form<DeleteFromAvList, AvListForm> {
 class MoveAtt : public Form<MoveAtt, AvListForm> {
  public:
   static constexpr const char* kName = "move-att";
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_type(*args);
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_type(world, *args);
     from_ = take_att(type, *args);
     to_ = take_att(type, *args);
   }
@@ -84,11 +85,11 @@ class MoveAtt : public Form<MoveAtt, AvListForm> {
 // Forms that put a copy of a vector into a list.
 class AvListInsertion : public AvListForm {
  public:
-  void init(IRSlist* args) override {
-    AttInterpreterList* type = take_type(*args);
+  void init(World& world, IRSlist* args) override {
+    AttInterpreterList* type = take_type(world, *args);
     att_ = take_att(type, *args);
     auto form = args->pop_front();
-    exp_ = get_exp(form.get());
+    exp_ = get_exp(world, form.get());
   }
 
  protected:
@@ -134,11 +135,11 @@ class RotateAndInsertIntoAvList : public Form<RotateAndInsertIntoAvList, AvListI
 
 }  // namespace
 
-void register_avlist_forms() {
-  register_form<DeleteFromAvList>();
-  register_form<MoveAtt>();
-  register_form<InsertIntoAvList>();
-  register_form<RotateAndInsertIntoAvList>();
+void register_avlist_forms(World& world) {
+  register_form<DeleteFromAvList>(world);
+  register_form<MoveAtt>(world);
+  register_form<InsertIntoAvList>(world);
+  register_form<RotateAndInsertIntoAvList>(world);
 }
 
 }  // namespace torvane

@@ -48,7 +48,7 @@ class BlockPool {
   static void* take_fresh(std::size_t words);
   static void free_fresh(void* block);
 
-  static inline Block* free_[kSizes];
+  static inline constinit thread_local Block* free_[kSizes] = {};
 };
 
 }  // namespace torvane

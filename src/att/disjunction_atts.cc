@@ -1,17 +1,18 @@
 #include "att/disjunction_atts.h"
 
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
 template <class Base>
-void DisjunctionAtt<Base>::init(IRSlist* facets) {
+void DisjunctionAtt<Base>::init(World& world, IRSlist* facets) {
   this->read_facets(facets, "allowable-values", [this](IRSlist& facet) {
     // Kept: disj8-says-32
     constexpr int kMostValues = 32;  // for either width
     int count = names.read(facet);
     if (count > kMostValues)
-      std::cerr << "The attribute " << this->name << " can only have up to " << kMostValues
+      messages() << "The attribute " << this->name << " can only have up to " << kMostValues
                 << " values, " << count << " found.\n";
   });
 }
@@ -73,7 +74,7 @@ AttWord DisjunctionAtt<Base>::get_val(const char* token) const {
   token = or_empty(token);
   int found = names.find(token);
   if (found < 0 && *token != '~')
-    std::cerr << this->type_name() << "::get_val: Unknown attribute value " << token << '\n';
+    messages() << this->type_name() << "::get_val: Unknown attribute value " << token << '\n';
   // Kept: unknown-value-sets-a-bit
   return std::uint32_t{1} << (static_cast<unsigned>(found - 1) & 31);
 }

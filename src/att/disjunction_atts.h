@@ -6,13 +6,15 @@
 
 namespace torvane {
 
+class World;
+
 /// What the two widths of disjunction share: value i of the table is bit i - 1, unification is
 /// intersection, and the wider of two is the more general.
 template <class Base>
 class DisjunctionAtt : public Base {
  public:
   DisjunctionAtt() { this->holds = Holds::mask; }
-  void init(IRSlist* facets) override;
+  void init(World& world, IRSlist* facets) override;
   int unify(AttVec* vec, int at, AttWord value, int store) const override;
   int compare(AttWord a, AttWord b) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;

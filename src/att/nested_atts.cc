@@ -3,6 +3,7 @@
 
 #include <sstream>
 
+#include "att/attributes.h"
 #include "att/nesting.h"
 
 namespace torvane {
@@ -13,9 +14,9 @@ bool is_signed_name(const IRSlist* item) {
 }
 
 template <class T>
-void ComplexAtt<T>::init(IRSlist* facets) {
-  this->read_facets(facets, "interpreter", [this](IRSlist& facet) {
-    nested = AttInterpreterList::find(facet.get_str_val());
+void ComplexAtt<T>::init(World& world, IRSlist* facets) {
+  this->read_facets(facets, "interpreter", [&](IRSlist& facet) {
+    nested = find_att_list(world, facet.get_str_val());
   });
 }
 

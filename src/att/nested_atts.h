@@ -6,6 +6,8 @@
 
 namespace torvane {
 
+class World;
+
 /// A word that owns a count of a T (a Counted class): what such slots have in common.
 template <class T>
 class CountedAtt : public LongVAtt {
@@ -39,7 +41,7 @@ template <class T>
 class ComplexAtt : public CountedAtt<T> {
  public:
   ComplexAtt() { this->plain = true; }
-  void init(IRSlist* facets) override;
+  void init(World& world, IRSlist* facets) override;
   void print(std::ostream& out, const AttVec* vec) const override;
 
   /// The type of the nested vectors: the one named by the facet, else that of the owner.

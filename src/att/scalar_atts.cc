@@ -1,7 +1,8 @@
 #include "att/scalar_atts.h"
 
 #include <cstdlib>
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -31,20 +32,20 @@ AttWord BinAtt::get_val(const char* token) const {
   token = or_empty(token);
   if (*token == '+') return 1;
   if (*token != '-')
-    std::cerr << "BinAtt::get_val " << token << " is not a valid value for binary attribute\n";
+    messages() << "BinAtt::get_val " << token << " is not a valid value for binary attribute\n";
   return 0;
 }
 
 void BinAtt::pack(const AttVec*, StrBufs&) const {
-  std::cerr << "BinAtt::pack(const AttVec*, StrBufs&) should never be called\n";
+  messages() << "BinAtt::pack(const AttVec*, StrBufs&) should never be called\n";
 }
 
 bool BinAtt::unpack(AttVec*, const char*&, const char*) const {
-  std::cerr << "BinAtt::unpack(AttVec*, const char*&) should never be called\n";
+  messages() << "BinAtt::unpack(AttVec*, const char*&) should never be called\n";
   return true;
 }
 
-void EnumAtt::init(IRSlist* facets) {
+void EnumAtt::init(World& world, IRSlist* facets) {
   read_facets(facets, "allowable-values", [this](IRSlist& facet) { names.read(facet); });
 }
 
@@ -53,7 +54,7 @@ AttWord EnumAtt::get_val(const char* token) const {
   int found = names.find(token);
   if (found >= 0) return static_cast<AttWord>(found);
   if (*token != '~')
-    std::cerr << "EnumAtt::get_val: " << token << " is not an allowable value of " << name << '\n';
+    messages() << "EnumAtt::get_val: " << token << " is not an allowable value of " << name << '\n';
   return 0;
 }
 

@@ -6,6 +6,8 @@
 
 namespace torvane {
 
+class World;
+
 /// A flag, "+" or "-". Vectors keep it by bits, and a packed vector by its tag.
 class BinAtt : public AttClass<BinAtt, AttInterpreter> {
  public:
@@ -25,7 +27,7 @@ class BinAtt : public AttClass<BinAtt, AttInterpreter> {
 class EnumAtt : public AttClass<EnumAtt, CharAtt> {
  public:
   static constexpr const char* kType = "EnumAtt";
-  void init(IRSlist* facets) override;
+  void init(World& world, IRSlist* facets) override;
   const char* str_val(AttWord value, std::string&) const override { return names.at(value); }
   AttWord make_val(IRSlist* form) const override { return get_val(value_text(form)); }
   AttWord get_val(const char* token) const override;

@@ -2,8 +2,9 @@
 
 #include <cstdio>
 #include <cstring>
-#include <iostream>
 #include <sstream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -55,14 +56,14 @@ Value StrAtt::to_value(AttWord value) const {
   return Value::constant(text_of(value));
 }
 
-void EntAtt::init(IRSlist* facets) {
+void EntAtt::init(World& world, IRSlist* facets) {
   while (facets && !facets->empty()) {
     auto facet = facets->pop_front();
     const char* facet_name = facet->is_atom() ? facet->atom : facet->get_str_val();
     if (same_word(facet_name, "default"))
       default_value = make_val(facet.get());
     else
-      std::cerr << "EntAtt::EntAtt unknown facet " << or_empty(facet_name) << '\n';
+      messages() << "EntAtt::EntAtt unknown facet " << or_empty(facet_name) << '\n';
   }
 }
 

@@ -5,6 +5,8 @@
 
 namespace torvane {
 
+class World;
+
 /// An interned text: equal texts are one pointer.
 class StrAtt : public AttClass<StrAtt, LongVAtt> {
  public:
@@ -28,7 +30,7 @@ class EntAtt : public AttClass<EntAtt, LongVAtt> {
     holds = Holds::entity;
     plain = false;
   }
-  void init(IRSlist* facets) override;
+  void init(World& world, IRSlist* facets) override;
   int unify(AttVec* vec, int at, AttWord value, int store) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   void pack(const AttVec*, StrBufs&) const override {}

@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <iostream>
 
 #include "att/nested_atts.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -46,12 +46,12 @@ const char* TraceAtt::str_val(AttWord value, std::string& scratch) const {
 
 AttWord TraceAtt::make_val(IRSlist* form) const {
   if (form->empty() && (!form->is_atom() || *form->atom == '~')) return 0;
-  std::cerr << "TraceAtt::make_val(IRSlist*) fails with argument: ";
+  messages() << "TraceAtt::make_val(IRSlist*) fails with argument: ";
   if (form->is_atom())
-    form->print_item(std::cerr);
+    form->print_item(messages());
   else
-    form->print(std::cerr);
-  std::cerr << '\n';
+    form->print(messages());
+  messages() << '\n';
   return 0;
 }
 

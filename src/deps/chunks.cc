@@ -58,7 +58,7 @@ class ChunkTable {
 
   /// The chunk root of each word's node; null for a word without one.
   std::vector<DepTree*> chunks() {
-    int marked = property_id("ckroot");
+    int marked = deps_.properties().id("ckroot");
     std::unordered_map<const RSTree*, DepTree*> chunk_of;
     std::vector<DepTree*> nodes = nodes_by_word(&root_, deps_);
     for (TPreIterator<DepTree> walk(&root_); DepTree* node = walk.next();) {
@@ -108,11 +108,11 @@ class ChunkTable {
   Label named(const std::string& text) { return &*labels_.insert(text).first; }
 
   Label label_of(DepTree& chunk) {
-    const DepProp* prop = find_prop(chunk, property_id("ckroot"));
+    const DepProp* prop = find_prop(chunk, deps_.properties().id("ckroot"));
     if (!prop || !prop->value) return named(chunk._cat ? chunk._cat : kUnknown);
     if (const char* text = prop->value.text()) return named(text);
     std::ostringstream text;
-    property_type(prop->id)->print(text, prop->value);
+    deps_.properties().type(prop->id)->print(text, prop->value);
     return named(text.str());
   }
 
@@ -141,7 +141,7 @@ class ChunkTable {
 
   // A clause inside one chunk has its marks inside the brackets, so that they nest.
   void mark_clauses() {
-    int clause = property_id("clause");
+    int clause = deps_.properties().id("clause");
     if (clause == 0) return;
     std::vector<int> stretch = stretches();
     auto extents = extents_in(root_);

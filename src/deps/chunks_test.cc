@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "deps/deps.h"
+#include "deps/trees.h"
 #include "deps/val_types.h"
 
 namespace torvane {
@@ -19,9 +20,11 @@ struct Word {
 };
 
 std::string chunked(const std::vector<Word>& words) {
+  World world(World::Console::of_process());
+  WorldScope here(world);
   static const StrValue text;
-  if (property_id("ckroot") == 0) define_property("ckroot", &text);
-  Ref<Deps> deps = make_ref<Deps>();
+  trees(world).properties.define("ckroot", &text);
+  Ref<Deps> deps = make_ref<Deps>(world);
   DepTree* root = deps->new_node();
   deps->set_root(root);
   for (const Word& word : words) {

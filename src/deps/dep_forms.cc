@@ -4,17 +4,14 @@
 
 namespace torvane {
 
-void register_deps_forms() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_value_types();
-  register_node_adaptors();
-  register_walk_forms();
-  register_prop_forms();
-  register_trel_forms();
-  register_deps_reading_forms();
-  register_dep_print_forms();
+void register_deps_forms(World& world) {
+  register_value_types(world);
+  register_node_adaptors(world);
+  register_walk_forms(world);
+  register_prop_forms(world);
+  register_trel_forms(world);
+  register_deps_reading_forms(world);
+  register_dep_print_forms(world);
 }
 
 }  // namespace torvane

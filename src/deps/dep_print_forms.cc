@@ -86,7 +86,7 @@ class GetWords : public Form<GetWords> {
     in_type = type_id_of<DepTree>();
     out_type = type_id_of<const char*>();
   }
-  void init(IRSlist* args) override { last_ = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { last_ = get_exp(world, args->nth(0)); }
   Value eval(Value input, int type) override {
     if (!accepts(type)) return Value();
     RSTree* last = last_.eval(input, type).as<RSTree>();
@@ -128,7 +128,7 @@ class MinimalAcross : public Form<MinimalAcross> {
     out_type = type_id_of<int>();
   }
 
-  void init(IRSlist* args) override { exp_ = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { exp_ = get_exp(world, args->nth(0)); }
 
   Value eval(Value input, int type) override {
     if (!accepts(type)) return Value();
@@ -159,18 +159,18 @@ class MinimalAcross : public Form<MinimalAcross> {
 
 }  // namespace
 
-void register_dep_print_forms() {
-  register_function<print_dep_tree>("print-dep-tree");
-  register_function<print_deps>("print-deps");
-  register_function<save_deps>("save-deps");
-  register_function<print_sub_deps>("print-sub-deps");
-  register_function<print_context>("print-context");
-  register_function<print_words>("print-words");
-  register_form<GetWords>();
-  register_function<print_rel>("print-rel");
-  register_function<print_leaf>("print-leaf");
-  register_form<LeafStr>();
-  register_form<MinimalAcross>();
+void register_dep_print_forms(World& world) {
+  register_function<print_dep_tree>(world, "print-dep-tree");
+  register_function<print_deps>(world, "print-deps");
+  register_function<save_deps>(world, "save-deps");
+  register_function<print_sub_deps>(world, "print-sub-deps");
+  register_function<print_context>(world, "print-context");
+  register_function<print_words>(world, "print-words");
+  register_form<GetWords>(world);
+  register_function<print_rel>(world, "print-rel");
+  register_function<print_leaf>(world, "print-leaf");
+  register_form<LeafStr>(world);
+  register_form<MinimalAcross>(world);
 }
 
 }  // namespace torvane

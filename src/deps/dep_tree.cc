@@ -1,10 +1,10 @@
 #include "deps/dep_tree.h"
 
 #include <cstring>
-#include <iostream>
 #include <string>
 
 #include "deps/deps.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -14,7 +14,7 @@ Era* DepTree::era() const {
 
 void DepTree::add_child(DepTree* child) {
   if (!can_take(child)) {
-    std::cerr << "RSTree::append error.\n";
+    messages() << "RSTree::append error.\n";
     return;
   }
   if (child->_parent) child->detach();

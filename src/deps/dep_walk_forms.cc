@@ -19,12 +19,12 @@ namespace {
 template <class D>
 class ByRelation : public DepTreeComponent<D, DepTree> {
  public:
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     if (const char* rel = args->get_str_val()) {
       rel_ = rel;
       known_ = true;
     }
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
 
  protected:
@@ -52,10 +52,10 @@ struct GetParent : ByRelation<GetParent> {
 template <class D>
 class ByExpression : public DepTreeComponent<D, DepTree> {
  public:
-  void init(IRSlist* args) override {
-    exp_ = LExp::get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    exp_ = LExp::get_exp(world, args->nth(0));
     args->pop_front();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
 
  protected:
@@ -151,14 +151,14 @@ class CompatibleModifier : public Form<CompatibleModifier, TernaryFunc> {
 
 }  // namespace
 
-void register_walk_forms() {
-  register_form<GetChild>();
-  register_form<GetParent>();
-  register_form<GetAntecedent>();
-  register_form<CompatibleModifier>();
-  register_form<FindFirstNode>();
-  register_form<ExpandNode>();
-  register_form<ReattachNode>();
+void register_walk_forms(World& world) {
+  register_form<GetChild>(world);
+  register_form<GetParent>(world);
+  register_form<GetAntecedent>(world);
+  register_form<CompatibleModifier>(world);
+  register_form<FindFirstNode>(world);
+  register_form<ExpandNode>(world);
+  register_form<ReattachNode>(world);
 }
 
 }  // namespace torvane

@@ -2,23 +2,23 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iostream>
 
 #include "deps/tree_walk.h"
+#include "deps/trees.h"
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
 
-int trees_made = 0;
-
-Value set_print_weight(IRSlist* form) {
-  PRINT_DEPTREE_WEIGHT = form->get_long_val() != 0;
+Value set_print_weight(World& world, IRSlist* form) {
+  trees(world).print_weight = form->get_long_val() != 0;
   return Value();
 }
 
-Value set_print_governor(IRSlist* form) {
-  PRINT_GOV = form->get_long_val() != 0;
+Value set_print_governor(World& world, IRSlist* form) {
+  trees(world).print_governor = form->get_long_val() != 0;
   return Value();
 }
 
@@ -30,9 +30,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-bool PRINT_DEPTREE_WEIGHT = true;
-bool PRINT_GOV = true;
-
 const TypeTag tags::deps{
     "Deps*",
     nullptr,
@@ -41,7 +38,7 @@ const TypeTag tags::deps{
     [](Word word) { reinterpret_cast<const Deps*>(word)->release(); },
 };
 
-Deps::Deps() {
+Deps::Deps(World& world) : world_(world) {
   take_number();
 }
 
@@ -66,7 +63,7 @@ void Deps::drop_nodes() {
 }
 
 void Deps::take_number() {
-  number_ = ++trees_made;
+  number_ = ++trees(world_).made;
   _id = std::to_string(number_);
 }
 
@@ -141,7 +138,7 @@ int Deps::find_word(int from, const char* direction, const char* wanted, bool fr
   int i = from_empty && *direction != '>' ? from - 1 : from;
   for (const char* c = direction; *c; ++c) {
     if (*c != '<' && *c != '>' && *c != '*') {
-      std::cerr << direction << " is not a valid direction\n";
+      messages() << direction << " is not a valid direction\n";
       return 0;
     }
     // Kept: directions-point-back
@@ -160,11 +157,12 @@ void Deps::assign_labels() {
     if (!node->is_holder()) node->label();
 }
 
-void register_deps_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  interpreter().define(kCommands);
+const Properties& Deps::properties() const {
+  return trees(world_).properties;
+}
+
+void register_deps_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

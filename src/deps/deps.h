@@ -18,6 +18,8 @@
 
 namespace torvane {
 
+class World;
+
 using RefCounter = Counted<class Deps>;
 
 class Deps : public RefCounter {
@@ -25,7 +27,7 @@ class Deps : public RefCounter {
   /// Positions are 16 bits wide.
   static constexpr int kMostWords = 32767;
 
-  Deps();
+  explicit Deps(World& world);
   virtual ~Deps();
   virtual DepTree* new_node();
   /// The nodes as bytes. The words are not among them.
@@ -74,6 +76,8 @@ class Deps : public RefCounter {
   /// Forgets words, nodes, labels and assertions, and takes a new id; whatever a variable still
   /// holds of them reads as null. A tree that is clear stays as it is.
   void clear();
+  World& world() const { return world_; }
+  const Properties& properties() const;
   bool is_clear() const { return !_nodes && _words.empty(); }
   void set_root(DepTree* node) { _root = node; }
   /// The words lo..hi, joined by a blank where a gap stood; in `_strings`.
@@ -101,6 +105,7 @@ class Deps : public RefCounter {
   void drop_nodes();
   void take_number();
 
+  World& world_;
   int number_ = 0;
   DepTree* spare_nodes_ = nullptr;
 };
@@ -111,10 +116,7 @@ extern const TypeTag deps;  // counted
 template <>
 struct ValueTraits<Deps> : TagOf<Deps, tags::deps> {};
 
-/// Flags of the text format, both on at the start.
-extern bool PRINT_DEPTREE_WEIGHT;
-extern bool PRINT_GOV;
 /// `print-deptree-weight` and `print-governor`.
-void register_deps_commands();
+void register_deps_commands(World& world);
 
 }  // namespace torvane

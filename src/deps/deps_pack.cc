@@ -6,6 +6,7 @@
 
 #include "deps/deps.h"
 #include "support/big_endian.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -15,7 +16,7 @@ constexpr int kMostChildren = 65535;
 
 [[noreturn]] void fail_without_att_type() {
   // Kept: no-vector-type-ends-the-run
-  std::cerr << "The type of AttVec in dependency tree is not defined\n" << std::flush;
+  messages() << "The type of AttVec in dependency tree is not defined\n" << std::flush;
   std::exit(1);
 }
 

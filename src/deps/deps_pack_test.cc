@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "att/att_interpreter_list.h"
+#include "att/attributes.h"
 #include "deps/deps.h"
-#include "shell/exec.h"
+#include "shell/world.h"
 
 namespace torvane {
 namespace {
@@ -26,8 +26,10 @@ class DepsPackTest : public testing::Test {
     return good;
   }
 
-  Deps deps_;
-  IRSlistReader reader_;
+  World world_{World::Console::of_process()};
+  WorldScope here_{world_};
+  Deps deps_{world_};
+  IRSlistReader reader_{false};
   std::ptrdiff_t used_ = 0;
 };
 
@@ -70,10 +72,10 @@ TEST_F(DepsPackTest, WholeBytesComeBackAndEveryCutAndEveryFlippedByteIsSafe) {
 }
 
 TEST_F(DepsPackTest, AttributesNeedAType) {
-  register_attribute_types();
-  register_attribute_commands();
-  interpreter().prompt = false;
-  interpreter().load_string("(def-att-list pack_atts (defattribute good BinAtt))");
+  register_attribute_types(world_);
+  register_attribute_commands(world_);
+  world_.interpreter.prompt = false;
+  world_.interpreter.load_string("(def-att-list pack_atts (defattribute good BinAtt))");
   read("(1 (a ~ X * (atts (+good))))");
   std::string bytes = packed();
   ASSERT_TRUE(unpack(bytes));
@@ -84,7 +86,6 @@ TEST_F(DepsPackTest, AttributesNeedAType) {
   const char* message = "The type of AttVec in dependency tree is not defined\n";
   EXPECT_EXIT(packed(), testing::ExitedWithCode(1), message);
   EXPECT_EXIT(unpack(bytes), testing::ExitedWithCode(1), message);
-  AttInterpreterList::set_current(nullptr);
 }
 
 }  // namespace

@@ -1,13 +1,14 @@
 // A tree from text. A first pass over the form makes the words and nodes, a second fills the nodes
 // in and finds their parents, so that a line may name a parent that stands further down.
 #include <cstring>
-#include <iostream>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "att/att_interpreter_list.h"
+#include "att/attributes.h"
 #include "deps/deps.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -100,7 +101,7 @@ class TreeReader {
     if (first->is_atom() && *first->atom) {
       if (!deps_.add_word(first->atom, gap)) {
         if (!full_)
-          std::cerr << "Deps::read: only the first " << Deps::kMostWords << " words are read\n";
+          messages() << "Deps::read: only the first " << Deps::kMostWords << " words are read\n";
         full_ = true;
         return nullptr;
       }
@@ -155,7 +156,7 @@ class TreeReader {
       line->node->append(&node);
       return;
     }
-    std::cerr << "the parent of `" << or_empty(node.word()) << problem << (word ? direction : "-")
+    messages() << "the parent of `" << or_empty(node.word()) << problem << (word ? direction : "-")
               << ' ' << (word ? word : direction) << '\n';
   }
 
@@ -184,15 +185,15 @@ class TreeReader {
       node._weight = rest.get_float_val();
     } else if (is(name, "atts")) {
       read_atts(node, rest);
-    } else if (int id = property_id(name)) {
-      node._props.append({id, property_type(id)->parse(&rest, deps_), 1.0f});
+    } else if (int id = deps_.properties().id(name)) {
+      node._props.append({id, deps_.properties().type(id)->parse(&rest, deps_), 1.0f});
     }
   }
 
   // As written: the vector in its parentheses; its items may also stand bare.
   void read_atts(DepTree& node, IRSlist& form) {
     if (!deps_._att_type) {
-      std::cerr << "The type of AttVec in dependency tree is not defined\n";
+      messages() << "The type of AttVec in dependency tree is not defined\n";
       return;
     }
     IRSlist* only = form.length() == 1 ? form.nth(0) : nullptr;
@@ -237,7 +238,7 @@ class TreeReader {
 
 void Deps::read(const IRSlist& form) {
   if (!is_clear()) clear();
-  if (!_att_type) _att_type = AttInterpreterList::current();
+  if (!_att_type) _att_type = attributes(world_).current;
   TreeReader(*this).read(form);
 }
 

@@ -5,6 +5,7 @@
 #include "deps/deps_modifier.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
+#include "shell/world.h"
 #include "support/depth.h"
 
 namespace torvane {
@@ -23,10 +24,10 @@ class Str2Deps : public Form<Str2Deps, LAdaptor> {
   Value convert(Value input) override {
     const char* text = input.text();
     if (!text) return Value();
-    IRSlistReader reader;
+    IRSlistReader reader(world().double_byte);
     const IRSlist* form = reader.start_string(text);
     if (!form || form->is_atom()) return Value();
-    Ref<Deps> deps = make_ref<Deps>();
+    Ref<Deps> deps = make_ref<Deps>(world());
     deps->read(*form);
     result_ = HeldValue(Value::of(deps.get()));
     return result_.get();
@@ -55,24 +56,24 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
  public:
   static constexpr const char* kName = "read-and-modify-deps";
 
-  void init(IRSlist* args) override {
-    modifier_ = find_object_as<DepsModifier>(args->get_str_val(), "TreeModifier", true);
-    stream_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    modifier_ = world.objects.find_as<DepsModifier>(args->get_str_val(), "TreeModifier", true);
+    stream_ = get_exp(world, args->nth(0));
   }
 
   Value eval(Value input, int type) override {
     if (!modifier_) return Value();
     Value given = stream_.eval(input, type);
     if (given && !given.as<Stream>()) return Value();
-    Ref<Stream> stream(given ? given.as<Stream>() : Stream::standard_input());
+    Ref<Stream> stream(given ? given.as<Stream>() : world().standard_input());
     DepsModifier& modifier = *modifier_;
-    IRSlistReader reader;
+    IRSlistReader reader(world().double_byte);
     Ref<Deps> deps;
     Round round;
     for (const IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
       if (form->is_atom() || !reader.found_form()) continue;
       // A tree that somebody keeps stays as it is.
-      if (!deps || deps->shared()) deps = make_ref<Deps>();
+      if (!deps || deps->shared()) deps = make_ref<Deps>(world());
       lift_depth_limits();
       deps->read(*form);
       modifier.modify(deps->_root);
@@ -88,10 +89,10 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
 
 }  // namespace
 
-void register_deps_reading_forms() {
-  register_form<ReadAndModifyDeps>();
-  register_form<Str2Deps>();
-  register_form<ConcatDepWords>();
+void register_deps_reading_forms(World& world) {
+  register_form<ReadAndModifyDeps>(world);
+  register_form<Str2Deps>(world);
+  register_form<ConcatDepWords>(world);
 }
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <sstream>
 #include <string>
 
+#include "deps/trees.h"
 #include "support/test_support.h"
 
 namespace torvane {
@@ -10,9 +11,9 @@ namespace {
 
 class DepsTest : public testing::Test {
  protected:
-  void SetUp() override {
-    PRINT_DEPTREE_WEIGHT = false;
-    PRINT_GOV = false;
+  DepsTest() {
+    trees(world_).print_weight = false;
+    trees(world_).print_governor = false;
   }
 
   /// Reads "(...)"; `errors_` is what it reports.
@@ -33,15 +34,17 @@ class DepsTest : public testing::Test {
   }
   DepTree* node(const char* label) { return deps_.find_label(label); }
 
-  Deps deps_;
-  IRSlistReader reader_;
+  World world_{World::Console::of_process()};
+  WorldScope here_{world_};
+  Deps deps_{world_};
+  IRSlistReader reader_{false};
   std::string errors_;
 };
 
 TEST_F(DepsTest, FlagsAddWeightsAndGovernors) {
   read("(:id 7 1 (a ~ X 2 mod (w 0.5)) 2 (b c Y *  (w 2)))");
-  PRINT_DEPTREE_WEIGHT = true;
-  PRINT_GOV = true;
+  trees(world_).print_weight = true;
+  trees(world_).print_governor = true;
   EXPECT_EQ(written(deps_),
             "(:id 7 ;;total-weight 2.5\n"
             "1\t(a\t~ X\t2\tmod\t(gov c) (w 0.5))\n"
@@ -151,7 +154,7 @@ TEST_F(DepsTest, AClearedTreeLeavesNothingToVariables) {
   EXPECT_FALSE(held.get());
   HeldValue other;
   {
-    Deps scope;
+    Deps scope(world_);
     other = HeldValue(Value::of(scope.new_node()));
     EXPECT_TRUE(other.get());
   }

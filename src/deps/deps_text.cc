@@ -8,6 +8,7 @@
 #include "deps/node_extent.h"
 #include "deps/print_text.h"
 #include "deps/tree_walk.h"
+#include "deps/trees.h"
 #include "support/depth.h"
 #include "support/text.h"
 
@@ -19,7 +20,7 @@ thread_local DepthLimit short_form_limit{"The tree is nested too deeply to be pr
 class TreeWriter {
  public:
   TreeWriter(Deps& deps, std::ostream& out, const LBitSet* show)
-      : deps_(deps), out_(out), show_(show) {}
+      : deps_(deps), flags_(trees(deps.world())), out_(out), show_(show) {}
 
   void write() {
     deps_.assign_labels();
@@ -81,7 +82,7 @@ class TreeWriter {
   void write_head() {
     out_ << '(';
     if (!deps_._id.empty()) out_ << ":id " << quoted(deps_._id.c_str());
-    if (PRINT_DEPTREE_WEIGHT) {
+    if (flags_.print_weight) {
       double total = 0;
       for (TPreIterator<DepTree> walk(deps_._root); const DepTree* node = walk.next();)
         total += node->_weight;
@@ -133,7 +134,7 @@ class TreeWriter {
     DepTree* parent = node.parent();
     write_parent(parent);
     if (node._rel && *node._rel) out_ << '\t' << quoted(node._rel);
-    const char* governor = PRINT_GOV && parent ? parent->root_word() : nullptr;
+    const char* governor = flags_.print_governor && parent ? parent->root_word() : nullptr;
     if (governor && *governor) out_ << "\t(gov " << quoted(governor) << ')';
     for (const DepProp& prop : node._props) write_prop(prop);
     if (show_ && node._atts) {
@@ -141,7 +142,7 @@ class TreeWriter {
       node._atts->print(out_, show_);
       out_ << ')';
     }
-    if (PRINT_DEPTREE_WEIGHT) out_ << " (w " << float_text(node._weight) << ')';
+    if (flags_.print_weight) out_ << " (w " << float_text(node._weight) << ')';
     out_ << ')';
     if (node._pos > 0 && deps_._separators.test(node._pos)) out_ << " :nogap";
     out_ << '\n';
@@ -159,9 +160,9 @@ class TreeWriter {
   }
 
   void write_prop(const DepProp& prop) {
-    const ValType* type = property_type(prop.id);
+    const ValType* type = deps_.properties().type(prop.id);
     if (!type) return;
-    out_ << " (" << quoted(property_name(prop.id)) << ' ';
+    out_ << " (" << quoted(deps_.properties().name(prop.id)) << ' ';
     type->print(out_, prop.value);
     out_ << ')';
   }
@@ -185,6 +186,7 @@ class TreeWriter {
   }
 
   Deps& deps_;
+  const Trees& flags_;
   std::ostream& out_;
   const LBitSet* show_;
   int counter_ = 1;

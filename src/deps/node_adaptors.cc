@@ -157,26 +157,26 @@ struct RDepName : NameOfDependency<RDepName> {
 
 }  // namespace
 
-void register_node_adaptors() {
-  register_form<DepTree2Deps>();
-  register_form<DepTree2Rel>();
-  register_form<DepTree2Cat>();
-  register_form<DepTree2Root>();
-  register_form<DepTree2Word>();
-  register_form<DepTree2AttVec>();
-  register_form<DepTree2MinP>();
-  register_form<DepTree2MaxP>();
-  register_form<DepTree2Ante>();
-  register_form<DepTree2Antecedent>();
-  register_form<DepTree2Low>();
-  register_form<DepTree2High>();
-  register_form<DepTree2Pos>();
-  register_form<DistToParent>();
-  register_form<WordBefore>();
-  register_form<WordAfter>();
-  register_form<BeforeParent>();
-  register_form<DepName>();
-  register_form<RDepName>();
+void register_node_adaptors(World& world) {
+  register_form<DepTree2Deps>(world);
+  register_form<DepTree2Rel>(world);
+  register_form<DepTree2Cat>(world);
+  register_form<DepTree2Root>(world);
+  register_form<DepTree2Word>(world);
+  register_form<DepTree2AttVec>(world);
+  register_form<DepTree2MinP>(world);
+  register_form<DepTree2MaxP>(world);
+  register_form<DepTree2Ante>(world);
+  register_form<DepTree2Antecedent>(world);
+  register_form<DepTree2Low>(world);
+  register_form<DepTree2High>(world);
+  register_form<DepTree2Pos>(world);
+  register_form<DistToParent>(world);
+  register_form<WordBefore>(world);
+  register_form<WordAfter>(world);
+  register_form<BeforeParent>(world);
+  register_form<DepName>(world);
+  register_form<RDepName>(world);
 }
 
 }  // namespace torvane

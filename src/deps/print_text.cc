@@ -4,6 +4,7 @@
 #include <string>
 
 #include "deps/deps.h"
+#include "shell/world.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -31,8 +32,8 @@ void write_atom(std::ostream& out, const char* text) {
   out << (atom.empty() ? "\"\"" : atom);
 }
 
-std::ostream* output_of(Stream* stream) {
-  return stream ? stream->out() : &std::cout;
+std::ostream* output_of(World& world, Stream* stream) {
+  return stream ? stream->out() : &world.out();
 }
 
 }  // namespace torvane

@@ -4,7 +4,9 @@
 
 #include "deps/dep_forms.h"
 #include "deps/props.h"
+#include "deps/trees.h"
 #include "deps/triple.h"
+#include "lexp/expressions.h"
 
 namespace torvane {
 
@@ -30,13 +32,14 @@ class GetProp : public DepTreeComponent<GetProp, Value> {
     wanted_.copy_into(other.wanted_, texts_);
   }
 
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     if (std::unique_ptr<IRSlist> first = args->pop_front()) {
       wanted_.copy_into(*first, texts_);
-      name_ = PropName(or_empty(wanted_.is_atom() ? wanted_.atom : wanted_.get_str_val()));
+      name_ = PropName(trees(world).properties, or_empty(wanted_.is_atom() ? wanted_.atom : wanted_.get_str_val()));
     }
-    if (const ValType* prop_type = property_type(name_.id())) mid_type = type_id(prop_type->name());
-    LAdaptor::init(args);
+    if (const ValType* prop_type = trees(world).properties.type(name_.id()))
+      mid_type = expressions(world).types.id(prop_type->name());
+    LAdaptor::init(world, args);
   }
 
   Value component(DepTree& node) const {
@@ -50,7 +53,7 @@ class GetProp : public DepTreeComponent<GetProp, Value> {
     IRSlist form;
     StrBufs texts;
     form.copy_into(wanted_, texts);
-    const ValType* type = property_type(name_.id());
+    const ValType* type = trees(world()).properties.type(name_.id());
     Value value = type->parse(&form, *node._deps);
     for (const DepProp& prop : node._props)
       if (prop.id == name_.id() && type->compare(prop.value, value) == 0) return &prop;
@@ -67,9 +70,9 @@ class SetProp : public DepTreeComponent<SetProp, DepTree> {
  public:
   static constexpr const char* kName = "set-prop";
 
-  void init(IRSlist* args) override {
-    for (Triple& triple : read_triples(args)) {
-      PropName name(or_empty(triple.first.constant()));
+  void init(World& world, IRSlist* args) override {
+    for (Triple& triple : read_triples(world, args)) {
+      PropName name(trees(world).properties, or_empty(triple.first.constant()));
       entries_.push_back({std::move(name), std::move(triple)});
     }
     out_type = mid_type;
@@ -89,7 +92,7 @@ class SetProp : public DepTreeComponent<SetProp, DepTree> {
   void store(DepTree& node, const Entry& entry) const {
     Value input = Value::of(&node);
     int id = id_of(entry, input);
-    const ValType* type = property_type(id);
+    const ValType* type = trees(world()).properties.type(id);
     if (!type) return;
     Value value;
     if (const char* text = entry.triple.second.constant()) {
@@ -108,7 +111,7 @@ class SetProp : public DepTreeComponent<SetProp, DepTree> {
     if (entry.triple.first.constant()) return entry.name.id();
     Value value = entry.triple.first.eval(input, in_type);
     if (value.is(tags::integer)) return static_cast<int>(value.number());
-    return property_id(or_empty(value.text()));
+    return trees(world()).properties.id(or_empty(value.text()));
   }
 
   std::vector<Entry> entries_;
@@ -119,9 +122,9 @@ class DelProp : public DepTreeComponent<DelProp, DepTree> {
  public:
   static constexpr const char* kName = "del-prop";
 
-  void init(IRSlist* args) override {
-    name_ = PropName(or_empty(args->get_str_val()));
-    LAdaptor::init(args);
+  void init(World& world, IRSlist* args) override {
+    name_ = PropName(trees(world).properties, or_empty(args->get_str_val()));
+    LAdaptor::init(world, args);
   }
 
   DepTree* component(DepTree& node) const {
@@ -140,11 +143,11 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
  public:
   static constexpr const char* kName = "add-to-dep-prop-list";
 
-  void init(IRSlist* args) override {
-    name_ = PropName(or_empty(args->get_str_val()));
-    exp_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    name_ = PropName(trees(world).properties, or_empty(args->get_str_val()));
+    exp_ = get_exp(world, args->nth(0));
     args->pop_front();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
 
   DepTree* component(DepTree& node) const {
@@ -156,9 +159,8 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
 
  private:
   TextList* list_of(DepTree& node) const {
-    static const int list_type = type_id_of<TextList>();
-    const ValType* type = property_type(name_.id());
-    if (!type || type_id(type->name()) != list_type) return nullptr;
+    const ValType* type = trees(world()).properties.type(name_.id());
+    if (!type || !same_word(type->name(), type_name_of<TextList>())) return nullptr;
     for (const DepProp& prop : node._props)
       if (prop.id == name_.id() && prop.value) return prop.value.as<TextList>();
     TextList* list = &node._deps->_lists.emplace_back();
@@ -172,11 +174,11 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
 
 }  // namespace
 
-void register_prop_forms() {
-  register_form<GetProp>();
-  register_form<SetProp>();
-  register_form<DelProp>();
-  register_form<AddToDepPropList>();
+void register_prop_forms(World& world) {
+  register_form<GetProp>(world);
+  register_form<SetProp>(world);
+  register_form<DelProp>(world);
+  register_form<AddToDepPropList>(world);
 }
 
 }  // namespace torvane

@@ -5,8 +5,10 @@
 #include <ostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "shell/irslist.h"
+#include "support/name_table.h"
 #include "support/value.h"
 
 namespace torvane {
@@ -42,21 +44,39 @@ struct DepProp {
   float weight;
 };
 
-/// Defines a property and gives its id, from 1 on; one that is there already is reported and stays.
-int define_property(const char* name, const ValType* type);
-/// 0 for a name that is not defined.
-int property_id(const char* name);
-/// Null for an id that is none.
-const char* property_name(int id);
-const ValType* property_type(int id);
+/// The properties of a world.
+class Properties {
+ public:
+  /// Defines a property and gives its id, from 1 on; one that is there already is reported and
+  /// stays.
+  int define(const char* name, const ValType* type);
+  /// 0 for a name that is not defined.
+  int id(const char* name) const;
+  /// Null for an id that is none.
+  const char* name(int id) const { return at(id).name; }
+  const ValType* type(int id) const { return at(id).type; }
+
+ private:
+  struct Property {
+    const char* name;
+    const ValType* type;
+  };
+  const Property& at(int id) const;
+
+  NameTable<int> ids_{101};
+  std::vector<Property> properties_{{nullptr, nullptr}};  // by id; 0 is none
+};
 
 /// A property by its name, which may be defined later.
 class PropName {
  public:
-  explicit PropName(std::string name = {}) : name_(std::move(name)) {}
-  int id() const { return id_ ? id_ : id_ = property_id(name_.c_str()); }
+  PropName() = default;
+  PropName(const Properties& properties, std::string name)
+      : properties_(&properties), name_(std::move(name)) {}
+  int id() const { return id_ || !properties_ ? id_ : id_ = properties_->id(name_.c_str()); }
 
  private:
+  const Properties* properties_ = nullptr;
   std::string name_;
   mutable int id_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "deps/rs_tree.h"
 
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -25,7 +26,7 @@ void RSTree::remove_behind(Cell* before) {
 
 void RSTree::insert(RSTree* child) {
   if (!can_take(child) || (child->_parent && child->_parent != this)) {
-    std::cerr << "RSTree::insert error.\n";
+    messages() << "RSTree::insert error.\n";
     return;
   }
   insert_behind(nullptr, child);
@@ -33,7 +34,7 @@ void RSTree::insert(RSTree* child) {
 
 void RSTree::append(RSTree* child) {
   if (!can_take(child) || (child->_parent && child->_parent != this)) {
-    std::cerr << "RSTree::append error.\n";
+    messages() << "RSTree::append error.\n";
     return;
   }
   // Kept: child-stands-twice
@@ -79,7 +80,7 @@ RSTree* RSTree::detach() {
   Cell* before = _parent ? _parent->cell_before(this) : nullptr;
   if (!before) {
     // Kept: cannot-delete-the-root
-    std::cerr << "cannot delete the root node of a RSTree\n";
+    messages() << "cannot delete the root node of a RSTree\n";
     return nullptr;
   }
   RSTree* parent = _parent;

@@ -93,7 +93,7 @@ class RSTree : protected RSlist<RSTree> {
   void remove_behind(Cell* before);
 
   std::int32_t places_ = 0;  // how often the parent lists this node
-  static inline std::uint64_t edits_ = 0;
+  static inline constinit thread_local std::uint64_t edits_ = 0;
 };
 
 namespace tags {

@@ -1,6 +1,7 @@
 #include "deps/tree_walk.h"
 
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -46,7 +47,7 @@ void RSlistIterator::stand(Stage stage) {
 
 RSTree* RSlistIterator::give(Stage stage) {
   if (budget_ >= 0 && budget_-- == 0) {
-    std::cerr << "The tree is edited without end\n";
+    messages() << "The tree is edited without end\n";
     end_walk();
     return nullptr;
   }

@@ -49,9 +49,9 @@ class MakeRel : public Form<MakeRel, TRelForm> {
  public:
   static constexpr const char* kName = "make-rel";
 
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     property_ = or_empty(args->get_str_val());
-    triples_ = read_triples(args);
+    triples_ = read_triples(world, args);
   }
 
   Value eval(Value input, int type) override {
@@ -71,10 +71,10 @@ class AddPropvals : public Form<AddPropvals, TRelForm> {
  public:
   static constexpr const char* kName = "add-propvals";
 
-  void init(IRSlist* args) override {
-    rel_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    rel_ = get_exp(world, args->nth(0));
     args->pop_front();
-    triples_ = read_triples(args);
+    triples_ = read_triples(world, args);
   }
 
   Value eval(Value input, int type) override {
@@ -93,10 +93,10 @@ class AddPropvals : public Form<AddPropvals, TRelForm> {
 struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
   static constexpr const char* kName = "add-rel-to-deps";
 
-  void init(IRSlist* args) override {
-    rel_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    rel_ = get_exp(world, args->nth(0));
     args->pop_front();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
 
   DepTree* component(DepTree& node) const {
@@ -112,10 +112,10 @@ struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
 
 }  // namespace
 
-void register_trel_forms() {
-  register_form<MakeRel>();
-  register_form<AddPropvals>();
-  register_form<AddRelToDeps>();
+void register_trel_forms(World& world) {
+  register_form<MakeRel>(world);
+  register_form<AddPropvals>(world);
+  register_form<AddRelToDeps>(world);
 }
 
 }  // namespace torvane

@@ -4,12 +4,12 @@
 
 namespace torvane {
 
-TriplePart::TriplePart(IRSlist* item) {
+TriplePart::TriplePart(World& world, IRSlist* item) {
   if (!item) return;
   if (item->is_atom()) {
     constant_ = item->atom;
   } else {
-    exp_ = LExp::get_exp(item);
+    exp_ = LExp::get_exp(world, item);
   }
 }
 
@@ -17,7 +17,8 @@ Value TriplePart::eval(Value input, int type) const {
   return constant_ ? Value::buffer_text(constant_->c_str()) : exp_.eval(input, type);
 }
 
-Triple::Triple(IRSlist* form) : first(form->nth(0)), second(form->nth(1)), third(form->nth(2)) {}
+Triple::Triple(World& world, IRSlist* form)
+    : first(world, form->nth(0)), second(world, form->nth(1)), third(world, form->nth(2)) {}
 
 float Triple::weight(Value input, int type) const {
   if (third.exp_) {
@@ -31,10 +32,10 @@ float Triple::weight(Value input, int type) const {
   return number;
 }
 
-std::vector<Triple> read_triples(IRSlist* args) {
+std::vector<Triple> read_triples(World& world, IRSlist* args) {
   std::vector<Triple> triples;
   for (IRSlist* item : args->items)
-    if (item->is_list()) triples.emplace_back(item);
+    if (item->is_list()) triples.emplace_back(world, item);
   return triples;
 }
 

@@ -13,7 +13,7 @@ namespace torvane {
 class TriplePart {
  public:
   TriplePart() = default;
-  explicit TriplePart(IRSlist* item);
+  TriplePart(World& world, IRSlist* item);
   /// The text of a constant; null for an expression and for a part that is not there.
   const char* constant() const { return constant_ ? constant_->c_str() : nullptr; }
   Value eval(Value input, int type) const;
@@ -25,7 +25,7 @@ class TriplePart {
 };
 
 struct Triple {
-  explicit Triple(IRSlist* form);
+  Triple(World& world, IRSlist* form);
   /// A number as it stands, an expression's in thousandths; 1 without the part.
   float weight(Value input, int type) const;
 
@@ -33,6 +33,6 @@ struct Triple {
 };
 
 /// All lists of a form; atoms among them are passed over.
-std::vector<Triple> read_triples(IRSlist* args);
+std::vector<Triple> read_triples(World& world, IRSlist* args);
 
 }  // namespace torvane

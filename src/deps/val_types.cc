@@ -3,9 +3,11 @@
 #include "deps/deps.h"
 #include "deps/print_text.h"
 #include "deps/text_list.h"
+#include "deps/trees.h"
 #include "lexp/control_forms.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -129,10 +131,10 @@ int DepTreeValue::compare(Value a, Value b) const {
 
 namespace {
 
-Value define_attribute(IRSlist* form) {
+Value define_attribute(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  const auto* type = find_object_as<ValType>(form->get_str_val(), kValType, true);
-  if (name && type) define_property(name, type);
+  const auto* type = world.objects.find_as<ValType>(form->get_str_val(), kValType, true);
+  if (name && type) trees(world).properties.define(name, type);
   return Value();
 }
 
@@ -141,21 +143,18 @@ constexpr Command kCommands[] = {
 };
 
 template <class T>
-void register_type(const char* name) {
-  register_object(name, Value::of<ValType>(new T), kValType);
+void register_type(World& world, const char* name) {
+  world.own_object<T, ValType>(name, std::make_unique<T>(), kValType);
 }
 
 }  // namespace
 
-void register_value_types() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_type<IntValue>("IntValue");
-  register_type<StrValue>("StrValue");
-  register_type<StrListValue>("StrListValue");
-  register_type<DepTreeValue>("DepTreeValue");
-  interpreter().define(kCommands);
+void register_value_types(World& world) {
+  register_type<IntValue>(world, "IntValue");
+  register_type<StrValue>(world, "StrValue");
+  register_type<StrListValue>(world, "StrListValue");
+  register_type<DepTreeValue>(world, "DepTreeValue");
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -5,6 +5,8 @@
 
 namespace torvane {
 
+class World;
+
 /// Null prints as 0.
 class IntValue : public ValType {
  public:
@@ -46,6 +48,6 @@ class DepTreeValue : public ValType {
 };
 
 /// The types as named objects, and `define-attribute`, which finds them.
-void register_value_types();
+void register_value_types(World& world);
 
 }  // namespace torvane

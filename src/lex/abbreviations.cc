@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "lex/lexical.h"
 #include "lex/rule_actions.h"
 #include "lexp/form.h"
 #include "support/text.h"
@@ -13,12 +14,13 @@ namespace {
 // How far a spelled-out name reaches from the abbreviation.
 constexpr int kMostWords = 10;
 
-bool may_be_passed_over(const char* word) {
-  static LExp* small_word =
-      LExp::get_exp_from_text(
-          "(in (about among as at but by for from in into of off on out to up with -))")
-          .release();
-  return small_word && holds(*small_word, Value::buffer_text(word), type_id_of<const char*>());
+bool may_be_passed_over(World& world, const char* word) {
+  ExpPtr& small_word = lexical(world).small_word;
+  if (!small_word)
+    small_word = LExp::get_exp_from_text(
+        world, "(in (about among as at but by for from in into of off on out to up with -))");
+  return small_word &&
+         holds(*small_word.get(), Value::buffer_text(word), type_id_of<const char*>());
 }
 
 std::string letters_of(const char* abbreviation) {
@@ -61,13 +63,13 @@ class SpellWalk {
   std::vector<bool> used_;
 };
 
-bool spells(const std::vector<const char*>& words, std::size_t first, std::size_t count,
-            const std::string& letters, SpelledAt side) {
+bool spells(World& world, const std::vector<const char*>& words, std::size_t first,
+            std::size_t count, const std::string& letters, SpelledAt side) {
   SpellWalk walk(letters);
   std::size_t far = side == SpelledAt::end ? 0 : count - 1;
   for (std::size_t i = 0; i < count; ++i) {
     const char* word = words[first + i];
-    walk.step(word, i != far && may_be_passed_over(word));
+    walk.step(word, i != far && may_be_passed_over(world, word));
   }
   return walk.all_used();
 }
@@ -113,7 +115,7 @@ LexItem* abbrev_def(Match* match, Meaning* meaning) {
   const char* abbreviation = chart.word(p + 1);
   if (!abbreviation || match->high < p + 1 || match->high > chart.last_position()) return nullptr;
   auto words = words_between(chart, std::max(1, p - kMostWords), p - 1);
-  int k = spelled_out(words, abbreviation, SpelledAt::end);
+  int k = spelled_out(chart.world(), words, abbreviation, SpelledAt::end);
   if (k == 0) return nullptr;
   return make_definition(chart, {p - k, match->high, p - k, p - 1, p + 1, p - 1}, meaning);
 }
@@ -126,26 +128,27 @@ LexItem* abbrev_with_def(Match* match, Meaning* meaning) {
   const char* abbreviation = chart.word(p - 1);
   if (!abbreviation || match->low > p - 1 || match->low < 1) return nullptr;
   auto words = words_between(chart, p + 1, std::min(chart.last_position(), p + kMostWords));
-  int k = spelled_out(words, abbreviation, SpelledAt::start);
+  int k = spelled_out(chart.world(), words, abbreviation, SpelledAt::start);
   if (k == 0) return nullptr;
   return make_definition(chart, {match->low, p + k, p + 1, p + k, p - 1, p + k}, meaning);
 }
 
 }  // namespace
 
-int spelled_out(const std::vector<const char*>& words, const char* abbreviation, SpelledAt side) {
+int spelled_out(World& world, const std::vector<const char*>& words, const char* abbreviation,
+                SpelledAt side) {
   std::string letters = letters_of(abbreviation);
   if (letters.empty()) return 0;
   for (std::size_t count = words.size(); count > 0; --count) {
     std::size_t first = side == SpelledAt::end ? words.size() - count : 0;
-    if (spells(words, first, count, letters, side)) return static_cast<int>(count);
+    if (spells(world, words, first, count, letters, side)) return static_cast<int>(count);
   }
   return 0;
 }
 
-void register_abbreviation_actions() {
-  register_function<&abbrev_def>("abbrev-def");
-  register_function<&abbrev_with_def>("abbrev-with-def");
+void register_abbreviation_actions(World& world) {
+  register_function<&abbrev_def>(world, "abbrev-def");
+  register_function<&abbrev_with_def>(world, "abbrev-with-def");
 }
 
 }  // namespace torvane

@@ -8,21 +8,22 @@
 #include "lexp/form.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 
 namespace torvane {
 
 namespace {
 
-AntecedentList* find_list(IRSlist* form) {
+AntecedentList* find_list(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  return name ? find_object_as<AntecedentList>(name, "AntecedentList", true) : nullptr;
+  return name ? world.objects.find_as<AntecedentList>(name, "AntecedentList", true) : nullptr;
 }
 
 /// Base of the forms that name their list.
 template <class D>
 class AnteListExp : public Form<D> {
  public:
-  void init(IRSlist* args) override { _list = find_list(args); }
+  void init(World& world, IRSlist* args) override { _list = find_list(world, args); }
   AntecedentList* _list = nullptr;
 };
 
@@ -105,7 +106,7 @@ struct RegisterName : AnteListExp<RegisterName> {
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
     LexItem* item = input.as<LexItem>();
-    if (_list && item) _list->add(item->root, as_avm(item->meaning.get()));
+    if (_list && item) _list->add(item->root, as_avm(item->meaning.get()), world().double_byte);
     return Value::of(item);
   }
 };
@@ -121,16 +122,15 @@ LexItem* find_prev_occ(Match* match, Word low, Word high, AntecedentList* names)
   return chart.add_item(chart.make_item(name, meaning, span.low, span.high, {}), 1);
 }
 
-Value make_antecedent_list(IRSlist* form) {
+Value make_antecedent_list(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  auto list = std::make_unique<AntecedentList>();
-  if (register_object(name, Value::of(list.get()), "AntecedentList")) list.release();
+  world.own_object(name, std::make_unique<AntecedentList>(), "AntecedentList");
   return Value();
 }
 
-Value clear_antecedent_list(IRSlist* form) {
-  if (AntecedentList* list = find_list(form)) list->clear();
+Value clear_antecedent_list(World& world, IRSlist* form) {
+  if (AntecedentList* list = find_list(world, form)) list->clear();
   return Value();
 }
 
@@ -142,21 +142,19 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_antecedent_actions() {
-  interpreter().define(kCommands);
-  register_form<RegisterName>();
-  register_function<&find_prev_occ>("find-prev-occ");
+void register_antecedent_actions(World& world) {
+  world.interpreter.define(kCommands);
+  register_form<RegisterName>(world);
+  register_function<&find_prev_occ>(world, "find-prev-occ");
 }
 
-void register_antecedent_forms() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_form<ClearAnteList>();
-  register_form<ExistExactMatch>();
-  register_form<CoveredByAntecedent>();
-  register_form<IsAbbrev>();
-  register_form<MatchingName>();
-  register_form<AbbrevOf>();
+void register_antecedent_forms(World& world) {
+  register_form<ClearAnteList>(world);
+  register_form<ExistExactMatch>(world);
+  register_form<CoveredByAntecedent>(world);
+  register_form<IsAbbrev>(world);
+  register_form<MatchingName>(world);
+  register_form<AbbrevOf>(world);
 }
 
 }  // namespace torvane

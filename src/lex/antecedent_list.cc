@@ -64,7 +64,7 @@ bool abbreviates(const char* full, const char* abbrev) {
   return false;
 }
 
-void AntecedentList::add(const char* name, const Meaning* meaning) {
+void AntecedentList::add(const char* name, const Meaning* meaning, bool double_byte) {
   if (!name || find_exact(name)) return;
   std::unique_ptr<Meaning> kept = meaning ? meaning->clone() : nullptr;
   if (auto known = by_name_.find(name); known != by_name_.end()) {
@@ -73,7 +73,7 @@ void AntecedentList::add(const char* name, const Meaning* meaning) {
   }
   entries_.push_back({name, std::move(kept)});
   by_name_.emplace(entries_.back().name, &entries_.back());
-  Tokenizer tokenizer(kBlanks, "", "", "", '\\', ';', 4096, 512);
+  Tokenizer tokenizer(kBlanks, "", "", "", '\\', ';', 4096, 512, double_byte);
   tokenizer.set_string_input(name, -1);
   while (const char* word = tokenizer.next_significant_token()) words_.insert(word);
 }

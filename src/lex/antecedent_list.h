@@ -13,11 +13,13 @@
 
 namespace torvane {
 
+class World;
+
 class AntecedentList {
  public:
   /// Keeps a copy of the name and a clone of its meaning, unless the name has a meaning already. A
   /// name without a meaning (null) gives its words only.
-  void add(const char* name, const Meaning* meaning);
+  void add(const char* name, const Meaning* meaning, bool double_byte);
   void clear();
   /// The meaning of exactly this name, or null.
   const Meaning* find_exact(std::string_view name) const;
@@ -54,6 +56,6 @@ bool matches_name(const char* full, const char* part);
 bool abbreviates(const char* full, const char* abbrev);
 
 /// The expressions on antecedent lists.
-void register_antecedent_forms();
+void register_antecedent_forms(World& world);
 
 }  // namespace torvane

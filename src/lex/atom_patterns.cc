@@ -63,7 +63,7 @@ void WholeSentencePat::find(MatchRun& run, Anchor anchor, int pos, MatchList& re
     results.add(Match::make(&run.analyzer, 0, last));
 }
 
-void WordSeq::init(IRSlist* args) {
+void WordSeq::init(World&, IRSlist* args) {
   while (!args->empty())
     if (const char* word = args->get_str_val()) words_.push_back(word);
 }

@@ -8,6 +8,8 @@
 
 namespace torvane {
 
+class World;
+
 /// An item that satisfies the expression, for each one that ends (starts) at the position.
 class LexItemPat : public PatternOf<LexItemPat, AtomicPat> {
  public:
@@ -48,7 +50,7 @@ class WholeSentencePat : public PatternOf<WholeSentencePat> {
 /// These words in a row, without regard to case. No words match nowhere.
 class WordSeq : public PatternOf<WordSeq> {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override;
 
  private:

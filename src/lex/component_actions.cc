@@ -60,14 +60,14 @@ class CombineLexItems : public Form<CombineLexItems> {
     out_type = type_id_of<LexItem>();
   }
 
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     Part part;
     for (IRSlist* item : args->items) {
       if (item->is_atom()) {
         part.role = item->atom;
         part.has_role = true;
       } else {
-        part.exp = get_exp(item);
+        part.exp = get_exp(world, item);
         parts_.push_back(std::exchange(part, Part()));
       }
     }
@@ -106,10 +106,10 @@ class CombineLexItems : public Form<CombineLexItems> {
 
 }  // namespace
 
-void register_component_actions() {
-  register_function<&add_component>("add-component");
-  register_function<&add_components>("add-components");
-  register_form<CombineLexItems>();
+void register_component_actions(World& world) {
+  register_function<&add_component>(world, "add-component");
+  register_function<&add_components>(world, "add-components");
+  register_form<CombineLexItems>(world);
 }
 
 }  // namespace torvane

@@ -70,8 +70,8 @@ void look_up(Match* match, Word low, Word high, const char* text) {
 
 }  // namespace
 
-void register_compound_look_up() {
-  register_function<&look_up>("look-up");
+void register_compound_look_up(World& world) {
+  register_function<&look_up>(world, "look-up");
 }
 
 }  // namespace torvane

@@ -87,14 +87,14 @@ void rm_non_max(Match* match) {
 
 }  // namespace
 
-void register_deleting_actions() {
-  register_function<&delete_one>("delete");
-  register_function<&delete_smaller>("delete-smaller");
-  register_function<&delete_if>("delete-if");
-  register_function<&delete_except>("delete-except");
-  register_function<&del_following>("del-following");
-  register_function<&keep_tags>("keep-tags");
-  register_function<&rm_non_max>("rm-non-max");
+void register_deleting_actions(World& world) {
+  register_function<&delete_one>(world, "delete");
+  register_function<&delete_smaller>(world, "delete-smaller");
+  register_function<&delete_if>(world, "delete-if");
+  register_function<&delete_except>(world, "delete-except");
+  register_function<&del_following>(world, "del-following");
+  register_function<&keep_tags>(world, "keep-tags");
+  register_function<&rm_non_max>(world, "rm-non-max");
 }
 
 }  // namespace torvane

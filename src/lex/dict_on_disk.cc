@@ -6,13 +6,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
-#include <iostream>
 #include <string_view>
 #include <utility>
 
 #include "shell/file_search.h"
+#include "shell/world.h"
 #include "support/big_endian.h"
 #include "support/hash.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -67,14 +68,14 @@ bool RandomFile::open(const std::string& path) {
   return is_open();
 }
 
-DictOnDisk::DictOnDisk(const char* header) {
-  if (header && open_dictionary(header)) open_index(header);
+DictOnDisk::DictOnDisk(World& world, const char* header) {
+  if (header && open_dictionary(world.files, header)) open_index(world.files, header);
 }
 
-bool DictOnDisk::open_dictionary(const char* header) {
-  Ref<Stream> stream = open_file(header);
+bool DictOnDisk::open_dictionary(FileSearch& files, const char* header) {
+  Ref<Stream> stream = files.open(header);
   if (!stream || !stream->in()) return false;
-  std::string directory = found_dir();
+  std::string directory = files.found_dir();
   std::string text(kHeaderLimit, '\0');
   stream->in()->read(text.data(), static_cast<std::streamsize>(text.size()));
   text.resize(static_cast<std::size_t>(stream->in()->gcount()));
@@ -84,20 +85,20 @@ bool DictOnDisk::open_dictionary(const char* header) {
   path_ = directory + header_token(text, pos);
   struct stat status;
   if (::stat(path_.c_str(), &status) != 0) {
-    std::cerr << path_ << " does not exist\n";
+    messages() << path_ << " does not exist\n";
     return false;
   }
   if (!dict_.open(path_)) {
     // Kept: openning-dictionary
-    std::cerr << "Error openning dictionary " << path_ << '\n';
+    messages() << "Error openning dictionary " << path_ << '\n';
     return false;
   }
   long size = 0;
   scan_long(header_token(text, pos).c_str(), size);
   bool fits = status.st_size < static_cast<off_t>(kSingle) - 1;
   if (!fits || size < 1 || size >= static_cast<long>(kSingle / 4)) {
-    std::cerr << (fits ? "The table size is out of range: " : "The dictionary is too large: ")
-              << path_ << '\n';
+    messages() << (fits ? "The table size is out of range: " : "The dictionary is too large: ")
+               << path_ << '\n';
     return false;
   }
   table_size_ = static_cast<std::uint32_t>(size);
@@ -107,13 +108,13 @@ bool DictOnDisk::open_dictionary(const char* header) {
   return true;
 }
 
-void DictOnDisk::open_index(const char* header) {
+void DictOnDisk::open_index(FileSearch& files, const char* header) {
   // An index written over the dictionary or the header would destroy it.
   bool own_file = !same_file(index_path_, path_) &&
-                  !same_file(index_path_, find_file(header).value_or(std::string()));
+                  !same_file(index_path_, files.find(header).value_or(std::string()));
   if (own_file && !index_is_current() && !build_index()) return;
   if (!own_file || !index_.open(index_path_))
-    std::cerr << "Cannot open the index file: '" << index_path_ << "'\n";
+    messages() << "Cannot open the index file: '" << index_path_ << "'\n";
 }
 
 bool DictOnDisk::index_is_current() const {
@@ -125,7 +126,7 @@ bool DictOnDisk::index_is_current() const {
 }
 
 bool DictOnDisk::build_index() {
-  std::cerr << "Making Index file " << index_path_ << ". Please wait.\n";
+  messages() << "Making Index file " << index_path_ << ". Please wait.\n";
   std::vector<IndexEntry> entries;
   seek(0);
   next_window_ = kLargeWindow;
@@ -133,11 +134,11 @@ bool DictOnDisk::build_index() {
   while (read_entry(text_)) {
     if (entry_key(text_.c_str(), key_)) {
       entries.push_back({string_hash(key_) % table_size_, place});
-      if (entries.size() % kProgressStep == 0) std::cerr << entries.size() << " entries\n";
+      if (entries.size() % kProgressStep == 0) messages() << entries.size() << " entries\n";
     }
     place = static_cast<std::uint32_t>(window_offset_ + window_pos_ + 1);
   }
-  std::cerr << entries.size() << " entries\n";
+  messages() << entries.size() << " entries\n";
   std::stable_sort(entries.begin(), entries.end(),
                    [](const IndexEntry& a, const IndexEntry& b) { return a.bucket < b.bucket; });
   return write_index(entries);
@@ -146,7 +147,7 @@ bool DictOnDisk::build_index() {
 bool DictOnDisk::write_index(const std::vector<IndexEntry>& entries) {
   std::ofstream out(index_path_, std::ios::binary | std::ios::trunc);
   if (!out) {
-    std::cerr << "Cannot open index file " << index_path_ << '\n';
+    messages() << "Cannot open index file " << index_path_ << '\n';
     return false;
   }
   auto put = [&out](std::uint64_t n) {
@@ -179,7 +180,7 @@ bool DictOnDisk::write_index(const std::vector<IndexEntry>& entries) {
   }
   out.close();
   if (out && list_offset < kSingle) return true;
-  std::cerr << "The index file cannot be written: " << index_path_ << '\n';
+  messages() << "The index file cannot be written: " << index_path_ << '\n';
   std::remove(index_path_.c_str());
   return false;
 }
@@ -220,8 +221,8 @@ bool DictOnDisk::read_entry(std::string& out) {
       --depth;
   } while (depth > 0 && (c = next_byte()) >= 0);
   if (depth == 0) return true;
-  std::cerr << "DictOnDisk::get_entry: unmatched parenthesis\n"
-            << std::string_view(out).substr(0, kShownText) << '\n';
+  messages() << "DictOnDisk::get_entry: unmatched parenthesis\n"
+             << std::string_view(out).substr(0, kShownText) << '\n';
   return false;
 }
 
@@ -242,7 +243,7 @@ bool DictOnDisk::entry_key(const char* text, std::string& out) const {
 const char* DictOnDisk::get_entry(const char* key) {
   if (!good()) {
     // Kept: not-openned
-    std::cerr << "Dictionary file or index file not openned.\n";
+    messages() << "Dictionary file or index file not openned.\n";
     return nullptr;
   }
   if (!key) return nullptr;

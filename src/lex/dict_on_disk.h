@@ -11,6 +11,9 @@
 
 namespace torvane {
 
+class FileSearch;
+class World;
+
 /// A regular file for reading at any place. It has no state that an error could leave behind: a
 /// read past the end gives fewer bytes.
 class RandomFile {
@@ -31,7 +34,7 @@ class DictOnDisk {
  public:
   /// Opens what a header file (found along the search path) names; every failure writes its message
   /// and leaves the object not good().
-  explicit DictOnDisk(const char* header);
+  DictOnDisk(World& world, const char* header);
   bool good() const { return index_.is_open(); }
   /// The entry's text, in an internal buffer that the next call reuses; null if there is none.
   const char* get_entry(const char* key);
@@ -46,8 +49,8 @@ class DictOnDisk {
     std::uint32_t bucket;
     std::uint32_t place;  ///< offset in the dictionary plus 1, so that 0 never occurs
   };
-  bool open_dictionary(const char* header);
-  void open_index(const char* header);
+  bool open_dictionary(FileSearch& files, const char* header);
+  void open_index(FileSearch& files, const char* header);
   bool index_is_current() const;
   bool build_index();
   /// Writes the slot table and the lists of `entries`, which stand in the order of their buckets.

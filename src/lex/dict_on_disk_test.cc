@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
 
@@ -18,7 +19,7 @@ class DictOnDiskTest : public testing::Test {
   }
   /// The texts under a row of keys, joined by "/"; "-" for none.
   std::string look_up(std::initializer_list<const char*> keys) {
-    DictOnDisk dictionary((folder / "lex.hdr").c_str());
+    DictOnDisk dictionary(world, (folder / "lex.hdr").c_str());
     std::string found;
     for (const char* key : keys) {
       const char* text = dictionary.get_entry(key);
@@ -33,6 +34,7 @@ class DictOnDiskTest : public testing::Test {
   }
 
   ScratchFolder folder;
+  World world{World::Console::of_process()};
 };
 
 TEST_F(DictOnDiskTest, BucketsOfOneStandInTheSlotAndOthersInLists) {

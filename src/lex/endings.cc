@@ -1,10 +1,12 @@
 #include "lex/endings.h"
 
 #include <cstring>
-#include <iostream>
 
+#include "lexp/form.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -22,7 +24,7 @@ std::unique_ptr<Ending> make_ending(const char* type) {
     case 'p':
       return std::make_unique<Ending>();
     default:
-      std::cerr << "Ending type '" << type << "' is not defined.\n";
+      messages() << "Ending type '" << type << "' is not defined.\n";
       return nullptr;
   }
 }
@@ -50,14 +52,14 @@ const char* Ending::candidate(const char* word, std::size_t keep, std::string_vi
   if (condition) {
     // The condition may look words up itself, in the same buffer.
     std::string root = work;
-    static const int text_type = type_id("char*");
-    if (!holds(*condition, Value::buffer_text(root.c_str()), text_type)) return nullptr;
+    if (!holds(*condition, Value::buffer_text(root.c_str()), type_id_of<const char*>()))
+      return nullptr;
     work = std::move(root);
   }
   return work.c_str();
 }
 
-bool Ending::init(IRSlist* form) {
+bool Ending::init(World&, IRSlist* form) {
   if (!read_change(form)) return false;
   condition = table->condition(form->get_str_val());
   return true;
@@ -66,7 +68,7 @@ bool Ending::init(IRSlist* form) {
 bool Ending::read_change(IRSlist* form) {
   suffix = or_empty(form->get_str_val());
   if (suffix.size() > UINT8_MAX) {
-    std::cerr << "The ending '" << suffix << "' is too long\n";
+    messages() << "The ending '" << suffix << "' is too long\n";
     return false;
   }
   suffix_length = static_cast<std::uint8_t>(suffix.size());
@@ -83,10 +85,10 @@ bool EndingES::matches(const char* word, int length) const {
   return false;
 }
 
-bool EndingES::init(IRSlist* form) {
+bool EndingES::init(World& world, IRSlist* form) {
   // `before` stands last, so that only a fifth atom leaves room for a condition.
   bool with_condition = form->length() > 4;
-  if (!(with_condition ? Ending::init(form) : read_change(form))) return false;
+  if (!(with_condition ? Ending::init(world, form) : read_change(form))) return false;
   before = or_empty(form->get_str_val());
   return true;
 }
@@ -104,25 +106,25 @@ const char* EndingDouble::strip(const char* word) const {
   return length > off ? candidate(word, length - off, {}) : nullptr;
 }
 
-void EndingTable::read(IRSlist* form) {
+void EndingTable::read(World& world, IRSlist* form) {
   while (std::unique_ptr<IRSlist> item = form->pop_front()) {
     if (item->is_atom() || item->empty()) continue;
     const IRSlist* head = item->nth(0);
     if (head->is_atom() && same_word(head->atom, ":conditions")) {
       item->pop_front();
-      read_conditions(item.get());
+      read_conditions(world, item.get());
     } else {
-      read_ending(item.get());
+      read_ending(world, item.get());
     }
   }
 }
 
-void EndingTable::read_conditions(IRSlist* form) {
+void EndingTable::read_conditions(World& world, IRSlist* form) {
   while (std::unique_ptr<IRSlist> pair = form->pop_front()) {
     std::unique_ptr<IRSlist> names = pair->pop_front();
     std::unique_ptr<IRSlist> exp_form = pair->pop_front();
     if (!names || !exp_form) continue;
-    std::shared_ptr<LExp> exp = LExp::get_exp(exp_form.get());
+    std::shared_ptr<LExp> exp = LExp::get_exp(world, exp_form.get());
     if (!exp) continue;
     if (names->is_atom()) conditions.emplace_back(names->atom, exp);
     for (const IRSlist* item : names->items)
@@ -130,13 +132,13 @@ void EndingTable::read_conditions(IRSlist* form) {
   }
 }
 
-void EndingTable::read_ending(IRSlist* form) {
+void EndingTable::read_ending(World& world, IRSlist* form) {
   const char* type = form->get_str_val();
   if (!type) return;
   std::unique_ptr<Ending> ending = make_ending(type);
   if (!ending) return;
   ending->table = this;
-  if (ending->init(form)) endings.push_back(std::move(ending));
+  if (ending->init(world, form)) endings.push_back(std::move(ending));
 }
 
 LExp* EndingTable::condition(const char* name) const {
@@ -163,16 +165,15 @@ void EndingWalk::next() {
 
 namespace {
 
-Value def_endings(IRSlist* form) {
+Value def_endings(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  auto* table = find_object_as<EndingTable>(name, "EndingTable", false);
+  auto* table = world.objects.find_as<EndingTable>(name, "EndingTable", false);
   if (!table) {
-    auto fresh = std::make_unique<EndingTable>();
-    if (!register_object(name, Value::of(fresh.get()), "EndingTable")) return Value();
-    table = fresh.release();  // named objects live for the rest of the run
+    table = world.own_object(name, std::make_unique<EndingTable>(), "EndingTable");
+    if (!table) return Value();
   }
-  table->read(form);
+  table->read(world, form);
   return Value::of(table);
 }
 
@@ -182,10 +183,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_ending_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
+void register_ending_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -22,7 +22,7 @@ class Ending {
   /// The candidate root, in the table's work buffer until the next strip; null if there is none.
   virtual const char* strip(const char* word) const;
   /// Reads `suffix name replacement condition`, the last ones optional. False after a message.
-  virtual bool init(IRSlist* form);
+  virtual bool init(World& world, IRSlist* form);
   virtual ~Ending() = default;
 
   EndingTable* table = nullptr;  ///< the owner
@@ -43,7 +43,7 @@ class Ending {
 class EndingES : public Ending {
  public:
   bool matches(const char* word, int length) const override;
-  bool init(IRSlist* form) override;
+  bool init(World& world, IRSlist* form) override;
 
   std::string before;
 };
@@ -62,7 +62,7 @@ class EndingTable {
   EndingTable& operator=(const EndingTable&) = delete;
 
   /// Reads `(:conditions ((NAME ...) LEXP) ...)` and endings, appending.
-  void read(IRSlist* form);
+  void read(World& world, IRSlist* form);
   /// The condition of a name, or null.
   LExp* condition(const char* name) const;
 
@@ -71,8 +71,8 @@ class EndingTable {
   mutable std::string work;
 
  private:
-  void read_conditions(IRSlist* form);
-  void read_ending(IRSlist* form);
+  void read_conditions(World& world, IRSlist* form);
+  void read_ending(World& world, IRSlist* form);
 };
 
 /// A walk over the endings of a table that match a word, in table order.
@@ -97,6 +97,6 @@ template <>
 struct ValueTraits<EndingTable> : TagOf<EndingTable, tags::ending_table> {};
 
 /// `def-endings`.
-void register_ending_commands();
+void register_ending_commands(World& world);
 
 }  // namespace torvane

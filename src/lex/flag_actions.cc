@@ -30,11 +30,11 @@ void flag_last(Match* match, LexItem* item) {
 
 }  // namespace
 
-void register_flag_actions() {
-  register_function<&skip>("skip");
-  register_function<&flag_adv>("flag-adv");
-  register_function<&flag_first>("flag-first-conjunction");
-  register_function<&flag_last>("flag-last-conjunction");
+void register_flag_actions(World& world) {
+  register_function<&skip>(world, "skip");
+  register_function<&flag_adv>(world, "flag-adv");
+  register_function<&flag_first>(world, "flag-first-conjunction");
+  register_function<&flag_last>(world, "flag-last-conjunction");
 }
 
 }  // namespace torvane

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "lex/match.h"
 #include "lexp/form.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -57,9 +57,9 @@ struct MatchAnalyzer : MatchAccessor<MatchAnalyzer, LexAnalyzer*> {
 
 struct MatchComponent : MatchAccessor<MatchComponent, Match*> {
   static constexpr const char* kName = "$";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     n_ = args->get_long_val();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   Match* step(Match& match) const {
     int count = match.component_count();
@@ -74,7 +74,7 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
  public:
   static constexpr const char* kName = "foreach-match-component";
   ForEachMatchComp() { in_type = type_id_of<Match>(); }
-  void init(IRSlist* args) override { sub_ = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { sub_ = get_exp(world, args->nth(0)); }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
     Match* match = input.as<Match>();
@@ -134,9 +134,9 @@ struct LexItemRel : LexPred<LexItemRel, Value, const char*> {
 
 struct EndingPred : LexPred<EndingPred, LexItem*> {
   static constexpr const char* kName = "ending";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     name_ = or_empty(args->get_str_val());
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   LexItem* step(LexItem& item) const {
     for (const char* affix : item.affixes)
@@ -177,7 +177,7 @@ class NoAlternativePred : public Form<NoAlternativePred> {
  public:
   static constexpr const char* kName = "no-alternative";
   NoAlternativePred() { in_type = out_type = type_id_of<LexItem>(); }
-  void init(IRSlist* args) override { cond_ = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { cond_ = get_exp(world, args->nth(0)); }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
     LexItem* item = input.as<LexItem>();
@@ -204,11 +204,11 @@ struct IsDeleted : LexPred<IsDeleted, LexItem*> {
 
 struct GetSubLexItem : LexPred<GetSubLexItem, LexItem*> {
   static constexpr const char* kName = "get-sub-lexitem";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     IRSlist* first = args->nth(0);
     any_role_ = !first || first->is_list();
     if (!any_role_) role_ = args->get_str_val();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   LexItem* step(LexItem& item) const {
     for (LexItem* part : item.components)
@@ -223,7 +223,7 @@ struct GetSubLexItem : LexPred<GetSubLexItem, LexItem*> {
 
 LexItem* set_cate(LexItem* item, const char* category) {
   if (!item) {
-    std::cerr << "Cannot set-cate a nil lexitem.\n";
+    messages() << "Cannot set-cate a nil lexitem.\n";
   } else if (item->analyzer) {
     item->category = item->analyzer->pool_copy(category);
   }
@@ -239,7 +239,7 @@ class SetMixedCase : public Form<SetMixedCase> {
     in_type = type_id_of<LexAnalyzer>();
     out_type = type_id_of<int>();
   }
-  void init(IRSlist* args) override {
+  void init(World&, IRSlist* args) override {
     const char* flag = args->get_str_val();
     if (flag) flag_ = flag[0] != '0';
     sets_ = flag != nullptr;
@@ -266,31 +266,29 @@ struct IsMixedCase : Adaptor<IsMixedCase, LexAnalyzer, LexAnalyzer*> {
 
 }  // namespace
 
-void register_item_forms() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_pure_form<MatchItem>();
-  register_pure_form<MatchMeaning>();
-  register_pure_form<MatchLow>();
-  register_pure_form<MatchHigh>();
-  register_pure_form<MatchWord>();
-  register_pure_form<MatchAnalyzer>();
-  register_pure_form<MatchComponent>();
-  register_form<ForEachMatchComp>();
-  register_pure_form<AttComponentPred>();
-  register_pure_form<MeaningComponentPred>();
-  register_pure_form<RootPred>();
-  register_pure_form<SurformPred>();
-  register_pure_form<LexItemRel>();
-  register_pure_form<EndingPred>();
-  register_pure_form<CapPred>();
-  register_pure_form<LexItemLength>();
-  register_pure_form<NoAlternativePred>();
-  register_pure_form<IsDeleted>();
-  register_pure_form<GetSubLexItem>();
-  register_function<&set_cate>("set-cate");
-  register_form<SetMixedCase>();
-  register_pure_form<IsMixedCase>();
+void register_item_forms(World& world) {
+  register_pure_form<MatchItem>(world);
+  register_pure_form<MatchMeaning>(world);
+  register_pure_form<MatchLow>(world);
+  register_pure_form<MatchHigh>(world);
+  register_pure_form<MatchWord>(world);
+  register_pure_form<MatchAnalyzer>(world);
+  register_pure_form<MatchComponent>(world);
+  register_form<ForEachMatchComp>(world);
+  register_pure_form<AttComponentPred>(world);
+  register_pure_form<MeaningComponentPred>(world);
+  register_pure_form<RootPred>(world);
+  register_pure_form<SurformPred>(world);
+  register_pure_form<LexItemRel>(world);
+  register_pure_form<EndingPred>(world);
+  register_pure_form<CapPred>(world);
+  register_pure_form<LexItemLength>(world);
+  register_pure_form<NoAlternativePred>(world);
+  register_pure_form<IsDeleted>(world);
+  register_pure_form<GetSubLexItem>(world);
+  register_function<&set_cate>(world, "set-cate");
+  register_form<SetMixedCase>(world);
+  register_pure_form<IsMixedCase>(world);
 }
 
 }  // namespace torvane

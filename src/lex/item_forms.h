@@ -3,7 +3,9 @@
 
 namespace torvane {
 
+class World;
+
 /// The accessors on matches and the predicates on lexical items.
-void register_item_forms();
+void register_item_forms(World& world);
 
 }  // namespace torvane

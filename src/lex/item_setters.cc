@@ -1,10 +1,10 @@
 // Actions that set one thing of an item: its ends, head, weight, root, or its place in the chart.
 #include <algorithm>
-#include <iostream>
 #include <limits>
 
 #include "lex/rule_actions.h"
 #include "lexp/form.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -16,7 +16,7 @@ std::int16_t to_int16(Word n) {
 }
 
 LexItem* set_high(Match* match, LexItem* item, Word high) {
-  if (!item) std::cerr << "Cannot set-high a nil lexitem.\n";
+  if (!item) messages() << "Cannot set-high a nil lexitem.\n";
   LexAnalyzer* chart = chart_of(match, item);
   if (!chart || high < item->low - 1 || high > chart->last_position()) return nullptr;
   chart->delete_item(item);
@@ -28,7 +28,7 @@ LexItem* set_high(Match* match, LexItem* item, Word high) {
 
 // The item stays in the list of its old start.
 LexItem* set_low(Match* match, LexItem* item, Word low) {
-  if (!item) std::cerr << "Cannot set-low a nil lexitem.\n";
+  if (!item) messages() << "Cannot set-low a nil lexitem.\n";
   if (!chart_of(match, item) || low < 0 || low > item->high + 1) return nullptr;
   // Kept: set-low-keeps-place
   item->low = to_int16(low);
@@ -81,15 +81,15 @@ LexItem* duplicate_item(Match* match, LexItem* item) {
 
 }  // namespace
 
-void register_item_setters() {
-  register_function<&set_high>("set-high");
-  register_function<&set_low>("set-low");
-  register_function<&set_head>("set-head");
-  register_function<&set_weight>("set-weight");
-  register_function<&add_weight>("add-weight");
-  register_function<&set_lexitem_root>("set-lexitem-root");
-  register_function<&assert_item>("assert");
-  register_function<&duplicate_item>("duplicate-lexitem");
+void register_item_setters(World& world) {
+  register_function<&set_high>(world, "set-high");
+  register_function<&set_low>(world, "set-low");
+  register_function<&set_head>(world, "set-head");
+  register_function<&set_weight>(world, "set-weight");
+  register_function<&add_weight>(world, "add-weight");
+  register_function<&set_lexitem_root>(world, "set-lexitem-root");
+  register_function<&assert_item>(world, "assert");
+  register_function<&duplicate_item>(world, "duplicate-lexitem");
 }
 
 }  // namespace torvane

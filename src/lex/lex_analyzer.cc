@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iostream>
+
+#include "lex/lexical.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -11,9 +14,6 @@ const TypeTag tags::lex_item{.name = "LexItem*", .life = Life::sentence, .era_of
                                    reinterpret_cast<const LexItem*>(word)->analyzer;
                                return analyzer ? analyzer->eras.now() : nullptr;
                              }};
-
-bool lexical_debug = false;
-void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer) = nullptr;
 
 LexAnalyzer::LexAnalyzer(Lexicon* of, int sentence_length)
     : suggested_length(std::clamp(sentence_length, 0, kMostWords)), lexicon(of) {
@@ -34,7 +34,7 @@ void LexAnalyzer::add_word(const char* text) {
   if (!text) return;
   if (words.count() > kMostWords) {
     if (!overfull_)
-      std::cerr << "The sentence has more than " << kMostWords << " words: the rest is left out\n";
+      messages() << "The sentence has more than " << kMostWords << " words: the rest is left out\n";
     overfull_ = true;
     return;
   }
@@ -125,11 +125,11 @@ void LexAnalyzer::analyze() {
   split_last_word();
   need_positions(word_count() + 1);
   for (int i = 1; i <= last_position(); ++i) lookup(word(i), i, i);
-  if (rules && apply_lexical_rules) apply_lexical_rules(*rules, *this);
+  if (rules) rules->apply(*this);
   if (pos_marker)
     for (int i = 1; i <= last_position(); ++i)
       if (pos_tags.at_or_zero(i)) prune_by_tag(i);
-  if (lexical_debug) print(std::cout);
+  if (lexical(world()).debug) print(world().out());
   analyzing = false;
 }
 

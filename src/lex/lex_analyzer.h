@@ -16,7 +16,18 @@
 
 namespace torvane {
 
-class LexRuleList;
+class World;
+
+class LexAnalyzer;
+
+/// What runs on a chart once its words are looked up.
+class ChartRules {
+ public:
+  virtual void apply(LexAnalyzer& analyzer) = 0;
+
+ protected:
+  ~ChartRules() = default;
+};
 
 class LexAnalyzer {
  public:
@@ -45,6 +56,7 @@ class LexAnalyzer {
   virtual void lookup(const char* word, int low, int high);
   virtual ~LexAnalyzer() = default;
 
+  World& world() const { return lexicon->world(); }
   void add_word(const char* text);
   void add_gap(const char* text);
   /// A blank gap and a word for each atom.
@@ -90,7 +102,7 @@ class LexAnalyzer {
   char focus_marker = 0;
   LBitSet focus;                           ///< positions whose word was marked
   Array<LexItem*> all_items;               ///< every item made for the sentence
-  LexRuleList* rules = nullptr;            ///< a named object, may be null
+  ChartRules* rules = nullptr;             ///< a named object, may be null
   std::vector<Slist<LexItem*>> ends_at;    ///< by high; low descending, an empty item last
   std::vector<Slist<LexItem*>> starts_at;  ///< by low; high descending, an empty item last
   Lexicon* lexicon;
@@ -136,12 +148,6 @@ class LexAnalyzer {
 template <>
 struct ValueTraits<LexAnalyzer> : TagOf<LexAnalyzer, tags::lex_analyzer> {};
 
-/// Makes `analyze` print the chart.
-extern bool lexical_debug;
-
-/// Runs a rule list on the chart; set by the rules module at registration.
-extern void (*apply_lexical_rules)(LexRuleList& rules, LexAnalyzer& analyzer);
-
-void register_lex_analyzer_commands();
+void register_lex_analyzer_commands(World& world);
 
 }  // namespace torvane

@@ -1,7 +1,7 @@
 // The chart of an analyser: its items, their order, and what the rules do to them.
 
 #include <algorithm>
-#include <iostream>
+#include <ostream>
 
 #include "lex/lex_analyzer.h"
 #include "lexp/form.h"

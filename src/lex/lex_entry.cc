@@ -1,14 +1,13 @@
 #include "lex/lex_entry.h"
 
 #include <algorithm>
-#include <iostream>
+#include <utility>
 
-#include "shell/object_factory.h"
+#include "lex/lexical.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
-
-LexEntry* current_entry = nullptr;
 
 // Beyond so many phrases of one head a look through the list is too slow.
 constexpr int kFewPhrases = 32;
@@ -20,7 +19,8 @@ class PhraseMeaning : public Meaning {
  public:
   const char* type() const override { return "phrases"; }
   std::unique_ptr<Meaning> clone() const override { return std::make_unique<PhraseMeaning>(); }
-  std::unique_ptr<Meaning> make(IRSlist* form) const override {
+  std::unique_ptr<Meaning> make(World& world, IRSlist* form) const override {
+    LexEntry* current_entry = lexical(world).current_entry;
     if (!current_entry) return nullptr;
     for (const IRSlist* item : form->items) {
       Heading heading = parse_heading(*item);
@@ -75,7 +75,7 @@ Heading parse_heading(const IRSlist& form) {
 
 bool Heading::check_length() const {
   if (left <= kMostPhraseWords && right <= kMostPhraseWords) return true;
-  std::cerr << "The phrase of '" << first << "' has more than " << kMostPhraseWords << " words\n";
+  messages() << "The phrase of '" << first << "' has more than " << kMostPhraseWords << " words\n";
   return false;
 }
 
@@ -104,16 +104,15 @@ bool LexEntry::has_phrase(const std::string& phrase_key) {
   return false;
 }
 
-CurrentEntry::CurrentEntry(LexEntry* entry) : outer_(current_entry) {
-  current_entry = entry;
-}
+CurrentEntry::CurrentEntry(World& world, LexEntry* entry)
+    : current_(lexical(world).current_entry), outer_(std::exchange(current_, entry)) {}
+
 CurrentEntry::~CurrentEntry() {
-  current_entry = outer_;
+  current_ = outer_;
 }
 
-void register_phrases_kind() {
-  static PhraseMeaning prototype;
-  ObjFactory::proto("Meaning", prototype.type(), Value::of<Meaning>(&prototype), nullptr);
+void register_phrases_kind(World& world) {
+  add_kind(world, "phrases", std::make_unique<PhraseMeaning>(), nullptr);
 }
 
 }  // namespace torvane

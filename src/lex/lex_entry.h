@@ -12,6 +12,8 @@
 
 namespace torvane {
 
+class World;
+
 /// Keys of the lexicon have no case.
 struct FoldHash {
   using is_transparent = void;
@@ -85,29 +87,30 @@ struct ValueTraits<LexEntry> : TagOf<LexEntry, tags::lex_entry> {};
 /// Makes a meaning of each sub-list behind the heading and passes it to `add`. The phrase headings
 /// of a list `(phrases (HEADING) ...)` go to `entry`.
 template <class Add>
-void read_meanings(const IRSlist& form, LexEntry& entry, Add add);
+void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add);
 
 /// The entry that is being read, while a `read_meanings` runs: where `phrases` adds to.
 class CurrentEntry {
  public:
-  explicit CurrentEntry(LexEntry* entry);
+  CurrentEntry(World& world, LexEntry* entry);
   ~CurrentEntry();
   CurrentEntry(const CurrentEntry&) = delete;
   CurrentEntry& operator=(const CurrentEntry&) = delete;
 
  private:
+  LexEntry*& current_;
   LexEntry* outer_;
 };
 
 template <class Add>
-void read_meanings(const IRSlist& form, LexEntry& entry, Add add) {
-  CurrentEntry reading(&entry);
+void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add) {
+  CurrentEntry reading(world, &entry);
   for (IRSlist* item : form.items)
     if (item->is_list())
-      if (std::unique_ptr<Meaning> meaning = make_meaning(item)) add(std::move(meaning));
+      if (std::unique_ptr<Meaning> meaning = make_meaning(world, item)) add(std::move(meaning));
 }
 
 /// The reserved kind `phrases` of the family "Meaning".
-void register_phrases_kind();
+void register_phrases_kind(World& world);
 
 }  // namespace torvane

@@ -1,13 +1,13 @@
 // From a word to lexical items: the entries it may come from, their meanings, and the phrases
 // around it.
 
-#include <iostream>
 #include <unordered_set>
 
 #include "lex/lex_analyzer.h"
 #include "lex/phrase_match.h"
 #include "lexp/form.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -78,7 +78,7 @@ void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansio
     if (const LexEntry* found = lexicon->get_entry(phrase->key.c_str()))
       entry_items(*found, low - phrase->left, low + phrase->right, expansion);
     else
-      std::cerr << "Phrasal entry '" << phrase->key << "' is not found\n";
+      messages() << "Phrasal entry '" << phrase->key << "' is not found\n";
   }
 }
 

@@ -1,36 +1,37 @@
 #include "lex/lexical_rules.h"
 
 #include <algorithm>
-#include <iostream>
 #include <utility>
 
 #include "lexp/form.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/regexp.h"
 #include "support/text.h"
 
 namespace torvane {
 
-Rule::Rule(IRSlist* form) : name(or_empty(form->get_str_val())) {
+Rule::Rule(World& world, IRSlist* form) : name(or_empty(form->get_str_val())) {
   bool has_pattern = false;
   bool has_action = false;
   while (!form->empty()) {
     std::unique_ptr<IRSlist> item = form->pop_front();
-    if (take_option(*item)) continue;
+    if (take_option(world, *item)) continue;
     if (!std::exchange(has_pattern, true)) {
-      pattern = make_pattern(item.get());
+      pattern = make_pattern(world, item.get());
     } else if (!std::exchange(has_action, true)) {
-      action = LExp::get_exp(item.get());
+      action = LExp::get_exp(world, item.get());
     }
   }
-  if (!has_pattern) std::cerr << "The lexical rule '" << name << "' has no pattern\n";
+  if (!has_pattern) messages() << "The lexical rule '" << name << "' has no pattern\n";
 }
 
-bool Rule::take_option(IRSlist& item) {
+bool Rule::take_option(World& world, IRSlist& item) {
   const char* head = item.is_list() ? item.nth_str_val(0) : nullptr;
   if (same_word(head, ":precondition")) {
-    precondition = LExp::get_exp(item.nth(1));
+    precondition = LExp::get_exp(world, item.nth(1));
   } else if (same_word(head, ":act-on-all-matches")) {
     act_on_all = true;
   } else {
@@ -41,7 +42,7 @@ bool Rule::take_option(IRSlist& item) {
 
 void Rule::apply(LexAnalyzer& analyzer) {
   if (!passes(precondition, Value::of(&analyzer), type_id_of<LexAnalyzer>())) return;
-  if (debug) std::cerr << "\nLexical Rule: " << name << '\n';
+  if (debug) messages() << "\nLexical Rule: " << name << '\n';
   if (!pattern) return;
   MatchList matches;
   {
@@ -57,8 +58,8 @@ void Rule::fire(MatchList& matches) {
   Round round;
   for (const Ref<Match>& match : matches) {
     if (debug) {
-      match->print(std::cerr);
-      std::cerr << '\n';
+      match->print(messages());
+      messages() << '\n';
     }
     // Kept: one-match-an-end
     if (match->high != last_high) {
@@ -82,10 +83,10 @@ void LexRuleList::apply(LexAnalyzer& analyzer) {
 
 namespace {
 
-std::vector<std::unique_ptr<Rule>> read_rules(IRSlist* form) {
+std::vector<std::unique_ptr<Rule>> read_rules(World& world, IRSlist* form) {
   std::vector<std::unique_ptr<Rule>> rules;
   for (IRSlist* item : form->items)
-    if (item->is_list()) rules.push_back(std::make_unique<Rule>(item));
+    if (item->is_list()) rules.push_back(std::make_unique<Rule>(world, item));
   return rules;
 }
 
@@ -94,29 +95,28 @@ void insert_rules(LexRuleList& list, std::size_t at, std::vector<std::unique_ptr
                     std::make_move_iterator(rules.begin()), std::make_move_iterator(rules.end()));
 }
 
-LexRuleList* find_rules(const char* name) {
-  return find_object_as<LexRuleList>(name, "LexRuleList", false);
+LexRuleList* find_rules(World& world, const char* name) {
+  return world.objects.find_as<LexRuleList>(name, "LexRuleList", false);
 }
 
-Value def_rules(IRSlist* form) {
+Value def_rules(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  LexRuleList* list = find_rules(name);
+  LexRuleList* list = find_rules(world, name);
   if (!list) {
-    auto fresh = std::make_unique<LexRuleList>();
-    if (!register_object(name, Value::of(fresh.get()), "LexRuleList")) return Value();
-    list = fresh.release();
+    list = world.own_object(name, std::make_unique<LexRuleList>(), "LexRuleList");
+    if (!list) return Value();
   }
-  insert_rules(*list, list->rules.size(), read_rules(form));
+  insert_rules(*list, list->rules.size(), read_rules(world, form));
   return Value();
 }
 
-Value insert_lex_rules(IRSlist* form) {
+Value insert_lex_rules(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  LexRuleList* list = find_rules(name);
+  LexRuleList* list = find_rules(world, name);
   if (!list) {
-    std::cerr << "(insert-lex-rules ...): the lexical rule set '" << or_empty(name)
-              << "' is not defined\n";
+    messages() << "(insert-lex-rules ...): the lexical rule set '" << or_empty(name)
+               << "' is not defined\n";
     return Value();
   }
   auto at = list->rules.end();
@@ -125,15 +125,15 @@ Value insert_lex_rules(IRSlist* form) {
                       [&](const auto& rule) { return same_word(rule->name.c_str(), anchor); });
     if (at == list->rules.end()) return Value();
   }
-  insert_rules(*list, static_cast<std::size_t>(at - list->rules.begin()), read_rules(form));
+  insert_rules(*list, static_cast<std::size_t>(at - list->rules.begin()), read_rules(world, form));
   return Value();
 }
 
-Value debug_rules(IRSlist* form) {
+Value debug_rules(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  LexRuleList* list = find_rules(name);
+  LexRuleList* list = find_rules(world, name);
   if (!list) {
-    std::cerr << "the lexical rules `" << or_empty(name) << "' are not found\n";
+    messages() << "the lexical rules `" << or_empty(name) << "' are not found\n";
     return Value();
   }
   std::unique_ptr<regexp> names;
@@ -159,11 +159,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lexical_rule_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
-  apply_lexical_rules = [](LexRuleList& rules, LexAnalyzer& analyzer) { rules.apply(analyzer); };
+void register_lexical_rule_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

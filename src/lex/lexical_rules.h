@@ -6,14 +6,17 @@
 #include <string>
 #include <vector>
 
+#include "lex/lex_analyzer.h"
 #include "lex/pattern.h"
 
 namespace torvane {
 
+class World;
+
 class Rule {
  public:
   /// Reads a rule form: its name, then options, the pattern and the action.
-  explicit Rule(IRSlist* form);
+  Rule(World& world, IRSlist* form);
 
   void apply(LexAnalyzer& analyzer);
 
@@ -25,15 +28,15 @@ class Rule {
   bool debug = false;
 
  private:
-  bool take_option(IRSlist& item);
+  bool take_option(World& world, IRSlist& item);
   void fire(MatchList& matches);
 };
 
-class LexRuleList {
+class LexRuleList : public ChartRules {
  public:
   /// Each rule once, in order, on the chart as the earlier ones left it. Rules that an action adds
   /// run from the next sentence on.
-  void apply(LexAnalyzer& analyzer);
+  void apply(LexAnalyzer& analyzer) override;
 
   std::vector<std::unique_ptr<Rule>> rules;
 };
@@ -45,6 +48,6 @@ template <>
 struct ValueTraits<LexRuleList> : TagOf<LexRuleList, tags::lex_rule_list> {};
 
 /// `def-rules`, `insert-lex-rules`, `debug-rules`; lets the analyser run rules.
-void register_lexical_rule_commands();
+void register_lexical_rule_commands(World& world);
 
 }  // namespace torvane

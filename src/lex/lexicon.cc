@@ -1,10 +1,11 @@
 #include "lex/lexicon.h"
 
 #include <algorithm>
-#include <iostream>
 #include <utility>
 
+#include "shell/world.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -23,15 +24,15 @@ class BorrowedStream : public Stream {
 };
 
 template <class Visit>
-void each_form(std::istream& in, Visit visit) {
+void each_form(World& world, std::istream& in, Visit visit) {
   Ref<Stream> stream(new BorrowedStream(in));
-  IRSlistReader reader;
+  IRSlistReader reader(world.double_byte);
   for (IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) visit(form);
 }
 
 }  // namespace
 
-Lexicon::Lexicon(int size) {
+Lexicon::Lexicon(World& its_world, int size) : world_(its_world) {
   entries.rehash(bucket_count(size));
   not_found.rehash(bucket_count(size));
 }
@@ -118,7 +119,7 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
     if (!text) continue;
     // Taken out while in use: a meaning in the entry could load another.
     std::unique_ptr<IRSlistReader> reader = std::move(disk_reader_);
-    if (!reader) reader = std::make_unique<IRSlistReader>();
+    if (!reader) reader = std::make_unique<IRSlistReader>(world_.double_byte);
     IRSlist* form = reader->start_string(text);
     if (LexEntry* entry = form ? read_entry(form, no_dup) : nullptr) {
       result = entry;
@@ -130,11 +131,11 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
 }
 
 void Lexicon::load(std::istream& in, int no_dup) {
-  each_form(in, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
+  each_form(world_, in, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
 }
 
 void Lexicon::load_unique(std::istream& in) {
-  each_form(in, [this](IRSlist* form) { add_if_absent(form); });
+  each_form(world_, in, [this](IRSlist* form) { add_if_absent(form); });
 }
 
 LexEntry* Lexicon::add_if_absent(IRSlist* form) {
@@ -149,13 +150,13 @@ LexEntry* Lexicon::read_entry(IRSlist* form, int no_dup) {
   if (heading.key.empty() || (heading.is_phrase && !heading.check_length())) return nullptr;
   LexEntry* entry = find(heading.key);
   if (entry && no_dup) {
-    std::cerr << "Duplicate entry: " << heading.key << '\n';
+    messages() << "Duplicate entry: " << heading.key << '\n';
     return entry;
   }
   Pin pin(*this);
   if (!entry) entry = insert(new_entry(heading.key.c_str()));
   entry->made_for_phrase = false;
-  read_meanings(*form, *entry, [this, entry](std::unique_ptr<Meaning> meaning) {
+  read_meanings(world_, *form, *entry, [this, entry](std::unique_ptr<Meaning> meaning) {
     add_meaning(std::move(meaning), entry);
   });
   if (heading.is_phrase && !heading.first.empty()) {

@@ -17,6 +17,8 @@
 
 namespace torvane {
 
+class World;
+
 /// An entry, and the ending that led to it (null: none was taken off).
 struct EntryReading {
   LexEntry* entry;
@@ -25,7 +27,7 @@ struct EntryReading {
 
 class Lexicon {
  public:
-  explicit Lexicon(int size);
+  Lexicon(World& its_world, int size);
   Lexicon(const Lexicon&) = delete;
   Lexicon& operator=(const Lexicon&) = delete;
 
@@ -58,6 +60,8 @@ class Lexicon {
   /// Forgets all entries, and which words were not found.
   void clear();
   bool has_endings() const { return ending_table != nullptr; }
+
+  World& world() const { return world_; }
 
   /// While one is held, an entry that is evicted or cleared stays in memory: expressions that run
   /// between two uses of an entry may look words up, or clear the lexicon.
@@ -93,6 +97,7 @@ class Lexicon {
   template <class Visit>
   void each_reading(const char* word, Visit visit);
 
+  World& world_;
   int pins_ = 0;
   std::vector<std::unique_ptr<LexEntry>> dropped_;
   std::unique_ptr<IRSlistReader> disk_reader_;
@@ -106,6 +111,6 @@ struct ValueTraits<Lexicon> : TagOf<Lexicon, tags::lexicon> {};
 
 /// `make-lexicon`, `lex`, `load-lex` and the rest, the batch commands on lexicon files, the
 /// endings, the meanings, and the form `get-root`.
-void register_lexicon_commands();
+void register_lexicon_commands(World& world);
 
 }  // namespace torvane

@@ -1,4 +1,3 @@
-#include <iostream>
 #include <utility>
 
 #include "lex/lexicon.h"
@@ -6,76 +5,74 @@
 #include "lexp/form.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 
 namespace torvane {
 namespace {
 
-Lexicon* take_lexicon(IRSlist* form) {
-  return find_object_as<Lexicon>(form->get_str_val(), "Lexicon", true);
+Lexicon* take_lexicon(World& world, IRSlist* form) {
+  return world.objects.find_as<Lexicon>(form->get_str_val(), "Lexicon", true);
 }
 
-Value make_lexicon(IRSlist* form) {
+Value make_lexicon(World& world, IRSlist* form) {
   std::unique_ptr<IRSlist> endings = form->take_keyword_node(":ending-table");
   const char* name = form->get_str_val();
   if (!name) return Value();
-  auto lexicon = std::make_unique<Lexicon>(static_cast<int>(form->get_long_val()));
+  auto lexicon = std::make_unique<Lexicon>(world, static_cast<int>(form->get_long_val()));
   if (endings && endings->is_list()) {
     lexicon->ending_table = std::make_unique<EndingTable>();
-    lexicon->ending_table->read(endings.get());
+    lexicon->ending_table->read(world, endings.get());
   } else if (endings) {
     // A table of its own name is looked up, but only a list gives a lexicon endings.
     // Kept: named-endings-ignored
-    find_object(endings->atom, "EndingTable", true);
+    world.objects.find(endings->atom, "EndingTable", true);
   }
-  Value value = Value::of(lexicon.get());
-  if (!register_object(name, value, "Lexicon")) return Value();
-  lexicon.release();  // named objects live for the rest of the run
-  return value;
+  return Value::of(world.own_object(name, std::move(lexicon), "Lexicon"));
 }
 
-Value lex(IRSlist* form) {
-  Lexicon* lexicon = take_lexicon(form);
+Value lex(World& world, IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(world, form);
   if (!lexicon) return Value();
   // Kept: lex-adds-load-lex-reports
   while (std::unique_ptr<IRSlist> item = form->pop_front()) lexicon->read_entry(item.get(), 0);
   return Value();
 }
 
-Value load_lex(IRSlist* form) {
+Value load_lex(World& world, IRSlist* form) {
   long no_dup = 1;
   if (const char* text = form->take_keyword_str(":no-dup")) scan_long(text, no_dup);
-  Lexicon* lexicon = take_lexicon(form);
-  Ref<Stream> in = lexicon ? take_input(form) : Ref<Stream>();
+  Lexicon* lexicon = take_lexicon(world, form);
+  Ref<Stream> in = lexicon ? take_input(world, form) : Ref<Stream>();
   if (in && in->in()) lexicon->load(*in->in(), no_dup != 0);
   return Value();
 }
 
-Value lex_entry(IRSlist* form) {
-  Lexicon* lexicon = take_lexicon(form);
+Value lex_entry(World& world, IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(world, form);
   if (!lexicon) return Value();
   while (std::unique_ptr<IRSlist> word = form->pop_front())
     if (const LexEntry* entry = lexicon->get_entry(word->atom))
-      lexicon->print_entry(std::cout, entry);
+      lexicon->print_entry(world.out(), entry);
   return Value();
 }
 
-Value clear_lexicon(IRSlist* form) {
-  if (Lexicon* lexicon = take_lexicon(form)) lexicon->clear();
+Value clear_lexicon(World& world, IRSlist* form) {
+  if (Lexicon* lexicon = take_lexicon(world, form)) lexicon->clear();
   return Value();
 }
 
-Value link_lex_file(IRSlist* form) {
-  Lexicon* lexicon = take_lexicon(form);
+Value link_lex_file(World& world, IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(world, form);
   const char* header = lexicon ? form->get_str_val() : nullptr;
   if (!header) return Value();
-  auto dictionary = std::make_unique<DictOnDisk>(header);
+  auto dictionary = std::make_unique<DictOnDisk>(world, header);
   if (dictionary->good()) lexicon->dictionaries.push_back(std::move(dictionary));
   return Value();
 }
 
-Value print_lex(IRSlist* form) {
-  Lexicon* lexicon = take_lexicon(form);
-  Ref<Stream> out = lexicon ? take_output(form) : Ref<Stream>();
+Value print_lex(World& world, IRSlist* form) {
+  Lexicon* lexicon = take_lexicon(world, form);
+  Ref<Stream> out = lexicon ? take_output(world, form) : Ref<Stream>();
   if (out) lexicon->print_sorted(*out->out());
   return Value();
 }
@@ -84,10 +81,10 @@ Value print_lex(IRSlist* form) {
 class GetRoot : public Form<GetRoot, LAdaptor> {
  public:
   static constexpr const char* kName = "get-root";
-  GetRoot() { in_type = mid_type = type_id("char*"); }
-  void init(IRSlist* args) override {
-    lexicon_ = take_lexicon(args);
-    LAdaptor::init(args);
+  GetRoot() { in_type = mid_type = type_id_of<const char*>(); }
+  void init(World& world, IRSlist* args) override {
+    lexicon_ = take_lexicon(world, args);
+    LAdaptor::init(world, args);
   }
   Value convert(Value input) override {
     if (!lexicon_ || !input.text()) return Value();
@@ -121,15 +118,13 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lexicon_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_meanings();
-  register_phrases_kind();
-  register_ending_commands();
-  interpreter().define(kCommands);
-  register_lexicon_file_commands();
-  register_form<GetRoot>();
+void register_lexicon_commands(World& world) {
+  register_meanings(world);
+  register_phrases_kind(world);
+  register_ending_commands(world);
+  world.interpreter.define(kCommands);
+  register_lexicon_file_commands(world);
+  register_form<GetRoot>(world);
 }
 
 }  // namespace torvane

@@ -1,14 +1,15 @@
 #include "lex/lexicon_files.h"
 
 #include <algorithm>
-#include <iostream>
 #include <unordered_set>
 #include <vector>
 
 #include "lex/dict_on_disk.h"
 #include "lex/lex_entry.h"
+#include "lexp/expressions.h"
 #include "lexp/form.h"
 #include "shell/exec.h"
+#include "shell/world.h"
 
 namespace torvane {
 
@@ -28,16 +29,16 @@ std::string item_key(std::string_view item) {
   return key;
 }
 
-Ref<Stream> take_input(IRSlist* form) {
+Ref<Stream> take_input(World& world, IRSlist* form) {
   bool given = !form->empty();
   const char* name = form->get_str_val();
-  return given && !name ? Ref<Stream>() : input_stream(name);
+  return given && !name ? Ref<Stream>() : world.input_stream(name);
 }
 
-Ref<Stream> take_output(IRSlist* form) {
+Ref<Stream> take_output(World& world, IRSlist* form) {
   bool given = !form->empty();
   const char* name = form->get_str_val();
-  return given && !name ? Ref<Stream>() : make_ostream(name);
+  return given && !name ? Ref<Stream>() : world.make_ostream(name);
 }
 
 namespace {
@@ -94,22 +95,22 @@ void write_sub_lists(std::ostream& out, const char* item) {
   each_sub_list(item, [&out](const char* sub_list) { out << ' ' << sub_list << '\n'; });
 }
 
-Value sort_lex(IRSlist* form) {
-  Ref<Stream> in = take_input(form);
+Value sort_lex(World& world, IRSlist* form) {
+  Ref<Stream> in = take_input(world, form);
   if (!in || !in->in()) return Value();
   StrBufs strings(kItemChunk);
   Array<const char*> items;
   while (const char* item = next_item(*in->in(), strings)) items.append(item);
   items.sort(stricmp);
-  Ref<Stream> out = take_output(form);
+  Ref<Stream> out = take_output(world, form);
   if (!out) return Value();
   for (const char* item : items) *out->out() << item << '\n';
   return Value();
 }
 
-Value rm_duplicates(IRSlist* form) {
-  Ref<Stream> in = take_input(form);
-  Ref<Stream> out = in ? take_output(form) : in;
+Value rm_duplicates(World& world, IRSlist* form) {
+  Ref<Stream> in = take_input(world, form);
+  Ref<Stream> out = in ? take_output(world, form) : in;
   if (!out) return Value();
   ItemReader reader(in);
   std::string previous;
@@ -122,9 +123,9 @@ Value rm_duplicates(IRSlist* form) {
   return Value();
 }
 
-Value merge_entries(IRSlist* form) {
-  Ref<Stream> in = take_input(form);
-  Ref<Stream> out = in ? take_output(form) : in;
+Value merge_entries(World& world, IRSlist* form) {
+  Ref<Stream> in = take_input(world, form);
+  Ref<Stream> out = in ? take_output(world, form) : in;
   if (!out) return Value();
   ItemReader reader(in);
   reader.next();
@@ -164,10 +165,10 @@ void merge_walk(ItemReader& a, ItemReader& b, Both both, OnlyA only_a, OnlyB onl
   }
 }
 
-Value combine_lex(IRSlist* form) {
-  Ref<Stream> first = take_input(form);
-  Ref<Stream> second = first ? take_input(form) : first;
-  Ref<Stream> stream = second ? take_output(form) : second;
+Value combine_lex(World& world, IRSlist* form) {
+  Ref<Stream> first = take_input(world, form);
+  Ref<Stream> second = first ? take_input(world, form) : first;
+  Ref<Stream> stream = second ? take_output(world, form) : second;
   if (!stream) return Value();
   std::ostream& out = *stream->out();
   ItemReader a(first), b(second);
@@ -182,10 +183,10 @@ Value combine_lex(IRSlist* form) {
   return Value();
 }
 
-Value update_lex(IRSlist* form) {
-  Ref<Stream> addendum = take_input(form);
-  Ref<Stream> old = addendum ? take_input(form) : addendum;
-  Ref<Stream> out = old ? take_output(form) : old;
+Value update_lex(World& world, IRSlist* form) {
+  Ref<Stream> addendum = take_input(world, form);
+  Ref<Stream> old = addendum ? take_input(world, form) : addendum;
+  Ref<Stream> out = old ? take_output(world, form) : old;
   if (!out) return Value();
   ItemReader a(addendum), b(old);
   a.next();
@@ -211,10 +212,10 @@ void print_lines(std::ostream& out, const char* mark, std::string_view text) {
   }
 }
 
-Value diff(IRSlist* form) {
-  Ref<Stream> first = take_input(form);
-  Ref<Stream> second = first ? take_input(form) : first;
-  Ref<Stream> stream = second ? take_output(form) : second;
+Value diff(World& world, IRSlist* form) {
+  Ref<Stream> first = take_input(world, form);
+  Ref<Stream> second = first ? take_input(world, form) : first;
+  Ref<Stream> stream = second ? take_output(world, form) : second;
   if (!stream) return Value();
   std::ostream& out = *stream->out();
   ItemReader a(first), b(second);
@@ -237,13 +238,13 @@ Value diff(IRSlist* form) {
   return Value();
 }
 
-Value select(IRSlist* form) {
+Value select(World& world, IRSlist* form) {
   std::unique_ptr<IRSlist> exp_form = form->pop_front();
-  std::unique_ptr<LExp> exp = exp_form ? LExp::get_exp(exp_form.get()) : nullptr;
-  Ref<Stream> in = exp ? take_input(form) : Ref<Stream>();
-  Ref<Stream> out = in ? take_output(form) : in;
+  std::unique_ptr<LExp> exp = exp_form ? LExp::get_exp(world, exp_form.get()) : nullptr;
+  Ref<Stream> in = exp ? take_input(world, form) : Ref<Stream>();
+  Ref<Stream> out = in ? take_output(world, form) : in;
   if (!out) return Value();
-  const int text_type = type_id("char*");
+  const int text_type = type_id_of<const char*>();
   ItemReader reader(in);
   for (Round round; reader.next(); round.next()) {
     std::string line = reader.item();
@@ -255,13 +256,13 @@ Value select(IRSlist* form) {
   return Value();
 }
 
-Value get_entry(IRSlist* form) {
+Value get_entry(World& world, IRSlist* form) {
   const char* header = form->get_str_val();
   if (!header) return Value();
-  DictOnDisk dictionary(header);
-  auto look_up = [&dictionary](const IRSlist& word) {
+  DictOnDisk dictionary(world, header);
+  auto look_up = [&](const IRSlist& word) {
     const char* text = word.is_atom() ? dictionary.get_entry(word.atom) : nullptr;
-    if (text) std::cout << text << '\n';
+    if (text) world.out() << text << '\n';
   };
   while (std::unique_ptr<IRSlist> item = form->pop_front()) {
     if (item->is_atom()) look_up(*item);
@@ -271,36 +272,37 @@ Value get_entry(IRSlist* form) {
 }
 
 /// Runs the three expressions of `filter-entries` on one entry.
-void filter_entry(LexEntry& entry, const ExpPtr (&tests)[3]) {
+void filter_entry(World& world, LexEntry& entry, const ExpPtr (&tests)[3]) {
+  const int entry_type = expressions(world).types.id(type_name_of<LexEntry>());
   Value value = Value::of(&entry);
-  if (!passes(tests[0], value, type_id_of<LexEntry>())) return;
+  if (!passes(tests[0], value, entry_type)) return;
   Slist<Meaning*> meanings = entry.meanings;
   for (Meaning* meaning : meanings)
     if (entry.meanings.contains(meaning))
       tests[1].eval(entry.meaning_value(meaning), type_id_of<Meaning>());
-  tests[2].eval(value, type_id_of<LexEntry>());
+  tests[2].eval(value, entry_type);
 }
 
-Value filter_entries(IRSlist* form) {
+Value filter_entries(World& world, IRSlist* form) {
   std::unique_ptr<IRSlist> rules = form->pop_front();
-  Ref<Stream> in = rules ? take_input(form) : Ref<Stream>();
-  Ref<Stream> out = in ? take_output(form) : in;
+  Ref<Stream> in = rules ? take_input(world, form) : Ref<Stream>();
+  Ref<Stream> out = in ? take_output(world, form) : in;
   if (!out) return Value();
   ExpPtr tests[3];
   for (ExpPtr& test : tests)
-    if (std::unique_ptr<IRSlist> exp = rules->pop_front()) test = LExp::get_exp(exp.get());
-  IRSlistReader reader;
+    if (std::unique_ptr<IRSlist> exp = rules->pop_front()) test = LExp::get_exp(world, exp.get());
+  IRSlistReader reader(world.double_byte);
   Round round;
   for (IRSlist* item = reader.start_stream(in.get()); item; item = reader.next()) {
     Heading heading = parse_heading(*item);
     if (heading.key.empty()) continue;
     LexEntry entry;
     entry.key = heading.key;
-    read_meanings(*item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
+    read_meanings(world, *item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
       entry.meanings.append(meaning.release());
     });
     // Kept: filter-entries-writes-nothing
-    filter_entry(entry, tests);
+    filter_entry(world, entry, tests);
     round.next();
   }
   return Value();
@@ -330,10 +332,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lexicon_file_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
+void register_lexicon_file_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -12,13 +12,13 @@ namespace torvane {
 
 /// The stream that a form's next argument names: standard input or output if there is none, null
 /// after a message if it is a list or cannot be opened.
-Ref<Stream> take_input(IRSlist* form);
-Ref<Stream> take_output(IRSlist* form);
+Ref<Stream> take_input(World& world, IRSlist* form);
+Ref<Stream> take_output(World& world, IRSlist* form);
 
 /// What two entries are compared by: the text of the heading, its words separated by one blank.
 std::string item_key(std::string_view item);
 
 /// `sort-lex`, `merge-entries`, `diff` and the rest.
-void register_lexicon_file_commands();
+void register_lexicon_file_commands(World& world);
 
 }  // namespace torvane

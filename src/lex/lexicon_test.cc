@@ -3,30 +3,31 @@
 #include <sstream>
 
 #include "lex/lex_analyzer.h"
-#include "shell/exec.h"
+#include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
 
 namespace torvane {
 namespace {
 
-/// The kinds "g" and "h" of meanings, which are texts.
-void register_kinds() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_core_forms();
-  register_constant_forms();
-  register_string_forms();
-  register_lexicon_commands();
-  register_avmeaning_proto();
-  interpreter().prompt = false;
-  interpreter().load_string("(make-str-meaning-proto g) (make-str-meaning-proto h)");
-}
+/// A world with the kinds "g" and "h" of meanings, which are texts.
+struct KindsWorld {
+  KindsWorld() {
+    register_core_forms(own_world);
+    register_constant_forms(own_world);
+    register_string_forms(own_world);
+    register_lexicon_commands(own_world);
+    register_avmeaning_proto(own_world);
+    own_world.interpreter.prompt = false;
+    own_world.interpreter.load_string("(make-str-meaning-proto g) (make-str-meaning-proto h)");
+  }
 
-struct Words : Lexicon {
-  explicit Words(const std::string& text = "", int no_dup = 0) : Lexicon(101) {
-    register_kinds();
+  World own_world{World::Console::of_process()};
+  WorldScope here{own_world};
+};
+
+struct Words : KindsWorld, Lexicon {
+  explicit Words(const std::string& text = "", int no_dup = 0) : Lexicon(own_world, 101) {
     read(text, no_dup);
   }
   void read(const std::string& text, int no_dup = 0) {
@@ -96,7 +97,8 @@ TEST(Lexicon, AWordOfTheMemoryIsNotLookedForOnDisk) {
   folder.write("one.dat", "(dog (g a)) (cat (g a))");
   folder.write("one.hdr", "one.dat 11 one.idx ( )");
   messages_of([&] {
-    words.dictionaries.push_back(std::make_unique<DictOnDisk>((folder / "one.hdr").c_str()));
+    words.dictionaries.push_back(
+        std::make_unique<DictOnDisk>(words.world(), (folder / "one.hdr").c_str()));
   });
   EXPECT_EQ(words.printed("dog"), "(dog\n (g mine)\n (phrases)\n )\n");
   EXPECT_EQ(words.printed("cat"), "(cat\n (g mine)\n (phrases (cat days))\n )\n");

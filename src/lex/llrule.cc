@@ -7,6 +7,7 @@
 #include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
 #include "support/depth.h"
 #include "support/text.h"
 
@@ -21,18 +22,18 @@ thread_local DepthLimit llrule_depth{"apply-llrule: the rules are nested too dee
 constexpr const char* kKind = "llrule";
 
 // One side of a context as a sequence; null for an empty side.
-std::unique_ptr<LPattern> make_side(IRSlist& side) {
+std::unique_ptr<LPattern> make_side(World& world, IRSlist& side) {
   if (side.empty()) return nullptr;
   static char head[] = "seq";
   auto atom = std::make_unique<IRSlist>();
   atom->atom = head;
   side.push_front(std::move(atom));
-  return make_pattern(&side);
+  return make_pattern(world, &side);
 }
 
 }  // namespace
 
-LLRule::LLRule(IRSlist* context, IRSlist* action) {
+LLRule::LLRule(World& world, IRSlist* context, IRSlist* action) {
   IRSlist left;
   IRSlist right;
   IRSlist* side = &left;
@@ -44,9 +45,9 @@ LLRule::LLRule(IRSlist* context, IRSlist* action) {
       side->append(std::move(item));
     }
   }
-  _left = make_side(left);
-  _right = make_side(right);
-  _action = LExp::get_exp(action);
+  _left = make_side(world, left);
+  _right = make_side(world, right);
+  _action = LExp::get_exp(world, action);
 }
 
 bool LLRule::apply(const Ref<Match>& match) {
@@ -87,13 +88,13 @@ int LLRuleMeaning::compare(const Meaning* other) const {
   return rule_meaning->rule == rule ? subsume::kEqual : subsume::kIncomparable;
 }
 
-void LLRuleMeaning::init(IRSlist* form) {
+void LLRuleMeaning::init(World& world, IRSlist* form) {
   IRSlist* what = form->nth(0);
   if (!what) return;
   if (what->is_atom()) {
-    rule = Ref<LLRule>(find_object_as<LLRule>(what->atom, "LLRule", true));
+    rule = Ref<LLRule>(world.objects.find_as<LLRule>(what->atom, "LLRule", true));
   } else if (IRSlist* context = what->nth(0); context && context->is_list()) {
-    rule = make_ref<LLRule>(context, what->nth(1));
+    rule = make_ref<LLRule>(world, context, what->nth(1));
   }
 }
 
@@ -110,11 +111,12 @@ Match* apply_llrule(Match* match) {
   return match;
 }
 
-Value make_llrule(IRSlist* form) {
+Value make_llrule(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  Ref<LLRule> rule = make_ref<LLRule>(form->nth(0), form->nth(1));
-  if (register_object(name, Value::of(rule.get()), "LLRule")) rule.leak();
+  Ref<LLRule> rule = make_ref<LLRule>(world, form->nth(0), form->nth(1));
+  if (world.objects.add(name, Value::of(rule.get()), "LLRule"))
+    world.own(std::make_unique<Ref<LLRule>>(std::move(rule)));
   return Value();
 }
 
@@ -124,14 +126,10 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_llrule_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
-  register_function<&apply_llrule>("apply-llrule");
-  register_meanings();
-  static LLRuleMeaning prototype;
-  ObjFactory::proto("Meaning", kKind, Value::of<Meaning>(&prototype), nullptr);
+void register_llrule_commands(World& world) {
+  world.interpreter.define(kCommands);
+  register_function<&apply_llrule>(world, "apply-llrule");
+  add_kind(world, kKind, std::make_unique<LLRuleMeaning>(), nullptr);
 }
 
 }  // namespace torvane

@@ -10,10 +10,12 @@
 
 namespace torvane {
 
+class World;
+
 class LLRule : public Counted<LLRule> {
  public:
   /// `(LEFT ... ~ RIGHT ...)` and the action; a null action makes a rule that does nothing.
-  LLRule(IRSlist* context, IRSlist* action);
+  LLRule(World& world, IRSlist* context, IRSlist* action);
 
   bool has_context() const { return _left || _right; }
   /// Whether the action ran.
@@ -40,12 +42,12 @@ class LLRuleMeaning : public Meaning {
   std::unique_ptr<Meaning> clone() const override { return std::make_unique<LLRuleMeaning>(*this); }
   /// The same rule is equal; two rules have nothing in common.
   int compare(const Meaning* other) const override;
-  void init(IRSlist* form) override;
+  void init(World& world, IRSlist* form) override;
 
   Ref<LLRule> rule;  ///< may be null
 };
 
 /// `make-llrule`, `apply-llrule` and the meaning kind.
-void register_llrule_commands();
+void register_llrule_commands(World& world);
 
 }  // namespace torvane

@@ -21,19 +21,19 @@ class MakeLexItem : public LExp {
   const char* name() const override { return "make-lexitem"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<MakeLexItem>(*this); }
 
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     if (auto root = args->take_keyword_node(":root")) {
       has_root_ = true;
       if (root->is_atom()) {
         root_text_ = root->atom;
       } else {
-        root_exp_ = get_exp(root.get());
+        root_exp_ = get_exp(world, root.get());
         root_is_text_ = false;
       }
     }
-    low_ = get_exp(args->nth(0));
-    high_ = get_exp(args->nth(1));
-    meaning_ = get_exp(args->nth(2));
+    low_ = get_exp(world, args->nth(0));
+    high_ = get_exp(world, args->nth(1));
+    meaning_ = get_exp(world, args->nth(2));
   }
 
   Value eval(Value input, int input_type) override {
@@ -110,10 +110,10 @@ LexItem* insert_empty_category(Match* match, Word pos, Meaning* meaning) {
 
 }  // namespace
 
-void register_making_actions() {
-  register_lexp(std::make_unique<MakeLexItem>());
-  register_lexp(std::make_unique<RetrieveLexItem>());
-  register_function<&insert_empty_category>("insert-empty-category");
+void register_making_actions(World& world) {
+  register_lexp(world, std::make_unique<MakeLexItem>());
+  register_lexp(world, std::make_unique<RetrieveLexItem>());
+  register_function<&insert_empty_category>(world, "insert-empty-category");
 }
 
 }  // namespace torvane

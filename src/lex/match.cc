@@ -18,10 +18,10 @@ constinit const TypeTag match{
 
 namespace {
 
-Match* spare_matches = nullptr;
+constinit thread_local Match* spare_matches = nullptr;
 
 std::vector<std::vector<Ref<Match>>>& spare_storage() {
-  static auto& spare = *new std::vector<std::vector<Ref<Match>>>;
+  static thread_local std::vector<std::vector<Ref<Match>>> spare;
   return spare;
 }
 

@@ -1,11 +1,11 @@
 #include "lex/match_run.h"
 
 #include <algorithm>
-#include <iostream>
 #include <utility>
 #include <vector>
 
 #include "support/hash.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -44,7 +44,7 @@ class MatchRun::Memory {
   std::vector<Ref<Match>> kept;
 
   static std::vector<std::unique_ptr<Memory>>& spare() {
-    static auto& list = *new std::vector<std::unique_ptr<Memory>>;
+    static thread_local std::vector<std::unique_ptr<Memory>> list;
     return list;
   }
 
@@ -117,15 +117,15 @@ int MatchRun::cut_kept(int wanted) {
 
 void MatchRun::report_matches() {
   if (!std::exchange(reported_, true))
-    std::cerr << "A lexical pattern has more than " << kMostMatches
-              << " matches in a sentence. The rest is left out.\n";
+    messages() << "A lexical pattern has more than " << kMostMatches
+               << " matches in a sentence. The rest is left out.\n";
 }
 
 bool MatchRun::report_steps() {
   steps_left_ = std::max(steps_left_, 0);
   if (!std::exchange(reported_, true))
-    std::cerr << "A lexical pattern takes more than " << kMostSteps
-              << " steps in a sentence. The rest is left out.\n";
+    messages() << "A lexical pattern takes more than " << kMostSteps
+               << " steps in a sentence. The rest is left out.\n";
   return false;
 }
 

@@ -1,13 +1,15 @@
 #include "lex/meaning.h"
 
-#include <iostream>
 #include <sstream>
 #include <utility>
 
+#include "att/attributes.h"
 #include "lexp/form.h"
 #include "lexp/shared_constant.h"
 #include "shell/exec.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -16,9 +18,9 @@ int Meaning::compare(const Meaning* other) const {
   return subsume::kEqual;
 }
 
-std::unique_ptr<Meaning> Meaning::make(IRSlist* form) const {
+std::unique_ptr<Meaning> Meaning::make(World& world, IRSlist* form) const {
   std::unique_ptr<Meaning> meaning = clone();
-  meaning->init(form);
+  meaning->init(world, form);
   return meaning;
 }
 
@@ -43,7 +45,7 @@ int AVMeaning::unifiable(const Meaning* other) const {
   return avm ? vec->unifiable(*avm->vec) : subsume::kNotComparable;
 }
 
-void AVMeaning::init(IRSlist* form) {
+void AVMeaning::init(World&, IRSlist* form) {
   if (IRSlist* first = form->nth(0)) vec->read(first);
 }
 
@@ -66,17 +68,17 @@ int StrMeaning::compare(const Meaning* other) const {
   return mine ? subsume::kMoreSpecific : subsume::kMoreGeneral;
 }
 
-void StrMeaning::init(IRSlist* form) {
+void StrMeaning::init(World&, IRSlist* form) {
   std::ostringstream out;
   form->print(out);
   text = out.str();
   has_text = true;
 }
 
-std::unique_ptr<Meaning> make_meaning(IRSlist* form) {
-  ObjFactory* family = ObjFactory::family("Meaning");
+std::unique_ptr<Meaning> make_meaning(World& world, IRSlist* form) {
+  ObjFactory* family = world.families.find("Meaning");
   if (!family) {
-    std::cerr << "lexicon: needs maker for Meaning\n";
+    messages() << "lexicon: needs maker for Meaning\n";
     return nullptr;
   }
   const auto* entry = family->find(form->peek_str_val());
@@ -84,28 +86,28 @@ std::unique_ptr<Meaning> make_meaning(IRSlist* form) {
   // Kept: unknown-sense-is-lost
   if (!prototype) return nullptr;
   form->pop_front();
-  return prototype->make(form);
+  return prototype->make(world, form);
+}
+
+void add_kind(World& world, const char* name, std::unique_ptr<Meaning> prototype, const char* doc) {
+  if (world.families.add_proto("Meaning", name, Value::of(prototype.get()), doc))
+    world.own(std::move(prototype));
 }
 
 namespace {
 
-void add_kind(const char* name, std::unique_ptr<Meaning> prototype, const char* doc) {
-  // A prototype that was entered lives for the rest of the run.
-  if (ObjFactory::proto("Meaning", name, Value::of(prototype.get()), doc)) prototype.release();
-}
-
-Value make_avmeaning_proto(IRSlist* form) {
+Value make_avmeaning_proto(World& world, IRSlist* form) {
   if (form->length() != 2) return Value();
-  AttInterpreterList* att_type = AttInterpreterList::find(form->get_str_val());
+  AttInterpreterList* att_type = find_att_list(world, form->get_str_val());
   const char* name = form->get_str_val();
-  if (att_type && name) add_kind(name, std::make_unique<AVMeaning>(att_type), nullptr);
+  if (att_type && name) add_kind(world, name, std::make_unique<AVMeaning>(att_type), nullptr);
   return Value();
 }
 
-Value make_str_meaning_proto(IRSlist* form) {
+Value make_str_meaning_proto(World& world, IRSlist* form) {
   if (form->length() != 1) return Value();
   const char* kind = form->get_str_val();
-  if (kind) add_kind(kind, std::make_unique<StrMeaning>(intern_string(kind)), nullptr);
+  if (kind) add_kind(world, kind, std::make_unique<StrMeaning>(intern_string(kind)), nullptr);
   return Value();
 }
 
@@ -127,9 +129,9 @@ class AVMConst : public LConst {
   }
   const char* name() const override { return "avm"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<AVMConst>(*this); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     IRSlist* first = args->nth(0);
-    if (first) give(make_meaning(first->is_list() ? first : args));
+    if (first) give(make_meaning(world, first->is_list() ? first : args));
   }
 
  private:
@@ -149,19 +151,14 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_meanings() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  ObjFactory::add_family("Meaning", "Maker for different kinds of meanings in lexicons", nullptr);
+void register_meanings(World& world) {
+  world.families.add("Meaning", "Maker for different kinds of meanings in lexicons", nullptr);
 }
 
-void register_avmeaning_proto() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_meanings();
-  interpreter().define(kCommands);
-  register_pure_form<MeaningType>();
-  register_lexp(std::make_unique<AVMConst>());
+void register_avmeaning_proto(World& world) {
+  world.interpreter.define(kCommands);
+  register_pure_form<MeaningType>(world);
+  register_lexp(world, std::make_unique<AVMConst>());
 }
 
 }  // namespace torvane

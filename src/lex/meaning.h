@@ -23,9 +23,9 @@ class Meaning {
   /// -2 for another kind, else a code of `subsume`.
   virtual int compare(const Meaning* other) const;
   virtual int unifiable(const Meaning* other) const { return compare(other) == 0; }
-  virtual void init(IRSlist*) {}
+  virtual void init(World&, IRSlist*) {}
   /// A clone, initialised from the form; null for a kind that works by side effect.
-  virtual std::unique_ptr<Meaning> make(IRSlist* form) const;
+  virtual std::unique_ptr<Meaning> make(World& world, IRSlist* form) const;
   virtual ~Meaning() = default;
 
   /// The meaning as the class that holds a vector, or null. The name cannot tell: a grammar may
@@ -56,7 +56,7 @@ class AVMeaning : public Meaning {
   std::unique_ptr<Meaning> clone() const override;
   int compare(const Meaning* other) const override;
   int unifiable(const Meaning* other) const override;
-  void init(IRSlist* form) override;
+  void init(World& world, IRSlist* form) override;
   const AVMeaning* avm() const override { return this; }
 
   Ref<AttVec> vec;  ///< never null, not shared with another meaning
@@ -81,7 +81,7 @@ class StrMeaning : public Meaning {
   void print(std::ostream& out) const override;
   std::unique_ptr<Meaning> clone() const override;
   int compare(const Meaning* other) const override;
-  void init(IRSlist* form) override;
+  void init(World& world, IRSlist* form) override;
   const char* kept_text() const override { return has_text ? text.c_str() : nullptr; }
 
   const char* type_name;  ///< lives for ever, shared by all of the kind
@@ -91,11 +91,13 @@ class StrMeaning : public Meaning {
 
 /// A meaning from a form `(KIND body)`; the head names the prototype. Null for an unknown kind,
 /// silently.
-std::unique_ptr<Meaning> make_meaning(IRSlist* form);
+std::unique_ptr<Meaning> make_meaning(World& world, IRSlist* form);
+/// Adds a kind to the family "Meaning"; a known name is reported.
+void add_kind(World& world, const char* name, std::unique_ptr<Meaning> prototype, const char* doc);
 
 /// The family "Meaning", still without kinds.
-void register_meanings();
+void register_meanings(World& world);
 /// `make-avmeaning-proto` and `make-str-meaning-proto`, the forms `meaning-type` and `avm`.
-void register_avmeaning_proto();
+void register_avmeaning_proto(World& world);
 
 }  // namespace torvane

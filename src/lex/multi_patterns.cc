@@ -11,14 +11,15 @@ namespace {
 thread_local DepthLimit seq_depth{"(seq ...): too many parts in a row"};
 }
 
-void MultiPattern::init(IRSlist* args) {
+void MultiPattern::init(World& world, IRSlist* args) {
   subs.reserve(static_cast<std::size_t>(args->length()));
   long unused = 0;
   while (!args->empty()) {
-    if (take_option(args) || take_number(args, ":min", unused) || take_number(args, ":max", unused))
+    if (take_option(world, args) || take_number(args, ":min", unused) ||
+        take_number(args, ":max", unused))
       continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
-    if (item->is_list() || item->atom[0] != ':') subs.emplace_back(make_pattern(item.get()));
+    if (item->is_list() || item->atom[0] != ':') subs.emplace_back(make_pattern(world, item.get()));
   }
 }
 
@@ -61,8 +62,8 @@ Reach MultiPattern::parts_reach() const {
   return all;
 }
 
-void SeqPat::init(IRSlist* args) {
-  MultiPattern::init(args);
+void SeqPat::init(World& world, IRSlist* args) {
+  MultiPattern::init(world, args);
   auto reaches_out = [](const PatternPtr& sub) { return sub.reach() > Reach::input; };
   auto first = std::find_if(subs.begin(), subs.end(), reaches_out);
   auto last = std::find_if(subs.rbegin(), subs.rend(), reaches_out);

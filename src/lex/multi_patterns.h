@@ -7,10 +7,12 @@
 
 namespace torvane {
 
+class World;
+
 class MultiPattern : public LPattern {
  public:
   /// Options and parts in any order; an atom that begins with ":" is never a part.
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   /// Without `overlapping` the scan goes on beyond what it found. From the right it begins at the
   /// word count, where only the end of the sentence matches.
   void match(MatchRun& run, MatchList& results) const override;
@@ -29,7 +31,7 @@ class MultiPattern : public LPattern {
 /// components.
 class SeqPat : public PatternOf<SeqPat, MultiPattern> {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override;
 
  private:

@@ -1,10 +1,10 @@
 #include "lex/pattern.h"
 
-#include <iostream>
-
 #include "lexp/form.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
 #include "support/depth.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -43,7 +43,7 @@ void LPattern::match_at(MatchRun& run, Anchor anchor, int pos, MatchList& result
   run.limit(results);
 }
 
-bool LPattern::take_option(IRSlist* args) {
+bool LPattern::take_option(World& world, IRSlist* args) {
   IRSlist* front = args->nth(0);
   const char* word = front->is_atom() ? front->atom : front->nth_str_val(0);
   if (front->is_atom() && same_word(word, ":front-to-back")) {
@@ -51,7 +51,7 @@ bool LPattern::take_option(IRSlist* args) {
   } else if (front->is_atom() && same_word(word, ":overlapping")) {
     overlapping = true;
   } else if (front->is_list() && same_word(word, "constraint")) {
-    constraint = LExp::get_exp(front->nth(1));
+    constraint = LExp::get_exp(world, front->nth(1));
   } else {
     return false;
   }
@@ -71,8 +71,8 @@ bool LPattern::passes_constraint(Match& match) const {
   return passes(constraint, Value::of(&match), type_id_of<Match>());
 }
 
-void AtomicPat::init(IRSlist* args) {
-  exp = LExp::get_exp(args->nth(0));
+void AtomicPat::init(World& world, IRSlist* args) {
+  exp = LExp::get_exp(world, args->nth(0));
 }
 
 void WordPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
@@ -81,36 +81,36 @@ void WordPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
     results.add(Match::make(&run.analyzer, pos, pos));
 }
 
-std::unique_ptr<LPattern> make_pattern(IRSlist* form) {
-  ObjFactory* family = ObjFactory::family("LPattern");
+std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
+  ObjFactory* family = world.families.find("LPattern");
   if (!family) {
-    std::cerr << "need to call pattern_init()\n";
+    messages() << "need to call pattern_init()\n";
     return nullptr;
   }
   if (!form) return nullptr;
   if (form->is_atom()) {
     auto word = std::make_unique<WordPat>();
-    word->exp = make_str_is(form->atom);
+    word->exp = make_str_is(world, form->atom);
     word->settle_reach();
     return word;
   }
   IRSlist* head = form->nth(0);
   if (!head || !head->is_atom()) {
-    std::cerr << "Unable to make pattern: ";
-    form->print_item(std::cerr);
-    std::cerr << '\n';
+    messages() << "Unable to make pattern: ";
+    form->print_item(messages());
+    messages() << '\n';
     return nullptr;
   }
   LPattern* prototype = find_prototype(*family, head->atom);
   if (!prototype) {
-    std::cerr << "The pattern " << head->atom << " is not defined\n";
+    messages() << "The pattern " << head->atom << " is not defined\n";
     return nullptr;
   }
   DepthGuard guard(pattern_depth);
   if (!guard) return nullptr;
   form->pop_front();
   std::unique_ptr<LPattern> pattern = prototype->clone();
-  pattern->init(form);
+  pattern->init(world, form);
   pattern->settle_reach();
   return pattern;
 }

@@ -27,7 +27,7 @@ class LPattern {
   virtual void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const = 0;
   virtual std::unique_ptr<LPattern> clone() const = 0;
   /// Takes the arguments (the head is off already).
-  virtual void init(IRSlist*) {}
+  virtual void init(World&, IRSlist*) {}
   /// Takes stock of its expressions, once all of them are there.
   void settle_reach() { reach = std::max(constraint.reach(), parts_reach()); }
 
@@ -41,7 +41,7 @@ class LPattern {
  protected:
   virtual Reach parts_reach() const { return Reach::input; }
   /// Takes an option off the front of the arguments; false if something else stands there.
-  bool take_option(IRSlist* args);
+  bool take_option(World& world, IRSlist* args);
   /// The same for a keyword with a number behind it.
   static bool take_number(IRSlist* args, const char* keyword, long& number);
   /// What `produce` adds to a list, as far as it passes `constraint`.
@@ -96,7 +96,7 @@ class PatternPtr {
 /// A test of one position by an expression. No expression passes everything.
 class AtomicPat : public LPattern {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   ExpPtr exp;
 
  protected:
@@ -111,7 +111,7 @@ class WordPat : public PatternOf<WordPat, AtomicPat> {
 
 /// A pattern from a form: an atom is a test for that word. Null after a message if the form is no
 /// pattern.
-std::unique_ptr<LPattern> make_pattern(IRSlist* form);
+std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form);
 
 template <class Produce>
 void LPattern::add_constrained(MatchList& results, Produce produce) const {

@@ -3,7 +3,9 @@
 
 namespace torvane {
 
+class World;
+
 /// The family "LPattern" with all patterns.
-void register_patterns();
+void register_patterns(World& world);
 
 }  // namespace torvane

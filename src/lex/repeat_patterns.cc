@@ -4,14 +4,15 @@
 
 namespace torvane {
 
-void OnePat::init(IRSlist* args) {
+void OnePat::init(World& world, IRSlist* args) {
   bool has_sub = false;
   while (!args->empty()) {
     // Kept: min-and-max-do-nothing
-    if (take_option(args) || take_number(args, ":min", min) || take_number(args, ":max", max))
+    if (take_option(world, args) || take_number(args, ":min", min) ||
+        take_number(args, ":max", max))
       continue;
     std::unique_ptr<IRSlist> item = args->pop_front();
-    if (!std::exchange(has_sub, true)) sub = make_pattern(item.get());
+    if (!std::exchange(has_sub, true)) sub = make_pattern(world, item.get());
   }
 }
 

@@ -5,10 +5,12 @@
 
 namespace torvane {
 
+class World;
+
 class OnePat : public LPattern {
  public:
   /// Options, then the part; what stands behind it is ignored.
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   PatternPtr sub;
   long min = 0, max = 0;  ///< read, and used by nothing
 

@@ -89,15 +89,15 @@ LexItem* exist_overlapping_lexitem(Match* match, Word low, Word high, Value cond
 
 }  // namespace
 
-void register_searching_actions() {
-  register_function<&followed_by>("followed-by");
-  register_function<&followed_by_word>("followed-by-word");
-  register_function<&preceded_by_word>("preceded-by-word");
-  register_function<&exist_lexitem>("exist-lexitem");
-  register_function<&exist_word_in_sentence>("exist-word-in-sentence");
-  find_lexp_proto("exist-word-in-sentence")->out_type = type_id_of<const char*>();
-  register_function<&exist_covering_lexitem>("exist-covering-lexitem");
-  register_function<&exist_overlapping_lexitem>("exist-overlapping-lexitem");
+void register_searching_actions(World& world) {
+  register_function<&followed_by>(world, "followed-by");
+  register_function<&followed_by_word>(world, "followed-by-word");
+  register_function<&preceded_by_word>(world, "preceded-by-word");
+  register_function<&exist_lexitem>(world, "exist-lexitem");
+  register_function<&exist_word_in_sentence>(world, "exist-word-in-sentence");
+  find_lexp_proto(world, "exist-word-in-sentence")->out_type = type_id_of<const char*>();
+  register_function<&exist_covering_lexitem>(world, "exist-covering-lexitem");
+  register_function<&exist_overlapping_lexitem>(world, "exist-overlapping-lexitem");
 }
 
 }  // namespace torvane

@@ -1,11 +1,12 @@
 #include "lex/sentence_boundary.h"
 
-#include <iostream>
 #include <memory>
 #include <utility>
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -33,47 +34,47 @@ bool SBnd::read_marker(const char* text, Marker& marker) {
   return true;
 }
 
-void SBnd::init(IRSlist* args) {
+void SBnd::init(World& world, IRSlist* args) {
   int tail_from = -1;
   bool next_is_filter = false;
   Marker marker;
   for (IRSlist* item : args->items) {
     if (std::exchange(next_is_filter, false)) {
-      _filter = get_exp(item);
+      _filter = get_exp(world, item);
     } else if (item->is_list()) {
-      read_state(*item, std::exchange(marker, Marker()));
+      read_state(world, *item, std::exchange(marker, Marker()));
     } else if (same_word(item->atom, ".")) {
       tail_from = state_count();
     } else if (same_word(item->atom, ":")) {
       next_is_filter = true;
     } else if (!read_marker(item->atom, marker)) {
-      get_exp(item);  // reports the atom
+      get_exp(world, item);  // reports the atom
     }
   }
   if (tail_from >= 0) _tail = state_count() - tail_from;
 }
 
-void SBnd::read_state(IRSlist& form, Marker marker) {
+void SBnd::read_state(World& world, IRSlist& form, Marker marker) {
   const char* head = form.nth_str_val(0);
   if (read_marker(head, marker)) {
-    if (IRSlist* inner = form.nth(1); inner && inner->is_list()) read_state(*inner, marker);
+    if (IRSlist* inner = form.nth(1); inner && inner->is_list()) read_state(world, *inner, marker);
     return;
   }
   if (state_count() == kMostStates) {
     if (!std::exchange(overfull_, true))
-      std::cerr << "(sbnd ...): more than " << kMostStates << " states\n";
+      messages() << "(sbnd ...): more than " << kMostStates << " states\n";
     return;
   }
   State state;
   state.marker = marker;
   if (same_word(head, "&")) {
     Bracket bracket;
-    bracket.left = get_exp(form.find_keyword_node(":left"));
-    bracket.right = get_exp(form.find_keyword_node(":right"));
-    bracket.escape = get_exp(form.find_keyword_node(":escape"));
+    bracket.left = get_exp(world, form.find_keyword_node(":left"));
+    bracket.right = get_exp(world, form.find_keyword_node(":right"));
+    bracket.escape = get_exp(world, form.find_keyword_node(":escape"));
     state.bracket = std::move(bracket);
   } else {
-    state.cond = get_exp(&form);
+    state.cond = get_exp(world, &form);
   }
   _states.push_back(std::move(state));
 }
@@ -188,9 +189,9 @@ struct CurrentToken : Adaptor<CurrentToken, SBnd, Value, const char*> {
 
 struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
   static constexpr const char* kName = "token";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     n_ = args->get_long_val();
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   Value step(SBnd& boundary) const { return boundary.token(n_); }
 
@@ -198,11 +199,10 @@ struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
   long n_ = 0;
 };
 
-Value def_sentence_separator(IRSlist* form) {
+Value def_sentence_separator(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  auto separator = std::make_unique<SntSep>();
-  if (register_object(name, Value::of(separator.get()), "SntSep")) separator.release();
+  world.own_object(name, std::make_unique<SntSep>(), "SntSep");
   return Value();
 }
 
@@ -210,18 +210,14 @@ constexpr Command kCommands[] = {{"def-sentence-separator", def_sentence_separat
 
 }  // namespace
 
-void register_sentence_boundary_forms() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_form<SBnd>();
-  register_form<CurrentToken>();
-  register_form<MatchedToken>();
+void register_sentence_boundary_forms(World& world) {
+  register_form<SBnd>(world);
+  register_form<CurrentToken>(world);
+  register_form<MatchedToken>(world);
 }
 
-void register_sentence_separator() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
+void register_sentence_separator(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -22,7 +22,7 @@ class SBnd : public Form<SBnd> {
   static constexpr int kNoBoundary = -1;
 
   SBnd();
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
 
   Eras life;  ///< a holder reads null once the expression is gone
@@ -52,7 +52,7 @@ class SBnd : public Form<SBnd> {
   };
 
   static bool read_marker(const char* text, Marker& marker);
-  void read_state(IRSlist& form, Marker marker);
+  void read_state(World& world, IRSlist& form, Marker marker);
   int step(const std::string& token);
   std::optional<int> try_token();
   std::optional<int> step_in_bracket(State& state);
@@ -98,8 +98,8 @@ template <>
 struct ValueTraits<SntSep> : TagOf<SntSep, tags::snt_sep> {};
 
 /// `sbnd`, `current-token`, `token`.
-void register_sentence_boundary_forms();
+void register_sentence_boundary_forms(World& world);
 /// `def-sentence-separator`.
-void register_sentence_separator();
+void register_sentence_separator(World& world);
 
 }  // namespace torvane

@@ -1,11 +1,12 @@
 #include "lexp/constants.h"
 
-#include <iostream>
-
+#include "lexp/expressions.h"
 #include "lexp/stream_forms.h"
 #include "lexp/variables.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -20,18 +21,17 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-const char* constant_text(const char* text) {
-  static auto& texts = *new StrBufs(4096);
-  return texts.copy(text);
+const char* constant_text(World& world, const char* text) {
+  return expressions(world).constant_texts.copy(text);
 }
 
 // Only a copied `let` makes a difference between an expression and its copy.
 PredConst::PredConst(const PredConst& other) : Form(other), exp_(other.exp_) {
-  if (exp_.get() && copying_let()) give(exp_.get()->copy());
+  if (exp_.get() && expressions(world()).scopes.let_copies > 0) give(exp_.get()->copy());
 }
 
-void PredConst::init(IRSlist* args) {
-  give(get_exp(args->nth(0)));
+void PredConst::init(World& world, IRSlist* args) {
+  give(get_exp(world, args->nth(0)));
 }
 
 void PredConst::give(std::unique_ptr<LExp> exp) {
@@ -39,24 +39,21 @@ void PredConst::give(std::unique_ptr<LExp> exp) {
   value = Value::of_kind(exp_.get(), kSharedExp);
 }
 
-void NamedObjConst::init(IRSlist* args) {
+void NamedObjConst::init(World& world, IRSlist* args) {
   const char* object_name = args->get_str_val();
   const char* type = args->get_str_val();
-  if (!type) std::cerr << "the type of '" << or_empty(object_name) << "' is not defined\n";
-  value = find_object(object_name, type, true);
+  if (!type) messages() << "the type of '" << or_empty(object_name) << "' is not defined\n";
+  value = world.objects.find(object_name, type, true);
 }
 
-void register_constant_forms() {
-  static bool registered = false;
-  if (registered) return;
-  registered = true;
-  register_form<PredConst>();
-  register_form<NamedObjConst>();
-  register_pure_form<IntegerConst>();
-  register_pure_form<StrConst>();
-  register_form<IstrmConst>();
-  register_form<OstrmConst>();
-  interpreter().define(kCommands);
+void register_constant_forms(World& world) {
+  register_form<PredConst>(world);
+  register_form<NamedObjConst>(world);
+  register_pure_form<IntegerConst>(world);
+  register_pure_form<StrConst>(world);
+  register_form<IstrmConst>(world);
+  register_form<OstrmConst>(world);
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -55,11 +55,11 @@ Value WhenAction::eval(Value input, int type) {
   return condition;
 }
 
-void OneOf::init(IRSlist* args) {
-  pred = get_exp(args->find_keyword_node(":is", false));
+void OneOf::init(World& world, IRSlist* args) {
+  pred = get_exp(world, args->find_keyword_node(":is", false));
   for (IRSlist* item : args->items) {
     if (item->is_atom()) break;
-    if (auto exp = get_exp(item)) exps.append(std::move(exp));
+    if (auto exp = get_exp(world, item)) exps.append(std::move(exp));
   }
 }
 
@@ -71,11 +71,11 @@ Value OneOf::eval(Value input, int type) {
   return Value();
 }
 
-void CondAction::init(IRSlist* args) {
+void CondAction::init(World& world, IRSlist* args) {
   for (IRSlist* item : args->items) {
     Array<ExpPtr> clause;
     for (IRSlist* part : item->items) {
-      if (auto exp = get_exp(part)) {
+      if (auto exp = get_exp(world, part)) {
         // Kept: cond-out-type
         out_type = exp->out_type;
         clause.append(std::move(exp));

@@ -65,7 +65,7 @@ class WhenAction : public Form<WhenAction, CompExp> {
 class OneOf : public Form<OneOf, CompExp> {
  public:
   static constexpr const char* kName = "one-of";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
   ExpPtr pred;
@@ -74,7 +74,7 @@ class OneOf : public Form<OneOf, CompExp> {
 class CondAction : public Form<CondAction> {
  public:
   static constexpr const char* kName = "cond";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
   Array<Array<ExpPtr>> clauses;
@@ -146,7 +146,7 @@ class OneOfTwo : public Form<OneOfTwo> {
  public:
   static constexpr const char* kName = "1/2";
   OneOfTwo() { in_type = type_id_of<TwoArgs>(); }
-  void init(IRSlist* args) override { sub = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { sub = get_exp(world, args->nth(0)); }
   Value eval(Value input, int type) override;
 
   ExpPtr sub;

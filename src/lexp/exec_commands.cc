@@ -1,6 +1,6 @@
 #include "lexp/exec_commands.h"
 
-#include "shell/exec.h"
+#include "shell/world.h"
 
 namespace torvane {
 
@@ -8,7 +8,7 @@ ExecCommands::ExecCommands(const ExecCommands& other) : Form(other) {
   commands_.copy_into(other.commands_, texts_);
 }
 
-void ExecCommands::init(IRSlist* args) {
+void ExecCommands::init(World&, IRSlist* args) {
   commands_.copy_into(*args, texts_);
 }
 
@@ -18,22 +18,22 @@ Value ExecCommands::eval(Value, int) {
   IRSlist forms;
   forms.copy_into(commands_, texts);
   WaitForCommands waiting;
-  Value result = interpreter().eval_all(forms);
+  Value result = world().interpreter.eval_all(forms);
   // What `quote` gives goes with the copy.
   return result.tag() == &tags::name ? Value::made_text(result.text()) : result;
 }
 
-Value eval_command(IRSlist* form) {
+Value eval_command(World& world, IRSlist* form) {
   Round round;
   for (IRSlist* item : form->items) {
-    ExpPtr(LExp::get_exp(item)).eval(Value(), kAnyType);
+    ExpPtr(LExp::get_exp(world, item)).eval(Value(), kAnyType);
     round.next();
   }
   return Value();
 }
 
-Value foreach_command(IRSlist* form) {
-  ExpPtr exp = LExp::get_exp(form->find_keyword_node(":eval", false));
+Value foreach_command(World& world, IRSlist* form) {
+  ExpPtr exp = LExp::get_exp(world, form->find_keyword_node(":eval", false));
   IRSlist* list = form->nth(0);
   if (!exp || !list) return Value();
   Round round;

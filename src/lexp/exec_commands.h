@@ -12,7 +12,7 @@ class ExecCommands : public Form<ExecCommands> {
   static constexpr const char* kName = "exec-commands";
   ExecCommands() = default;
   ExecCommands(const ExecCommands& other);
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:
@@ -21,7 +21,7 @@ class ExecCommands : public Form<ExecCommands> {
 };
 
 /// `(eval LEXP ...)` and `(foreach LIST :eval LEXP)`
-Value eval_command(IRSlist* form);
-Value foreach_command(IRSlist* form);
+Value eval_command(World& world, IRSlist* form);
+Value foreach_command(World& world, IRSlist* form);
 
 }  // namespace torvane

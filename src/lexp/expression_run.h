@@ -1,4 +1,4 @@
-// For tests: runs forms in the interpreter, and tells what they wrote.
+// For tests: runs forms in a world of their own, and tells what they wrote.
 #pragma once
 
 #include <iostream>
@@ -6,32 +6,26 @@
 #include <string>
 
 #include "lexp/lexp.h"
-#include "shell/exec.h"
+#include "shell/world.h"
 
 namespace torvane {
 
-/// Redirects the standard streams while it lives.
+/// A world with the forms of this layer, which runs in the thread while this lives.
 class ExpressionRun {
  public:
-  ExpressionRun()
-      : old_out_(std::cout.rdbuf(out_.rdbuf())), old_err_(std::cerr.rdbuf(err_.rdbuf())) {
-    interpreter().prompt = false;
-    register_tokenizer_commands();
-    register_core_forms();
-    register_string_forms();
-    register_integer_forms();
-    register_constant_forms();
+  ExpressionRun() {
+    world_.interpreter.prompt = false;
+    register_tokenizer_commands(world_);
+    register_core_forms(world_);
+    register_string_forms(world_);
+    register_integer_forms(world_);
+    register_constant_forms(world_);
   }
-  ~ExpressionRun() {
-    std::cout.rdbuf(old_out_);
-    std::cerr.rdbuf(old_err_);
-  }
-  ExpressionRun(const ExpressionRun&) = delete;
-  ExpressionRun& operator=(const ExpressionRun&) = delete;
 
+  World& world() { return world_; }
   /// Runs the forms of a text; what they wrote on standard output since the last call.
   std::string run(const std::string& text) {
-    interpreter().load_string(text.c_str());
+    world_.interpreter.load_string(text.c_str());
     return take(out_);
   }
   /// What came on the error stream since the last call.
@@ -46,8 +40,8 @@ class ExpressionRun {
 
   std::ostringstream out_;
   std::ostringstream err_;
-  std::streambuf* old_out_;
-  std::streambuf* old_err_;
+  World world_{World::Console{&std::cin, &out_, &err_}};
+  WorldScope here_{world_};
 };
 
 }  // namespace torvane

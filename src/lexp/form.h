@@ -25,7 +25,7 @@ const char* type_name_of() {
 }
 template <class T>
 int type_id_of() {
-  static const int id = type_id(type_name_of<T>());
+  static const int id = own_type_id(type_name_of<T>());
   return id;
 }
 
@@ -75,10 +75,6 @@ template <>
 struct Pointee<const char*> {
   using type = const char*;
 };
-template <class A>
-const char* arg_type_name() {
-  return type_name_of<typename Pointee<A>::type>();
-}
 }  // namespace form_detail
 
 /// An adaptor from a T (by reference; a null or foreign input gives 0) to an R:
@@ -116,21 +112,22 @@ class TextAdaptor : public Form<D, LAdaptor> {
 
 /// Registers a form class under its kName; `doc` null: "No documentation provided".
 template <class D>
-void register_form(const char* doc = nullptr, const char* name = D::kName) {
-  register_lexp(std::make_unique<D>(), name, doc);
+void register_form(World& world, const char* doc = nullptr, const char* name = D::kName) {
+  register_lexp(world, std::make_unique<D>(), name, doc);
 }
 
 /// The same for a form that looks at its input and changes nothing, as far as its parts do not.
 template <class D>
-void register_pure_form(const char* doc = nullptr) {
-  register_lexp(within_input(std::make_unique<D>()), D::kName, doc);
+void register_pure_form(World& world, const char* doc = nullptr) {
+  register_lexp(world, within_input(std::make_unique<D>()), D::kName, doc);
 }
 
 /// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const
 /// char*, integers or Value. Arity and type names come from the signature.
 namespace form_detail {
-template <auto fn, class R, class In, class... A, std::size_t... I>
-Value call(const Value* v, std::index_sequence<I...>) {
+// Calls `fn` with its arguments; a function may take its world in front of them.
+template <class R, class In, class... A, class Fn, std::size_t... I>
+Value call(Fn fn, const Value* v, std::index_sequence<I...>) {
   if constexpr (std::is_void_v<R>) {
     fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...);
     return Value();
@@ -138,24 +135,41 @@ Value call(const Value* v, std::index_sequence<I...>) {
     return to_value<R>(fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...));
   }
 }
-template <auto fn, class R, class In, class... A>
-void register_fn(R (*)(In, A...), const char* name, const char* doc) {
+template <class R, class In, class... A>
+void register_call(World& world, MArgExp::Fn fn, const char* name, const char* doc) {
   static_assert(sizeof...(A) <= MArgExp::kMostArgs);
   // Kept: zero-arguments-take-one
-  auto exp = std::make_unique<MArgExp>(
-      name,
-      [](const Value* v) { return call<fn, R, In, A...>(v, std::index_sequence_for<A...>{}); },
-      sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
-  exp->in_type = type_id(arg_type_name<In>());
-  if constexpr (!std::is_void_v<R>) exp->out_type = type_id(arg_type_name<R>());
-  (exp->arg_types.append(type_id(arg_type_name<A>())), ...);
-  register_lexp(std::move(exp), name, doc);
+  auto exp =
+      std::make_unique<MArgExp>(name, fn, sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
+  exp->in_type = type_id_of<typename Pointee<In>::type>();
+  if constexpr (!std::is_void_v<R>) exp->out_type = type_id_of<typename Pointee<R>::type>();
+  (exp->arg_types.append(type_id_of<typename Pointee<A>::type>()), ...);
+  register_lexp(world, std::move(exp), name, doc);
+}
+template <auto fn, class R, class In, class... A>
+void register_fn(World& world, R (*)(In, A...), const char* name, const char* doc) {
+  register_call<R, In, A...>(
+      world,
+      [](World&, const Value* v) {
+        return call<R, In, A...>(fn, v, std::index_sequence_for<A...>{});
+      },
+      name, doc);
+}
+template <auto fn, class R, class In, class... A>
+void register_fn(World& world, R (*)(World&, In, A...), const char* name, const char* doc) {
+  register_call<R, In, A...>(
+      world,
+      [](World& its_world, const Value* v) {
+        auto bound = [&](In input, A... args) { return fn(its_world, input, args...); };
+        return call<R, In, A...>(bound, v, std::index_sequence_for<A...>{});
+      },
+      name, doc);
 }
 }  // namespace form_detail
 
 template <auto fn>
-void register_function(const char* name, const char* doc = nullptr) {
-  form_detail::register_fn<fn>(fn, name, doc);
+void register_function(World& world, const char* name, const char* doc = nullptr) {
+  form_detail::register_fn<fn>(world, fn, name, doc);
 }
 
 }  // namespace torvane

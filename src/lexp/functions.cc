@@ -1,8 +1,8 @@
 #include "lexp/functions.h"
 
-#include <iostream>
-
+#include "lexp/expressions.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -10,14 +10,14 @@ namespace {
 thread_local DepthLimit call_depth{"the calls of defined functions are nested too deeply"};
 }
 
-void FuncExp::init(IRSlist* items) {
+void FuncExp::init(World& world, IRSlist* items) {
   int wanted = func->params.count();
   int count = items->length();
   if (count != wanted) {
-    std::cerr << func->name << " requires " << wanted << " arguments. " << count << " found.\n";
+    messages() << func->name << " requires " << wanted << " arguments. " << count << " found.\n";
     return;
   }
-  for (IRSlist* item : items->items) args.append(get_exp(item));
+  for (IRSlist* item : items->items) args.append(get_exp(world, item));
 }
 
 // From the last parameter to the first: an argument evaluated later sees those already bound.
@@ -46,22 +46,23 @@ Value FuncExp::eval(Value input, int input_type) {
   return result;
 }
 
-Value defun(IRSlist* form) {
+Value defun(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
   std::unique_ptr<IRSlist> params = form->pop_front();
   auto func = std::make_unique<Func>();
   func->name = name;
-  push_scope(params ? params->length() : 0);
+  Expressions& ours = expressions(world);
+  ours.scopes.push(params ? params->length() : 0);
   IRSlist* first = form->nth(0);
   if (first && first->is_atom()) func->doc = form->get_str_val();
-  if (params) func->params = declare_vars(*params);
+  if (params) func->params = ours.scopes.declare_all(*params);
   // The name stands before the body is compiled, so that the body can call it.
-  bool registered = register_lexp(std::make_unique<FuncExp>(func.get()), name);
-  for (IRSlist* item : form->items) func->body.append(LExp::get_exp(item));
-  pop_scope();
+  bool registered = register_lexp(world, std::make_unique<FuncExp>(func.get()), name);
+  for (IRSlist* item : form->items) func->body.append(LExp::get_exp(world, item));
+  ours.scopes.pop();
   func->reach = reach_of(func->body);
-  if (registered) func.release();  // its prototype is never removed
+  if (registered) ours.functions.push_back(std::move(func));
   return Value();
 }
 

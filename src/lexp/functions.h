@@ -8,6 +8,8 @@
 
 namespace torvane {
 
+class World;
+
 struct Func {
   std::string name;
   std::optional<std::string> doc;
@@ -23,7 +25,7 @@ class FuncExp : public LExp {
   const char* name() const override { return func->name.c_str(); }
   const char* doc() const override { return func->doc ? func->doc->c_str() : LExp::doc(); }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<FuncExp>(*this); }
-  void init(IRSlist* items) override;
+  void init(World& world, IRSlist* items) override;
   Value eval(Value input, int input_type) override;
 
   Array<ExpPtr> args;
@@ -37,6 +39,6 @@ class FuncExp : public LExp {
 };
 
 /// `(defun NAME (PARAMETERS) [DOC] LEXP ...)`
-Value defun(IRSlist* form);
+Value defun(World& world, IRSlist* form);
 
 }  // namespace torvane

@@ -59,16 +59,13 @@ Value Ent2Str::convert(Value input) {
   return write_number(static_cast<std::uint32_t>(input.number()), 16);
 }
 
-void register_integer_forms() {
-  static bool registered = false;
-  if (registered) return;
-  registered = true;
-  register_pure_form<IntEq>();
-  register_pure_form<IntGt>();
-  register_pure_form<IntDiff>();
-  register_pure_form<IntSum>();
-  register_pure_form<PlusOne>();
-  register_pure_form<MinusOne>();
+void register_integer_forms(World& world) {
+  register_pure_form<IntEq>(world);
+  register_pure_form<IntGt>(world);
+  register_pure_form<IntDiff>(world);
+  register_pure_form<IntSum>(world);
+  register_pure_form<PlusOne>(world);
+  register_pure_form<MinusOne>(world);
 }
 
 }  // namespace torvane

@@ -1,13 +1,15 @@
 #include "lexp/lexp.h"
 
-#include <iostream>
 #include <optional>
 #include <string>
 
+#include "lexp/expressions.h"
 #include "lexp/form.h"
 #include "shell/macro.h"
 #include "shell/object_factory.h"
+#include "shell/world.h"
 #include "support/depth.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -22,46 +24,57 @@ constexpr const char* kFamily = "LExp";
 // The depth also bounds how deep one compiled expression evaluates, copies and destroys itself.
 thread_local DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
 
+ObjFactory& lexp_family(World& world) {
+  ObjFactory*& family = expressions(world).family;
+  if (!family)
+    family = world.families.add(kFamily, nullptr, [](Value prototype) {
+      LExp* exp = prototype.as<LExp>();
+      return exp ? Value::of(exp->copy().release()) : Value();
+    });
+  return *family;
+}
+
 [[gnu::noinline]] void report_no_form(const IRSlist& form) {
-  std::cerr << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
+  messages() << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
 }
 
 // All expressions that a macro's expansion holds, as one.
-[[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(const std::string& text) {
+[[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(World& world, const std::string& text) {
   Array<ExpPtr> exps;
-  IRSlistReader reader;
+  IRSlistReader reader(world.double_byte);
   for (IRSlist* form = reader.start_string(text.c_str()); form; form = reader.next()) {
-    if (auto exp = LExp::get_exp(form)) exps.append(std::move(exp));
+    if (auto exp = LExp::get_exp(world, form)) exps.append(std::move(exp));
   }
   if (exps.empty()) return nullptr;
   if (exps.count() == 1) return exps[0].release();
   auto all = within_input(std::make_unique<CompExp>());
+  all->belong_to(world);
   all->exps = std::move(exps);
   return all;
 }
 
-std::unique_ptr<LExp> compile_head(IRSlist* form) {
+std::unique_ptr<LExp> compile_head(World& world, IRSlist* form) {
   const char* head = form->get_str_val();
   if (!head) return nullptr;
-  LExp* prototype = find_lexp_proto(head);
+  LExp* prototype = find_lexp_proto(world, head);
   if (!prototype) {
     // Kept: unknown-form-vanishes
-    std::cerr << "LExp::get_exp:  unknown type: '" << head << "'\n";
+    messages() << "LExp::get_exp:  unknown type: '" << head << "'\n";
     return nullptr;
   }
   std::unique_ptr<LExp> exp = prototype->copy();
   exp->in_type = prototype->in_type;
   exp->out_type = prototype->out_type;
   exp->own_reach = prototype->own_reach;
-  exp->init(form);
+  exp->init(world, form);
   return exp;
 }
 
 }  // namespace
 
-void LExp::init(IRSlist*) {}
+void LExp::init(World&, IRSlist*) {}
 
-std::unique_ptr<LExp> LExp::get_exp(IRSlist* form) {
+std::unique_ptr<LExp> LExp::get_exp(World& world, IRSlist* form) {
   if (!form) return nullptr;
   if (form->empty()) {
     report_no_form(*form);
@@ -70,30 +83,31 @@ std::unique_ptr<LExp> LExp::get_exp(IRSlist* form) {
   DepthGuard guard(compile_depth);
   if (!guard) return nullptr;
   std::optional<ExpansionScope> outermost;
-  if (compile_depth.depth == 1) outermost.emplace();
-  const Macro* macro = find_macro(*form);
-  if (!macro) return compile_head(form);
-  return compile_expansion(expand_macro(*macro, *form));
+  if (compile_depth.depth == 1) outermost.emplace(world.macros);
+  const Macro* macro = world.macros.find(*form);
+  if (!macro) return compile_head(world, form);
+  return compile_expansion(world, world.macros.expand(*macro, *form));
 }
 
-std::unique_ptr<LExp> LExp::get_exp_from_text(const char* text) {
+std::unique_ptr<LExp> LExp::get_exp_from_text(World& world, const char* text) {
   if (!text) return nullptr;
-  auto tokenizer = Tokenizer::make_default();
+  auto tokenizer = Tokenizer::make_default(world.double_byte);
   tokenizer->set_string_input(text, -1);
   IRSlist form;
   form.read(*tokenizer, '(', ')');
-  return get_exp(&form);
+  return get_exp(world, &form);
 }
 
 void LExp::wrong_type(int input_type) const {
-  std::cerr << name() << " received a wrong type of argument:'" << or_empty(type_name(input_type))
-            << "' (" << input_type << ")\n"
-            << "The expected type of argument is:'" << or_empty(type_name(in_type)) << "' ("
-            << in_type << ")\n";
+  const Types& types = expressions(*world_).types;
+  messages() << name() << " received a wrong type of argument:'" << or_empty(types.name(input_type))
+             << "' (" << input_type << ")\n"
+             << "The expected type of argument is:'" << or_empty(types.name(in_type)) << "' ("
+             << in_type << ")\n";
 }
 
-void LAdaptor::init(IRSlist* args) {
-  sub = get_exp(args->nth(0));
+void LAdaptor::init(World& world, IRSlist* args) {
+  sub = get_exp(world, args->nth(0));
   out_type = sub ? sub->out_type : mid_type;
 }
 
@@ -103,9 +117,9 @@ Value LAdaptor::eval(Value input, int input_type) {
   return sub ? sub->eval(converted, mid_type) : converted;
 }
 
-void CompExp::init(IRSlist* args) {
+void CompExp::init(World& world, IRSlist* args) {
   for (IRSlist* item : args->items) {
-    if (auto exp = get_exp(item)) exps.append(std::move(exp));
+    if (auto exp = get_exp(world, item)) exps.append(std::move(exp));
   }
 }
 
@@ -115,29 +129,29 @@ Value CompExp::eval(Value input, int input_type) {
   return result;
 }
 
-void BinaryFunc::init(IRSlist* args) {
-  a = get_exp(args->nth(0));
-  b = get_exp(args->nth(1));
+void BinaryFunc::init(World& world, IRSlist* args) {
+  a = get_exp(world, args->nth(0));
+  b = get_exp(world, args->nth(1));
 }
 
-void TernaryFunc::init(IRSlist* args) {
-  a = get_exp(args->nth(0));
-  b = get_exp(args->nth(1));
-  c = get_exp(args->nth(2));
+void TernaryFunc::init(World& world, IRSlist* args) {
+  a = get_exp(world, args->nth(0));
+  b = get_exp(world, args->nth(1));
+  c = get_exp(world, args->nth(2));
 }
 
 CharPred::CharPred() {
   in_type = type_id_of<const char*>();
 }
 
-void MArgExp::init(IRSlist* items) {
+void MArgExp::init(World& world, IRSlist* items) {
   int count = items->length();
   if (count > max_args) {
-    std::cerr << "Incorrect number of arguments in " << name_text << ". Expected: " << max_args
-              << " Actual: " << count << '\n';
+    messages() << "Incorrect number of arguments in " << name_text << ". Expected: " << max_args
+               << " Actual: " << count << '\n';
     return;
   }
-  for (IRSlist* item : items->items) args.append(get_exp(item));
+  for (IRSlist* item : items->items) args.append(get_exp(world, item));
 }
 
 Value MArgExp::eval(Value input, int input_type) {
@@ -149,29 +163,21 @@ Value MArgExp::eval(Value input, int input_type) {
   return apply(values);
 }
 
-bool register_lexp(std::unique_ptr<LExp> prototype, const char* name, const char* doc) {
+bool register_lexp(World& world, std::unique_ptr<LExp> prototype, const char* name,
+                   const char* doc) {
   if (!prototype) return false;
-  register_core_forms();
+  prototype->belong_to(world);
+  lexp_family(world);
   if (!name) name = prototype->name();
   if (!doc) doc = prototype->doc();
-  if (!ObjFactory::proto(kFamily, name, Value::of(prototype.get()), doc)) return false;
-  prototype.release();
+  if (!world.families.add_proto(kFamily, name, Value::of(prototype.get()), doc)) return false;
+  world.own(std::move(prototype));
   return true;
 }
 
-LExp* find_lexp_proto(const char* name) {
-  static ObjFactory* family = nullptr;
-  if (!family) family = ObjFactory::family(kFamily);
-  if (!family) return nullptr;
-  auto* entry = family->find(name);
+LExp* find_lexp_proto(World& world, const char* name) {
+  auto* entry = lexp_family(world).find(name);
   return entry ? entry->value.as<LExp>() : nullptr;
-}
-
-void add_lexp_family() {
-  ObjFactory::add_family(kFamily, nullptr, [](Value prototype) {
-    LExp* exp = prototype.as<LExp>();
-    return exp ? Value::of(exp->copy().release()) : Value();
-  });
 }
 
 }  // namespace torvane

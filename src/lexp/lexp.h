@@ -23,6 +23,9 @@ enum class Reach : std::uint8_t {
 
 class LExp {
  public:
+  /// Names the world of an expression that did not come out of `get_exp`.
+  void belong_to(World& world) { world_ = &world; }
+
   int in_type = kAnyType;   ///< expected type of the input
   int out_type = kAnyType;  ///< type of the result
   /// Of the form without its parts. A form that is not known to reach less reaches anything.
@@ -36,13 +39,13 @@ class LExp {
   /// A new object with the same state, sub-expressions copied too.
   virtual std::unique_ptr<LExp> copy() const = 0;
   /// Takes the form's arguments (the head is off already).
-  virtual void init(IRSlist* args);
+  virtual void init(World& world, IRSlist* args);
   virtual Value eval(Value input, int input_type) = 0;
   virtual ~LExp() = default;
 
   /// Compiles a form, consuming it. Null after a message if it is no expression.
-  static std::unique_ptr<LExp> get_exp(IRSlist* form);
-  static std::unique_ptr<LExp> get_exp_from_text(const char* text);
+  static std::unique_ptr<LExp> get_exp(World& world, IRSlist* form);
+  static std::unique_ptr<LExp> get_exp_from_text(World& world, const char* text);
 
  protected:
   LExp() = default;
@@ -53,6 +56,8 @@ class LExp {
   virtual Reach parts_reach() const { return Reach::input; }
   /// Reports the type error of an input.
   void wrong_type(int input_type) const;
+  /// The world that the expression was made for, from before `init` on.
+  World& world() const { return *world_; }
   /// The input check: false, reported, when two known types differ.
   bool accepts(int input_type) const {
     if (in_type < 0 || input_type < 0 || in_type == input_type) [[likely]]
@@ -60,6 +65,9 @@ class LExp {
     wrong_type(input_type);
     return false;
   }
+
+ private:
+  World* world_ = nullptr;
 };
 
 namespace tags {
@@ -116,7 +124,7 @@ class LAdaptor : public LExp {
   int mid_type = kAnyType;  ///< type of what convert gives
   ExpPtr sub;
 
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
   virtual Value convert(Value input) = 0;
 
@@ -128,7 +136,7 @@ class LAdaptor : public LExp {
 class CompExp : public LExp {
  public:
   Array<ExpPtr> exps;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   /// As `prog`: all are evaluated with the input; the last result, or the input itself.
   Value eval(Value input, int input_type) override;
   const char* name() const override { return "prog"; }
@@ -148,7 +156,7 @@ class LConst : public LExp {
 class BinaryFunc : public LExp {
  public:
   ExpPtr a, b;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 
  protected:
   Reach parts_reach() const override { return std::max(a.reach(), b.reach()); }
@@ -157,7 +165,7 @@ class BinaryFunc : public LExp {
 class TernaryFunc : public LExp {
  public:
   ExpPtr a, b, c;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 };
 
 /// A predicate on a string input.
@@ -170,16 +178,16 @@ class CharPred : public LExp {
 class MArgExp : public LExp {
  public:
   static constexpr int kMostArgs = 4;
-  using Fn =
-      Value (*)(const Value* values);  ///< the input, then max_args arguments, missing ones 0
+  /// Gets the input, then max_args arguments, missing ones 0.
+  using Fn = Value (*)(World& world, const Value* values);
 
   MArgExp(const char* form_name, Fn fn, int most_args)
       : name_text(form_name), max_args(most_args), fn_(fn) {}
   const char* name() const override { return name_text; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<MArgExp>(*this); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
-  virtual Value apply(const Value* values) { return fn_(values); }
+  virtual Value apply(const Value* values) { return fn_(world(), values); }
 
   const char* name_text;  ///< lives for ever
   int max_args;
@@ -197,23 +205,21 @@ std::unique_ptr<Exp> within_input(std::unique_ptr<Exp> prototype) {
   return prototype;
 }
 /// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
-/// prototype. This is how every module adds a form, and how `defun` adds a function. The factory
-/// owns it.
-bool register_lexp(std::unique_ptr<LExp> prototype, const char* name = nullptr,
+/// prototype. This is how every module adds a form, and how `defun` adds a function. The world owns
+/// it.
+bool register_lexp(World& world, std::unique_ptr<LExp> prototype, const char* name = nullptr,
                    const char* doc = nullptr);
 /// The prototype of a head word, or null.
-LExp* find_lexp_proto(const char* name);
+LExp* find_lexp_proto(World& world, const char* name);
 
-/// Creates the family that all forms stand in.
-void add_lexp_family();
 /// The core forms, `declare-var`, `defun`, `eval`, `foreach` and the macro commands.
-void register_core_forms();
-void register_constant_forms();
-void register_string_forms();  ///< with word lists
-void register_integer_forms();
+void register_core_forms(World& world);
+void register_constant_forms(World& world);
+void register_string_forms(World& world);  ///< with word lists
+void register_integer_forms(World& world);
 
 /// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to
 /// case.
-std::unique_ptr<LExp> make_str_is(const char* text);
+std::unique_ptr<LExp> make_str_is(World& world, const char* text);
 
 }  // namespace torvane

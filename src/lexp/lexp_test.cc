@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "lexp/expression_run.h"
+#include "lexp/expressions.h"
 #include "lexp/form.h"
 
 namespace torvane {
@@ -46,21 +47,24 @@ struct Numbered : Form<Numbered> {
 
 class LExpTest : public testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    register_form<ThingNumber>();
-    register_form<Numbered>();
-    register_function<add_up>("add-up");
+  LExpTest() {
+    register_form<ThingNumber>(run_.world());
+    register_form<Numbered>(run_.world());
+    register_function<add_up>(run_.world(), "add-up");
   }
-  std::unique_ptr<LExp> compile(const char* text) { return LExp::get_exp_from_text(text); }
+  std::unique_ptr<LExp> compile(const char* text) {
+    return LExp::get_exp_from_text(run_.world(), text);
+  }
 
   ExpressionRun run_;
 };
 
 TEST_F(LExpTest, TypesAreNumberedFromOne) {
-  EXPECT_EQ(type_id("Oddity*"), type_id("oddity*"));
-  EXPECT_EQ(type_id(nullptr), kAnyType);
-  EXPECT_EQ(type_name(1 << 30), nullptr);
-  for (int id : {0, -7}) EXPECT_STREQ(type_name(id), "");
+  Types& types = expressions(run_.world()).types;
+  EXPECT_EQ(types.id("Oddity*"), types.id("oddity*"));
+  EXPECT_EQ(types.id(nullptr), kAnyType);
+  EXPECT_EQ(types.name(1 << 30), nullptr);
+  for (int id : {0, -7}) EXPECT_STREQ(types.name(id), "");
   EXPECT_EQ(run_.errors(), "Unknown type id: 0\nUnknown type id: -7\n");
 }
 
@@ -91,7 +95,7 @@ TEST_F(LExpTest, ACopyIsIndependent) {
   Value second = copy->eval(Value::constant("22"), kAnyType);
   EXPECT_STREQ(first.text(), "a1");
   EXPECT_STREQ(second.text(), "a22");
-  EXPECT_STREQ(type_name(compile("(inverse)")->copy()->out_type), "char*");
+  EXPECT_EQ(compile("(inverse)")->copy()->out_type, type_id_of<const char*>());
 }
 
 TEST_F(LExpTest, AnExpressionAsAValueLivesAsLongAsItIsHeld) {

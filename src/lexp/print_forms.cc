@@ -1,10 +1,10 @@
 #include "lexp/print_forms.h"
 
 #include <fstream>
-#include <iostream>
 
 #include "shell/irslist.h"
 #include "shell/streams.h"
+#include "shell/world.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -37,21 +37,21 @@ std::string keyword_text(const IRSlist& args, const char* keyword) {
 
 }  // namespace
 
-void PrintStr::init(IRSlist* args) {
+void PrintStr::init(World& world, IRSlist* args) {
   prefix_ = keyword_text(*args, ":prefix");
   suffix_ = keyword_text(*args, ":suffix");
-  sub_ = get_exp(first_item(*args, false));
+  sub_ = get_exp(world, first_item(*args, false));
 }
 
 std::ostream* PrintStr::target(Value input, int type) const {
   auto* stream = sub_.eval(input, type).as<Stream>();
-  return stream ? stream->out() : &std::cout;
+  return stream ? stream->out() : &world().out();
 }
 
 void PrintStr::write(std::ostream* out, std::string_view text) const {
   if (!out) return;
   *out << prefix_ << text;
-  if (sub_ && out == &std::cout) out->flush();
+  if (sub_ && out == &world().out()) out->flush();
   *out << suffix_;
 }
 
@@ -64,9 +64,9 @@ Value PrintStr::eval(Value input, int type) {
   return Value();
 }
 
-void PadStr::init(IRSlist* args) {
+void PadStr::init(World& world, IRSlist* args) {
   if (const IRSlist* text = first_item(*args, true)) text_ = text->atom;
-  PrintStr::init(args);
+  PrintStr::init(world, args);
 }
 
 Value PadStr::eval(Value input, int type) {
@@ -81,10 +81,10 @@ Value FlushOutput::eval(Value input, int type) {
   return input;
 }
 
-void WriteToFile::init(IRSlist* args) {
+void WriteToFile::init(World& world, IRSlist* args) {
   // Kept: write-mode-ignored
   args->take_keyword_node(":mode");
-  file_name_ = get_exp(args->nth(0));
+  file_name_ = get_exp(world, args->nth(0));
 }
 
 Value WriteToFile::eval(Value input, int type) {

@@ -13,7 +13,7 @@ namespace torvane {
 class PrintStr : public Form<PrintStr, CharPred> {
  public:
   static constexpr const char* kName = "print-str";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  protected:
@@ -30,7 +30,7 @@ class PrintStr : public Form<PrintStr, CharPred> {
 class PadStr : public Form<PadStr, PrintStr> {
  public:
   static constexpr const char* kName = "pad";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:
@@ -47,7 +47,7 @@ class FlushOutput : public Form<FlushOutput, PrintStr> {
 class WriteToFile : public Form<WriteToFile, CharPred> {
  public:
   static constexpr const char* kName = "write-to-file";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:

@@ -13,7 +13,7 @@ constexpr long kLeastBuffer = 256;
 constexpr long kLargestBuffer = 1 << 20;
 }  // namespace
 
-void RegMatch::init(IRSlist* args) {
+void RegMatch::init(World&, IRSlist* args) {
   while (!args->empty()) {
     if (const char* text = args->get_str_val()) patterns_.push_back(regcomp(text));
   }
@@ -29,7 +29,7 @@ Value RegMatch::eval(Value input, int type) {
   return Value();
 }
 
-void RegSub::init(IRSlist* args) {
+void RegSub::init(World&, IRSlist* args) {
   if (const char* text = args->get_str_val()) pattern_ = regcomp(text);
   if (const char* text = args->get_str_val()) replacement_ = text;
   const char* option = args->get_str_val();

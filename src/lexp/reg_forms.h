@@ -14,7 +14,7 @@ namespace torvane {
 class RegMatch : public Form<RegMatch, CharPred> {
  public:
   static constexpr const char* kName = "reg-match";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:
@@ -26,7 +26,7 @@ class RegSub : public Form<RegSub, CharPred> {
  public:
   static constexpr const char* kName = "reg-sub";
   RegSub() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:

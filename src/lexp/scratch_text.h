@@ -8,8 +8,8 @@
 
 namespace torvane {
 
-/// A text under construction. All share one store, as a stack: one may be begun while another is
-/// open, as happens when a part of the text is itself evaluated.
+/// A text under construction. All of a thread share one store, as a stack: one may be begun while
+/// another is open, as happens when a part of the text is itself evaluated.
 class ScratchText {
  public:
   ScratchText() : start_(store().size()) {}
@@ -25,7 +25,7 @@ class ScratchText {
 
  private:
   static std::string& store() {
-    static auto& text = *new std::string;
+    static thread_local std::string text;
     return text;
   }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 
@@ -16,7 +17,9 @@ class SharedConstant {
  public:
   SharedConstant() = default;
   explicit SharedConstant(std::unique_ptr<T> thing) : thing_(thing.get()) {
-    if (thing_) table().emplace(word_of(thing_), Entry{1, std::move(thing)});
+    if (!thing_) return;
+    std::lock_guard guard(table().lock);
+    table().entries.emplace(word_of(thing_), Entry{1, std::move(thing)});
   }
   SharedConstant(const SharedConstant& other) : thing_(other.thing_) {
     if (thing_) retain(word_of(thing_));
@@ -32,11 +35,18 @@ class SharedConstant {
   T* get() const { return thing_; }
 
   /// For the tag of the values.
-  static void retain(Word word) { ++table().find(word)->second.holders; }
+  static void retain(Word word) {
+    std::lock_guard guard(table().lock);
+    ++table().entries.find(word)->second.holders;
+  }
   static void release(Word word) {
-    auto place = table().find(word);
-    // What goes may have constants of its own in the table.
-    if (--place->second.holders == 0) auto last = table().extract(place);
+    // Ends behind the lock: what goes may have constants of its own in the table.
+    std::unique_ptr<T> last;
+    std::lock_guard guard(table().lock);
+    auto place = table().entries.find(word);
+    if (--place->second.holders > 0) return;
+    last = std::move(place->second.thing);
+    table().entries.erase(place);
   }
 
  private:
@@ -46,9 +56,14 @@ class SharedConstant {
   };
 
   static Word word_of(T* thing) { return reinterpret_cast<Word>(thing); }
-  static std::unordered_map<Word, Entry>& table() {
-    static auto& entries = *new std::unordered_map<Word, Entry>;
-    return entries;
+  /// Of all worlds, which may run in several threads.
+  struct Table {
+    std::mutex lock;
+    std::unordered_map<Word, Entry> entries;
+  };
+  static Table& table() {
+    static auto& all = *new Table;
+    return all;
   }
 
   T* thing_ = nullptr;

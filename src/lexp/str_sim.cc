@@ -34,9 +34,9 @@ Trigrams make_trigrams(std::string_view word) {
   return all;
 }
 
-// Each word's trigrams are made once in a run.
+// Each word's trigrams are made once in a thread.
 const Trigrams& trigrams(std::string_view word) {
-  static auto& cache = *new std::unordered_map<std::string, Trigrams, BytesHash, std::equal_to<>>;
+  static thread_local std::unordered_map<std::string, Trigrams, BytesHash, std::equal_to<>> cache;
   auto place = cache.find(word);
   if (place == cache.end()) place = cache.emplace(word, make_trigrams(word)).first;
   return place->second;

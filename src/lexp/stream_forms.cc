@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <memory>
 #include <vector>
 
+#include "lexp/expressions.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -19,30 +21,12 @@ const TypeTag shared_stream{"SharedStream*"};
 
 namespace {
 
-// The streams that expressions leave open. What was written to them reaches its file at the end of
-// the run at the latest.
-struct OpenStreams {
-  std::vector<Ref<Stream>> files;
-  std::vector<std::unique_ptr<SharedStream>> shared;
-};
-
 void flush(Stream& stream) {
   if (std::ostream* out = stream.out()) out->flush();
 }
 
 bool failed(const Stream& stream) {
   return stream.in() ? stream.in()->fail() : !stream.out() || stream.out()->fail();
-}
-
-OpenStreams& open_streams() {
-  static OpenStreams& streams = *[] {
-    std::atexit([] {
-      for (Ref<Stream>& stream : open_streams().files) flush(*stream);
-      for (auto& record : open_streams().shared) flush(*record->stream);
-    });
-    return new OpenStreams;
-  }();
-  return streams;
 }
 
 void make_directories(std::string path) {
@@ -55,14 +39,23 @@ void make_directories(std::string path) {
 
 }  // namespace
 
-OpenFile::OpenFile() {
-  in_type = type_id_of<const char*>();
-  mid_type = type_id("stream*");
+OpenStreams::~OpenStreams() {
+  flush();
 }
 
-void OpenFile::init(IRSlist* args) {
+void OpenStreams::flush() {
+  for (Ref<Stream>& stream : files) torvane::flush(*stream);
+  for (auto& record : shared) torvane::flush(*record->stream);
+}
+
+OpenFile::OpenFile() {
+  in_type = type_id_of<const char*>();
+  mid_type = type_id_of<Stream>();
+}
+
+void OpenFile::init(World& world, IRSlist* args) {
   write = args->take_flag(":write");
-  LAdaptor::init(args);
+  LAdaptor::init(world, args);
 }
 
 Value OpenFile::convert(Value input) {
@@ -71,7 +64,7 @@ Value OpenFile::convert(Value input) {
   if (write) make_directories(name);
   // Kept: streams-skip-search-path
   Ref<Stream> stream = write ? Stream::open_output(name) : Stream::open_input(name);
-  open_streams().files.push_back(stream);
+  expressions(world()).streams.files.push_back(stream);
   // Kept: open-file-untested
   lend(*stream);  // whoever has just read it may still use it when it is closed
   return Value::of(stream.get());
@@ -82,21 +75,21 @@ Value CloseFile::convert(Value input) {
   if (!stream) return Value();
   stream->close();
   if (stream->is_standard() || stream->shared_by_name) return Value();
-  std::vector<Ref<Stream>>& files = open_streams().files;
+  std::vector<Ref<Stream>>& files = expressions(world()).streams.files;
   auto place = std::find(files.begin(), files.end(), Ref<Stream>(stream));
   if (place == files.end()) return Value();
   files.erase(place);
   return Value();
 }
 
-void SetTokenizerInput::init(IRSlist* args) {
+void SetTokenizerInput::init(World& world, IRSlist* args) {
   IRSlist* first = args->nth(0);
   if (first && first->is_atom()) {
-    tokenizer = find_object_as<TokenizerBase>(first->atom, "Tokenizer", true);
+    tokenizer = world.objects.find_as<TokenizerBase>(first->atom, "Tokenizer", true);
   } else {
-    tokenizer_exp = get_exp(first);
+    tokenizer_exp = get_exp(world, first);
   }
-  source_exp = get_exp(args->nth(1));
+  source_exp = get_exp(world, args->nth(1));
 }
 
 TokenizerBase* SetTokenizerInput::find_tokenizer(Value input, int type) const {
@@ -107,7 +100,7 @@ Value SetTokenizerInput::eval(Value input, int type) {
   TokenizerBase* target = find_tokenizer(input, type);
   if (!target) return Value();
   auto* stream = source_exp.eval(input, type).as<Stream>();
-  target->set_input(stream ? stream : Stream::standard_input());
+  target->set_input(stream ? stream : world().standard_input());
   return Value::of(target);
 }
 
@@ -118,26 +111,26 @@ Value SetTokenizerStringInput::eval(Value input, int type) {
   return Value::of(target);
 }
 
-void StreamConst::init(IRSlist* args) {
+void StreamConst::init(World& world, IRSlist* args) {
   const char* name_arg = args->get_str_val();
   if (!name_arg || std::strcmp(name_arg, "-") == 0) {
-    value = Value::of(kind().standard());
+    value = Value::of((world.*kind().standard)());
     return;
   }
   file_name = name_arg;
   // Kept: first-use-not-found
-  record_ = find_object_as<SharedStream>(name_arg, kind().type, true);
+  record_ = world.objects.find_as<SharedStream>(name_arg, kind().type, true);
   if (record_) {
     ++record_->refs;
   } else {
-    auto& shared = open_streams().shared;
+    auto& shared = expressions(world).streams.shared;
     record_ = shared.emplace_back(std::make_unique<SharedStream>()).get();
     record_->stream = kind().open(name_arg);
     record_->stream->shared_by_name = true;
-    register_object(name_arg, Value::of(record_), kind().type);
+    world.objects.add(name_arg, Value::of(record_), kind().type);
   }
   value = Value::of(record_->stream.get());
-  if (failed(*record_->stream)) std::cerr << "Can't open file: " << name_arg << '\n';
+  if (failed(*record_->stream)) messages() << "Can't open file: " << name_arg << '\n';
 }
 
 StreamConst::StreamConst(const StreamConst& other)
@@ -150,17 +143,17 @@ StreamConst::~StreamConst() {
 }
 
 const StreamConst::Kind& IstrmConst::kind() const {
-  static constexpr Kind kInput{"InputStrmPtr", Stream::standard_input, Stream::open_input};
+  static constexpr Kind kInput{"InputStrmPtr", &World::standard_input, Stream::open_input};
   return kInput;
 }
 
 const StreamConst::Kind& OstrmConst::kind() const {
-  static constexpr Kind kOutput{"OutputStrmPtr", Stream::standard_output, Stream::open_output};
+  static constexpr Kind kOutput{"OutputStrmPtr", &World::standard_output, Stream::open_output};
   return kOutput;
 }
 
-Value flush_command(IRSlist* form) {
-  auto* record = find_object_as<SharedStream>(form->get_str_val(), "OutputStrmPtr", true);
+Value flush_command(World& world, IRSlist* form) {
+  auto* record = world.objects.find_as<SharedStream>(form->get_str_val(), "OutputStrmPtr", true);
   if (record) flush(*record->stream);
   return Value();
 }

@@ -15,7 +15,7 @@ class OpenFile : public Form<OpenFile, LAdaptor> {
  public:
   static constexpr const char* kName = "open-file";
   OpenFile();
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value convert(Value input) override;
 
   bool write = false;  ///< also makes the directories of the path
@@ -33,7 +33,7 @@ class CloseFile : public Form<CloseFile, OpenFile> {
 class SetTokenizerInput : public Form<SetTokenizerInput> {
  public:
   static constexpr const char* kName = "set-tokenizer-input";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
   TokenizerBase* tokenizer = nullptr;
@@ -62,20 +62,31 @@ extern const TypeTag shared_stream;
 template <>
 struct ValueTraits<SharedStream> : TagOf<SharedStream, tags::shared_stream> {};
 
+/// The streams that expressions leave open. What was written to them reaches its file with `flush`,
+/// and when they go.
+struct OpenStreams {
+  OpenStreams() = default;
+  ~OpenStreams();
+  void flush();
+
+  std::vector<Ref<Stream>> files;
+  std::vector<std::unique_ptr<SharedStream>> shared;
+};
+
 /// What `input` and `output` have in common: a standard stream, or the shared stream of a file.
 class StreamConst : public LConst {
  public:
   StreamConst() = default;
   StreamConst(const StreamConst& other);
   ~StreamConst() override;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 
   std::string file_name;  ///< empty for a standard stream
 
  protected:
   struct Kind {
     const char* type;
-    Stream* (*standard)();
+    Stream* (World::*standard)() const;
     Ref<Stream> (*open)(const char* name);
   };
   virtual const Kind& kind() const = 0;
@@ -101,6 +112,6 @@ class OstrmConst : public Form<OstrmConst, StreamConst> {
 };
 
 /// `(flush FILE)`
-Value flush_command(IRSlist* form);
+Value flush_command(World& world, IRSlist* form);
 
 }  // namespace torvane

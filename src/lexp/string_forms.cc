@@ -60,11 +60,11 @@ Value RemovePunc::step(const char* text, Value) {
   return Value::made_text(kept.view());
 }
 
-void RemoveChar::init(IRSlist* args) {
+void RemoveChar::init(World& world, IRSlist* args) {
   const char* chars = args->get_str_val();
   given_ = chars != nullptr;
   chars_ = or_empty(chars);
-  LAdaptor::init(args);
+  LAdaptor::init(world, args);
 }
 
 Value RemoveChar::step(const char* text, Value) {
@@ -100,7 +100,7 @@ bool StrPrefix::holds(const char* left, const char* right) const {
   return begins_with(right, left);
 }
 
-void StrIs::init(IRSlist* args) {
+void StrIs::init(World&, IRSlist* args) {
   const char* wanted = args->get_str_val();
   given = wanted != nullptr;
   text = or_empty(wanted);
@@ -112,8 +112,9 @@ Value StrIs::eval(Value input, int type) {
   return Value::truth(given && given_text && same_word(given_text, text.c_str()));
 }
 
-std::unique_ptr<LExp> make_str_is(const char* text) {
+std::unique_ptr<LExp> make_str_is(World& world, const char* text) {
   auto exp = within_input(std::make_unique<StrIs>());
+  exp->belong_to(world);
   exp->given = text != nullptr;
   exp->text = or_empty(text);
   return exp;
@@ -125,10 +126,10 @@ Value NullStr::eval(Value input, int type) {
   return Value::truth(!text || !*text);
 }
 
-void LoopOnStr::init(IRSlist* args) {
+void LoopOnStr::init(World& world, IRSlist* args) {
   IRSlist* first = args->nth(0);
   if (first && first->is_atom()) delimiters_ = args->get_str_val();
-  exp = get_exp(args->nth(0));
+  exp = get_exp(world, args->nth(0));
 }
 
 bool LoopOnStr::any_word(const char* text, int type, bool wanted) const {
@@ -155,12 +156,12 @@ Value AllWords::eval(Value input, int type) {
   return text && exp && !any_word(text, type, false) ? input : Value();
 }
 
-void FormatStr::init(IRSlist* args) {
+void FormatStr::init(World& world, IRSlist* args) {
   for (IRSlist* item : args->items) {
     if (item->is_atom()) {
       parts_.append({true, item->atom, {}});
     } else {
-      parts_.append({false, {}, get_exp(item)});
+      parts_.append({false, {}, get_exp(world, item)});
     }
   }
 }

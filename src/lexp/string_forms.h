@@ -38,7 +38,7 @@ class RemovePunc : public TextAdaptor<RemovePunc> {
 class RemoveChar : public TextAdaptor<RemoveChar> {
  public:
   static constexpr const char* kName = "remove-char";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value step(const char* text, Value input);
 
  private:
@@ -85,7 +85,7 @@ class StrPrefix : public Form<StrPrefix, TwoTexts> {
 class StrIs : public Form<StrIs, CharPred> {
  public:
   static constexpr const char* kName = "str=";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
   bool given = false;
@@ -101,7 +101,7 @@ class NullStr : public Form<NullStr, CharPred> {
 /// Hands the words of the input to an expression one by one.
 class LoopOnStr : public CharPred {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 
   ExpPtr exp;
 
@@ -130,7 +130,7 @@ class FormatStr : public Form<FormatStr> {
  public:
   static constexpr const char* kName = "format";
   FormatStr() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:
@@ -146,7 +146,7 @@ class RemovePrefix : public Form<RemovePrefix, CharPred> {
  public:
   static constexpr const char* kName = "remove-prefix";
   RemovePrefix() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override { prefix = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { prefix = get_exp(world, args->nth(0)); }
   Value eval(Value input, int type) override;
 
   ExpPtr prefix;

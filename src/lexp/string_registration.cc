@@ -8,37 +8,34 @@
 
 namespace torvane {
 
-void register_string_forms() {
-  static bool registered = false;
-  if (registered) return;
-  registered = true;
-  register_pure_form<RegMatch>();
-  register_form<RegSub>();
-  register_pure_form<SuffixMatch>();
-  register_pure_form<InWordList>();
-  register_form<InverseStr>();
-  register_form<StemWord>();
-  register_form<LastWord>();
-  register_pure_form<StrEq>();
-  register_pure_form<StrStr>();
-  register_pure_form<StrPrefix>();
-  register_pure_form<StrIs>();
-  register_form<PrintStr>();
-  register_form<PadStr>();
-  register_form<FlushOutput>();
-  register_form<ExistWord>();
-  register_form<AllWords>();
-  register_form<Int2Str>();
-  register_form<Ent2Str>();
-  register_pure_form<NullStr>();
-  register_form<RemovePunc>();
-  register_form<RemoveChar>();
-  register_form<FormatStr>();
-  register_form<StrSim>();
-  register_form<ContainToken>();
-  register_form<WriteToFile>();
-  register_form<RemovePrefix>();
-  register_word_list_commands();
+void register_string_forms(World& world) {
+  register_pure_form<RegMatch>(world);
+  register_form<RegSub>(world);
+  register_pure_form<SuffixMatch>(world);
+  register_pure_form<InWordList>(world);
+  register_form<InverseStr>(world);
+  register_form<StemWord>(world);
+  register_form<LastWord>(world);
+  register_pure_form<StrEq>(world);
+  register_pure_form<StrStr>(world);
+  register_pure_form<StrPrefix>(world);
+  register_pure_form<StrIs>(world);
+  register_form<PrintStr>(world);
+  register_form<PadStr>(world);
+  register_form<FlushOutput>(world);
+  register_form<ExistWord>(world);
+  register_form<AllWords>(world);
+  register_form<Int2Str>(world);
+  register_form<Ent2Str>(world);
+  register_pure_form<NullStr>(world);
+  register_form<RemovePunc>(world);
+  register_form<RemoveChar>(world);
+  register_form<FormatStr>(world);
+  register_form<StrSim>(world);
+  register_form<ContainToken>(world);
+  register_form<WriteToFile>(world);
+  register_form<RemovePrefix>(world);
+  register_word_list_commands(world);
 }
 
 }  // namespace torvane

@@ -1,46 +1,47 @@
 #include "lexp/types.h"
 
-#include <iostream>
+#include <iterator>
 
-#include "support/array.h"
-#include "support/name_table.h"
+#include "support/messages.h"
 
 namespace torvane {
 
 namespace {
-
-struct TypeTable {
-  NameTable<int> ids{101};
-  Array<const char*> names;
-
-  // Number 0 is no type, so that numbers start at 1.
-  TypeTable() { names.append(nullptr); }
-};
-
-TypeTable& types() {
-  static auto& table = *new TypeTable;
-  return table;
-}
-
+// In the order of their numbers, which messages show.
+constexpr const char* kOwnTypes[] = {
+    "char*",           "TwoArgs*", "stream*",  "Match*",       "LexItem*", "int",     "Meaning*",
+    "AntecedentList*", "AttVec*",  "LBitSet*", "LexAnalyzer*", "LExp*",    "RSTree*", "TreeMatch*",
+    "Deps*",           "TRel*",    "SBnd*",    "PItem*",       "DepRel*"};
 }  // namespace
 
-int type_id(const char* name) {
+int own_type_id(const char* name) {
   if (!name) return kAnyType;
-  TypeTable& table = types();
-  if (auto* entry = table.ids.find(name)) return entry->value;
+  for (std::size_t i = 0; i < std::size(kOwnTypes); ++i)
+    if (same_word(name, kOwnTypes[i])) return static_cast<int>(i) + 1;
+  return 0;
+}
+
+Types::Types() {
+  names_.append(nullptr);  // number 0 is no type
+  for (const char* name : kOwnTypes) id(name);
+}
+
+int Types::id(const char* name) {
+  if (!name) return kAnyType;
+  if (auto* entry = ids_.find(name)) return entry->value;
   // Kept: misspelt-type
-  int id = table.names.count();
-  table.names.append(table.ids.insert(name, id)->key);
+  int id = names_.count();
+  names_.append(ids_.insert(name, id)->key);
   return id;
 }
 
-const char* type_name(int id) {
+const char* Types::name(int id) const {
   if (id == kAnyType) return "void*";
   if (id <= 0) {
-    std::cerr << "Unknown type id: " << id << '\n';
+    messages() << "Unknown type id: " << id << '\n';
     return "";
   }
-  return types().names.at_or_zero(id);
+  return names_.at_or_zero(id);
 }
 
 }  // namespace torvane

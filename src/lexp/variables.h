@@ -8,6 +8,7 @@
 #include <string>
 
 #include "lexp/lexp.h"
+#include "support/name_table.h"
 #include "support/ref.h"
 #include "support/text.h"
 
@@ -15,7 +16,8 @@ namespace torvane {
 
 class Var : public Counted<Var> {
  public:
-  Var(const char* var_name, int declared_type) : name(or_empty(var_name)), type(declared_type) {}
+  Var(const char* var_name, int declared_type, const Types& types)
+      : name(or_empty(var_name)), type(declared_type), types_(types) {}
 
   /// Starts a new binding, which keeps value and declared type of the old one until it is assigned.
   // Kept: let-starts-with-old-value
@@ -48,33 +50,49 @@ class Var : public Counted<Var> {
 
  private:
   [[gnu::cold]] void report_type(int given) const;
+
+  const Types& types_;
 };
 
-/// A variable in the top scope. A name that stands there already is reported, and keeps meaning the
-/// first; a null name declares a variable that nothing can name.
-Ref<Var> declare_var(const char* name, int type);
-/// The variable that a name means here, or null.
-Var* find_var(const char* name);
-/// The same in the top scope alone.
-Var* find_own_var(const char* name);
-/// `size` is a hint; a negative one takes the size of the scope below.
-void push_scope(int size);
-/// Leaves the top scope; the global one stays.
-void pop_scope();
-/// True while a `let` is being copied with variables of its own.
-bool copying_let();
+/// The scopes of a world, the global one lowest.
+class Scopes {
+ public:
+  explicit Scopes(Types& types);
+  /// A variable in the top scope. A name that stands there already is reported, and keeps meaning
+  /// the first; a null name declares a variable that nothing can name.
+  Ref<Var> declare(const char* name, int type);
+  /// Declares what a parameter or `let` list names: atoms, or lists of a name and a type.
+  Array<Ref<Var>> declare_all(const IRSlist& list);
+  /// The variable that a name means here, or null.
+  Var* find(const char* name);
+  /// The same in the top scope alone.
+  Var* find_own(const char* name);
+  /// `size` is a hint; a negative one takes the size of the scope below.
+  void push(int size);
+  /// Leaves the top scope; the global one stays.
+  void pop();
+  /// Lets go of what the variables hold.
+  void clear_values();
 
-/// Declares what a parameter or `let` list names: atoms, or lists of a name and a type.
-Array<Ref<Var>> declare_vars(const IRSlist& list);
+  /// How many `let`s are being copied with variables of their own.
+  int let_copies = 0;
+
+ private:
+  using Scope = NameTable<Ref<Var>>;
+
+  Types& types_;
+  Array<std::unique_ptr<Scope>> stack_{10};
+};
 
 /// `(declare-var NAME [TYPE])`
-Value declare_var_command(IRSlist* form);
+Value declare_var_command(World& world, IRSlist* form);
 
 class VarExp : public LExp {
  public:
   VarExp() = default;
   /// A copy inside a copied `let` binds to the copy's variable, any other shares the old one.
   VarExp(const VarExp& other);
+  Scopes& scopes() const;
 
   Ref<Var> var;
   ExpPtr sub;
@@ -88,7 +106,7 @@ class AssignVar : public VarExp {
  public:
   const char* name() const override { return "setq"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<AssignVar>(*this); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
 };
 
@@ -96,7 +114,7 @@ class GetVarVal : public VarExp {
  public:
   const char* name() const override { return "get-val"; }
   std::unique_ptr<LExp> copy() const override { return std::make_unique<GetVarVal>(*this); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
 };
 
@@ -104,7 +122,7 @@ class LetExp : public CompExp {
  public:
   const char* name() const override { return "let"; }
   std::unique_ptr<LExp> copy() const override;
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
 
   Array<Ref<Var>> vars;

@@ -1,11 +1,12 @@
 #include "lexp/word_forms.h"
 
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "support/text.h"
 
 namespace torvane {
 
-void InWordList::init(IRSlist* args) {
+void InWordList::init(World& world, IRSlist* args) {
   bool case_sensitive = args->take_flag(":case-sensitive");
   long size = 0;
   WordList* named = nullptr;
@@ -14,11 +15,11 @@ void InWordList::init(IRSlist* args) {
     words_ = std::make_shared<WordList>(case_sensitive, size);
     table_ = words_.get();
   } else if (const char* list_name = args->take_keyword_str(":wordlist")) {
-    named = find_object_as<WordList>(list_name, kWordListType, true);
+    named = world.objects.find_as<WordList>(list_name, kWordListType, true);
     table_ = named;
   }
   if (!table_) words_ = std::make_shared<WordList>(case_sensitive);
-  (named ? *named : *words_).add_items(*args);
+  (named ? *named : *words_).add_items(world, *args);
 }
 
 Value InWordList::eval(Value input, int type) {
@@ -33,10 +34,10 @@ Value InWordList::eval(Value input, int type) {
 }
 
 // Endings have no case.
-void SuffixMatch::init(IRSlist* args) {
+void SuffixMatch::init(World& world, IRSlist* args) {
   // Kept: suffix-without-case
   args->take_flag(":case-sensitive");
-  InWordList::init(args);
+  InWordList::init(world, args);
 }
 
 Value SuffixMatch::eval(Value input, int type) {
@@ -47,12 +48,12 @@ Value SuffixMatch::eval(Value input, int type) {
   return list && list->holds_suffix_of(word) ? input : Value();
 }
 
-void ContainToken::init(IRSlist* args) {
+void ContainToken::init(World& world, IRSlist* args) {
   words_ = std::make_shared<WordList>(args->take_flag(":case"));
   if (const char* tokenizer_name = args->take_keyword_str(":tokenizer")) {
-    tokenizer_ = find_object_as<TokenizerBase>(tokenizer_name, "Tokenizer", true);
+    tokenizer_ = world.objects.find_as<TokenizerBase>(tokenizer_name, "Tokenizer", true);
   }
-  words_->add_items(*args);
+  words_->add_items(world, *args);
 }
 
 Value ContainToken::eval(Value input, int type) {

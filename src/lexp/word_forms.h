@@ -13,7 +13,7 @@ namespace torvane {
 class InWordList : public Form<InWordList, CharPred> {
  public:
   static constexpr const char* kName = "in";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   /// The input if it is in the form's own words; a table gives its stored copy.
   Value eval(Value input, int type) override;
 
@@ -25,7 +25,7 @@ class InWordList : public Form<InWordList, CharPred> {
 class SuffixMatch : public Form<SuffixMatch, InWordList> {
  public:
   static constexpr const char* kName = "suffix";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 };
 
@@ -34,7 +34,7 @@ class ContainToken : public Form<ContainToken, CharPred> {
  public:
   static constexpr const char* kName = "contain-tokens";
   ContainToken() { out_type = type_id_of<const char*>(); }
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   Value eval(Value input, int type) override;
 
  private:

@@ -6,6 +6,7 @@
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "support/hash.h"
 
 namespace torvane {
@@ -25,21 +26,21 @@ bool same_letters(std::string_view a, const char* b) {
   return true;
 }
 
-Value make_word_list(IRSlist* form) {
+Value make_word_list(World& world, IRSlist* form) {
   bool case_sensitive = form->take_flag(":case-sensitive");
   long size = 0;
   if (const char* text = form->take_keyword_str(":hashsize")) scan_long(text, size);
   const char* name = form->get_str_val();
   if (!name) return Value();
   auto list = std::make_unique<WordList>(case_sensitive, size);
-  list->add_items(*form);
-  if (register_object(name, Value::of(list.get()), kWordListType)) list.release();
+  list->add_items(world, *form);
+  world.own_object(name, std::move(list), kWordListType);
   return Value();
 }
 
-Value add_to_word_list(IRSlist* form) {
-  auto* list = find_object_as<WordList>(form->get_str_val(), kWordListType, true);
-  if (list) list->add_items(*form);
+Value add_to_word_list(World& world, IRSlist* form) {
+  auto* list = world.objects.find_as<WordList>(form->get_str_val(), kWordListType, true);
+  if (list) list->add_items(world, *form);
   return Value();
 }
 
@@ -102,8 +103,8 @@ bool WordList::holds_suffix_of(std::string_view text) const {
   return false;
 }
 
-void WordList::add_file(const char* name) {
-  Ref<Stream> stream = open_file(name);
+void WordList::add_file(World& world, const char* name) {
+  Ref<Stream> stream = world.files.open(name);
   if (!stream) return;
   StrBufs line(256);
   while (const char* word = line.read_line(*stream->in())) {
@@ -112,17 +113,17 @@ void WordList::add_file(const char* name) {
   }
 }
 
-void WordList::add_items(const IRSlist& items) {
+void WordList::add_items(World& world, const IRSlist& items) {
   for (const IRSlist* item : items.items) {
-    if (item->is_atom()) add_file(item->atom);
+    if (item->is_atom()) add_file(world, item->atom);
     for (const IRSlist* word : item->items) {
       if (word->is_atom()) add(word->atom);
     }
   }
 }
 
-void register_word_list_commands() {
-  interpreter().define(kCommands);
+void register_word_list_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -28,7 +28,7 @@ class WordList {
 
   /// Adds words from the rest of a form: an atom names a file with a word on each line, a list
   /// gives its atoms.
-  void add_items(const IRSlist& items);
+  void add_items(World& world, const IRSlist& items);
 
  private:
   struct Slot {
@@ -41,7 +41,7 @@ class WordList {
   // The slot of a word, or the free one where it belongs.
   Slot& place(std::uint32_t hash, std::string_view word);
   void resize(std::size_t slots);
-  void add_file(const char* name);
+  void add_file(World& world, const char* name);
 
   bool case_sensitive_;
   int count_ = 0;
@@ -61,6 +61,6 @@ struct ValueTraits<WordList> : TagOf<WordList, tags::word_list> {};
 inline constexpr const char* kWordListType = "THashTableWithOrd<const char*, const char*>";
 
 /// `make-word-list` and `add-to-word-list`
-void register_word_list_commands();
+void register_word_list_commands(World& world);
 
 }  // namespace torvane

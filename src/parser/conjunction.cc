@@ -14,7 +14,7 @@ bool starts_with_comma(const char* word) {
 }
 
 int moves(const PItem& item) {
-  const AttVecList* list = list_of(*item._atts, syntax_atts().move);
+  const AttVecList* list = list_of(*item._atts, syntax_atts(*item._atts).move);
   return list ? list->length() : -1;
 }
 
@@ -34,7 +34,7 @@ void GCate::try_conjunction(PItem* item, int position) {
   if (!lex || !_conj_link || k <= 0 || lex->first_conjunctions.test(k + 1)) return;
   bool marked = lex->last_conjunctions.test(k);
   if (marked) --k;
-  bool goes_on = is_true(*item->_atts, syntax_atts().last_conj) || k < item->_low - 1;
+  bool goes_on = is_true(*item->_atts, syntax_atts(*item->_atts).last_conj) || k < item->_low - 1;
   if (k > 0 && goes_on && starts_with_comma(_parser->word(k)) && bucket(position, k).empty()) {
     --k;
   } else if (!marked) {
@@ -53,7 +53,7 @@ void GCate::try_conjunction(PItem* item, int position) {
 }
 
 void GCate::join_conjuncts(PItem* left, PItem* item, int position) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item->_atts);
   if (is_true(*left->_atts, syn.last_conj) || !match(*this, *left, *item)) return;
   PItem* joined = copy_item(left, nullptr);
   if (!joined) return;

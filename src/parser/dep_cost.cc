@@ -4,13 +4,14 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 
 #include "deps/dep_statistics.h"
-#include "parser/dist_table.h"
+#include "parser/parsing.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -19,18 +20,8 @@ constexpr float kWorst = 40.0f;
 constexpr float kLeastDistanceCost = 0.1f;
 constexpr int kCacheBuckets = 200011;
 
-/// Read when the first cost is asked for, and kept.
-const DistTable& dist_table() {
-  static const DistTable& table = [] {
-    auto* fresh = new DistTable;
-    if (Ref<Stream> file = open_file("dist.txt"); file && file->in()) fresh->read(*file->in());
-    return std::ref(*fresh);
-  }();
-  return table;
-}
-
 bool is_preposition(const PItem& item) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item._atts);
   return syn.cat_p != 0 && value_of(*item._atts, syn.cat) == syn.cat_p;
 }
 
@@ -40,7 +31,7 @@ std::string_view root_word(const PItem& item) {
   std::string_view root = lexitem ? or_empty(lexitem->root) : "";
   if (root.starts_with('{')) root = root.substr(1, root.find('/') - 1);
   if (!root.empty()) return root;
-  const char* form = text_of(*item._atts, syntax_atts().cform);
+  const char* form = text_of(*item._atts, syntax_atts(*item._atts).cform);
   return form ? form : "~";
 }
 
@@ -56,8 +47,8 @@ std::string_view category_text(const PItem& item) {
   return name == "I" ? "V" : name;
 }
 
-float distance_cost(const char* relation, int distance) {
-  double p = distance_probability(relation, distance);
+float distance_cost(World& world, const char* relation, int distance) {
+  double p = distance_probability(world, relation, distance);
   if (p <= 0) return kWorst;
   return std::max(static_cast<float>(-0.5 * std::log(p)), kLeastDistanceCost);
 }
@@ -70,17 +61,24 @@ float association_cost(DepStatistics* statistics, const char* word1, const char*
 
 }  // namespace
 
-long debug_weight = 0;
+const DistTable& Parsing::distances(World& world) {
+  if (!distances_) {
+    distances_ = std::make_unique<DistTable>();
+    if (Ref<Stream> file = world.files.open("dist.txt"); file && file->in())
+      distances_->read(*file->in());
+  }
+  return *distances_;
+}
 
-double distance_probability(const char* relation, int distance) {
-  return dist_table().probability(relation, distance);
+double distance_probability(World& world, const char* relation, int distance) {
+  return parsing(world).distances(world).probability(relation, distance);
 }
 
 HeadSide::HeadSide(const PItem& item)
     : word(root_word(item)),
       category(category_text(item)),
       preposition(is_preposition(item)),
-      pform(text_of(*item._atts, syntax_atts().pform)) {
+      pform(text_of(*item._atts, syntax_atts(*item._atts).pform)) {
   const LexItem* lexitem = lexitem_of(item);
   name = lexitem ? lexitem->role : nullptr;
   position = word_position(item, preposition);
@@ -95,7 +93,7 @@ ModifierSide::ModifierSide(const PItem& item)
 
 float dep_cost(TorvaneParser& parser, const HeadSide& head, const ModifierSide& modifier,
                const char* relation) {
-  static std::string rel, word1, key, word2, triple;
+  static thread_local std::string rel, word1, key, word2, triple;
   rel = or_empty(relation);
   std::string_view category = head.category;
   if (head.preposition && rel == "subj") {
@@ -103,7 +101,7 @@ float dep_cost(TorvaneParser& parser, const HeadSide& head, const ModifierSide& 
     rel.append("-").append(or_empty(head.pform));
   }
   int distance = std::abs(head.position - modifier.position);
-  float by_distance = distance_cost(rel.c_str(), distance);
+  float by_distance = distance_cost(parser._world, rel.c_str(), distance);
   if (category == "Prep") return by_distance;
 
   word1 = head.word;
@@ -118,14 +116,14 @@ float dep_cost(TorvaneParser& parser, const HeadSide& head, const ModifierSide& 
   if (cached) return cached->value + by_distance;
   float value = association_cost(parser._reldb, word1.c_str(), key.c_str(), word2.c_str());
   parser._cost_cache->insert(triple.c_str(), value);
-  if (debug_weight)
-    std::cerr << triple << '\t' << value << " dist=" << distance << " distp=" << by_distance
-              << '\n';
+  if (parsing(parser._world).debug_weight)
+    messages() << triple << '\t' << value << " dist=" << distance << " distp=" << by_distance
+               << '\n';
   return value + by_distance;
 }
 
 const char* step_relation(const PItem& merged) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*merged._atts);
   const Link* link = merged._link;
   const AttVec& head = *merged._head_child->_atts;
   const AttVec& modifier = *merged._modifier->_atts;

@@ -11,11 +11,8 @@ namespace torvane {
 
 class TorvaneParser;
 
-/// The switch of `debug-weight`.
-extern long debug_weight;
-
 /// How probable a distance (in words, at least 1) is for a relation, from the table "dist.txt".
-double distance_probability(const char* relation, int distance);
+double distance_probability(World& world, const char* relation, int distance);
 
 /// A head as costs see it.
 struct HeadSide {

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -31,7 +32,7 @@ void DistTable::read(std::istream& in) {
   if (n == 3 && !fields[3].empty()) {
     add(fields[0].c_str(), fields[1].c_str(), fields[3].c_str());
   } else if (n > 0 || !fields[0].empty()) {
-    std::cerr << "dist.txt: the last record is cut off\n";
+    messages() << "dist.txt: the last record is cut off\n";
   }
 }
 
@@ -40,7 +41,7 @@ void DistTable::add(const char* relation, const char* distance, const char* coun
   float seen = -1;
   if (!scan_long(distance, d) || d < 0 || d > kMostDistance || !scan_float(count, seen) ||
       !std::isfinite(seen) || seen < 0) {
-    std::cerr << "dist.txt: a bad record: " << relation << ' ' << distance << ' ' << count << '\n';
+    messages() << "dist.txt: a bad record: " << relation << ' ' << distance << ' ' << count << '\n';
     return;
   }
   if (!last_ || last_relation_ != relation) {

@@ -2,7 +2,6 @@
 // their modifiers.
 #include <algorithm>
 #include <cstring>
-#include <iostream>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "support/depth.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -79,7 +79,7 @@ class TreeBuilder {
   // Empty items and the components of lexical items can be shared over and over; a tree of them may
   // be far larger than what it is made from.
   bool has_room() {
-    if (++trees_ == kMostTrees) std::cerr << "The dependency tree is too large\n";
+    if (++trees_ == kMostTrees) messages() << "The dependency tree is too large\n";
     return trees_ < kMostTrees;
   }
 
@@ -92,7 +92,7 @@ class TreeBuilder {
   }
 
   void take_part(DepTree& head, const Part& part, const PItem& item) {
-    const SyntaxAtts& syn = syntax_atts();
+    const SyntaxAtts& syn = syntax_atts(*item._atts);
     const AttVecList* args = list_of(*item._atts, syn.args);
     const AttVec* arg = args ? args->at(part.argument) : nullptr;
     if (const char* role = arg ? text_of(*arg, syn.role) : nullptr) part.node->set_rel(role);
@@ -103,8 +103,8 @@ class TreeBuilder {
   // An item hands its trace on to what is merged from it; the gap was filled where the trace is
   // new.
   void note_gap(DepTree& head, const Part& part) {
-    const SyntaxAtts& syn = syntax_atts();
     const PItem& merged = *part.merged;
+    const SyntaxAtts& syn = syntax_atts(*merged._atts);
     const TraceChain* trace = trace_of(*merged._atts, syn.trace);
     if (!trace || trace == trace_of(*merged._head_child->_atts, syn.trace)) return;
     bool filled_by_head = list_of(*merged._modifier->_atts, syn.move) != nullptr;
@@ -238,7 +238,7 @@ class TreeBuilder {
   void add_traces_of(const Gap& gap,
                      const std::unordered_map<const DepTree*, const LexItem*>& lexitems) {
     DepTree* scope = gap.filler->_parent ? gap.filler->parent() : gap.filler;
-    const TraceChain* trace = trace_of(*gap.item->_atts, syntax_atts().trace);
+    const TraceChain* trace = trace_of(*gap.item->_atts, syntax_atts(*gap.item->_atts).trace);
     for (DepTree* node : preorder(scope)) {
       auto found = lexitems.find(node);
       if (!node->spans_words() || found == lexitems.end()) continue;
@@ -261,7 +261,8 @@ class TreeBuilder {
     trace->antecedent = &antecedent;
     antecedent.label();
     trace->label();
-    if (int ante = property_id("ante")) trace->_props.append({ante, Value::of(&antecedent), 1.0f});
+    if (int ante = deps_->properties().id("ante"))
+      trace->_props.append({ante, Value::of(&antecedent), 1.0f});
     node.add_child(trace);
   }
 
@@ -306,12 +307,12 @@ void choose_roots(TorvaneParser& parser, ParseForest& forest, Cover& cover) {
 
 void TorvaneParser::parse_to_deps() {
   if (!_lex) return;
-  static Cover cover;
-  static TreeBuilder builder;
+  static thread_local Cover cover;
+  static thread_local TreeBuilder builder;
   _forest.clear();
   _forest.collect_roots();
   choose_roots(*this, _forest, cover);
-  if (!_deps || _deps->shared()) _deps = make_ref<Deps>();
+  if (!_deps || _deps->shared()) _deps = make_ref<Deps>(_world);
   if (!_deps->is_clear()) _deps->clear();
   _deps->_att_type = _att_type;
   _deps->set_words(*_lex);

@@ -9,7 +9,7 @@
 namespace torvane {
 
 const char* category_node_name(const AttVec& vec) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(vec);
   AttWord cat = value_of(vec, syn.cat);
   if (cat == 0) return "";
   if (cat == syn.cat_n) return "N";
@@ -24,7 +24,7 @@ const char* category_node_name(const AttVec& vec) {
 }
 
 void append_node_name(const AttVec& vec, std::string& out) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(vec);
   if (has_att(vec, syn.node)) {
     out += or_empty(text_of(vec, syn.node));
     return;
@@ -53,12 +53,12 @@ GCate* TorvaneParser::node_of_vec(const AttVec& vec) {
   if (name_buffer_.empty()) return nullptr;
   if (GCate* node = get_node(name_buffer_.c_str(), false)) return node;
   GCate* base = get_node(category_node_name(vec), false);
-  bool has_args = has_att(vec, syntax_atts().args);
+  bool has_args = has_att(vec, syntax_atts(vec).args);
   return has_args && base ? make_frame(name_buffer_.c_str(), base, vec) : base;
 }
 
 GCate* TorvaneParser::make_frame(const char* name, GCate* base, const AttVec& vec) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(vec);
   GCate* frame = get_node(name, true);
   frame->_is_subcat = 1;
   frame->_visible = base->_visible | base->_subcat_atts;

@@ -184,6 +184,6 @@ std::string node_name_of(const AttVec& vec);
 void append_node_name(const AttVec& vec, std::string& out);
 
 /// The commands that build the network.
-void register_grammar_commands();
+void register_grammar_commands(World& world);
 
 }  // namespace torvane

@@ -1,37 +1,38 @@
 // The commands by which a grammar file builds the network of the current parser.
-#include <iostream>
-
 #include "parser/grammar.h"
+#include "parser/parsing.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
 
 /// The parser that grammar commands may change now, or null.
-TorvaneParser* open_grammar() {
-  TorvaneParser* parser = current_parser();
-  return parser && !refuse_while_parsing("the grammar") ? parser : nullptr;
+TorvaneParser* open_grammar(World& world) {
+  TorvaneParser* parser = current_parser(world);
+  return parser && !refuse_while_parsing(world, "the grammar") ? parser : nullptr;
 }
 // Kept: homeless-grammar-command
-GCate* current_category() {
-  TorvaneParser* parser = open_grammar();
+GCate* current_category(World& world) {
+  TorvaneParser* parser = open_grammar(world);
   return parser ? parser->current_category : nullptr;
 }
-Link* current_link() {
-  TorvaneParser* parser = open_grammar();
+Link* current_link(World& world) {
+  TorvaneParser* parser = open_grammar(world);
   return parser ? parser->current_link : nullptr;
 }
 
-void run_commands(const IRSlist& form) {
+void run_commands(World& world, const IRSlist& form) {
   for (IRSlist* command : form.items)
-    if (command->is_list()) interpreter().eval(*command);
+    if (command->is_list()) world.interpreter.eval(*command);
 }
 
-ExpPtr take_exp(IRSlist* form) {
+ExpPtr take_exp(World& world, IRSlist* form) {
   auto first = form->pop_front();
-  return first ? LExp::get_exp(first.get()) : nullptr;
+  return first ? LExp::get_exp(world, first.get()) : nullptr;
 }
 
 void add_att(const TorvaneParser& parser, const IRSlist& name, AttSet& out) {
@@ -40,9 +41,9 @@ void add_att(const TorvaneParser& parser, const IRSlist& name, AttSet& out) {
     out.set(index);
     return;
   }
-  std::cerr << "GCate::get_atts: ";
-  name.print_item(std::cerr);
-  std::cerr << " is not an attribute name\n";
+  messages() << "GCate::get_atts: ";
+  name.print_item(messages());
+  messages() << " is not an attribute name\n";
 }
 /// The attributes of one argument: a list of names, or a bare name.
 AttSet get_atts(const TorvaneParser& parser, const IRSlist* names) {
@@ -59,18 +60,18 @@ AttSet get_all_atts(const TorvaneParser& parser, const IRSlist* form) {
   return atts;
 }
 
-Value def_category(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value def_category(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   const char* name = parser ? form->get_str_val() : nullptr;
   if (!name) return Value();
   parser->current_category = parser->get_node(name, true);
-  run_commands(*form);
+  run_commands(world, *form);
   parser->current_category = nullptr;
   return Value();
 }
 
-Value def_modifiers(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value def_modifiers(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   // Kept: unknown-category-is-passed
   if (!node) return Value();
@@ -80,8 +81,8 @@ Value def_modifiers(IRSlist* form) {
   return Value();
 }
 
-Value def_subcat(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value def_subcat(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   const char* name = parser ? form->get_str_val() : nullptr;
   if (!name) return Value();
   GCate* node = parser->get_node(name, true);
@@ -97,8 +98,8 @@ Value def_subcat(IRSlist* form) {
   return Value();
 }
 
-Value def_subclass(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value def_subclass(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   GCate* parent = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   if (!parent) return Value();
   for (IRSlist* element : form->items) {
@@ -113,31 +114,31 @@ Value def_subclass(IRSlist* form) {
     parser->current_category = node;
     // Kept: def-subclass-stays-open
     parser->current_link = link;
-    run_commands(*element);
+    run_commands(world, *element);
   }
   return Value();
 }
 
-Value def_conj_constraints(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value def_conj_constraints(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   GCate* node = parser ? parser->get_node(form->get_str_val(), false) : nullptr;
   if (!node) return Value();
   parser->current_category = node;
   parser->current_link = node->_conj_link;
-  run_commands(*form);
+  run_commands(world, *form);
   parser->current_category = nullptr;
   parser->current_link = nullptr;
   return Value();
 }
 
 template <AttSet GCate::*atts>
-Value set_category_atts(IRSlist* form) {
-  if (GCate* node = current_category()) node->*atts = get_all_atts(*node->_parser, form);
+Value set_category_atts(World& world, IRSlist* form) {
+  if (GCate* node = current_category(world)) node->*atts = get_all_atts(*node->_parser, form);
   return Value();
 }
 
-Value conj_atts(IRSlist* form) {
-  GCate* node = current_category();
+Value conj_atts(World& world, IRSlist* form) {
+  GCate* node = current_category(world);
   if (!node) return Value();
   node->_conj_same = get_atts(*node->_parser, form->nth(0));
   node->_conj_consistent = get_atts(*node->_parser, form->nth(1));
@@ -147,75 +148,77 @@ Value conj_atts(IRSlist* form) {
 }
 
 template <ExpPtr GCate::*cond>
-Value set_category_cond(IRSlist* form) {
-  if (GCate* node = current_category()) node->*cond = take_exp(form);
+Value set_category_cond(World& world, IRSlist* form) {
+  if (GCate* node = current_category(world)) node->*cond = take_exp(world, form);
   return Value();
 }
 
 template <ExpPtr Link::*cond>
-Value set_link_cond(IRSlist* form) {
-  if (Link* link = current_link()) link->*cond = take_exp(form);
+Value set_link_cond(World& world, IRSlist* form) {
+  if (Link* link = current_link(world)) link->*cond = take_exp(world, form);
   return Value();
 }
 
 template <int Link::*number>
-Value set_link_number(IRSlist* form) {
-  if (Link* link = current_link()) link->*number = static_cast<int>(form->get_long_val());
+Value set_link_number(World& world, IRSlist* form) {
+  if (Link* link = current_link(world)) link->*number = static_cast<int>(form->get_long_val());
   return Value();
 }
 
-Value dep_type(IRSlist* form) {
-  if (Link* link = current_link()) link->set_type(form->get_str_val());
+Value dep_type(World& world, IRSlist* form) {
+  if (Link* link = current_link(world)) link->set_type(form->get_str_val());
   return Value();
 }
 
-Value allow_guest(IRSlist*) {
-  if (Link* link = current_link()) link->_no_guest = 0;
+Value allow_guest(World& world, IRSlist*) {
+  if (Link* link = current_link(world)) link->_no_guest = 0;
   return Value();
 }
 
-Value dep_weight(IRSlist* form) {
-  if (Link* link = current_link()) {
+Value dep_weight(World& world, IRSlist* form) {
+  if (Link* link = current_link(world)) {
     link->_weight = form->get_float_val();
     link->_child->reinsert_out_link(link);
   }
   return Value();
 }
 
-Value percolate(IRSlist* form) {
-  if (Link* link = current_link()) link->_percolate = get_all_atts(*link->_parent->_parser, form);
+Value percolate(World& world, IRSlist* form) {
+  if (Link* link = current_link(world))
+    link->_percolate = get_all_atts(*link->_parent->_parser, form);
   return Value();
 }
 
-Value block(IRSlist* form) {
-  if (Link* link = current_link())
+Value block(World& world, IRSlist* form) {
+  if (Link* link = current_link(world))
     link->_percolate &= get_all_atts(*link->_parent->_parser, form).complement();
   return Value();
 }
 
-Value check_slash(IRSlist* form) {
-  Link* link = current_link();
-  const SyntaxAtts& syn = syntax_atts();
+Value check_slash(World& world, IRSlist* form) {
+  Link* link = current_link(world);
+  const SyntaxAtts& syn = parsing(world).atts;
   const AttInterpreter* check = link && syn.type ? syn.type->at(syn.check) : nullptr;
   if (check && !form->empty()) link->_check |= static_cast<std::uint32_t>(check->make_val(form));
   return Value();
 }
 
-Value default_percolating_atts(IRSlist* form) {
-  if (TorvaneParser* parser = open_grammar()) parser->_percolating = get_all_atts(*parser, form);
+Value default_percolating_atts(World& world, IRSlist* form) {
+  if (TorvaneParser* parser = open_grammar(world))
+    parser->_percolating = get_all_atts(*parser, form);
   return Value();
 }
 
-Value roots(IRSlist* form) {
-  TorvaneParser* parser = open_grammar();
+Value roots(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_grammar(world);
   if (!parser) return Value();
   parser->_roots.clear();
   for (IRSlist* element : form->items) {
     GCate* node =
         parser->get_node(element->is_atom() ? element->atom : element->get_str_val(), false);
     if (!node) continue;
-    ExpPtr filter = take_exp(element);
-    ExpPtr penalty = take_exp(element);
+    ExpPtr filter = take_exp(world, element);
+    ExpPtr penalty = take_exp(world, element);
     parser->_roots.push_back({node, std::move(filter), std::move(penalty)});
   }
   return Value();
@@ -279,11 +282,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_grammar_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  interpreter().define(kCommands);
+void register_grammar_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

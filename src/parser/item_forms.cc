@@ -39,9 +39,9 @@ struct PItemModifiee : Adaptor<PItemModifiee, PItem, PItem*> {
 /// The modifier that came by a relation, on the way down the head children.
 struct GetModifierByType : Adaptor<GetModifierByType, PItem, PItem*> {
   static constexpr const char* kName = "get-modifier-by-type";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     type_ = or_empty(args->get_str_val());
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   PItem* step(PItem& item) const {
     for (PItem* x = &item; x->_head_child && x->_link; x = x->_head_child)
@@ -88,7 +88,7 @@ struct ItemForm : Form<D> {
 struct PItemAddWeight : ItemForm<PItemAddWeight> {
   static constexpr const char* kName = "pitem-add-weight";
   PItemAddWeight() { out_type = in_type; }
-  void init(IRSlist* args) override { weight_ = args->get_float_val(); }
+  void init(World& world, IRSlist* args) override { weight_ = args->get_float_val(); }
   Value apply(PItem& item) const {
     item._weight += weight_;
     return Value::of(&item);
@@ -121,7 +121,7 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
   static constexpr const char* kName = "set-trace-att-of-pred";
   SetTraceAttOfPred() { out_type = in_type; }
   Value apply(PItem& item) const {
-    const SyntaxAtts& syn = syntax_atts();
+    const SyntaxAtts& syn = syntax_atts(*item._atts);
     AttVecList* move = own_list(*item._atts, syn.move);
     AttVec* element = move ? move->own(0) : nullptr;
     if (element && readable(*element, syn.trace)) {
@@ -139,21 +139,22 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
 
 }  // namespace
 
-void register_p_item_forms() {
-  register_form<PItem2AttVec>("(pitem-attvec) converts a PItem to its attribute value vector");
-  register_form<PItem2Modifier>("(pitem-modifier) converts a PItem to its modifier");
-  register_form<PItem2DepRel>("(pitem-deprel) converts a PItem to its deprel");
-  register_form<PItemHeadChild>();
-  register_form<PItemModifiee>();
-  register_form<GetModifierByType>();
-  register_form<PItemLow>();
-  register_form<PItemHigh>();
-  register_form<PItemLength>();
-  register_form<DepRelType>();
-  register_form<PItemAddWeight>();
-  register_form<HeadFirst>();
-  register_form<HeadLast>();
-  register_form<SetTraceAttOfPred>();
+void register_p_item_forms(World& world) {
+  register_form<PItem2AttVec>(world,
+                              "(pitem-attvec) converts a PItem to its attribute value vector");
+  register_form<PItem2Modifier>(world, "(pitem-modifier) converts a PItem to its modifier");
+  register_form<PItem2DepRel>(world, "(pitem-deprel) converts a PItem to its deprel");
+  register_form<PItemHeadChild>(world);
+  register_form<PItemModifiee>(world);
+  register_form<GetModifierByType>(world);
+  register_form<PItemLow>(world);
+  register_form<PItemHigh>(world);
+  register_form<PItemLength>(world);
+  register_form<DepRelType>(world);
+  register_form<PItemAddWeight>(world);
+  register_form<HeadFirst>(world);
+  register_form<HeadLast>(world);
+  register_form<SetTraceAttOfPred>(world);
 }
 
 }  // namespace torvane

@@ -10,6 +10,7 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 
 namespace torvane {
 namespace {
@@ -42,7 +43,7 @@ struct SetHeadOfLexItem : Form<SetHeadOfLexItem> {
 
  private:
   static void set_head(LexItem& item) {
-    const SyntaxAtts& syn = syntax_atts();
+    const SyntaxAtts& syn = syntax_atts(*item.vec());
     AttWord cat = value_of(*item.vec(), syn.cat);
     item.head = item.low;
     if (cat == 0 || (cat != syn.cat_n && cat != syn.cat_a)) return;
@@ -60,13 +61,14 @@ struct SetHeadOfLexItem : Form<SetHeadOfLexItem> {
 template <class D>
 struct PositionForm : Form<D> {
   PositionForm() { this->in_type = type_id_of<int>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     named_ = D::kNeedsName || !args->empty();
-    if (named_) parser_ = find_object_as<TorvaneParser>(args->get_str_val(), "TorvaneParser", true);
+    if (named_)
+      parser_ = world.objects.find_as<TorvaneParser>(args->get_str_val(), "TorvaneParser", true);
   }
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
-    TorvaneParser* parser = named_ ? parser_ : current_parser();
+    TorvaneParser* parser = named_ ? parser_ : current_parser(this->world());
     Word position = input.number();
     bool in_range = position >= 0 && position <= LexAnalyzer::kMostWords;
     return parser && in_range ? D::apply(parser->*D::kSet, static_cast<int>(position)) : Value();
@@ -113,8 +115,8 @@ struct IsObliqueCaseMarked : TestForm<IsObliqueCaseMarked> {
 };
 
 /// Forbids merges that reach from inside the span out of it.
-void isolate(Match*, int from, int to) {
-  TorvaneParser* parser = current_parser();
+void isolate(World& world, Match*, int from, int to) {
+  TorvaneParser* parser = current_parser(world);
   if (!parser || !parser->_lex || from == to) return;
   int last = std::min(to, parser->_lex->last_position());
   for (int i = std::max(from, 0); i <= last; ++i) {
@@ -130,11 +132,12 @@ LexItem* ref_entry(Match*, LexItem* item) {
   if (!item || !item->root || !item->analyzer || !item->vec()) return item;
   const LexEntry* entry = item->analyzer->lexicon->get_entry(item->root);
   if (!entry) return item;
-  const SyntaxAtts& syn = syntax_atts();
   AttVec& vec = *item->vec();
   for (const Meaning* meaning : entry->meanings) {
     const AVMeaning* sense = as_avm(meaning);
-    if (!sense || !has_att(*sense->vec, syn.ref)) continue;
+    if (!sense) continue;
+    const SyntaxAtts& syn = syntax_atts(*sense->vec);
+    if (!has_att(*sense->vec, syn.ref)) continue;
     if (value_of(*sense->vec, syn.cat) == value_of(vec, syn.cat))
       vec.unify(*sense->vec, nullptr, 1);
   }
@@ -143,15 +146,15 @@ LexItem* ref_entry(Match*, LexItem* item) {
 
 }  // namespace
 
-void register_lexitem_forms() {
-  register_form<NodeName>();
-  register_form<SetHeadOfLexItem>();
-  register_form<CaseMarkPosition>();
-  register_form<ObliqueCaseMarkPosition>();
-  register_form<IsCaseMarked>();
-  register_form<IsObliqueCaseMarked>();
-  register_function<isolate>("isolate");
-  register_function<ref_entry>("ref-entry");
+void register_lexitem_forms(World& world) {
+  register_form<NodeName>(world);
+  register_form<SetHeadOfLexItem>(world);
+  register_form<CaseMarkPosition>(world);
+  register_form<ObliqueCaseMarkPosition>(world);
+  register_form<IsCaseMarked>(world);
+  register_form<IsObliqueCaseMarked>(world);
+  register_function<isolate>(world, "isolate");
+  register_function<ref_entry>(world, "ref-entry");
 }
 
 }  // namespace torvane

@@ -136,10 +136,10 @@ class Merge {
     return is_false(head_vec(), syn_.cm);
   }
 
-  const SyntaxAtts& syn_ = syntax_atts();
   Link& link_;
   PItem& modifier_;
   PItem& head_;
+  const SyntaxAtts& syn_ = syntax_atts(*head_._atts);
   PItem* merged_ = nullptr;
   std::uint32_t mask_ = 0;
   int hit_ = -1;
@@ -167,7 +167,7 @@ PItem* GCate::make_lexical_item(LexItem* lexitem) {
   const AttVec* vec = lexitem->vec();
   if (vec) item->_atts->unify(*vec, nullptr, 1);
   if (!lexitem_of(*item) && item->_low <= item->_high)
-    store_att(*item->_atts, syntax_atts().lexitem, lexitem);
+    store_att(*item->_atts, syntax_atts(*item->_atts).lexitem, lexitem);
   return item;
 }
 
@@ -209,7 +209,7 @@ bool TorvaneParser::insert_empty_category(PItem& merged, PItem& modifier) {
   discharge(*gap, 0);
   merged._modifier = gap;
   std::swap(merged.order, gap->order);  // an item stands behind what it is made of
-  remove_att(*merged._atts, syntax_atts().move);
+  remove_att(*merged._atts, syntax_atts(*merged._atts).move);
   return true;
 }
 

@@ -26,7 +26,7 @@ GCate* node_of(const PItem& item) {
 }
 
 LexItem* lexitem_of(const PItem& item) {
-  return reinterpret_cast<LexItem*>(value_of(*item._atts, syntax_atts().lexitem));
+  return reinterpret_cast<LexItem*>(value_of(*item._atts, syntax_atts(*item._atts).lexitem));
 }
 
 int head_position(const PItem& item) {
@@ -57,7 +57,7 @@ bool equivalent(const PItem& a, const PItem& b, const LBitSet& visible) {
 }
 
 void stamp_roles(PItem& item) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item._atts);
   AttVecList* move = own_list(*item._atts, syn.move);
   if (!move) return;
   for (int i = 0; i < move->length(); ++i) {
@@ -71,7 +71,7 @@ void stamp_roles(PItem& item) {
 }
 
 void discharge(PItem& item, int i) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item._atts);
   AttVecList* move = own_list(*item._atts, syn.move);
   if (!move) return;
   if (i < 0 || i >= move->length()) {

@@ -247,7 +247,7 @@ float ParseForest::step_cost(const PItem& merged, const Chain& head) {
 }
 
 float ParseForest::dependency_cost(const PItem& merged, const Chain& head_chain) {
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*merged._atts);
   const PItem* head = merged._head_child;
   bool preposition = syn.cat_p != 0 && value_of(*head->_atts, syn.cat) == syn.cat_p;
   if (lexitem_of(*head) || preposition) head = head_chain.word;

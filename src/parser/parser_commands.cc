@@ -1,13 +1,14 @@
 #include "parser/parser_commands.h"
 
 #include <chrono>
-#include <iostream>
 #include <vector>
 
 #include "parser/item_text.h"
+#include "parser/parsing.h"
 #include "parser/sentence_tree.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "support/regexp.h"
 
 namespace torvane {
@@ -23,100 +24,100 @@ Words take_words(IRSlist* form) {
 }
 
 /// The parser, if it can take a sentence now.
-TorvaneParser* open_parser() {
-  TorvaneParser* parser = current_parser();
-  return parser && !refuse_while_parsing("parse", parser->_lex) ? parser : nullptr;
+TorvaneParser* open_parser(World& world) {
+  TorvaneParser* parser = current_parser(world);
+  return parser && !refuse_while_parsing(world, "parse", parser->_lex) ? parser : nullptr;
 }
 
-void parse_and_time(TorvaneParser& parser, const Words& words) {
+void parse_and_time(World& world, TorvaneParser& parser, const Words& words) {
   if (!parser.feed_words(words)) return;
-  std::cout << ";; length: " << parser._lex->last_position() << '\n';
+  world.out() << ";; length: " << parser._lex->last_position() << '\n';
   auto start = std::chrono::steady_clock::now();
   parser.parse_items();
   std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   // Kept: parse-time-blank
-  std::cout << ";; parse time: " << time.count() << " sec. \n";
+  world.out() << ";; parse time: " << time.count() << " sec. \n";
   if (parser._constituency) return;
   SentenceTree tree;
   fill_tree(parser, tree);
-  tree.print(std::cout);
+  tree.print(world, world.out());
 }
 
-Value parse(IRSlist* form) {
-  if (TorvaneParser* parser = open_parser()) parse_and_time(*parser, take_words(form));
+Value parse(World& world, IRSlist* form) {
+  if (TorvaneParser* parser = open_parser(world)) parse_and_time(world, *parser, take_words(form));
   return Value();
 }
 
-void print_result(const TorvaneParser& parser, const SentenceTree& tree) {
-  if (!parser._constituency) tree.print(std::cout);
+void print_result(World& world, const TorvaneParser& parser, const SentenceTree& tree) {
+  if (!parser._constituency) tree.print(world, world.out());
 }
 
-Value parse_words_plainly(IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+Value parse_words_plainly(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   SentenceTree tree;
-  parse_words(take_words(form), tree);
-  print_result(*parser, tree);
+  parse_words(world, take_words(form), tree);
+  print_result(world, *parser, tree);
   return Value();
 }
 
-Value parse_text(IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+Value parse_text(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   SentenceTree tree;
-  parse_sentence(form->get_str_val(), tree);
-  print_result(*parser, tree);
+  parse_sentence(world, form->get_str_val(), tree);
+  print_result(world, *parser, tree);
   return Value();
 }
 
 // The block is the argument list itself, or the one list in it.
-Value reparse(IRSlist* form) {
-  TorvaneParser* parser = open_parser();
+Value reparse(World& world, IRSlist* form) {
+  TorvaneParser* parser = open_parser(world);
   if (!parser) return Value();
   const IRSlist* only = form->length() == 1 ? form->nth(0) : nullptr;
-  Deps deps;
+  Deps deps(world);
   deps.read(only && only->is_list() ? *only : *form);
   Words words;
   for (int i = 1; i < deps.word_count(); ++i) {
     words.push_back(deps.word(i));
-    std::cout << (i > 1 ? " " : "") << deps.word(i);
+    world.out() << (i > 1 ? " " : "") << deps.word(i);
   }
-  std::cout << '\n';
-  parse_and_time(*parser, words);
+  world.out() << '\n';
+  parse_and_time(world, *parser, words);
   return Value();
 }
 
-Value reset_parser(IRSlist*) {
-  if (TorvaneParser* parser = current_parser()) parser->reset();
+Value reset_parser(World& world, IRSlist*) {
+  if (TorvaneParser* parser = current_parser(world)) parser->reset();
   return Value();
 }
 
-Value print_nodes(IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+Value print_nodes(World& world, IRSlist* form) {
+  TorvaneParser* parser = current_parser(world);
   if (!parser) return Value();
   const char* name = form->get_str_val();
   const char* type = form->get_str_val();
   auto wanted = name ? regcomp(name) : nullptr;
   parser->_nodes.for_each([&](const auto& entry) {
     if (wanted && !regexec(wanted.get(), entry.key)) return;
-    std::cout << "Node: " << entry.key << '\n';
+    world.out() << "Node: " << entry.key << '\n';
     if (type) {
-      print_waiting(std::cout, *entry.value, type);
+      print_waiting(world.out(), *entry.value, type);
     } else {
-      print_chart(std::cout, *entry.value);
+      print_chart(world.out(), *entry.value);
     }
   });
   return Value();
 }
 
-Value print_lexitems(IRSlist*) {
-  TorvaneParser* parser = current_parser();
-  if (parser && parser->_lex) parser->_lex->print(std::cout);
+Value print_lexitems(World& world, IRSlist*) {
+  TorvaneParser* parser = current_parser(world);
+  if (parser && parser->_lex) parser->_lex->print(world.out());
   return Value();
 }
 
-Value set_debug_weight(IRSlist* form) {
-  debug_weight = form->get_long_val();
+Value set_debug_weight(World& world, IRSlist* form) {
+  parsing(world).debug_weight = form->get_long_val();
   return Value();
 }
 
@@ -137,17 +138,14 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_parser_commands() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  register_grammar_commands();
-  interpreter().define(kCommands);
-  register_parser_definition();
-  register_p_item_forms();
-  register_word_walk_forms();
-  register_lexitem_forms();
-  register_deps_commands();
+void register_parser_commands(World& world) {
+  register_grammar_commands(world);
+  world.interpreter.define(kCommands);
+  register_parser_definition(world);
+  register_p_item_forms(world);
+  register_word_walk_forms(world);
+  register_lexitem_forms(world);
+  register_deps_commands(world);
 }
 
 }  // namespace torvane

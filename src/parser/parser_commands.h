@@ -3,13 +3,15 @@
 
 namespace torvane {
 
+class World;
+
 /// `def-torvane-parser`, `show-attributes`, `set-reldb`, `set-deps-modifier`, `output-tree`.
-void register_parser_definition();
+void register_parser_definition(World& world);
 /// The forms that read and change items.
-void register_p_item_forms();
+void register_p_item_forms(World& world);
 /// The forms that look at the words around an item.
-void register_word_walk_forms();
+void register_word_walk_forms(World& world);
 /// The forms on lexical items and word positions, and the functions of lexical rules.
-void register_lexitem_forms();
+void register_lexitem_forms(World& world);
 
 }  // namespace torvane

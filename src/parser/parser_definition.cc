@@ -1,6 +1,5 @@
 // The making of a parser from its form, and the commands that change its settings.
 #include <algorithm>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -8,10 +7,13 @@
 #include "att/att_interpreter_list.h"
 #include "att/text_atts.h"
 #include "parser/parser_commands.h"
+#include "parser/parsing.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -29,9 +31,9 @@ AttSet read_atts(const IRSlist* names, const AttInterpreterList* type, const cha
       atts.set(index);
       return;
     }
-    std::cerr << what << ": ";
-    name.print_item(std::cerr);
-    std::cerr << " is not an attribute name\n";
+    messages() << what << ": ";
+    name.print_item(messages());
+    messages() << " is not an attribute name\n";
   };
   if (names->is_atom()) add(*names);
   for (const IRSlist* name : names->items) add(*name);
@@ -45,13 +47,13 @@ AttSet all_atts(const AttInterpreterList* type) {
 }
 
 template <class T>
-T* named_object(IRSlist* form, const char* keyword, const char* type) {
+T* named_object(World& world, IRSlist* form, const char* keyword, const char* type) {
   const char* name = form->take_keyword_str(keyword);
-  return name ? find_object_as<T>(name, type, true) : nullptr;
+  return name ? world.objects.find_as<T>(name, type, true) : nullptr;
 }
 
-void read_bad_triples(TorvaneParser& parser, const char* file_name) {
-  Ref<Stream> file = open_file(file_name);
+void read_bad_triples(World& world, TorvaneParser& parser, const char* file_name) {
+  Ref<Stream> file = world.files.open(file_name);
   if (!file || !file->in()) return;
   parser._bad_triples = std::make_unique<NameTable<char>>(kBadTripleBuckets);
   for (std::string line; std::getline(*file->in(), line);) {
@@ -72,13 +74,13 @@ void open_lexitem_att(const AttInterpreterList* type) {
   att->viewer = [](AttWord value) { return Value::of(reinterpret_cast<const LexItem*>(value)); };
 }
 
-void read_settings(TorvaneParser& parser, IRSlist* form) {
+void read_settings(World& world, TorvaneParser& parser, IRSlist* form) {
   auto take_atts = [&](const char* keyword, const char* what) {
     auto names = form->take_keyword_node(keyword, false);
     return read_atts(names.get(), parser._att_type, what);
   };
   parser._att_type =
-      named_object<AttInterpreterList>(form, ":attribute-vector-type", "AttInterpreterList");
+      named_object<AttInterpreterList>(world, form, ":attribute-vector-type", "AttInterpreterList");
   open_lexitem_att(parser._att_type);
   AttSet lexical = take_atts(":lexical-attributes", "lexical attributes");
   parser._non_lexical = all_atts(parser._att_type) & lexical.complement();
@@ -86,41 +88,44 @@ void read_settings(TorvaneParser& parser, IRSlist* form) {
   parser._percolating =
       take_atts(":default-percolating-attributes", "default percolating attributes");
   auto weights = form->take_keyword_node(":weights-of-words", false);
-  if (weights) parser._word_weight = LExp::get_exp(weights.get());
-  parser._lex = named_object<LexAnalyzer>(form, ":lexical-analyzer", "LexAnalyzer");
-  if (const char* file = form->take_keyword_str(":bad-triples")) read_bad_triples(parser, file);
+  if (weights) parser._word_weight = LExp::get_exp(world, weights.get());
+  parser._lex = named_object<LexAnalyzer>(world, form, ":lexical-analyzer", "LexAnalyzer");
+  if (const char* file = form->take_keyword_str(":bad-triples"))
+    read_bad_triples(world, parser, file);
   const char* category = form->take_keyword_str(":empty-category");
   const char* relation = form->take_keyword_str(":empty-category-rel");
   if (category || relation)
     parser.set_empty_category(category ? category : "EC", relation ? relation : "ECR");
 }
 
-Value def_torvane_parser(IRSlist* form) {
-  if (refuse_while_parsing("def-torvane-parser")) return Value();
+Value def_torvane_parser(World& world, IRSlist* form) {
+  if (refuse_while_parsing(world, "def-torvane-parser")) return Value();
   const char* name = form->get_str_val();
   if (!name) {
-    std::cerr << "def-torvane-parser: a parser must have a name\n";
+    messages() << "def-torvane-parser: a parser must have a name\n";
     return Value();
   }
   long size = kDefaultHashtableSize;
   form->find_keyword_long(":hashtable-size", size);
   constexpr long kMostBuckets = 1 << 20;
   if (size > kMostBuckets) size = kDefaultHashtableSize;
-  static auto& parsers = *new std::vector<std::unique_ptr<TorvaneParser>>;
-  parsers.push_back(std::make_unique<TorvaneParser>(name, static_cast<int>(std::max(size, 1L))));
+  auto& parsers = parsing(world).parsers;
+  parsers.push_back(
+      std::make_unique<TorvaneParser>(world, name, static_cast<int>(std::max(size, 1L))));
   TorvaneParser* parser = parsers.back().get();
-  register_object(name, Value::of(parser), "TorvaneParser");
-  read_settings(*parser, form);
+  world.objects.add(name, Value::of(parser), "TorvaneParser");
+  read_settings(world, *parser, form);
   return Value();
 }
 
-Value output_tree(IRSlist* form) {
-  if (TorvaneParser* parser = current_parser()) parser->_constituency = form->get_long_val() != 0;
+Value output_tree(World& world, IRSlist* form) {
+  if (TorvaneParser* parser = current_parser(world))
+    parser->_constituency = form->get_long_val() != 0;
   return Value();
 }
 
-Value show_attributes(IRSlist* form) {
-  TorvaneParser* parser = current_parser();
+Value show_attributes(World& world, IRSlist* form) {
+  TorvaneParser* parser = current_parser(world);
   if (!parser) return Value();
   const IRSlist* names = form;
   if (const IRSlist* first = form->nth(0); first && first->is_list()) names = first;
@@ -130,22 +135,22 @@ Value show_attributes(IRSlist* form) {
   return Value();
 }
 
-TorvaneParser* take_parser(IRSlist* form) {
-  return find_object_as<TorvaneParser>(form->get_str_val(), "TorvaneParser", true);
+TorvaneParser* take_parser(World& world, IRSlist* form) {
+  return world.objects.find_as<TorvaneParser>(form->get_str_val(), "TorvaneParser", true);
 }
 
-Value set_reldb(IRSlist* form) {
-  if (!current_parser()) return Value();
-  TorvaneParser* parser = take_parser(form);
-  Value database = find_object(form->get_str_val(), "TripleDb", true);
+Value set_reldb(World& world, IRSlist* form) {
+  if (!current_parser(world)) return Value();
+  TorvaneParser* parser = take_parser(world, form);
+  Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
   if (parser && database && dep_statistics_of) parser->_reldb = dep_statistics_of(database);
   return Value();
 }
 
-Value set_deps_modifier(IRSlist* form) {
-  if (!current_parser()) return Value();
-  TorvaneParser* parser = take_parser(form);
-  auto* modifier = find_object_as<DepsModifier>(form->get_str_val(), "TreeModifier", true);
+Value set_deps_modifier(World& world, IRSlist* form) {
+  if (!current_parser(world)) return Value();
+  TorvaneParser* parser = take_parser(world, form);
+  auto* modifier = world.objects.find_as<DepsModifier>(form->get_str_val(), "TreeModifier", true);
   if (parser && modifier) parser->_deps_modifier = modifier;
   return Value();
 }
@@ -168,8 +173,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_parser_definition() {
-  interpreter().define(kCommands);
+void register_parser_definition(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -136,7 +136,7 @@ int GCate::next_left(int position, int q, PItem* item, PItem*& adjunct) {
     comma = true;
   }
   for (PItem* found : node->bucket(node->_n_positions, end)) {
-    if (found->_low > q || is_false(*found->_atts, syntax_atts().guest)) continue;
+    if (found->_low > q || is_false(*found->_atts, syntax_atts(*found->_atts).guest)) continue;
     int length = found->_high - found->_low;
     // Kept: long-adjunct-ends-search
     if (length >= item->_high - item->_low || length > 4) return -1;
@@ -173,7 +173,7 @@ void GCate::attach_right(PItem* modifier, Link* link) {
 
 int GCate::add_item(PItem* item, int position) {
   if (position < 0 || item->_high < 0) return 0;
-  const SyntaxAtts& syn = syntax_atts();
+  const SyntaxAtts& syn = syntax_atts(*item->_atts);
   bool ready = true;
   int lower = position;
   int upper = position;

@@ -1,10 +1,11 @@
 // The row of positions of a node, as a grammar file writes it.
 #include <cstring>
-#include <iostream>
 
 #include "parser/grammar.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -49,7 +50,7 @@ std::vector<Link*> GCate::start_positions(int n) {
 void GCate::build_positions(IRSlist* positions) {
   int n = positions->length();
   if (n > kMostPositions) {
-    std::cerr << "def-modifiers: " << _name << " has too many positions\n";
+    messages() << "def-modifiers: " << _name << " has too many positions\n";
     return;
   }
   std::vector<Link*> kept = start_positions(n);
@@ -69,7 +70,7 @@ void GCate::build_positions(IRSlist* positions) {
 
 void GCate::read_position(IRSlist* form, int position) {
   auto skip_word = form->take_keyword_node(":skip-word");
-  _skip_conds.push_back(skip_word ? LExp::get_exp(skip_word.get()) : nullptr);
+  _skip_conds.push_back(skip_word ? LExp::get_exp(_parser->_world, skip_word.get()) : nullptr);
   // Kept: unknown-mark-is-dropped
   while (!form->empty() && form->nth(0)->is_atom()) {
     const char* marker = form->get_str_val();
@@ -95,7 +96,7 @@ void GCate::read_link(IRSlist* form, int position) {
   const char* name = form->is_atom() ? form->atom : form->get_str_val();
   GCate* child = form->is_atom() ? nullptr : _parser->get_node(name, false);
   if (!child) {
-    std::cerr << "Node: " << or_empty(name) << " is not defined\n";
+    messages() << "Node: " << or_empty(name) << " is not defined\n";
     return;
   }
   Link* link = _parser->make_link(this, child);
@@ -104,7 +105,7 @@ void GCate::read_link(IRSlist* form, int position) {
   if (bit(_skip_adjunct, position)) link->_no_guest = 0;
   child->add_out_link(link);
   _parser->current_link = link;
-  for (IRSlist* command : form->items) interpreter().eval(*command);
+  for (IRSlist* command : form->items) _parser->_world.interpreter.eval(*command);
   _parser->current_link = nullptr;
 }
 

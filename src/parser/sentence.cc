@@ -1,11 +1,12 @@
 // One sentence through the parser: words to the analyser, its items to their nodes.
 #include <algorithm>
-#include <iostream>
 #include <limits>
 
 #include "lexp/lexp.h"
-#include "parser/torvane_parser.h"
+#include "parser/parsing.h"
+#include "shell/world.h"
 #include "support/depth.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -15,25 +16,27 @@ constexpr int kDefaultWeight = 18;
 
 // The charts, the pool and the analyser hold one sentence. What runs while they do (rules,
 // conditions, tree rules) may run any command.
-bool g_parsing = false;
-
-class Parsing {
+class Busy {
  public:
-  Parsing() { g_parsing = true; }
-  ~Parsing() { g_parsing = false; }
-  Parsing(const Parsing&) = delete;
-  Parsing& operator=(const Parsing&) = delete;
+  explicit Busy(World& world) : busy_(parsing(world).busy) { busy_ = true; }
+  ~Busy() { busy_ = false; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
 
  private:
+  bool& busy_;
   Round round_;
 };
 
 /// As one made for this sentence: it takes the default that stands now.
-TokenizerBase& sentence_tokenizer() {
+TokenizerBase& sentence_tokenizer(World& world) {
   // Kept: return-is-no-blank
-  static Tokenizer tokenizer(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0, 0, 4096, 512);
-  tokenizer.double_byte = TokenizerBase::default_double_byte;
-  return tokenizer;
+  std::unique_ptr<Tokenizer>& tokenizer = parsing(world).sentence_tokenizer;
+  if (!tokenizer)
+    tokenizer = std::make_unique<Tokenizer>(" \t\n", "(){}[];!?$`'\"-", "(){}[];,:?!@`\"-", "", 0,
+                                            0, 4096, 512, world.double_byte);
+  tokenizer->double_byte = world.double_byte;
+  return *tokenizer;
 }
 
 /// The number behind `word` in a list "STRING NUMBER STRING NUMBER ...".
@@ -76,21 +79,21 @@ int category_weight(Lexicon* lexicon, const LexItem& item) {
 
 }  // namespace
 
-bool refuse_while_parsing(const char* what, const LexAnalyzer* lex) {
-  bool busy = g_parsing || (lex && lex->analyzing);
-  if (busy) std::cerr << what << ": a sentence is being parsed\n";
+bool refuse_while_parsing(World& world, const char* what, const LexAnalyzer* lex) {
+  bool busy = parsing(world).busy || (lex && lex->analyzing);
+  if (busy) messages() << what << ": a sentence is being parsed\n";
   return busy;
 }
 
 template <class AddWords>
 bool TorvaneParser::feed_with(AddWords add_words) {
-  if (refuse_while_parsing("parse", _lex)) return false;
+  if (refuse_while_parsing(_world, "parse", _lex)) return false;
   forget_result();
   if (!_lex) return false;
   reset();
   lifetimes().settle();
   lift_depth_limits();
-  Parsing parsing;
+  Busy busy(_world);
   add_words(*_lex);
   _lex->analyze();
   return true;
@@ -98,7 +101,7 @@ bool TorvaneParser::feed_with(AddWords add_words) {
 
 bool TorvaneParser::feed(const char* text, TokenizerBase* tokenizer) {
   return feed_with([&](LexAnalyzer& lex) {
-    TokenizerBase& tokens = tokenizer ? *tokenizer : sentence_tokenizer();
+    TokenizerBase& tokens = tokenizer ? *tokenizer : sentence_tokenizer(_world);
     tokens.reset_tokens();
     tokens.set_string_input(or_empty(text), -1);
     while (const char* token = tokens.next_token()) {
@@ -151,8 +154,8 @@ bool TorvaneParser::collect_items() {
 }
 
 void TorvaneParser::parse_items() {
-  if (refuse_while_parsing("parse", _lex)) return;
-  Parsing parsing;
+  if (refuse_while_parsing(_world, "parse", _lex)) return;
+  Busy busy(_world);
   forget_result();
   // Kept: too-many-readings
   if (!_lex || !collect_items()) return;

@@ -131,23 +131,20 @@ void fill_tree(TorvaneParser& parser, SentenceTree& tree) {
   tree.root->attach(copy);
 }
 
-void parse_sentence(const char* text, SentenceTree& tree) {
-  TorvaneParser* parser = current_parser();
+void parse_sentence(World& world, const char* text, SentenceTree& tree) {
+  TorvaneParser* parser = current_parser(world);
   if (text && parser && parser->feed(text, nullptr)) parse_fed(*parser, tree);
 }
 
-void parse_words(const std::vector<const char*>& words, SentenceTree& tree) {
-  TorvaneParser* parser = current_parser();
+void parse_words(World& world, const std::vector<const char*>& words, SentenceTree& tree) {
+  TorvaneParser* parser = current_parser(world);
   if (parser && parser->feed_words(words)) parse_fed(*parser, tree);
 }
 
-const char* quote_word(const char* text) {
-  if (!text || !needs_quotes(text, QuoteComma::no)) return text;
-  static StrBufs buffer(512);
-  buffer.reset();
+std::string quote_word(const char* text) {
   std::string quoted;
   append_quoted(quoted, text, QuoteComma::no);
-  return buffer.copy(quoted);
+  return quoted;
 }
 
 }  // namespace torvane

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "support/array.h"
@@ -13,6 +14,7 @@
 
 namespace torvane {
 
+class World;
 class TorvaneParser;
 class SentenceTree;
 
@@ -46,7 +48,7 @@ class SentenceTree {
   SentenceNode* new_node();
   void reset();
   /// As an indented s-expression.
-  void print(std::ostream& out) const;
+  void print(World& world, std::ostream& out) const;
 
  private:
   std::deque<SentenceNode> nodes_;
@@ -54,15 +56,15 @@ class SentenceTree {
 
 /// Parses a text (a row of words) with the current parser and fills the tree. Without a text or a
 /// parser nothing happens.
-void parse_sentence(const char* text, SentenceTree& tree);
-void parse_words(const std::vector<const char*>& words, SentenceTree& tree);
+void parse_sentence(World& world, const char* text, SentenceTree& tree);
+void parse_words(World& world, const std::vector<const char*>& words, SentenceTree& tree);
 /// Takes the finished parse out of the parser.
 void fill_tree(TorvaneParser& parser, SentenceTree& tree);
 
-/// One line a word, in sentence order, on standard output; a null node prints as an empty tree.
-void print_tree(const SentenceNode* node);
+/// One line a word, in sentence order; a null node prints as an empty tree.
+void print_tree(std::ostream& out, const SentenceNode* node);
 
-/// The text as an atom: null for null; valid until the next call.
-const char* quote_word(const char* text);
+/// The text as an atom.
+std::string quote_word(const char* text);
 
 }  // namespace torvane

@@ -1,9 +1,12 @@
 #include "parser/syntax_atts.h"
 
 #include <cstring>
-#include <iostream>
 
+#include "att/attributes.h"
+#include "parser/parsing.h"
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 
 namespace torvane {
 namespace {
@@ -74,34 +77,34 @@ constexpr CategoryValue kCategories[] = {
     {"p", &SyntaxAtts::cat_p}, {"v", &SyntaxAtts::cat_v},
 };
 
-int find_att(const AttInterpreterList* type, const Role& role) {
-  int index = AttInterpreterList::get_att(kTypeName, role.name);
+int find_att(World& world, const AttInterpreterList* type, const Role& role) {
+  int index = get_att(world, kTypeName, role.name);
   const AttInterpreter* att = type ? type->at(index) : nullptr;
   if (!att) return -1;
   if (usable(*att, role.use)) return index;
-  std::cerr << "init-attributes: " << role.name << " cannot be of the class " << att->type_name()
-            << '\n';
+  messages() << "init-attributes: " << role.name << " cannot be of the class " << att->type_name()
+             << '\n';
   return -1;
 }
 
-Value init_attributes(IRSlist*) {
+Value init_attributes(World& world, IRSlist*) {
   SyntaxAtts found;
-  found.type = AttInterpreterList::find(kTypeName, false);
-  for (const Role& role : kRoles) found.*role.index = find_att(found.type, role);
-  found.wh = AttInterpreterList::get_att(kTypeName, "slash", "wh");
+  found.type = find_att_list(world, kTypeName, false);
+  for (const Role& role : kRoles) found.*role.index = find_att(world, found.type, role);
+  found.wh = get_att(world, kTypeName, "slash", "wh");
   for (const CategoryValue& category : kCategories)
-    found.*category.value = AttInterpreterList::get_att(kTypeName, "cat", category.name);
-  syntax_detail::handles = found;
+    found.*category.value = get_att(world, kTypeName, "cat", category.name);
+  SyntaxAtts& handles = parsing(world).atts;
+  if (handles.type) handles.type->roles = nullptr;
+  handles = found;
+  if (handles.type) handles.type->roles = &handles;
   return Value();
 }
 
 }  // namespace
 
-void register_init_attributes() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  interpreter().define("init-attributes", init_attributes, nullptr);
+void register_init_attributes(World& world) {
+  world.interpreter.define("init-attributes", init_attributes, nullptr);
 }
 
 }  // namespace torvane

@@ -8,7 +8,9 @@
 
 namespace torvane {
 
-struct SyntaxAtts {
+class World;
+
+struct SyntaxAtts : AttRoles {
   AttInterpreterList* type = nullptr;
   int args = -1, cm = -1, cat = -1, cform = -1, check = -1, control = -1, govern = -1, guest = -1,
       head_final = -1, last_conj = -1, lexitem = -1, move = -1, node = -1, opt = -1, pform = -1,
@@ -17,17 +19,17 @@ struct SyntaxAtts {
   AttWord cat_a = 0, cat_c = 0, cat_d = 0, cat_i = 0, cat_j = 0, cat_n = 0, cat_p = 0, cat_v = 0;
 };
 
-namespace syntax_detail {
-inline SyntaxAtts handles;
-}
-/// The handles of the run.
-inline const SyntaxAtts& syntax_atts() {
-  return syntax_detail::handles;
+inline constexpr SyntaxAtts kNoSyntaxAtts{};
+
+/// The handles for a vector.
+inline const SyntaxAtts& syntax_atts(const AttVec& vec) {
+  const AttRoles* roles = vec.interpreters ? vec.interpreters->roles : nullptr;
+  return roles ? static_cast<const SyntaxAtts&>(*roles) : kNoSyntaxAtts;
 }
 
 /// The index can be used on the vector.
 inline bool readable(const AttVec& vec, int att) {
-  return att >= 0 && vec.interpreters == syntax_atts().type;
+  return att >= 0 && vec.interpreters && vec.interpreters->roles;
 }
 inline bool has_att(const AttVec& vec, int att) {
   return readable(vec, att) && vec.has(att);
@@ -71,6 +73,6 @@ inline AttVecList* own_list(AttVec& vec, int att) {
 }
 
 /// The command `init-attributes`.
-void register_init_attributes();
+void register_init_attributes(World& world);
 
 }  // namespace torvane

@@ -1,8 +1,9 @@
 #include "parser/torvane_parser.h"
 
 #include <algorithm>
-#include <iostream>
 #include <limits>
+
+#include "parser/parsing.h"
 
 namespace torvane {
 namespace {
@@ -10,24 +11,23 @@ namespace {
 constexpr int kPoolReserve = 2000;
 constexpr std::pair<int, int> kNoLimits{-1, std::numeric_limits<int>::max()};
 
-TorvaneParser* g_current = nullptr;
-
 }  // namespace
 
-TorvaneParser* current_parser() {
-  return g_current;
+TorvaneParser* current_parser(World& world) {
+  return parsing(world).current;
 }
 
-TorvaneParser::TorvaneParser(const char* name, int hashtable_size)
-    : _nodes(hashtable_size), _name(or_empty(name)) {
+TorvaneParser::TorvaneParser(World& world, const char* name, int hashtable_size)
+    : _world(world), _nodes(hashtable_size), _name(or_empty(name)) {
   _pool.reserve(kPoolReserve);
   set_empty_category("EC", "ECR");
   // Kept: last-parser-is-current
-  g_current = this;
+  parsing(world).current = this;
 }
 
 TorvaneParser::~TorvaneParser() {
-  if (g_current == this) g_current = nullptr;
+  Parsing& ours = parsing(_world);
+  if (ours.current == this) ours.current = nullptr;
 }
 
 GCate* TorvaneParser::get_node(const char* name, bool create) {
@@ -85,7 +85,7 @@ bool TorvaneParser::span_allowed(int low, int high) const {
 }
 
 void TorvaneParser::reset() {
-  if (refuse_while_parsing("reset-parser", _lex)) return;
+  if (refuse_while_parsing(_world, "reset-parser", _lex)) return;
   std::fill_n(_spans.begin(), limited_words_, kNoLimits);
   limited_words_ = 0;
   for (GCate* node : touched_nodes_) node->reset_sentence();
@@ -96,7 +96,7 @@ void TorvaneParser::reset() {
   items_made_ = 0;
   case_marks.reset();
   oblique_case_marks.reset();
-  if (debug_weight && _cost_cache) _cost_cache->clear();
+  if (parsing(_world).debug_weight && _cost_cache) _cost_cache->clear();
   if (_lex) _lex->reset();
 }
 

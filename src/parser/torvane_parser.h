@@ -21,6 +21,8 @@
 
 namespace torvane {
 
+class World;
+
 /// One record of the root table.
 struct RootRule {
   GCate* node;
@@ -32,11 +34,12 @@ class TorvaneParser {
  public:
   static constexpr int kPoolLimit = 40000;  ///< items a sentence
 
-  TorvaneParser(const char* name, int hashtable_size);
+  TorvaneParser(World& world, const char* name, int hashtable_size);
   ~TorvaneParser();
   TorvaneParser(const TorvaneParser&) = delete;
   TorvaneParser& operator=(const TorvaneParser&) = delete;
 
+  World& _world;
   NameTable<GCate*> _nodes;
   std::string _name;
   LexAnalyzer* _lex = nullptr;
@@ -144,12 +147,12 @@ template <>
 struct ValueTraits<TorvaneParser> : TagOf<TorvaneParser, tags::torvane_parser> {};
 
 /// The last parser made, or null.
-TorvaneParser* current_parser();
+TorvaneParser* current_parser(World& world);
 /// True, with a report, while a sentence is being analysed or parsed: no other can be started, and
 /// the network stays as it is.
-bool refuse_while_parsing(const char* what, const LexAnalyzer* lex = nullptr);
+bool refuse_while_parsing(World& world, const char* what, const LexAnalyzer* lex = nullptr);
 
 /// Commands and expressions of the parser, the grammar commands among them.
-void register_parser_commands();
+void register_parser_commands(World& world);
 
 }  // namespace torvane

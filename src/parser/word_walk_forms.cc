@@ -9,9 +9,9 @@ namespace {
 /// The words of the sentence that an item is of.
 class Words {
  public:
-  explicit Words(const PItem& item) {
+  Words(World& world, const PItem& item) {
     const GCate* node = node_of(item);
-    parser_ = node ? node->_parser : current_parser();
+    parser_ = node ? node->_parser : current_parser(world);
   }
   LexAnalyzer* lex() const { return parser_ ? parser_->_lex : nullptr; }
   const char* word(int i) const { return parser_ ? parser_->word(i) : nullptr; }
@@ -38,7 +38,7 @@ class Words {
 struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-head-word";
   Value step(PItem& item) const {
-    LexAnalyzer* lex = Words(item).lex();
+    LexAnalyzer* lex = Words(this->world(), item).lex();
     // Kept: head-word-is-all-words
     return lex ? lex->text_value(lex->surface(item._low, item._high)) : Value();
   }
@@ -47,7 +47,7 @@ struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
 struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-preceding-word";
   Value step(PItem& item) const {
-    Words words(item);
+    Words words(this->world(), item);
     return words.value(words.word(words.before(item._low)));
   }
 };
@@ -59,15 +59,15 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     in_type = type_id_of<PItem>();
     mid_type = type_id_of<const char*>();
   }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     no_skip_ = args->take_flag(":no-skip");
-    LAdaptor::init(args);
+    LAdaptor::init(world, args);
   }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
-    Words words(*item);
+    Words words(this->world(), *item);
     const char* last = words.word(item->_high);
     if (sub && last && words.holds(sub, last)) return words.value(last);
     Value next = convert(input);
@@ -76,7 +76,7 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
   Value convert(Value input) override {
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
-    Words words(*item);
+    Words words(this->world(), *item);
     return words.value(words.word(words.behind(item->_high, no_skip_)));
   }
 
@@ -88,14 +88,15 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
 template <class D>
 struct WordForm : Form<D> {
   WordForm() { this->in_type = this->out_type = type_id_of<PItem>(); }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     no_skip_ = args->take_flag(":no-skip");
-    if (auto form = args->pop_front()) condition_ = LExp::get_exp(form.get());
+    if (auto form = args->pop_front()) condition_ = LExp::get_exp(world, form.get());
   }
   Value eval(Value input, int input_type) override {
     if (!this->accepts(input_type)) return Value();
     PItem* item = input.as<PItem>();
-    return item && static_cast<D*>(this)->apply(*item, Words(*item)) ? input : Value();
+    return item && static_cast<D*>(this)->apply(*item, Words(this->world(), *item)) ? input
+                                                                                    : Value();
   }
 
  protected:
@@ -138,13 +139,13 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
 
 }  // namespace
 
-void register_word_walk_forms() {
-  register_form<PItemHeadWord>();
-  register_form<PItemPrecedingWord>();
-  register_form<PItemFollowingWord>();
-  register_form<PItemFollowedByOrEndWithWord>();
-  register_form<IncludeFollowingWord>();
-  register_form<IncludePrecedingWord>();
+void register_word_walk_forms(World& world) {
+  register_form<PItemHeadWord>(world);
+  register_form<PItemPrecedingWord>(world);
+  register_form<PItemFollowingWord>(world);
+  register_form<PItemFollowedByOrEndWithWord>(world);
+  register_form<IncludeFollowingWord>(world);
+  register_form<IncludePrecedingWord>(world);
 }
 
 }  // namespace torvane

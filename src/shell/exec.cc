@@ -1,90 +1,73 @@
 #include "shell/exec.h"
 
 #include <algorithm>
-#include <iostream>
-#include <optional>
 #include <string_view>
 #include <vector>
 
-#include "shell/macro.h"
+#include "shell/world.h"
 #include "support/depth.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
 
 namespace {
 
-Exec* first_exec = nullptr;
+constexpr std::size_t kMostNested = 500;
+constexpr std::size_t kStackNeeded = 4 << 20;
 
-// What is being run, outermost first: files by their paths, macros by their names.
-std::vector<std::string> running;
+thread_local DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
 
-// After a file or macro has run itself too often, nothing that is running already is entered again,
-// until the outermost one that was entered twice has ended: otherwise one that runs itself at two
-// places would go on nearly for ever.
-bool refusing = false;
-std::size_t refuse_above = 0;
+}  // namespace
 
-bool is_running(std::string_view source, std::size_t from = 0) {
-  auto begin = running.begin() + static_cast<std::ptrdiff_t>(from);
-  return std::find(begin, running.end(), source) != running.end();
-}
-
-// The place of the outermost source that runs more than once, with `source` on top of the rest.
-std::size_t outermost_repeated(std::string_view source) {
-  std::size_t i = 0;
-  while (i + 1 < running.size() && running[i] != source && !is_running(running[i], i + 1)) ++i;
-  return i;
-}
-
-class NestedRun {
+class Exec::NestedRun {
  public:
-  explicit NestedRun(const char* source) : entered_(may_enter(source)) {
-    if (entered_) running.emplace_back(source);
+  NestedRun(Exec& exec, const char* source) : exec_(exec), entered_(exec.may_enter(source)) {
+    if (entered_) exec_.running_.emplace_back(source);
   }
   ~NestedRun() {
-    if (entered_) running.pop_back();
+    if (entered_) exec_.running_.pop_back();
   }
   NestedRun(const NestedRun&) = delete;
   NestedRun& operator=(const NestedRun&) = delete;
   explicit operator bool() const { return entered_; }
 
  private:
-  static constexpr std::size_t kMostNested = 500;
-  static constexpr std::size_t kStackNeeded = 4 << 20;
-
-  static bool may_enter(const char* source) {
-    refusing = refusing && running.size() > refuse_above;
-    if (refusing && is_running(source)) return false;
-    if (running.size() < kMostNested && stack_left() > kStackNeeded) return true;
-    std::cerr << "load: nested too deeply: " << source << '\n';
-    refusing = true;
-    refuse_above = outermost_repeated(source);
-    return false;
-  }
-
+  Exec& exec_;
   bool entered_;
 };
 
-thread_local DepthLimit head_limit{"eval: the name of a command is nested too deeply", 100000};
-
-}  // namespace
-
-Exec& interpreter() {
-  if (!first_exec) first_exec = new Exec;
-  return *first_exec;
+bool Exec::is_running(std::string_view source, std::size_t from) const {
+  auto begin = running_.begin() + static_cast<std::ptrdiff_t>(from);
+  return std::find(begin, running_.end(), source) != running_.end();
 }
 
-Exec::Exec(std::unique_ptr<TokenizerBase> given, char open, char close)
-    : commands(1997), open_char(open), close_char(close), own_tokenizer_(std::move(given)) {
-  if (!first_exec) first_exec = this;
-  if (!own_tokenizer_) own_tokenizer_ = Tokenizer::make_default();
+// The place of the outermost source that runs more than once, with `source` on top of the rest.
+std::size_t Exec::outermost_repeated(std::string_view source) const {
+  std::size_t i = 0;
+  while (i + 1 < running_.size() && running_[i] != source && !is_running(running_[i], i + 1)) ++i;
+  return i;
+}
+
+bool Exec::may_enter(const char* source) {
+  refusing_ = refusing_ && running_.size() > refuse_above_;
+  if (refusing_ && is_running(source)) return false;
+  if (running_.size() < kMostNested && stack_left() > kStackNeeded) return true;
+  messages() << "load: nested too deeply: " << source << '\n';
+  refusing_ = true;
+  refuse_above_ = outermost_repeated(source);
+  return false;
+}
+
+Exec::Exec(World& its_world, std::unique_ptr<TokenizerBase> given, char open, char close)
+    : commands(1997),
+      open_char(open),
+      close_char(close),
+      world_(its_world),
+      own_tokenizer_(std::move(given)) {
+  if (!own_tokenizer_) own_tokenizer_ = Tokenizer::make_default(false);
   tokenizer = own_tokenizer_.get();
   define(builtin_commands());
-}
-
-Exec::~Exec() {
-  if (first_exec == this) first_exec = nullptr;
 }
 
 void Exec::define(const char* name, Handler handler, const char* doc) {
@@ -113,7 +96,7 @@ void Exec::load(Stream* stream) {
 }
 
 void Exec::load(Stream* stream, const char* source) {
-  NestedRun run(source);
+  NestedRun run(*this, source);
   if (!run) return;
   Tokenizer local(*tokenizer);
   local.set_input(stream);
@@ -122,11 +105,11 @@ void Exec::load(Stream* stream, const char* source) {
   bool more = true;
   while (more) {
     local.reset_tokens();
-    if (prompt) std::cout << "> " << std::flush;
+    if (prompt) world_.out() << "> " << std::flush;
     more = read_and_run();
     round.next();
   }
-  if (prompt) std::cout << std::endl;
+  if (prompt) world_.out() << std::endl;
   tokenizer = outer;
 }
 
@@ -142,24 +125,24 @@ bool Exec::read_and_run() {
   IRSlist form;
   if (form.read(*tokenizer, open_char, close_char)) {
     if (show_commands) {
-      form.print_item(std::cerr);
-      std::cerr << '\n';
+      form.print_item(messages());
+      messages() << '\n';
     }
     eval(form);
     form.clear();
   }
-  if (frees_values && running.size() == 1) lifetimes().free_all();
+  if (frees_values && running_.size() == 1) lifetimes().free_all();
   lift_depth_limits();
   return tokenizer->more_input;
 }
 
 Value Exec::eval(IRSlist& form) {
   if (form.empty()) return Value();
-  const Macro* macro = find_macro(form);
+  const Macro* macro = world_.macros.find(form);
   if (!macro) return run_command(form);
-  ExpansionScope scope;
+  ExpansionScope scope(world_.macros);
   const char* name = form.nth_str_val(0);
-  const std::string expansion = expand_macro(*macro, form);
+  const std::string expansion = world_.macros.expand(*macro, form);
   bool outer_prompt = std::exchange(prompt, false);
   run_text(expansion, name);
   prompt = outer_prompt;
@@ -175,11 +158,11 @@ Value Exec::run_command(IRSlist& form) {
     Value computed = guard ? eval(*head) : Value();
     if (computed.is(tags::name)) name = computed.text();
   }
-  if (Handler handler = find(name)) return handler(&form);
+  if (Handler handler = find(name)) return handler(world_, &form);
   // Kept: errors-stop-nothing
-  std::cerr << "unknown function " << or_empty(name) << '\n';
-  form.print(std::cerr);
-  std::cerr << '\n';
+  messages() << "unknown function " << or_empty(name) << '\n';
+  form.print(messages());
+  messages() << '\n';
   return Value();
 }
 

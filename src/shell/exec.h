@@ -6,6 +6,8 @@
 #include <ostream>
 #include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "shell/help.h"
 #include "shell/irslist.h"
@@ -14,9 +16,11 @@
 
 namespace torvane {
 
-/// A command's work: its form without the name in, any object out. What it returns is owned
-/// elsewhere.
-using Handler = Value (*)(IRSlist* form);
+class World;
+
+/// A command's work: its world and its form without the name in, any object out. What it returns is
+/// owned elsewhere.
+using Handler = Value (*)(World& world, IRSlist* form);
 
 /// One row of a module's command table.
 struct Command {
@@ -28,9 +32,8 @@ struct Command {
 class Exec {
  public:
   /// With a null tokenizer, one with the classes of the configuration language.
-  explicit Exec(std::unique_ptr<TokenizerBase> given = nullptr, char open = '(', char close = ')');
-
-  ~Exec();
+  explicit Exec(World& its_world, std::unique_ptr<TokenizerBase> given = nullptr, char open = '(',
+                char close = ')');
   Exec(const Exec&) = delete;
   Exec& operator=(const Exec&) = delete;
 
@@ -63,20 +66,30 @@ class Exec {
   bool frees_values = false;
 
  private:
+  class NestedRun;
+
   void load(Stream* stream, const char* source);
+  bool is_running(std::string_view source, std::size_t from = 0) const;
+  std::size_t outermost_repeated(std::string_view source) const;
+  bool may_enter(const char* source);
   void run_text(const std::string& text, const char* source);
   Value run_command(IRSlist& form);
 
+  World& world_;
   std::unique_ptr<TokenizerBase> own_tokenizer_;
+  /// What is being run, outermost first: files by their paths, macros by their names.
+  std::vector<std::string> running_;
+  /// After a file or macro has run itself too often, nothing that is running already is entered
+  /// again, until the outermost one that was entered twice has ended: otherwise one that runs
+  /// itself at two places would go on nearly for ever.
+  bool refusing_ = false;
+  std::size_t refuse_above_ = 0;
 };
-
-/// The interpreter of the run, made at the first call.
-Exec& interpreter();
 
 /// `load`, `exit`, `quote`, `echo`, `help`, `?`, `system`, `show-commands`, `set-search-path`:
 /// every Exec has these.
 std::span<const Command> builtin_commands();
 
-void register_tokenizer_commands();
+void register_tokenizer_commands(World& world);
 
 }  // namespace torvane

@@ -1,8 +1,9 @@
 #include "shell/irslist.h"
 
-#include <iostream>
 #include <vector>
 
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/sanitizer.h"
 #include "support/text.h"
 
@@ -20,7 +21,7 @@ union PooledNode {
   PooledNode* next_free;
   alignas(IRSlist) char bytes[sizeof(IRSlist)];
 };
-PooledNode* free_nodes = nullptr;
+constinit thread_local PooledNode* free_nodes = nullptr;
 
 // Visits what a list holds, however deeply nested, in the order of the text and without recursion:
 // `item(first)` before each item, then `atom(node)`, or `open(node)` and, behind the node's items,
@@ -212,7 +213,7 @@ char* IRSlist::peek_str_val() const {
   if (first.is_atom()) return first.atom;
   std::string found = "expecting an atom. This is found instead:\n(";
   walk(first, Printer{found});
-  std::cerr << found + ")\n";
+  messages() << found + ")\n";
   return nullptr;
 }
 
@@ -233,7 +234,7 @@ long IRSlist::get_long_val() {
   if (const char* text = get_str_val())
     scan_long(text, value);
   else
-    std::cerr << "IRSlist::get_long_val expecting a string\n";
+    messages() << "IRSlist::get_long_val expecting a string\n";
   return value;
 }
 
@@ -244,12 +245,12 @@ float float_of(const char* text) {
   if (text)
     scan_float(text, value);
   else
-    std::cerr << "IRSlist::get_float_val expecting a string\n";
+    messages() << "IRSlist::get_float_val expecting a string\n";
   return value;
 }
 
 void report_missing(const char* keyword) {
-  std::cerr << "argument " << or_empty(keyword) << " is not found\n";
+  messages() << "argument " << or_empty(keyword) << " is not found\n";
 }
 
 }  // namespace
@@ -324,7 +325,7 @@ bool IRSlist::find_keyword_long(const char* keyword, long& out, bool optional) c
   IRSlist* node = find_keyword_node(keyword, optional);
   if (!node) return false;
   if (node->is_list()) {
-    std::cerr << "There must be an integer after " << keyword << '\n';
+    messages() << "There must be an integer after " << keyword << '\n';
     return false;
   }
   scan_long(node->atom, out);
@@ -335,7 +336,7 @@ bool IRSlist::find_keyword_float(const char* keyword, float& out, bool optional)
   IRSlist* node = find_keyword_node(keyword, optional);
   if (!node) return false;
   if (node->is_list()) {
-    std::cerr << "There must be a number after " << keyword << '\n';
+    messages() << "There must be a number after " << keyword << '\n';
     return false;
   }
   scan_float(node->atom, out);
@@ -380,13 +381,13 @@ void IRSlist::to_text(StrBufs& out, bool keep_quotes) const {
   }
 }
 
-void get_string_list(const IRSlist& node, StrBufs& strings, Slist<char*>& out) {
+void get_string_list(World& world, const IRSlist& node, StrBufs& strings, Slist<char*>& out) {
   if (node.is_list()) {
     for (const IRSlist* item : node.items)
       if (item->is_atom()) out.append(strings.copy(item->atom));
     return;
   }
-  Ref<Stream> stream = input_stream(node.atom);
+  Ref<Stream> stream = world.input_stream(node.atom);
   if (!stream || !stream->in()) return;
   while (char* line = strings.read_line(*stream->in())) out.append(line);
 }
@@ -400,7 +401,7 @@ char* next_item(std::istream& stream, StrBufs& strings) {
     int c = in.sbumpc();
     if (Traits::eq_int_type(c, Traits::eof())) {
       stream.setstate(std::ios::eofbit | std::ios::failbit);
-      if (depth > 0) std::cerr << "next_item: unmatched parenthesis\n";
+      if (depth > 0) messages() << "next_item: unmatched parenthesis\n";
       strings.abandon();
       return nullptr;
     }
@@ -424,7 +425,7 @@ char* next_item_in_text(const char*& cursor, StrBufs& strings) {
       return item;
     }
   }
-  std::cerr << "next_item: unmatched parenthesis\n";
+  messages() << "next_item: unmatched parenthesis\n";
   cursor += std::char_traits<char>::length(cursor);
   return nullptr;
 }

@@ -16,6 +16,8 @@
 
 namespace torvane {
 
+class World;
+
 class IRSlist {
  public:
   Slist<IRSlist*> items;
@@ -90,7 +92,7 @@ class IRSlist {
 
 /// Strings from a node: an atom names an input whose lines they are; a list gives its atoms. Copied
 /// into `strings`.
-void get_string_list(const IRSlist& node, StrBufs& strings, Slist<char*>& out);
+void get_string_list(World& world, const IRSlist& node, StrBufs& strings, Slist<char*>& out);
 
 /// Reads one balanced parenthesised item as text, up to the end of `stream`; null at its end, or
 /// after "next_item: unmatched parenthesis". For files too large to be read as forms.
@@ -101,7 +103,7 @@ char* next_item_in_text(const char*& cursor, StrBufs& strings);
 /// Reads forms one by one from a text or a stream.
 class IRSlistReader {
  public:
-  IRSlistReader() : tokenizer_(Tokenizer::make_default()) {}
+  explicit IRSlistReader(bool double_byte) : tokenizer_(Tokenizer::make_default(double_byte)) {}
   /// The next form; null at the end.
   IRSlist* next();
   IRSlist* start_string(const char* text);

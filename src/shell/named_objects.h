@@ -3,6 +3,7 @@
 // it is tested by substring.
 #pragma once
 
+#include "support/name_table.h"
 #include "support/value.h"
 
 namespace torvane {
@@ -18,17 +19,23 @@ inline constexpr TypeTag comparison{"function"};
 template <>
 struct ValueTraits<NamedComparison> : TagOf<NamedComparison, tags::comparison> {};
 
-/// Enters an object under a copy of its name. A name that stands already is reported and keeps its
-/// object; false then.
-bool register_object(const char* name, Value object, const char* type);
+class NamedObjects {
+ public:
+  NamedObjects();
+  /// Enters an object under a copy of its name. A name that stands already is reported and keeps
+  /// its object; false then.
+  bool add(const char* name, Value object, const char* type);
+  /// The object of a name, or none. The wrong type is always reported, a missing object if
+  /// `report`.
+  Value find(const char* name, const char* expected_type, bool report) const;
+  /// The same, as a T.
+  template <class T>
+  T* find_as(const char* name, const char* expected_type, bool report) const {
+    return find(name, expected_type, report).as<T>();
+  }
 
-/// The object of a name, or none. The wrong type is always reported, a missing object if `report`.
-Value find_object(const char* name, const char* expected_type, bool report);
-
-/// The same, as a T.
-template <class T>
-T* find_object_as(const char* name, const char* expected_type, bool report) {
-  return find_object(name, expected_type, report).as<T>();
-}
+ private:
+  NameTable<Value> table_;
+};
 
 }  // namespace torvane

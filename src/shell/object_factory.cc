@@ -1,28 +1,22 @@
 #include "shell/object_factory.h"
 
-#include <iostream>
-
-#include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/regexp.h"
 
 namespace torvane {
 
 namespace {
 
-NameTable<ObjFactory*>& families() {
-  static auto& table = *new NameTable<ObjFactory*>(1979);
-  return table;
-}
-
-Value classes(IRSlist* form) {
-  print_help(std::cout, families(), form->get_str_val());
+Value classes(World& world, IRSlist* form) {
+  world.families.print(world.out(), form->get_str_val());
   return Value();
 }
 
-Value objects(IRSlist* form) {
+Value objects(World& world, IRSlist* form) {
   const char* object_regexp = form->get_str_val();
   const char* family_regexp = form->get_str_val();
-  ObjFactory::list_objects(std::cout, object_regexp, family_regexp);
+  world.families.list_objects(world.out(), object_regexp, family_regexp);
   return Value();
 }
 
@@ -33,43 +27,41 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-ObjFactory* ObjFactory::add_family(const char* family, const char* title, Maker maker) {
-  bool added;
-  auto made = std::make_unique<ObjFactory>(maker);
-  auto* entry = families().insert(family, made.get(), title, &added);
-  if (added) made.release();
-  return entry->value;
+ObjFactory* Families::add(const char* family, const char* title, ObjFactory::Maker maker) {
+  return table_.insert(family, std::make_unique<ObjFactory>(maker), title)->value.get();
 }
 
-ObjFactory* ObjFactory::family(const char* name) {
-  const auto* entry = families().find(name);
-  return entry ? entry->value : nullptr;
+ObjFactory* Families::find(const char* name) const {
+  const auto* entry = table_.find(name);
+  return entry ? entry->value.get() : nullptr;
 }
 
-bool ObjFactory::proto(const char* family_name, const char* name, Value prototype,
-                       const char* doc) {
-  ObjFactory* factory = family(family_name);
-  if (!factory) {
-    std::cerr << "ObjFactory::proto no maker for '" << or_empty(family_name) << "'\n";
+bool Families::add_proto(const char* family_name, const char* name, Value prototype,
+                         const char* doc) {
+  ObjFactory* family = find(family_name);
+  if (!family) {
+    messages() << "ObjFactory::proto no maker for '" << or_empty(family_name) << "'\n";
     return false;
   }
   bool added;
-  factory->insert(name, prototype, doc, &added);
+  family->insert(name, prototype, doc, &added);
   return added;
 }
 
-void ObjFactory::list_objects(std::ostream& out, const char* object_regexp,
-                              const char* family_regexp) {
+void Families::print(std::ostream& out, const char* family_regexp) const {
+  print_help(out, table_, family_regexp);
+}
+
+void Families::list_objects(std::ostream& out, const char* object_regexp,
+                            const char* family_regexp) const {
   NameFilter family_filter(family_regexp);
-  families().for_each([&](const auto& entry) {
+  table_.for_each([&](const auto& entry) {
     if (family_filter.passes(entry.key)) print_help(out, *entry.value, object_regexp);
   });
 }
 
-void register_object_factory_commands() {
-  static bool registered = false;
-  if (std::exchange(registered, true)) return;
-  interpreter().define(kCommands);
+void register_object_factory_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -2,6 +2,7 @@
 // word to the prototype behind it.
 #pragma once
 
+#include <memory>
 #include <ostream>
 
 #include "support/name_table.h"
@@ -9,7 +10,7 @@
 
 namespace torvane {
 
-class IRSlist;
+class World;
 
 class ObjFactory : public NameTable<Value> {
  public:
@@ -18,20 +19,31 @@ class ObjFactory : public NameTable<Value> {
 
   explicit ObjFactory(Maker maker_fn, int buckets = 20) : NameTable(buckets), maker(maker_fn) {}
 
-  /// Adds a family to the class table; the title (may be null) is its documentation.
-  static ObjFactory* add_family(const char* family, const char* title, Maker maker);
-  /// The family, or null.
-  static ObjFactory* family(const char* name);
-  /// Enters a prototype into a family. A duplicate is reported; an unknown family gives
-  /// "ObjFactory::proto no maker for '". False in both cases.
-  static bool proto(const char* family, const char* name, Value prototype, const char* doc);
-  /// For each family whose name matches, in table order, its prototypes whose names match, as
-  /// `help` does.
-  static void list_objects(std::ostream& out, const char* object_regexp, const char* family_regexp);
-
   Maker maker;
 };
 
-void register_object_factory_commands();
+/// The class table of a world.
+class Families {
+ public:
+  Families() : table_(1979) {}
+  /// Adds a family; the title (may be null) is its documentation.
+  ObjFactory* add(const char* family, const char* title, ObjFactory::Maker maker);
+  /// The family, or null.
+  ObjFactory* find(const char* name) const;
+  /// Enters a prototype into a family; who owns it keeps it as long as the world. A duplicate is
+  /// reported; an unknown family gives "ObjFactory::proto no maker for '". False in both cases.
+  bool add_proto(const char* family, const char* name, Value prototype, const char* doc);
+  /// The families whose names match, as `help` prints.
+  void print(std::ostream& out, const char* family_regexp) const;
+  /// For each family whose name matches, in table order, its prototypes whose names match, as
+  /// `help` does.
+  void list_objects(std::ostream& out, const char* object_regexp, const char* family_regexp) const;
+
+ private:
+  NameTable<std::unique_ptr<ObjFactory>> table_;
+};
+
+/// `classes` and `objects`.
+void register_object_factory_commands(World& world);
 
 }  // namespace torvane

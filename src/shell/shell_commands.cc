@@ -4,6 +4,8 @@
 
 #include "shell/exec.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -22,22 +24,22 @@ struct ValueTraits<QuotedList> : TagOf<QuotedList, kQuotedList> {};
 
 namespace {
 
-Value load(IRSlist* form) {
+Value load(World& world, IRSlist* form) {
   while (!form->empty()) {
     const char* name = form->get_str_val();
     if (!name) continue;
-    if (Ref<Stream> stream = open_file(name)) interpreter().load(stream.get());
+    if (Ref<Stream> stream = world.files.open(name)) world.interpreter.load(stream.get());
   }
   return Value();
 }
 
-Value exit_process(IRSlist*) {
+Value exit_process(World&, IRSlist*) {
   std::exit(EXIT_SUCCESS);
 }
 
-Value quote(IRSlist* form) {
+Value quote(World&, IRSlist* form) {
   if (form->length() != 1) {
-    std::cerr << "quote must take one argument\n";
+    messages() << "quote must take one argument\n";
     return Value();
   }
   std::unique_ptr<IRSlist> item = form->pop_front();
@@ -45,7 +47,7 @@ Value quote(IRSlist* form) {
   return Value::of(reinterpret_cast<const QuotedList*>(item.get()));
 }
 
-Value echo(IRSlist* form) {
+Value echo(World& world, IRSlist* form) {
   std::string line;
   for (bool first = true; !form->empty();) {
     const char* text = form->get_str_val();
@@ -53,37 +55,37 @@ Value echo(IRSlist* form) {
     if (!std::exchange(first, false)) line += ' ';
     line += text;
   }
-  std::cout << line << std::endl;
+  world.out() << line << std::endl;
   return Value();
 }
 
-Value help(IRSlist* form) {
-  interpreter().help(std::cout, form->get_str_val());
+Value help(World& world, IRSlist* form) {
+  world.interpreter.help(world.out(), form->get_str_val());
   return Value();
 }
 
-Value system_command(IRSlist* form) {
+Value system_command(World& world, IRSlist* form) {
   const char* command = form->get_str_val();
   if (!command) return Value();
   // What was printed so far comes before what the command prints.
-  std::cout.flush();
+  world.out().flush();
   [[maybe_unused]] int status = std::system(command);
   return Value();
 }
 
-Value show_commands(IRSlist* form) {
-  interpreter().show_commands = form->get_long_val() != 0;
+Value show_commands(World& world, IRSlist* form) {
+  world.interpreter.show_commands = form->get_long_val() != 0;
   return Value();
 }
 
-Value set_search_path_command(IRSlist* form) {
+Value set_search_path_command(World& world, IRSlist* form) {
   const char* paths = or_empty(form->get_str_val());
   const char* given = form->get_str_val();
   const char* delimiters = given ? given : ":";
-  clear_search_path();
+  world.files.clear();
   while (*paths) {
     std::size_t length = std::strcspn(paths, delimiters);
-    if (length > 0) add_search_path(std::string(paths, length).c_str());
+    if (length > 0) world.files.add(std::string(paths, length).c_str());
     paths += length;
     paths += std::strspn(paths, delimiters);
   }

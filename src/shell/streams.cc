@@ -3,10 +3,8 @@
 #include <sys/stat.h>
 
 #include <fstream>
-#include <iostream>
 #include <sstream>
 
-#include "shell/file_search.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -18,11 +16,6 @@ void retain_stream(Word word) {
 }
 void release_stream(Word word) {
   reinterpret_cast<Stream*>(word)->release();
-}
-
-bool names_standard_stream(const char* name) {
-  // Kept: dash-is-standard-stream
-  return !name || *name == '-';
 }
 
 bool is_directory(const char* name) {
@@ -50,24 +43,12 @@ void Stream::close() {
   owned_out_.reset();
 }
 
-Stream* Stream::standard_input() {
-  static Ref<Stream> stream = [] {
-    auto s = make_ref<Stream>();
-    s->in_ = &std::cin;
-    s->standard_ = true;
-    return s;
-  }();
-  return stream.get();
-}
-
-Stream* Stream::standard_output() {
-  static Ref<Stream> stream = [] {
-    auto s = make_ref<Stream>();
-    s->out_ = &std::cout;
-    s->standard_ = true;
-    return s;
-  }();
-  return stream.get();
+Ref<Stream> Stream::standard(std::istream* in, std::ostream* out) {
+  auto stream = make_ref<Stream>();
+  stream->in_ = in;
+  stream->out_ = out;
+  stream->standard_ = true;
+  return stream;
 }
 
 Ref<Stream> Stream::open_input(const char* name) {
@@ -94,18 +75,6 @@ Ref<Stream> Stream::from_text(const char* text, std::size_t length) {
   stream->owned_in_ = std::make_unique<std::istringstream>(std::string(text, length));
   stream->in_ = stream->owned_in_.get();
   return stream;
-}
-
-Ref<Stream> input_stream(const char* name) {
-  return names_standard_stream(name) ? Ref<Stream>(Stream::standard_input()) : open_file(name);
-}
-
-Ref<Stream> make_ostream(const char* name) {
-  if (names_standard_stream(name)) return Ref<Stream>(Stream::standard_output());
-  Ref<Stream> stream = Stream::open_output(name);
-  if (stream->good()) return stream;
-  std::cerr << "make_ostream: cannot open the file '" << name << "'\n";
-  return Ref<Stream>();
 }
 
 }  // namespace torvane

@@ -30,8 +30,8 @@ class Stream : public Counted<Stream> {
   /// Flushes and closes; a standard or shared stream is only flushed. The object stays valid.
   void close();
 
-  static Stream* standard_input();
-  static Stream* standard_output();
+  /// A standard stream of a world: never closed. `in` or `out` outlives it.
+  static Ref<Stream> standard(std::istream* in, std::ostream* out);
   /// Opens a file for reading / for writing (truncating), in binary mode, by the name as it stands.
   /// Never null; a failed open shows in good(). A directory counts as a failed open.
   static Ref<Stream> open_input(const char* name);
@@ -53,12 +53,5 @@ extern const TypeTag stream;
 }
 template <>
 struct ValueTraits<Stream> : TagOf<Stream, tags::stream> {};
-
-/// The input that a command names: standard input for null or a name that begins with "-", else the
-/// file found along the search path (null after its message).
-Ref<Stream> input_stream(const char* name);
-/// The output that a command names: standard output for null or a name that begins with "-", else a
-/// new file by the name as it stands. On failure "make_ostream: cannot open the file '", and null.
-Ref<Stream> make_ostream(const char* name);
 
 }  // namespace torvane

@@ -6,8 +6,9 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -16,20 +17,19 @@ namespace tags {
 const TypeTag tokenizer{"Tokenizer*"};
 }
 
-bool TokenizerBase::default_double_byte = false;
-
 void CharSet::add(const char* chars) {
   for (; chars && *chars; ++chars) add(static_cast<unsigned char>(*chars));
 }
 
 TokenizerBase::TokenizerBase(const char* white_chars, const char* start_chars,
                              const char* middle_chars, const char* quote, char escape_char,
-                             char comment_char, int token_chunk, int size)
+                             char comment_char, int token_chunk, int size,
+                             bool two_bytes)
     : escape(escape_char),
       comment(comment_char),
       token_buf(token_chunk),
       buffer_size(size < 1 ? 1 : size),
-      double_byte(default_double_byte),
+      double_byte(two_bytes),
       token_chunk_(token_chunk) {
   white.add(white_chars);
   middle.add(middle_chars);
@@ -47,12 +47,12 @@ TokenizerBase::TokenizerBase(const char* white_chars, const char* start_chars,
   classify();
 }
 
-TokenizerBase::TokenizerBase(const char* separator_text, int token_chunk, int size)
+TokenizerBase::TokenizerBase(const char* separator_text, int token_chunk, int size, bool two_bytes)
     : separator(or_empty(separator_text)),
       separator_mode(true),
       token_buf(token_chunk),
       buffer_size(size < 1 ? 1 : size),
-      double_byte(default_double_byte),
+      double_byte(two_bytes),
       token_chunk_(token_chunk) {}
 
 TokenizerBase::TokenizerBase(const TokenizerBase& other)
@@ -134,7 +134,7 @@ int TokenizerBase::look_further() {
 
 void TokenizerBase::put_back(unsigned char c) {
   if (rollback_count == static_cast<int>(rollback.size())) {
-    std::cerr << "Tokenizer cannot rollback more than " << rollback.size() << " characters\n";
+    messages() << "Tokenizer cannot rollback more than " << rollback.size() << " characters\n";
     std::exit(EXIT_FAILURE);
   }
   rollback[static_cast<std::size_t>(rollback_count++)] = c;
@@ -312,8 +312,9 @@ char* TokenizerBase::next_significant_token() {
   }
 }
 
-std::unique_ptr<Tokenizer> Tokenizer::make_default() {
-  return std::make_unique<Tokenizer>(" \t\n\r", "();", "();,", "\"", '\\', ';', 4096, 512);
+std::unique_ptr<Tokenizer> Tokenizer::make_default(bool double_byte) {
+  return std::make_unique<Tokenizer>(" \t\n\r", "();", "();,", "\"", '\\', ';', 4096, 512,
+                                     double_byte);
 }
 
 int Tokenizer::fill(unsigned char& out) {
@@ -372,7 +373,7 @@ int SocketTokenizer::fill(unsigned char& out) {
 }
 
 void SocketTokenizer::set_input(Stream* stream) {
-  no_input = stream != Stream::standard_input();
+  no_input = !stream || !stream->is_standard() || !stream->in();
   fd = 0;
   more_input = true;
   rollback_count = read_pos = buffer_len = 0;

@@ -39,17 +39,14 @@ class TokenizerBase {
   static constexpr int kEnd = -1;
 
   /// From character classes. `quote` is a row of quote specifications; `escape` and `comment` are
-  /// single bytes, 0 for none.
+  /// single bytes, 0 for none. `double_byte`: two high bytes are one character.
   TokenizerBase(const char* white, const char* start, const char* middle, const char* quote,
-                char escape, char comment, int token_chunk, int buffer_size);
+                char escape, char comment, int token_chunk, int buffer_size, bool double_byte);
   /// Separator mode: each token ends with `separator`, which stays in it.
-  TokenizerBase(const char* separator, int token_chunk, int buffer_size);
+  TokenizerBase(const char* separator, int token_chunk, int buffer_size, bool double_byte);
   /// Classes, quotes and sizes, with a fresh empty input; no pushed back tokens, no long quotes.
   TokenizerBase(const TokenizerBase& other);
   TokenizerBase& operator=(const TokenizerBase&) = delete;
-
-  /// Whether tokenizers built from now on take two high bytes as one character.
-  static bool default_double_byte;
 
   /// Gets more input: its first byte in `out` and 1, or the end: 255, `more_input` 0, and 0.
   virtual int fill(unsigned char& out) = 0;
@@ -142,7 +139,7 @@ class Tokenizer : public TokenizerBase {
   using TokenizerBase::TokenizerBase;
   Tokenizer(const TokenizerBase& other) : TokenizerBase(other) {}
   /// With the character classes of the configuration language.
-  static std::unique_ptr<Tokenizer> make_default();
+  static std::unique_ptr<Tokenizer> make_default(bool double_byte);
 
   int fill(unsigned char& out) override;
   void set_input(Stream* stream) override;

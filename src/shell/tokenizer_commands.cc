@@ -2,6 +2,8 @@
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -20,7 +22,7 @@ constexpr int kBufferSize = 512;
 
 // From what stands behind the keywords; null after a message.
 template <class Kind>
-std::unique_ptr<Kind> make_from_classes(const IRSlist& form, const IRSlist* long_quotes,
+std::unique_ptr<Kind> make_from_classes(const World& world, const IRSlist& form, const IRSlist* long_quotes,
                                         int token_chunk) {
   constexpr int kClasses = 6;
   const char* classes[kClasses];
@@ -31,11 +33,11 @@ std::unique_ptr<Kind> make_from_classes(const IRSlist& form, const IRSlist* long
   }
   if (!complete) {
     // Kept: socket-tokenizer-message
-    std::cerr << "(def-tokenizer ...) incorrect number of arguments\n";
+    messages() << "(def-tokenizer ...) incorrect number of arguments\n";
     return nullptr;
   }
   auto tokenizer = std::make_unique<Kind>(classes[0], classes[1], classes[2], classes[3],
-                                          *classes[4], *classes[5], token_chunk, kBufferSize);
+                                          *classes[4], *classes[5], token_chunk, kBufferSize, world.double_byte);
   if (long_quotes)
     for (const IRSlist* item : long_quotes->items)
       if (LongQuote* marker = make_long_quote(*item)) tokenizer->long_quotes.append(marker);
@@ -43,52 +45,49 @@ std::unique_ptr<Kind> make_from_classes(const IRSlist& form, const IRSlist* long
 }
 
 template <class Kind>
-Value define_tokenizer(IRSlist* form, const char* type, int token_chunk) {
+Value define_tokenizer(World& world, IRSlist* form, const char* type, int token_chunk) {
   // Kept: tokenizer-name-by-keyword
   const char* name = form->take_keyword_str(":name");
   std::unique_ptr<IRSlist> long_quotes = form->take_keyword_node(":long-quotes");
   const char* separator = form->take_keyword_str(":separator");
   std::unique_ptr<Kind> tokenizer =
-      separator ? std::make_unique<Kind>(separator, 4096, kBufferSize)
-                : make_from_classes<Kind>(*form, long_quotes.get(), token_chunk);
-  // The registry keeps what it takes for the rest of the run.
-  if (tokenizer && name &&
-      register_object(name, Value::of(static_cast<TokenizerBase*>(tokenizer.get())), type))
-    tokenizer.release();
+      separator ? std::make_unique<Kind>(separator, 4096, kBufferSize, world.double_byte)
+                : make_from_classes<Kind>(world, *form, long_quotes.get(), token_chunk);
+  if (tokenizer && name) world.own_object<Kind, TokenizerBase>(name, std::move(tokenizer), type);
   return Value();
 }
 
-Value def_tokenizer(IRSlist* form) {
-  return define_tokenizer<Tokenizer>(form, "Tokenizer/TokenizerBase", 4096);
+Value def_tokenizer(World& world, IRSlist* form) {
+  return define_tokenizer<Tokenizer>(world, form, "Tokenizer/TokenizerBase", 4096);
 }
 
-Value def_socket_tokenizer(IRSlist* form) {
-  return define_tokenizer<SocketTokenizer>(form, "SocketTokenizer/TokenizerBase", 512);
+Value def_socket_tokenizer(World& world, IRSlist* form) {
+  return define_tokenizer<SocketTokenizer>(world, form, "SocketTokenizer/TokenizerBase", 512);
 }
 
-Value double_byte(IRSlist* form) {
+Value double_byte(World& world, IRSlist* form) {
   if (!form->has_keyword(":tokenizer")) {
-    TokenizerBase::default_double_byte = form->get_long_val() != 0;
+    world.double_byte = form->get_long_val() != 0;
     return Value();
   }
   const char* name = form->take_keyword_str(":tokenizer");
-  if (auto* tokenizer = find_object_as<TokenizerBase>(name, "Tokenizer", true))
+  if (auto* tokenizer = world.objects.find_as<TokenizerBase>(name, "Tokenizer", true))
     tokenizer->double_byte = form->get_long_val() != 0;
   return Value();
 }
 
-Value test_tokenizer(IRSlist* form) {
+Value test_tokenizer(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  auto* tokenizer = find_object_as<TokenizerBase>(name, "Tokenizer", true);
-  Ref<Stream> stream = input_stream(form->get_str_val());
+  auto* tokenizer = world.objects.find_as<TokenizerBase>(name, "Tokenizer", true);
+  Ref<Stream> stream = world.input_stream(form->get_str_val());
   if (!tokenizer || !stream) return Value();
   tokenizer->set_input(stream.get());
   while (const char* token = tokenizer->next_token()) {
     if (tokenizer->token_length() == 0 && !tokenizer->more_input) break;
-    std::cout << '|' << token << "|\n";
+    world.out() << '|' << token << "|\n";
     if (tokenizer->pushed_back.empty()) tokenizer->reset_tokens();
   }
-  std::cout.flush();
+  world.out().flush();
   // The stream ends here; standard input stays for whoever reads on.
   if (!stream->is_standard()) {
     tokenizer->set_input(nullptr);
@@ -128,10 +127,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_tokenizer_commands() {
-  static bool registered = false;
-  if (std::exchange(registered, true)) return;
-  interpreter().define(kCommands);
+void register_tokenizer_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -13,7 +13,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -99,7 +100,7 @@ bool PageFile::set_length(std::uint64_t length) {
 
 bool PageFile::fail(const char* what) {
   if (!failing_)
-    std::cerr << "Can't " << what << ' ' << path_ << ": " << std::strerror(errno) << '\n';
+    messages() << "Can't " << what << ' ' << path_ << ": " << std::strerror(errno) << '\n';
   failing_ = true;
   return false;
 }

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
-#include <iostream>
 
 #include "shell/file_search.h"
+#include "shell/world.h"
 #include "store/qhash.h"
 #include "support/big_endian.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -25,7 +26,7 @@ int compare_key(const PLHashEntry* entry, const char* key) {
 }
 
 void not_defined(const char* operation) {
-  std::cerr << "PLHash::" << operation << " must be defined by a subclass.\n";
+  messages() << "PLHash::" << operation << " must be defined by a subclass.\n";
 }
 
 }  // namespace
@@ -101,13 +102,14 @@ bool PLHash::unpack_global(StrBufs& buf) {
   return true;
 }
 
-int PLHash::link_stream(int mode, const char* directory, Tokenizer& tokenizer) {
+int PLHash::link_stream(const NamedObjects& functions, int mode, const char* directory,
+                        Tokenizer& tokenizer) {
   if (has_file()) {
     // Entries know their places in the file that is linked now.
     sync();
     clear();
   }
-  if (!file) file = std::make_unique<QHash>(mode);
+  if (!file) file = std::make_unique<QHash>(functions, mode);
   int result = file->open_from(directory, tokenizer);
   bool usable = file->is_open();
   if (usable && result == 0) save_global(0);
@@ -119,13 +121,13 @@ int PLHash::link_stream(int mode, const char* directory, Tokenizer& tokenizer) {
   return 0;
 }
 
-int PLHash::link_file(const char* header, int mode) {
-  Ref<Stream> stream = open_file(header);
+int PLHash::link_file(World& world, const char* header, int mode) {
+  Ref<Stream> stream = world.files.open(header);
   if (!stream) return -1;
-  std::string directory = found_dir();
-  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512);
+  std::string directory = world.files.found_dir();
+  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512, world.double_byte);
   tokenizer.set_input(stream.get());
-  return link_stream(mode, directory.c_str(), tokenizer);
+  return link_stream(world.objects, mode, directory.c_str(), tokenizer);
 }
 
 void PLHash::unlink_file() {
@@ -157,7 +159,7 @@ void PLHash::read_entry(std::istream&, StrBufs&) {
 }
 
 void PLHash::populate(std::istream&) {
-  std::cerr << "PLHash::populate(istream& istrm) is not implemented\n";
+  messages() << "PLHash::populate(istream& istrm) is not implemented\n";
 }
 
 void PLHash::reconstruct(std::istream& in) {
@@ -203,7 +205,7 @@ void PLHash::merge(PLHash& other) {
   total += other.total;
   pending += other.pending;
   if (!has_file()) {
-    std::cerr << "PLHash::merge cannot open disk file\n";
+    messages() << "PLHash::merge cannot open disk file\n";
     return;
   }
   mark_global_changed();

@@ -22,6 +22,8 @@
 
 namespace torvane {
 
+class World;
+
 class PLHashIterator;
 
 /// What every entry begins with.
@@ -103,9 +105,10 @@ class PLHash : public LHashTable {
   virtual void pack_global(StrBufs& buf);
   virtual bool unpack_global(StrBufs& buf);
   /// Opens the disk file that a header names. Above 0: an existing file; 0: a new one, or failure.
-  virtual int link_stream(int mode, const char* directory, Tokenizer& tokenizer);
+  virtual int link_stream(const NamedObjects& functions, int mode, const char* directory,
+                          Tokenizer& tokenizer);
   /// The same from the header's name; -1 if the header cannot be opened.
-  virtual int link_file(const char* header, int mode);
+  virtual int link_file(World& world, const char* header, int mode);
   /// Writes what changed and lets the disk file go.
   virtual void unlink_file();
   /// An empty buffer means that the entry cannot be written now.

@@ -5,7 +5,6 @@
 #include <map>
 #include <sstream>
 
-#include "shell/file_search.h"
 #include "store/store_test.h"
 #include "support/big_endian.h"
 
@@ -75,12 +74,12 @@ using Contents = std::map<std::string, float>;
 
 class PLHashTest : public StoreTest {
  protected:
-  PLHashTest() { set_search_path(path("").c_str()); }
+  PLHashTest() { world_.files.set(path("").c_str()); }
 
   void link(PLHash& table, const char* name, int mode = 3) {
     std::string header = std::string(name) + ".hdr";
     write_bytes(path(header.c_str()), std::string(name) + ".db 32 3 strcasecmp");
-    ASSERT_GE(table.link_file(header.c_str(), mode), 0);
+    ASSERT_GE(table.link_file(world_, header.c_str(), mode), 0);
     ASSERT_TRUE(table.has_file());
   }
 };
@@ -205,9 +204,9 @@ TEST_F(PLHashTest, ReconstructsFromText) {
 TEST_F(PLHashTest, LinksAgainAfterAFailedLink) {
   Tallies table;
   write_bytes(path("bad.hdr"), "a.db");
-  EXPECT_EQ(table.link_file("bad.hdr", 3), 0);
+  EXPECT_EQ(table.link_file(world_, "bad.hdr", 3), 0);
   EXPECT_FALSE(table.has_file());
-  EXPECT_EQ(table.link_file("nowhere.hdr", 3), -1);
+  EXPECT_EQ(table.link_file(world_, "nowhere.hdr", 3), -1);
   table.add("dog", 1);
   link(table, "a");
   table.unlink_file();
@@ -233,7 +232,7 @@ TEST_F(PLHashTest, RefusesAStoreWithoutItsGlobalRecord) {
   bytes[made.file->data_start + 6] = 'x';
   made.unlink_file();
   write_bytes(path("a.db"), bytes);
-  EXPECT_EQ(table.link_file("a.hdr", 3), 0);
+  EXPECT_EQ(table.link_file(world_, "a.hdr", 3), 0);
   EXPECT_FALSE(table.has_file());
   EXPECT_EQ(bytes_of(path("a.db")), bytes);
 }

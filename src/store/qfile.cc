@@ -1,11 +1,11 @@
 #include "store/qfile.h"
 
 #include <algorithm>
-#include <iostream>
 #include <string>
 
 #include "shell/file_search.h"
 #include "support/big_endian.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -35,12 +35,12 @@ void QFile::close() {
 
 int QFile::refuse(const char* name) {
   close();
-  std::cerr << "Can't open " << or_empty(name) << std::endl;
+  messages() << "Can't open " << or_empty(name) << std::endl;
   return 0;
 }
 
 bool QFile::complain_of_record() {
-  std::cerr << "Invalid magic number!" << std::endl;
+  messages() << "Invalid magic number!" << std::endl;
   return false;
 }
 
@@ -115,11 +115,11 @@ void QFile::sync() {
 }
 
 void QFile::print_free_list() const {
-  std::cerr << "Free list:";
+  messages() << "Free list:";
   free_list.for_each([](const FreeExtent& extent) {
-    std::cerr << " (" << extent.pos << ", " << extent.length << ')';
+    messages() << " (" << extent.pos << ", " << extent.length << ')';
   });
-  std::cerr << std::endl;
+  messages() << std::endl;
 }
 
 std::uint32_t QFile::alloc(std::uint32_t size, RecordHeader& hdr) {
@@ -137,8 +137,8 @@ std::uint32_t QFile::grow(std::uint64_t bytes) {
   // Near the limit only what is needed.
   if (end_pos + amount > kMostBytes) amount = bytes;
   if (end_pos + amount > kMostBytes) {
-    std::cerr << "The file " << file->path() << " cannot grow beyond " << kMostBytes << " bytes"
-              << std::endl;
+    messages() << "The file " << file->path() << " cannot grow beyond " << kMostBytes << " bytes"
+               << std::endl;
     return 0;
   }
   if (file->failing() || !file->clear(end_pos, static_cast<std::uint32_t>(amount))) return 0;
@@ -273,7 +273,7 @@ bool QFile::write_payload(std::uint32_t pos, const RecordHeader& hdr, const Over
 
 std::uint32_t QFile::write_record(std::uint32_t pos, const char* data, std::size_t size) {
   if (read_only()) {
-    std::cerr << "Trying to write read-only file!\n";
+    messages() << "Trying to write read-only file!\n";
     return 0;
   }
   RecordHeader hdr;

@@ -9,7 +9,9 @@
 
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "support/hash.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -41,18 +43,18 @@ bool header_number(TokenizerBase& tokenizer, long& out) {
 
 [[noreturn]] void abort_over(const char* what) {
   std::cout.flush();
-  std::cerr << what << std::endl;
+  messages() << what << std::endl;
   // Kept: validate-aborts
   std::abort();
 }
 
 }  // namespace
 
-int QHash::open_header(const char* header_name) {
-  Ref<Stream> stream = torvane::open_file(header_name);
+int QHash::open_header(World& world, const char* header_name) {
+  Ref<Stream> stream = world.files.open(header_name);
   if (!stream) return -1;
-  std::string directory = found_dir();
-  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512);
+  std::string directory = world.files.found_dir();
+  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512, world.double_byte);
   tokenizer.set_input(stream.get());
   return open_from(directory.c_str(), tokenizer);
 }
@@ -125,9 +127,9 @@ bool QHash::load_file(std::string& function_name) {
 }
 
 void QHash::find_function(const std::string& name) {
-  auto* found = find_object_as<NamedComparison>(name.c_str(), "function", false);
+  auto* found = functions_.find_as<NamedComparison>(name.c_str(), "function", false);
   if (!found) {
-    std::cerr << "The function '" << name << "' is not registered as a named object" << std::endl;
+    messages() << "The function '" << name << "' is not registered as a named object" << std::endl;
     // Kept: unknown-comparison-ends-the-run
     std::exit(1);
   }
@@ -250,12 +252,12 @@ void QHash::print_profile(int max) const {
   }
   for (long length = 0; length <= max; ++length) {
     auto known = static_cast<std::size_t>(length) < buckets_of.size();
-    std::cerr << "size=" << length << ':'
-              << (known ? buckets_of[static_cast<std::size_t>(length)] : 0) << "  ";
-    if (length % 5 == 4) std::cerr << '\n';
+    messages() << "size=" << length << ':'
+               << (known ? buckets_of[static_cast<std::size_t>(length)] : 0) << "  ";
+    if (length % 5 == 4) messages() << '\n';
   }
-  if (max >= 0 && max % 5 != 4) std::cerr << '\n';
-  std::cerr << "total number of elements = " << total << std::endl;
+  if (max >= 0 && max % 5 != 4) messages() << '\n';
+  messages() << "total number of elements = " << total << std::endl;
 }
 
 void QHash::sort_links() {
@@ -301,7 +303,7 @@ bool ChainWalk::advance(std::uint32_t next_pos) {
 void ChainWalk::give_up() {
   pos_ = 0;
   damaged_ = true;
-  std::cerr << "Invalid magic number!" << std::endl;
+  messages() << "Invalid magic number!" << std::endl;
 }
 
 }  // namespace torvane

@@ -6,17 +6,21 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/named_objects.h"
 #include "shell/tokenizer.h"
 #include "store/qfile.h"
 
 namespace torvane {
+
+class World;
 
 class QHash : public QFile {
  public:
   using Compare = int (*)(const char*, const char*);
   static constexpr std::uint32_t kNextBytes = 4;  ///< of the link in front of each payload
 
-  explicit QHash(int open_mode) : QFile(open_mode) {}
+  /// `functions`: the named objects among which comparisons are; they outlive the hash.
+  QHash(const NamedObjects& functions, int open_mode) : QFile(open_mode), functions_(functions) {}
   /// Takes the four tokens of a header and opens the data file, relative to `directory`; what
   /// `open_file` gave, 0 if a token is missing. So 0 means new or failed: ask `is_open()`.
   virtual int open_from(const char* directory, TokenizerBase& tokenizer);
@@ -27,7 +31,7 @@ class QHash : public QFile {
   int open_file(const char* name, long block_size, long size, const char* function_name,
                 int flag = 0);
   /// Opens what a header file along the search path names; -1 if there is no such header.
-  int open_header(const char* header_name);
+  int open_header(World& world, const char* header_name);
 
   /// The bucket of a key, and the first position of a bucket's chain.
   std::uint32_t bucket_of(const char* key) const;
@@ -66,6 +70,8 @@ class QHash : public QFile {
   enum class Match { yes, no, unknown };
   /// Compares a key with that of the record at `pos`, and gives the next record's position.
   Match compare_in_place(std::uint32_t pos, const char* key, std::uint32_t& next) const;
+
+  const NamedObjects& functions_;
 };
 
 /// A walk along a chain: `for (ChainWalk at(hash, pos); at.pos() != 0; at.next())`. It ends, after

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <vector>
 
-#include "shell/file_search.h"
 #include "store/store_test.h"
 
 namespace torvane {
@@ -12,7 +11,7 @@ namespace {
 
 class QHashTest : public StoreTest {
  protected:
-  QHashTest() : hash_(3) { open_new("strcasecmp", 3); }
+  QHashTest() : hash_(world_.objects, 3) { open_new("strcasecmp", 3); }
 
   void open_new(const char* function, long buckets, long block = 64) {
     hash_.close();
@@ -53,11 +52,11 @@ class QHashTest : public StoreTest {
   }
   int open_header(const std::string& text) {
     write_bytes(path("store.hdr"), text);
-    return hash_.open_header(path("store.hdr").c_str());
+    return hash_.open_header(world_, path("store.hdr").c_str());
   }
 
   QHash hash_;
-  QHash damaged_{1};
+  QHash damaged_{world_.objects, 1};
 };
 
 TEST_F(QHashTest, HeaderAndRecords) {
@@ -179,7 +178,7 @@ TEST_F(QHashTest, WriterRefusesADamagedStore) {
 }
 
 TEST_F(QHashTest, HeaderFile) {
-  EXPECT_EQ(messages_of([&] { EXPECT_EQ(hash_.open_header("nowhere.hdr"), -1); }),
+  EXPECT_EQ(messages_of([&] { EXPECT_EQ(hash_.open_header(world_, "nowhere.hdr"), -1); }),
             "The file nowhere.hdr cannot be opened\n");
   hash_.close();
   EXPECT_EQ(open_header("; where the data is\n\"data file.db\" 40\n0 \"strcmp\""), 0);

@@ -1,12 +1,13 @@
 #include "store/store_commands.h"
 
 #include <algorithm>
-#include <iostream>
 #include <utility>
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "store/plhash.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -18,117 +19,120 @@ constexpr int kReadWrite = 3;
 constexpr long kProfileLengths = 50;
 constexpr long kMostProfileLengths = 1000000;
 
-PLHash* take_store(IRSlist* form) {
-  return find_object_as<PLHash>(form->get_str_val(), "PLHash", true);
+PLHash* take_store(World& world, IRSlist* form) {
+  return world.objects.find_as<PLHash>(form->get_str_val(), "PLHash", true);
 }
 
-Value search(IRSlist* form) {
+Value search(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
-  auto* store = find_object_as<PLHash>(name, "PLHash", false);
+  auto* store = world.objects.find_as<PLHash>(name, "PLHash", false);
   if (!store) {
-    std::cerr << "Database " << or_empty(name) << " is not found\n";
+    messages() << "Database " << or_empty(name) << " is not found\n";
     return Value();
   }
   while (!form->empty())
-    if (PLHashEntry* entry = store->find(form->get_str_val())) store->print_entry(entry, std::cout);
+    if (PLHashEntry* entry = store->find(form->get_str_val()))
+      store->print_entry(entry, world.out());
   return Value();
 }
 
 /// Runs an operation of the first store with the second.
-Value with_other(IRSlist* form, void (PLHash::*operation)(PLHash&)) {
-  PLHash* target = take_store(form);
-  PLHash* source = target ? take_store(form) : nullptr;
+Value with_other(World& world, IRSlist* form, void (PLHash::*operation)(PLHash&)) {
+  PLHash* target = take_store(world, form);
+  PLHash* source = target ? take_store(world, form) : nullptr;
   if (source) (target->*operation)(*source);
   return Value();
 }
 
-Value copy(IRSlist* form) {
-  return with_other(form, &PLHash::copy);
+Value copy(World& world, IRSlist* form) {
+  return with_other(world, form, &PLHash::copy);
 }
 
-Value merge(IRSlist* form) {
-  return with_other(form, &PLHash::merge);
+Value merge(World& world, IRSlist* form) {
+  return with_other(world, form, &PLHash::merge);
 }
 
 // A list in front of the file's name is an expression that chooses nothing.
-Value dump(IRSlist* form) {
-  PLHash* store = take_store(form);
+Value dump(World& world, IRSlist* form) {
+  PLHash* store = take_store(world, form);
   if (!store) return Value();
   // Kept: dump-expression-chooses-nothing
   if (const IRSlist* first = form->nth(0); first && first->is_list()) form->pop_front();
-  Ref<Stream> out = make_ostream(form->empty() ? nullptr : form->get_str_val());
+  Ref<Stream> out = world.make_ostream(form->empty() ? nullptr : form->get_str_val());
   if (!out) return Value();
   store->sync();
   store->print_all(*out->out());
   out->out()->flush();
-  if (!*out->out()) std::cerr << "The dump of the database could not be written\n";
+  if (!*out->out()) messages() << "The dump of the database could not be written\n";
   out->close();
   return Value();
 }
 
-Value link_file(IRSlist* form) {
-  PLHash* store = take_store(form);
+Value link_file(World& world, IRSlist* form) {
+  PLHash* store = take_store(world, form);
   if (!store) return Value();
   const char* header = form->get_str_val();
   bool writable = !form->empty() && same_word(form->get_str_val(), "rw");
-  store->link_file(header, writable ? kReadWrite : kReadOnly);
+  store->link_file(world, header, writable ? kReadWrite : kReadOnly);
   return Value();
 }
 
-Value unlink_file(IRSlist* form) {
-  if (PLHash* store = take_store(form)) store->unlink_file();
+Value unlink_file(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form)) store->unlink_file();
   return Value();
 }
 
-Value sync(IRSlist* form) {
-  if (PLHash* store = take_store(form)) store->sync();
+Value sync(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form)) store->sync();
   return Value();
 }
 
 /// Runs an operation of a store on the input that the next argument names.
-Value with_input(IRSlist* form, void (PLHash::*operation)(std::istream&)) {
-  PLHash* store = take_store(form);
+Value with_input(World& world, IRSlist* form, void (PLHash::*operation)(std::istream&)) {
+  PLHash* store = take_store(world, form);
   if (!store) return Value();
-  Ref<Stream> in = input_stream(form->empty() ? nullptr : form->get_str_val());
+  Ref<Stream> in = world.input_stream(form->empty() ? nullptr : form->get_str_val());
   if (!in || !in->in()) return Value();
   (store->*operation)(*in->in());
   in->close();
   return Value();
 }
 
-Value populate(IRSlist* form) {
-  return with_input(form, &PLHash::populate);
+Value populate(World& world, IRSlist* form) {
+  return with_input(world, form, &PLHash::populate);
 }
 
-Value reconstruct(IRSlist* form) {
-  return with_input(form, &PLHash::reconstruct);
+Value reconstruct(World& world, IRSlist* form) {
+  return with_input(world, form, &PLHash::reconstruct);
 }
 
-Value get_total_count(IRSlist* form) {
-  if (PLHash* store = take_store(form)) std::cout << store->total_count() << '\n';
+Value get_total_count(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form)) world.out() << store->total_count() << '\n';
   return Value();
 }
 
-Value validate(IRSlist* form) {
-  if (PLHash* store = take_store(form)) store->check_all();
+Value validate(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form)) store->check_all();
   return Value();
 }
 
-Value profile(IRSlist* form) {
-  PLHash* store = take_store(form);
+Value profile(World& world, IRSlist* form) {
+  PLHash* store = take_store(world, form);
   if (!store) return Value();
   long max = form->empty() ? kProfileLengths : form->get_long_val();
   store->print_profile(static_cast<int>(std::clamp(max, 0L, kMostProfileLengths)));
   return Value();
 }
 
-Value sort_links(IRSlist* form) {
-  if (PLHash* store = take_store(form); store && store->has_file()) store->file->sort_links();
+Value sort_links(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form); store && store->has_file())
+    store->file->sort_links();
   return Value();
 }
 
-Value print_free_list(IRSlist* form) {
-  if (PLHash* store = take_store(form); store && store->has_file()) store->file->print_free_list();
+Value print_free_list(World& world, IRSlist* form) {
+  if (PLHash* store = take_store(world, form); store && store->has_file())
+    store->file->print_free_list();
   return Value();
 }
 
@@ -162,10 +166,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_store_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
+void register_store_commands(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

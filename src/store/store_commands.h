@@ -3,6 +3,8 @@
 
 namespace torvane {
 
-void register_store_commands();
+class World;
+
+void register_store_commands(World& world);
 
 }  // namespace torvane

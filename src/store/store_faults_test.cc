@@ -18,7 +18,8 @@ namespace {
 /// A store and what should be in it, now and at the last sync.
 class Model {
  public:
-  Model(const std::string& path, unsigned seed) : random_(seed), path_(path), hash_(3) {
+  Model(const NamedObjects& functions, const std::string& path, unsigned seed)
+      : random_(seed), path_(path), hash_(functions, 3) {
     hash_.cached_pages = 16;  // so that pages come and go, and are written before a sync
     reopen();
   }
@@ -175,7 +176,7 @@ class StoreFaultsTest : public StoreTest {
  protected:
   /// A small store with records of every kind; its bytes.
   std::string sample() {
-    QHash hash(3);
+    QHash hash(world_.objects, 3);
     hash.open_file(path("sample").c_str(), 32, 5, "strcmp");
     for (int i = 0; i < 24; ++i) {
       std::string data = packed("key" + std::to_string(i), std::string(i * 5, 'v'));
@@ -209,7 +210,7 @@ class StoreFaultsTest : public StoreTest {
     write_bytes(path(), bytes);
     for (int mode : {1, 3}) {
       int status = status_of([&] {
-        QHash hash(mode);
+        QHash hash(world_.objects, mode);
         hash.open_file(path().c_str(), 0, 0, nullptr);
         if (!hash.is_open()) _exit(3);
         use(hash);
@@ -236,7 +237,7 @@ class StoreFaultsTest : public StoreTest {
 TEST_F(StoreFaultsTest, RandomUseAgreesWithAModel) {
   for (int seed = 1; seed <= rounds(40, 4); ++seed) {
     std::filesystem::remove(path());
-    Model model(path(), static_cast<unsigned>(seed));
+    Model model(world_.objects, path(), static_cast<unsigned>(seed));
     for (int i = 0; i < rounds(10000, 1000); ++i) ASSERT_NO_FATAL_FAILURE(model.step()) << seed;
     model.check_everything();
     ASSERT_FALSE(HasFailure()) << seed;
@@ -280,7 +281,7 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
     ASSERT_EQ(pipe(reports), 0);
     pid_t writer = fork();
     if (writer == 0) {
-      QHash hash(3);
+      QHash hash(world_.objects, 3);
       hash.cached_pages = 8;
       hash.open_file(path().c_str(), 32, 11, "strcmp");
       for (int step = 1;; ++step) {
@@ -309,7 +310,7 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
     // A reader sees the same through the journal as a writer that puts the old pages back.
     std::string left = bytes_of(path());
     for (int mode : {1, 3}) {
-      QHash hash(mode);
+      QHash hash(world_.objects, mode);
       messages_of([&] { hash.open_file(path().c_str(), 32, 11, "strcmp"); });
       ASSERT_TRUE(mode == 3 || bytes_of(path()) == left);
       // The next sync may have been complete without the report of it.
@@ -380,7 +381,7 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
   std::string before = sample();
   write_bytes(path(), before);
   {
-    QHash hash(3);
+    QHash hash(world_.objects, 3);
     hash.cached_pages = 8;
     hash.open_file(path().c_str(), 0, 0, nullptr);
     for (int i = 0; i < 100; ++i) hash.write_record(0, std::string(1000, 'x').c_str(), 1000);
@@ -397,7 +398,7 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
 
 TEST_F(StoreFaultsTest, FileThatIsCutWhileOpenReadsAsDamaged) {
   write_bytes(path(), sample());
-  QHash hash(3);
+  QHash hash(world_.objects, 3);
   hash.open_file(path().c_str(), 0, 0, nullptr);
   std::string data = packed("large", std::string(50000, 'x'));
   std::uint32_t pos = hash.insert(data.data(), data.size());

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
 
@@ -18,6 +19,8 @@ inline int rounds(int full, int usual) {
 
 class StoreTest : public testing::Test {
  protected:
+  World world_{World::Console::of_process()};
+
   std::string path(const char* name = "store.db") const { return folder_ / name; }
   /// Runs in a process of its own, for 20 seconds at most; how that ended, as `waitpid` tells it.
   int status_of(const std::function<void()>& run) const {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iostream>
 #include <utility>
 
 #include "support/big_endian.h"
+#include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -75,7 +75,7 @@ bool Str2Id::unpack(const char*& cursor, const char* end) {
       add(string, hash);
     else
       // Kept: duplicate-shifts-ids
-      std::cerr << "Duplicate entry in Str2Id: " << string << std::endl;
+      messages() << "Duplicate entry in Str2Id: " << string << std::endl;
   }
   return true;
 }

@@ -2,11 +2,13 @@
 
 #include <iostream>
 
+#include "support/messages.h"
+
 namespace torvane {
 
 void report_bounds(int index, int count) {
   // Kept: out-of-bounds-goes-on
-  std::cerr << "Array index out of bounds: " << index << " It should be between 0 and " << count - 1
+  messages() << "Array index out of bounds: " << index << " It should be between 0 and " << count - 1
             << std::endl;
 }
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <bit>
-#include <iostream>
 
 #include "support/big_endian.h"
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -109,7 +109,7 @@ void LBitSet::clear(int i) {
 
 void LBitSet::set(int lo, int hi) {
   if (hi < lo) {
-    std::cerr << "LBitSetRep::set(" << lo << ", " << hi << ")\n";
+    messages() << "LBitSetRep::set(" << lo << ", " << hi << ")\n";
     return;
   }
   lo = std::max(lo, 0);
@@ -122,7 +122,7 @@ void LBitSet::set(int lo, int hi) {
 
 void LBitSet::clear(int lo, int hi) {
   if (hi < lo) {
-    std::cerr << "LBitSetRep::clear(" << lo << ", " << hi << ")\n";
+    messages() << "LBitSetRep::clear(" << lo << ", " << hi << ")\n";
     return;
   }
   lo = std::max(lo, 0);

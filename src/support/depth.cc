@@ -2,8 +2,8 @@
 
 #include <pthread.h>
 
-#include <iostream>
 
+#include "support/messages.h"
 #include "support/sanitizer.h"
 
 namespace torvane {
@@ -36,7 +36,7 @@ std::size_t stack_left() {
 }
 
 void trip(DepthLimit& limit) {
-  if (!has_tripped(limit)) std::cerr << limit.message << '\n';
+  if (!has_tripped(limit)) messages() << limit.message << '\n';
   limit.tripped_in = guard_state.run;
 }
 

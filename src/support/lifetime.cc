@@ -55,6 +55,11 @@ std::size_t TextStack::place_of(const char* text) const {
   return top();
 }
 
+Lifetimes::~Lifetimes() {
+  LivesIn here(*this);
+  free_all();
+}
+
 void Lifetimes::end_retired(std::uint64_t from_birth, std::size_t from) {
   std::size_t kept = from;
   // What ends may let go of more.

@@ -62,6 +62,11 @@ class TextStack {
 
 class Lifetimes {
  public:
+  constexpr Lifetimes() = default;
+  ~Lifetimes();
+  Lifetimes(const Lifetimes&) = delete;
+  Lifetimes& operator=(const Lifetimes&) = delete;
+
   /// What ends a thing when its time has come.
   using End = void (*)(std::intptr_t word);
 
@@ -135,12 +140,25 @@ union Immortal {
   Lifetimes lifetimes;
 };
 inline constinit Immortal immortal;
+inline constinit thread_local Lifetimes* current = &immortal.lifetimes;
 }  // namespace lifetime_detail
 
-/// The one of the process.
+/// Those of what runs in this thread. What runs outside any world shares the process's own.
 inline Lifetimes& lifetimes() {
-  return lifetime_detail::immortal.lifetimes;
+  return *lifetime_detail::current;
 }
+
+/// While it lives, what this thread runs lives in the lifetimes given.
+class LivesIn {
+ public:
+  explicit LivesIn(Lifetimes& all) : outer_(std::exchange(lifetime_detail::current, &all)) {}
+  ~LivesIn() { lifetime_detail::current = outer_; }
+  LivesIn(const LivesIn&) = delete;
+  LivesIn& operator=(const LivesIn&) = delete;
+
+ private:
+  Lifetimes* outer_;
+};
 
 /// Opens a round while it lives.
 class Round {

@@ -4,11 +4,11 @@
 #pragma once
 
 #include <cstdint>
-#include <iostream>
 #include <memory>
 #include <vector>
 
 #include "support/hash.h"
+#include "support/messages.h"
 #include "support/str_bufs.h"
 #include "support/text.h"
 
@@ -49,7 +49,7 @@ class NameTable {
     if (added) *added = entry == nullptr;
     if (entry) {
       // Kept: first-definition-stays
-      std::cerr << "Duplicate definition of " << key << '\n';
+      messages() << "Duplicate definition of " << key << '\n';
       return entry;
     }
     return link_new(link, key, std::move(value), text);

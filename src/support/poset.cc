@@ -1,7 +1,8 @@
 #include "support/poset.h"
 
 #include <cstring>
-#include <iostream>
+
+#include "support/messages.h"
 
 namespace torvane {
 
@@ -86,7 +87,7 @@ bool PosetIterator::pop(const char* operation) {
   if (!current_) return false;
   if (ready_.pop_front() != current_)
     // Kept: logic-error-ocurred
-    std::cerr << "PosetIterator::" << operation << "(): a logic error ocurred\n";
+    messages() << "PosetIterator::" << operation << "(): a logic error ocurred\n";
   return true;
 }
 

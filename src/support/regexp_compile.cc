@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 
+#include "support/messages.h"
 #include "support/regexp.h"
 #include "support/regexp_program.h"
 
@@ -272,7 +272,7 @@ std::unique_ptr<regexp> regcomp(const char* exp) {
 
 void regerror(const char* message) {
   // Kept: bad-regexp-ends-the-run
-  std::cerr << "regexp(3): " << message << '\n';
+  messages() << "regexp(3): " << message << '\n';
   std::exit(EXIT_FAILURE);
 }
 

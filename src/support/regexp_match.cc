@@ -1,6 +1,6 @@
 #include <cstring>
-#include <iostream>
 
+#include "support/messages.h"
 #include "support/regexp.h"
 #include "support/regexp_program.h"
 
@@ -181,7 +181,7 @@ class Matcher {
 
   bool push(Open open) {
     if (open_.size() >= kMostOpen) {
-      if (!gave_up_) std::cerr << "regexp: the text is too long to be matched\n";
+      if (!gave_up_) messages() << "regexp: the text is too long to be matched\n";
       gave_up_ = true;
       return false;
     }

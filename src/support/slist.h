@@ -20,7 +20,7 @@ struct Cell {
 };
 Cell* take_cell();
 inline Cell*& free_cells() {
-  static Cell* head = nullptr;
+  static constinit thread_local Cell* head = nullptr;
   return head;
 }
 inline Cell* new_cell() {

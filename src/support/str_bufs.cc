@@ -20,8 +20,8 @@ struct StrBufs::Chunk {
   // allocator each time.
   static constexpr std::size_t kUsualSize = 4096;
   static constexpr int kMostSpare = 256;
-  static inline Chunk* spare = nullptr;
-  static inline int spare_count = 0;
+  static inline constinit thread_local Chunk* spare = nullptr;
+  static inline constinit thread_local int spare_count = 0;
 };
 
 StrBufs::Chunk* StrBufs::Chunk::make(std::size_t size) {

@@ -1,8 +1,8 @@
 // Forms that lead an action from its match to a node.
 #include <cstdlib>
-#include <iostream>
 
 #include "lexp/form.h"
+#include "support/messages.h"
 #include "support/text.h"
 #include "treerules/child_walk.h"
 #include "treerules/tree_edits.h"
@@ -27,7 +27,7 @@ class MatchPath {
     for (long n : numbers_) {
       match = match->child(n);
       if (match) continue;
-      std::cerr << "(match ...) resulted in nil\n";
+      messages() << "(match ...) resulted in nil\n";
       return nullptr;
     }
     return match;
@@ -45,9 +45,9 @@ class MatchNode : public Form<MatchNode, CompExp> {
     in_type = type_id_of<TreeMatch>();
     out_type = type_id_of<RSTree>();
   }
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     path_.take(args);
-    CompExp::init(args);
+    CompExp::init(world, args);
     if (!exps.empty()) out_type = exps.back()->out_type;
   }
   Value eval(Value input, int type) override {
@@ -70,10 +70,10 @@ class ForAllMatches : public Form<ForAllMatches> {
     in_type = type_id_of<TreeMatch>();
     out_type = type_id_of<int>();
   }
-  void init(IRSlist* args) override {
-    if (const char* name = args->get_str_val()) var_ = node_variable(name);
+  void init(World& world, IRSlist* args) override {
+    if (const char* name = args->get_str_val()) var_ = node_variable(world, name);
     path_.take(args);
-    body_ = get_exp(args->nth(0));
+    body_ = get_exp(world, args->nth(0));
   }
   Value eval(Value input, int type) override {
     if (!accepts(type)) return Value();
@@ -101,8 +101,8 @@ class ForAllMatches : public Form<ForAllMatches> {
 class NodeArg : public LExp {
  public:
   NodeArg() { out_type = type_id_of<RSTree>(); }
-  void init(IRSlist* args) override {
-    node_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    node_ = get_exp(world, args->nth(0));
     args->pop_front();
     if (!node_) in_type = type_id_of<RSTree>();
   }
@@ -139,10 +139,10 @@ class TreeRoot : public Form<TreeRoot, NodeArg> {
 class RSTreeGetNode : public Form<RSTreeGetNode, NodeArg> {
  public:
   static constexpr const char* kName = "get-node";
-  void init(IRSlist* args) override {
-    NodeArg::init(args);
+  void init(World& world, IRSlist* args) override {
+    NodeArg::init(world, args);
     for (IRSlist* item : args->items)
-      if (auto exp = get_exp(item)) conds_.append(std::move(exp));
+      if (auto exp = get_exp(world, item)) conds_.append(std::move(exp));
   }
 
  protected:
@@ -164,12 +164,12 @@ class RSTreeGetNode : public Form<RSTreeGetNode, NodeArg> {
 
 }  // namespace
 
-void register_node_selectors() {
-  register_form<MatchNode>();
-  register_form<ForAllMatches>();
-  register_form<TreeRoot>();
-  register_form<RSTreeParent>();
-  register_form<RSTreeGetNode>();
+void register_node_selectors(World& world) {
+  register_form<MatchNode>(world);
+  register_form<ForAllMatches>(world);
+  register_form<TreeRoot>(world);
+  register_form<RSTreeParent>(world);
+  register_form<RSTreeGetNode>(world);
 }
 
 }  // namespace torvane

@@ -10,7 +10,7 @@ namespace {
 class ExistChild : public Form<ExistChild, RTCond> {
  public:
   static constexpr const char* kName = "exist-child";
-  void init(IRSlist* args) override { cond = get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { cond = get_exp(world, args->nth(0)); }
 
   ExpPtr cond;
 
@@ -64,9 +64,9 @@ class SelfOrExistAncestor : public Form<SelfOrExistAncestor, ExistChild> {
 /// With a second expression that bounds the search.
 class BlockedCond : public ExistChild {
  public:
-  void init(IRSlist* args) override {
-    ExistChild::init(args);
-    block = get_exp(args->nth(1));
+  void init(World& world, IRSlist* args) override {
+    ExistChild::init(world, args);
+    block = get_exp(world, args->nth(1));
   }
 
   ExpPtr block;
@@ -128,9 +128,9 @@ class ExistCCmdOrAncestor : public Form<ExistCCmdOrAncestor, ExistCCmd> {
 class ExistMatch : public Form<ExistMatch, ExistChild> {
  public:
   static constexpr const char* kName = "exist-match";
-  void init(IRSlist* args) override {
-    action = get_exp(args->take_keyword_node(":action").get());
-    ExistChild::init(args);
+  void init(World& world, IRSlist* args) override {
+    action = get_exp(world, args->take_keyword_node(":action").get());
+    ExistChild::init(world, args);
   }
 
   ExpPtr action;
@@ -184,18 +184,18 @@ class AncestorOf : public Form<AncestorOf, BinaryFunc> {
 
 }  // namespace
 
-void register_tree_conditions() {
-  register_form<ExistChild>();
-  register_form<AllChildren>();
-  register_form<NumChildren>();
-  register_form<SelfOrExistAncestor>();
-  register_form<ExistDecendent>();
-  register_form<ExistCCmd>();
-  register_form<ExistCCmdOrAncestor>();
-  register_form<ExistMatch>();
-  register_form<FirstChild>();
-  register_form<LastChild>();
-  register_form<AncestorOf>();
+void register_tree_conditions(World& world) {
+  register_form<ExistChild>(world);
+  register_form<AllChildren>(world);
+  register_form<NumChildren>(world);
+  register_form<SelfOrExistAncestor>(world);
+  register_form<ExistDecendent>(world);
+  register_form<ExistCCmd>(world);
+  register_form<ExistCCmdOrAncestor>(world);
+  register_form<ExistMatch>(world);
+  register_form<FirstChild>(world);
+  register_form<LastChild>(world);
+  register_form<AncestorOf>(world);
 }
 
 }  // namespace torvane

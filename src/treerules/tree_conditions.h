@@ -28,6 +28,6 @@ class RTCond : public LExp {
 };
 
 /// The conditions, and `exist-match`.
-void register_tree_conditions();
+void register_tree_conditions(World& world);
 
 }  // namespace torvane

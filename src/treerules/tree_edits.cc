@@ -1,10 +1,10 @@
 #include "treerules/tree_edits.h"
 
-#include <iostream>
 #include <vector>
 
 #include "deps/deps.h"
 #include "lexp/form.h"
+#include "support/messages.h"
 #include "treerules/tree_match.h"
 #include "treerules/tree_rules.h"
 
@@ -26,7 +26,7 @@ bool is_match_root(const TreeMatch* match, const RSTree* node) {
 /// The rule stands on the match's node: it stays in its place.
 bool may_move(const TreeMatch* match, const RSTree* node, const char* message) {
   if (!is_match_root(match, node) || !node->_parent) return true;
-  std::cerr << message;
+  messages() << message;
   return false;
 }
 constexpr const char* kNoInsert = "Cannot insert the root node of a tree match\n";
@@ -109,7 +109,7 @@ Value adopt_following(TreeMatch*, RSTree* node) {
 Value inherit_children(TreeMatch* match, RSTree* node) {
   if (!node) return Value();
   if (is_match_root(match, node)) {
-    std::cerr << kNoInherit;
+    messages() << kNoInherit;
     return Value();
   }
   if (RSTree* parent = node->_parent) {
@@ -122,11 +122,12 @@ Value inherit_children(TreeMatch* match, RSTree* node) {
 
 }  // namespace
 
-void register_tree_edits() {
+void register_tree_edits(World& world) {
   register_function<inherit_children>(
-      "inherit-children", "(inherit-children <node>) make the siblings of <node> its children");
+      world, "inherit-children",
+      "(inherit-children <node>) make the siblings of <node> its children");
   register_function<adopt_following>(
-      "adopt-following",
+      world, "adopt-following",
       "(adopt-following <node>) make the siblings after node the children \n"
       "of <node>. For example:\n"
       "(A (B)          (adopt-following C)  (A (B)     \n"
@@ -134,27 +135,27 @@ void register_tree_edits() {
       "   (E)\t\t\t\t           (E)   \n"
       "   (F (G)))\t\t\t           (F (G))))\n");
   register_function<insert_before>(
-      "insert-before",
+      world, "insert-before",
       "(insert-before <node> <anchor>) insert <node> before <anchor>:\n"
       "(A (B)          (insert-before C G)  (A (B)     \n"
       "   (C (D))\t\t==>\t        (E)\n"
       "   (E)\t\t\t\t        (F (C (D))\n"
       "   (F (G)))\t\t\t           (G)))\n");
   // Kept: insert-after-doc
-  register_function<insert_after>("insert-after",
+  register_function<insert_after>(world, "insert-after",
                                   "(insert-after <node> <anchor>) insert <node> after <anchor>:\n"
                                   "(A (B)          (insert-before C G)  (A (B)     \n"
                                   "   (C (D))\t\t==>\t        (E)\n"
                                   "   (E)\t\t\t\t        (F (G)\n"
                                   "   (F (G)))\t\t\t           (C (D))))\n");
-  register_function<insert_node>("insert-node",
+  register_function<insert_node>(world, "insert-node",
                                  "(insert-node <node> <parent>) insert <node> as the first \n"
                                  "child of <parent>. For example:\n"
                                  "(A (B)          (insert-node A F)  (A (F (G))\n"
                                  "   (C (D))\t\t==>\t      (B)\n"
                                  "   (E)\t\t\t\t      (C (D))\n"
                                  "   (F (G)))\t\t\t      (E))\n");
-  register_function<append_node>("append-node",
+  register_function<append_node>(world, "append-node",
                                  "(append-node <node> <parent>) append <node> as the last \n"
                                  "child of <parent>. For example:\n"
                                  "(A (B)          (append-node C G)  (A (B)\n"
@@ -163,7 +164,7 @@ void register_tree_edits() {
                                  "   (F (G)))\t\t\t      (E)\n"
                                  "                                      (F))\n");
   // Kept: detatch-node
-  register_function<detach_node>("detach-node",
+  register_function<detach_node>(world, "detach-node",
                                  "(detatch-node <node>) detach the subtree rooted at <node> \n"
                                  "from its parent. The detached subtree is returned. For example:\n"
                                  "(A (B)          (detach-node C)  (A (B)\n"

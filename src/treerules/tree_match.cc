@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kBlock = 256;
 
 TreeMatch& match_at(std::size_t i) {
-  static auto& blocks = *new std::vector<std::unique_ptr<TreeMatch[]>>;
+  static thread_local std::vector<std::unique_ptr<TreeMatch[]>> blocks;
   if (i == blocks.size() * kBlock) blocks.push_back(std::make_unique<TreeMatch[]>(kBlock));
   return blocks[i / kBlock][i % kBlock];
 }

@@ -44,9 +44,9 @@ struct TreeMatch {
 };
 
 /// How many matches are alive.
-inline std::size_t matches_made = 0;
+inline constinit thread_local std::size_t matches_made = 0;
 /// The stamp that the last match got.
-inline std::uint64_t last_match_stamp = 0;
+inline constinit thread_local std::uint64_t last_match_stamp = 0;
 
 /// Ends the matches that were made while it lived.
 class MatchScope {

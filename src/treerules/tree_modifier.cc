@@ -3,6 +3,7 @@
 #include "deps/deps.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "support/depth.h"
 #include "treerules/tree_conditions.h"
 #include "treerules/tree_edits.h"
@@ -59,9 +60,9 @@ void TreeModifier::clear() {
   if (running_ == 0) cleared_.clear();
 }
 
-void parse_rules(IRSlist* forms, TreeModifier& rules) {
+void parse_rules(World& world, IRSlist* forms, TreeModifier& rules) {
   for (IRSlist* form : forms->items)
-    if (auto rule = make_tree_rule(form)) rules.add(std::move(rule));
+    if (auto rule = make_tree_rule(world, form)) rules.add(std::move(rule));
 }
 
 void clear_rules(TreeModifier& rules) {
@@ -74,25 +75,24 @@ void apply_rules(TreeModifier* rules, RSTree* tree) {
 
 namespace {
 
-TreeModifier* find_rules(const char* name) {
-  return find_object_as<TreeModifier>(name, "TreeModifier", false);
+TreeModifier* find_rules(World& world, const char* name) {
+  return world.objects.find_as<TreeModifier>(name, "TreeModifier", false);
 }
 
-Value def_tree_rules(IRSlist* form) {
+Value def_tree_rules(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  TreeModifier* rules = find_rules(name);
+  TreeModifier* rules = find_rules(world, name);
   if (!rules) {
-    auto fresh = std::make_unique<TreeModifier>();
-    if (!register_object(name, Value::of(fresh.get()), "TreeModifier")) return Value();
-    rules = fresh.release();
+    rules = world.own_object(name, std::make_unique<TreeModifier>(), "TreeModifier");
+    if (!rules) return Value();
   }
-  parse_rules(form, *rules);
+  parse_rules(world, form, *rules);
   return Value();
 }
 
-Value clear_tree_rules(IRSlist* form) {
-  if (TreeModifier* rules = find_rules(form->get_str_val())) clear_rules(*rules);
+Value clear_tree_rules(World& world, IRSlist* form) {
+  if (TreeModifier* rules = find_rules(world, form->get_str_val())) clear_rules(*rules);
   return Value();
 }
 
@@ -103,16 +103,13 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_tree_rules() {
-  static bool done = false;
-  if (done) return;
-  done = true;
-  interpreter().define(kCommands);
-  register_tree_patterns();
-  register_tree_conditions();
-  register_tree_edits();
-  register_node_selectors();
-  register_match_forms();
+void register_tree_rules(World& world) {
+  world.interpreter.define(kCommands);
+  register_tree_patterns(world);
+  register_tree_conditions(world);
+  register_tree_edits(world);
+  register_node_selectors(world);
+  register_match_forms(world);
 }
 
 }  // namespace torvane

@@ -9,6 +9,8 @@
 
 namespace torvane {
 
+class World;
+
 class TreeModifier : public DepsModifier {
  public:
   /// Each rule once, in order, on the tree as the earlier ones left it. Rules that an action adds
@@ -34,12 +36,12 @@ struct ValueTraits<TreeModifier> {
 };
 
 /// Adds the rules of a list of forms; what is no rule is passed over.
-void parse_rules(IRSlist* forms, TreeModifier& rules);
+void parse_rules(World& world, IRSlist* forms, TreeModifier& rules);
 void clear_rules(TreeModifier& rules);
 /// Does nothing for a null list or tree.
 void apply_rules(TreeModifier* rules, RSTree* tree);
 
 /// The commands and all forms of tree rules.
-void register_tree_rules();
+void register_tree_rules(World& world);
 
 }  // namespace torvane

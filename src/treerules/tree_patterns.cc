@@ -1,20 +1,22 @@
 #include "treerules/tree_patterns.h"
 
-#include <iostream>
 #include <unordered_set>
 
+#include "lexp/expressions.h"
+#include "support/messages.h"
 #include "treerules/child_walk.h"
 
 namespace torvane {
 
-Ref<Var> node_variable(const char* name) {
-  if (Var* own = find_own_var(name)) return Ref<Var>(own);
-  return declare_var(name, type_id_of<RSTree>());
+Ref<Var> node_variable(World& world, const char* name) {
+  Scopes& scopes = expressions(world).scopes;
+  if (Var* own = scopes.find_own(name)) return Ref<Var>(own);
+  return scopes.declare(name, type_id_of<RSTree>());
 }
 
-void RTPat::take_var(IRSlist* args) {
+void RTPat::take_var(World& world, IRSlist* args) {
   if (const char* name = args->nth_str_val(0)) {
-    var = node_variable(name);
+    var = node_variable(world, name);
     args->pop_front();
   }
 }
@@ -39,9 +41,9 @@ namespace {
 class NodeCond : public Form<NodeCond, RTPat> {
  public:
   static constexpr const char* kName = "node";
-  void init(IRSlist* args) override {
-    take_var(args);
-    cond_ = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    take_var(world, args);
+    cond_ = get_exp(world, args->nth(0));
   }
 
  protected:
@@ -61,7 +63,7 @@ class LeafCond : public Form<LeafCond, RTPat> {
   static constexpr const char* kName = "is-leaf";
   LeafCond() { out_type = in_type; }
   // Kept: is-leaf-argument
-  void init(IRSlist* args) override { get_exp(args->nth(0)); }
+  void init(World& world, IRSlist* args) override { get_exp(world, args->nth(0)); }
 
  protected:
   Value test(RSTree* tree) override { return tree->empty() ? Value::of(tree) : Value(); }
@@ -71,10 +73,10 @@ class OptRTPat : public Form<OptRTPat, RTPat> {
  public:
   static constexpr const char* kName = "t?";
   OptRTPat() { optional = true; }
-  void init(IRSlist* args) override {
-    cond = get_exp(args->nth(0));
+  void init(World& world, IRSlist* args) override {
+    cond = get_exp(world, args->nth(0));
     if (cond && !is_pattern(*cond.get()))
-      std::cerr << "In (" << name() << " <LEXP>) <LEXP> must return TreeMatch*\n";
+      messages() << "In (" << name() << " <LEXP>) <LEXP> must return TreeMatch*\n";
   }
 
   ExpPtr cond;
@@ -123,7 +125,7 @@ class StarRTPat : public Form<StarRTPat, PlusRTPat> {
 class BranchCond : public Form<BranchCond, RTPat> {
  public:
   static constexpr const char* kName = "tree";
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 
   Array<SubPattern> subs;
   ExpPtr head;
@@ -134,15 +136,15 @@ class BranchCond : public Form<BranchCond, RTPat> {
   virtual bool match_children(RSTree* tree, TreeMatch* match);
 };
 
-void BranchCond::init(IRSlist* args) {
-  take_var(args);
-  head = get_exp(args->nth(0));
+void BranchCond::init(World& world, IRSlist* args) {
+  take_var(world, args);
+  head = get_exp(world, args->nth(0));
   args->pop_front();
   for (IRSlist* item : args->items) {
-    auto exp = get_exp(item);
+    auto exp = get_exp(world, item);
     if (!exp) continue;
     if (!is_pattern(*exp))
-      std::cerr << exp->name() << " cannot be used as a subtree condition in (tree ...) \n";
+      messages() << exp->name() << " cannot be used as a subtree condition in (tree ...) \n";
     subs.append(SubPattern(std::move(exp)));
   }
 }
@@ -219,14 +221,14 @@ class BranchQCond : public Form<BranchQCond, BranchCond> {
 class PathCond : public Form<PathCond, RTPat> {
  public:
   static constexpr const char* kName = "path";
-  void init(IRSlist* args) override {
+  void init(World& world, IRSlist* args) override {
     for (IRSlist* item : args->items) {
-      auto exp = get_exp(item);
+      auto exp = get_exp(world, item);
       if (!exp) continue;
       if (is_pattern(*exp)) {
         conds.append(SubPattern(std::move(exp)));
       } else {
-        std::cerr << "PathCond: all arguments must be LExps that return 'TreeMatch*'\n";
+        messages() << "PathCond: all arguments must be LExps that return 'TreeMatch*'\n";
       }
     }
   }
@@ -258,10 +260,10 @@ class PathCond : public Form<PathCond, RTPat> {
 class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
  public:
   static constexpr const char* kName = "attachment-points";
-  void init(IRSlist* args) override {
-    self = get_exp(args->nth(0));
-    site = get_exp(args->nth(1));
-    pass = get_exp(args->nth(2));
+  void init(World& world, IRSlist* args) override {
+    self = get_exp(world, args->nth(0));
+    site = get_exp(world, args->nth(1));
+    pass = get_exp(world, args->nth(2));
   }
 
   ExpPtr self, site, pass;
@@ -298,17 +300,17 @@ class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
 
 }  // namespace
 
-void register_tree_patterns() {
-  register_form<NodeCond>();
-  register_form<LeafCond>();
-  register_form<OptRTPat>();
-  register_form<PlusRTPat>();
-  register_form<StarRTPat>();
-  register_form<BranchCond>();
-  register_form<BranchUCond>();
-  register_form<BranchQCond>();
-  register_form<PathCond>();
-  register_form<AttachmentPoints>();
+void register_tree_patterns(World& world) {
+  register_form<NodeCond>(world);
+  register_form<LeafCond>(world);
+  register_form<OptRTPat>(world);
+  register_form<PlusRTPat>(world);
+  register_form<StarRTPat>(world);
+  register_form<BranchCond>(world);
+  register_form<BranchUCond>(world);
+  register_form<BranchQCond>(world);
+  register_form<PathCond>(world);
+  register_form<AttachmentPoints>(world);
 }
 
 }  // namespace torvane

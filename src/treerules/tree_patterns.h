@@ -8,6 +8,8 @@
 
 namespace torvane {
 
+class World;
+
 class RTPat : public RTCond {
  public:
   RTPat() { out_type = type_id_of<TreeMatch>(); }
@@ -17,7 +19,7 @@ class RTPat : public RTCond {
 
  protected:
   /// The name in front of the arguments, if there is one.
-  void take_var(IRSlist* args);
+  void take_var(World& world, IRSlist* args);
   void bind(RSTree* tree) const {
     if (var) assign(tree);
   }
@@ -42,8 +44,8 @@ inline bool is_pattern(const LExp& exp) {
 TreeMatch* new_match(const ExpPtr& exp, RSTree* tree);
 
 /// `VAR`, in the scope where the rule's other expressions look for it.
-Ref<Var> node_variable(const char* name);
+Ref<Var> node_variable(World& world, const char* name);
 
-void register_tree_patterns();
+void register_tree_patterns(World& world);
 
 }  // namespace torvane

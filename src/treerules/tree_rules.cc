@@ -3,12 +3,13 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <iostream>
 #include <string_view>
 #include <utility>
 
 #include "deps/tree_walk.h"
+#include "lexp/expressions.h"
 #include "lexp/variables.h"
+#include "support/messages.h"
 #include "support/text.h"
 #include "treerules/tree_patterns.h"
 
@@ -28,26 +29,29 @@ class CurrentIterator {
     Iterator* walk = nullptr;
     RSTree* node = nullptr;
   };
-  static Place current;
+  static thread_local Place current;
 
  private:
   Place outer_;
 };
-CurrentIterator::Place CurrentIterator::current;
+thread_local CurrentIterator::Place CurrentIterator::current;
 
 /// What a rule's expressions declare is the rule's own.
 class VariableScope {
  public:
-  VariableScope() { push_scope(-1); }
-  ~VariableScope() { pop_scope(); }
+  explicit VariableScope(World& world) : scopes_(expressions(world).scopes) { scopes_.push(-1); }
+  ~VariableScope() { scopes_.pop(); }
   VariableScope(const VariableScope&) = delete;
   VariableScope& operator=(const VariableScope&) = delete;
+
+ private:
+  Scopes& scopes_;
 };
 
-std::unique_ptr<LExp> make_condition(IRSlist* form) {
-  auto cond = LExp::get_exp(form);
+std::unique_ptr<LExp> make_condition(World& world, IRSlist* form) {
+  auto cond = LExp::get_exp(world, form);
   if (cond && !is_pattern(*cond))
-    std::cerr << cond->name() << " cannot be used as a condition in tree rules.\n";
+    messages() << cond->name() << " cannot be used as a condition in tree rules.\n";
   return cond;
 }
 
@@ -63,7 +67,7 @@ std::optional<std::string> take_text(IRSlist* args, const char* keyword) {
 /// A condition on each node.
 class StructuralRule : public TreeRule {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
 
   ExpPtr cond;
 
@@ -87,7 +91,7 @@ class DownRule : public StructuralRule {
 /// The root alone, without a condition.
 class RootRule : public StructuralRule {
  public:
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   void apply(RSTree* tree) override;
 };
 
@@ -96,7 +100,7 @@ class FlatRule : public TreeRule {
  public:
   static constexpr int kMostConds = 32;
 
-  void init(IRSlist* args) override;
+  void init(World& world, IRSlist* args) override;
   void apply(RSTree* tree) override;
 
   Array<ExpPtr> conds;
@@ -105,14 +109,14 @@ class FlatRule : public TreeRule {
 
  private:
   class Progress;
-  void read_conds(IRSlist* list);
+  void read_conds(World& world, IRSlist* list);
 };
 
-void StructuralRule::init(IRSlist* args) {
-  TreeRule::init(args);
-  VariableScope scope;
-  cond = make_condition(args->nth(0));
-  action = LExp::get_exp(args->nth(1));
+void StructuralRule::init(World& world, IRSlist* args) {
+  TreeRule::init(world, args);
+  VariableScope scope(world);
+  cond = make_condition(world, args->nth(0));
+  action = LExp::get_exp(world, args->nth(1));
 }
 
 template <class Walk>
@@ -137,9 +141,9 @@ void DownRule::apply(RSTree* tree) {
   run<PreIterator>(tree);
 }
 
-void RootRule::init(IRSlist* args) {
+void RootRule::init(World& world, IRSlist* args) {
   // Kept: root-rule-has-no-options
-  action = LExp::get_exp(args->nth(0));
+  action = LExp::get_exp(world, args->nth(0));
 }
 
 void RootRule::apply(RSTree* tree) {
@@ -147,14 +151,14 @@ void RootRule::apply(RSTree* tree) {
   action.eval(Value::of(tree), type_id_of<RSTree>());
 }
 
-void FlatRule::init(IRSlist* args) {
-  TreeRule::init(args);
-  VariableScope scope;
-  if (IRSlist* list = args->nth(0)) read_conds(list);
-  action = LExp::get_exp(args->nth(1));
+void FlatRule::init(World& world, IRSlist* args) {
+  TreeRule::init(world, args);
+  VariableScope scope(world);
+  if (IRSlist* list = args->nth(0)) read_conds(world, list);
+  action = LExp::get_exp(world, args->nth(1));
 }
 
-void FlatRule::read_conds(IRSlist* list) {
+void FlatRule::read_conds(World& world, IRSlist* list) {
   std::uint32_t bit = 1;
   required = bit;
   for (IRSlist* item : list->items) {
@@ -163,11 +167,11 @@ void FlatRule::read_conds(IRSlist* list) {
     } else if (is_word(item, ":max")) {
       repeat |= bit;
     } else if (conds.count() == kMostConds) {
-      std::cerr << "A flat rule has more than " << kMostConds
-                << " conditions. The rest is left out.\n";
+      messages() << "A flat rule has more than " << kMostConds
+                 << " conditions. The rest is left out.\n";
       return;
     } else {
-      conds.append(make_condition(item));
+      conds.append(make_condition(world, item));
       bit <<= 1;
       required |= bit;
     }
@@ -235,7 +239,7 @@ void remove_from_walk(RSTree* node) {
   if (current.walk && current.node == node) current.walk->remove();
 }
 
-void TreeRule::init(IRSlist* args) {
+void TreeRule::init(World& world, IRSlist* args) {
   if (is_word(args->nth(0), "shallow")) {
     shallow = true;
     args->pop_front();
@@ -244,7 +248,7 @@ void TreeRule::init(IRSlist* args) {
   comments = take_text(args, ":comments");
 }
 
-std::unique_ptr<TreeRule> make_tree_rule(IRSlist* form) {
+std::unique_ptr<TreeRule> make_tree_rule(World& world, IRSlist* form) {
   if (form->empty() || !form->nth(0)->is_atom()) return nullptr;
   std::unique_ptr<TreeRule> rule;
   // Kept: unknown-rule-is-passed
@@ -261,7 +265,7 @@ std::unique_ptr<TreeRule> make_tree_rule(IRSlist* form) {
     return nullptr;
   }
   form->pop_front();
-  rule->init(form);
+  rule->init(world, form);
   return rule;
 }
 

@@ -14,7 +14,7 @@ class TreeRule {
  public:
   virtual void apply(RSTree* tree) = 0;
   /// Reads the rule behind its first word.
-  virtual void init(IRSlist* args);
+  virtual void init(World& world, IRSlist* args);
   virtual ~TreeRule() = default;
   TreeRule(const TreeRule&) = delete;
   TreeRule& operator=(const TreeRule&) = delete;
@@ -29,7 +29,7 @@ class TreeRule {
 };
 
 /// A rule from its form; null if its first word names no kind.
-std::unique_ptr<TreeRule> make_tree_rule(IRSlist* form);
+std::unique_ptr<TreeRule> make_tree_rule(World& world, IRSlist* form);
 
 /// Takes a node out of its tree by the walk of the rule whose action runs, if the walk stands on
 /// it; does nothing otherwise.

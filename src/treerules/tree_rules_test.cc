@@ -31,18 +31,15 @@ bool perhaps(Value) {
 class TreeRules : public testing::Test {
  protected:
   TreeRules() {
-    register_tree_rules();
-    static bool done = false;
-    if (done) return;
-    done = true;
-    register_function<pick>("pick");
-    register_function<perhaps>("perhaps");
+    register_tree_rules(run_.world());
+    register_function<pick>(run_.world(), "pick");
+    register_function<perhaps>(run_.world(), "perhaps");
   }
   ~TreeRules() override { nodes = nullptr; }
 
-  static std::unique_ptr<TreeRule> rule(const std::string& text) {
-    IRSlistReader reader;
-    return make_tree_rule(reader.start_string(text.c_str()));
+  std::unique_ptr<TreeRule> rule(const std::string& text) {
+    IRSlistReader reader(run_.world().double_byte);
+    return make_tree_rule(run_.world(), reader.start_string(text.c_str()));
   }
 
   ExpressionRun run_;

@@ -7,6 +7,7 @@
 
 #include "shell/exec.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
 #include "triples/query_commands.h"
 #include "triples/relation_set.h"
 #include "triples/report_parts.h"
@@ -74,30 +75,30 @@ void collect_words(const IRSlist& form, std::vector<std::string>& words) {
   }
 }
 
-std::vector<std::string> take_words(IRSlist& form) {
+std::vector<std::string> take_words(World& world, IRSlist& form) {
   std::vector<std::string> words;
   std::unique_ptr<IRSlist> given = form.take_keyword_node(":words");
   if (!given) given = form.take_keyword_node(":clusters");
   if (!given) return words;
   if (given->is_list()) {
     collect_words(*given, words);
-  } else if (Ref<Stream> file = open_file(given->atom)) {
-    IRSlistReader reader;
+  } else if (Ref<Stream> file = world.files.open(given->atom)) {
+    IRSlistReader reader(world.double_byte);
     for (IRSlist* item = reader.start_stream(file.get()); item; item = reader.next())
       collect_words(*item, words);
   }
   return words;
 }
 
-Value name_cluster_by_features(IRSlist* form) {
-  std::vector<std::string> words = take_words(*form);
+Value name_cluster_by_features(World& world, IRSlist* form) {
+  std::vector<std::string> words = take_words(world, *form);
   // Kept: init-count-does-nothing
   form->take_keyword_node(":init-count");  // changes nothing
   const char* prefix = form->take_keyword_str(":prefix");
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
-  RelationSet relations(*db, *form);
+  RelationSet relations(world, *db, *form);
   for (const std::string& word : words) {
     TripleDbInfo* entry = db->find(word.c_str());
     if (!entry) continue;
@@ -116,8 +117,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_name_cluster_by_features() {
-  interpreter().define(kCommands);
+void register_name_cluster_by_features(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "triples/my_ostream.h"
 #include "triples/relation_texts.h"
 #include "triples/report_commands.h"
@@ -28,7 +29,7 @@ void merge_walk(T* a, T* a_end, T* b, T* b_end, Order order, Both both, One one)
 
 class Comparison {
  public:
-  Comparison(TripleDb& db, IRSlist& form) : texts_(db, form) {
+  Comparison(World& world, TripleDb& db, IRSlist& form) : out(world.out()), texts_(db, form) {
     const char* keywords[] = {":color0", ":color1", ":color2"};
     for (std::size_t i = 0; i < colors_.size(); ++i)
       if (const char* color = form.take_keyword_str(keywords[i])) colors_[i] = color;
@@ -78,10 +79,10 @@ class Comparison {
   std::array<std::string, 3> colors_{"#bb4444", "#44bb44", "#4444bb"};
 };
 
-Value cmp_tripledb_entries(IRSlist* form) {
-  TripleDb* db = take_triple_db(form);
+Value cmp_tripledb_entries(World& world, IRSlist* form) {
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
-  Comparison comparison(*db, *form);
+  Comparison comparison(world, *db, *form);
   const char* word1 = form->get_str_val();
   const char* word2 = form->get_str_val();
   comparison.out << "<h3> Comparison between '" << word1 << "' and '" << word2 << "'</h3>";
@@ -103,8 +104,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_comparison() {
-  interpreter().define(kCommands);
+void register_entry_comparison(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -5,6 +5,7 @@
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "triples/mutual_info.h"
 #include "triples/my_ostream.h"
 #include "triples/relation_texts.h"
@@ -47,22 +48,22 @@ void print_entry(MyOStream& out, const TripleDbInfo& entry, const RelationTexts&
   }
 }
 
-Value print_tripledb_entry_in_html(IRSlist* form) {
+Value print_tripledb_entry_in_html(World& world, IRSlist* form) {
   std::unique_ptr<IRSlist> words = form->take_keyword_node(":words");
   const char* output = form->take_keyword_str(":output");
   const char* url = form->take_keyword_str(":url");
   // Kept: index-url-does-nothing
   form->take_keyword_node(":index-url");  // has no place on the page
-  TripleDb* db = take_triple_db(form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
   RelationTexts texts(*db, *form);
-  MyOStream standard;
-  auto* given = output ? find_object_as<MyOStream>(output, "MyOStream", false) : nullptr;
+  MyOStream standard(world.out());
+  auto* given = output ? world.objects.find_as<MyOStream>(output, "MyOStream", false) : nullptr;
   MyOStream& out = given ? *given : standard;
 
   StrBufs buf;
   Slist<char*> list;
-  if (words) get_string_list(*words, buf, list);
+  if (words) get_string_list(world, *words, buf, list);
   for (const char* word : list) {
     TripleDbInfo* entry = db->find(word);
     if (!entry) continue;
@@ -81,8 +82,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_in_html() {
-  interpreter().define(kCommands);
+void register_entry_in_html(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

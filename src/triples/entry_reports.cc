@@ -6,6 +6,7 @@
 #include "lexp/form.h"
 #include "lexp/word_list.h"
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "triples/query_commands.h"
 #include "triples/report_parts.h"
 
@@ -14,9 +15,9 @@ namespace {
 
 constexpr long kFeatureSlots = 200011;
 
-Value count_features(IRSlist* form) {
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+Value count_features(World& world, IRSlist* form) {
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
   long words = 0;
   long features = 0;
@@ -57,13 +58,13 @@ std::unordered_set<std::string> keys_that_pass(TripleDb& db, float limit, const 
   return passing;
 }
 
-Value print_entries_with_few_features(IRSlist* form) {
+Value print_entries_with_few_features(World& world, IRSlist* form) {
   float limit = take_float(*form, ":limit", 40);
   std::unique_ptr<IRSlist> node = form->take_keyword_node(":cond");
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
-  ExpPtr condition = node ? LExp::get_exp(node.get()) : nullptr;
+  ExpPtr condition = node ? LExp::get_exp(world, node.get()) : nullptr;
   std::unordered_set<std::string> keys;
   if (condition) keys = keys_that_pass(*db, limit, condition);
   each_entry(*db, [&](TripleDbInfo& entry) {
@@ -82,8 +83,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_reports() {
-  interpreter().define(kCommands);
+void register_entry_reports(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -6,6 +6,7 @@
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "triples/query_commands.h"
 #include "triples/relation_set.h"
 #include "triples/report_parts.h"
@@ -23,7 +24,7 @@ double score(double foreground, double background) {
 
 class HighMutinfo {
  public:
-  HighMutinfo(TripleDb& db, IRSlist& form);
+  HighMutinfo(World& world, TripleDb& db, IRSlist& form);
   bool is_ready() const { return output_ && (background_ || !wants_background_); }
   void print_high_mutinfo(TripleDbInfo& entry);
 
@@ -54,18 +55,18 @@ class HighMutinfo {
   Ref<Stream> output_;
 };
 
-HighMutinfo::HighMutinfo(TripleDb& db, IRSlist& form)
+HighMutinfo::HighMutinfo(World& world, TripleDb& db, IRSlist& form)
     : db_(db),
-      features_(db, form),
+      features_(world, db, form),
       words_only_(form.take_flag(":words-only")),
       inv_(form.take_flag(":inv")),
       min_count_(take_float(form, ":min-count", 0)),
       min_mutinfo_(take_float(form, ":min-mutinfo", 3)),
       min_score_(take_float(form, ":min-score", 3)),
-      output_(take_output_file(form)) {
+      output_(take_output_file(world, form)) {
   if (const char* name = form.take_keyword_str(":background")) {
     wants_background_ = true;
-    background_ = find_object_as<TripleDb>(name, "TripleDb", true);
+    background_ = world.objects.find_as<TripleDb>(name, "TripleDb", true);
   }
   if (const char* name = form.take_keyword_str(":word")) word = name;
 }
@@ -136,10 +137,10 @@ void HighMutinfo::print_high_mutinfo(TripleDbInfo& entry) {
   }
 }
 
-Value print_high_mutinfo(IRSlist* form) {
-  TripleDb* db = take_triple_db(form);
+Value print_high_mutinfo(World& world, IRSlist* form) {
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
-  HighMutinfo report(*db, *form);
+  HighMutinfo report(world, *db, *form);
   if (!report.is_ready()) return Value();
   if (!report.word) {
     each_entry(*db, [&](TripleDbInfo& entry) { report.print_high_mutinfo(entry); });
@@ -157,8 +158,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_print_high_mutinfo() {
-  interpreter().define(kCommands);
+void register_print_high_mutinfo(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 
 #include "lexp/form.h"
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "triples/average_entry.h"
 #include "triples/query_commands.h"
 #include "triples/report_parts.h"
@@ -12,11 +13,11 @@ namespace {
 
 constexpr const char* kUnnamed = "__merged";
 
-std::vector<TripleDbInfo*> find_members(TripleDb& db, const IRSlist* words) {
+std::vector<TripleDbInfo*> find_members(World& world, TripleDb& db, const IRSlist* words) {
   std::vector<TripleDbInfo*> members;
   StrBufs buf;
   Slist<char*> list;
-  if (words) get_string_list(*words, buf, list);
+  if (words) get_string_list(world, *words, buf, list);
   for (const char* word : list)
     if (TripleDbInfo* entry = db.find(word)) members.push_back(entry);
   return members;
@@ -47,7 +48,7 @@ void put_in_place(TripleDb& db, std::unique_ptr<TripleDbInfo> entry) {
   db.link(slot, entry.release());
 }
 
-Value make_avg_entry(IRSlist* form) {
+Value make_avg_entry(World& world, IRSlist* form) {
   std::unique_ptr<IRSlist> words = form->take_keyword_node(":words");
   std::unique_ptr<IRSlist> require = form->take_keyword_node(":require");
   const char* name = form->take_keyword_str(":name");
@@ -58,14 +59,16 @@ Value make_avg_entry(IRSlist* form) {
   form->take_keyword_node(":print-centroid");
   float mi_threshold = take_float(*form, ":mi-threshold", 0.5F);
   float spread = take_float(*form, ":spread", 0.05F);
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
-  RelationSet relations(*db, *form);
-  ExpPtr condition = require ? LExp::get_exp(require.get()) : nullptr;
+  RelationSet relations(world, *db, *form);
+  ExpPtr condition = require ? LExp::get_exp(world, require.get()) : nullptr;
   AverageRules rules{relations, pos, mi_threshold, spread};
 
-  auto features = [&] { return shared_features(*db, find_members(*db, words.get()), rules); };
+  auto features = [&] {
+    return shared_features(*db, find_members(world, *db, words.get()), rules);
+  };
   if (condition && !is_satisfied(condition, features())) return Value();
   std::unique_ptr<TripleDbInfo> entry = make_average(*db, key.c_str(), features());
   if (!entry) return Value();
@@ -82,8 +85,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_make_avg_entry() {
-  interpreter().define(kCommands);
+void register_make_avg_entry(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

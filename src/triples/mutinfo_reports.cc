@@ -1,6 +1,7 @@
 // Reports over mutual information: what is lower than by chance, relations that are mostly noise,
 // and how much each word has in all.
 #include "shell/exec.h"
+#include "shell/world.h"
 #include "triples/query_commands.h"
 #include "triples/relation_set.h"
 #include "triples/report_parts.h"
@@ -25,10 +26,10 @@ void print_low(TripleDb& db, const TripleDbInfo& entry, RelInfo& rel, float max,
   }
 }
 
-Value print_low_mutinfo(IRSlist* form) {
+Value print_low_mutinfo(World& world, IRSlist* form) {
   float max = take_float(*form, ":max", -1);
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
   each_entry(*db, [&](TripleDbInfo& entry) {
     db->load_details(entry);
@@ -47,9 +48,9 @@ bool is_noise(const RelInfo& rel, float threshold) {
   return (all != 0 ? small / all : 0) > threshold;
 }
 
-Value print_noise(IRSlist* form) {
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+Value print_noise(World& world, IRSlist* form) {
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
   // Kept: percent-is-a-fraction
   float threshold = form->empty() ? 0.4F : form->get_float_val();
@@ -66,11 +67,11 @@ Value print_noise(IRSlist* form) {
   return Value();
 }
 
-Value print_total_mutinfo(IRSlist* form) {
-  Ref<Stream> out = take_output_file(*form);
-  TripleDb* db = take_triple_db(form);
+Value print_total_mutinfo(World& world, IRSlist* form) {
+  Ref<Stream> out = take_output_file(world, *form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
-  RelationSet features(*db, *form);
+  RelationSet features(world, *db, *form);
   each_entry(*db, [&](TripleDbInfo& entry) {
     float sum = features.is_everything() ? entry.info : 0;
     if (!features.is_everything())
@@ -89,8 +90,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_mutinfo_reports() {
-  interpreter().define(kCommands);
+void register_mutinfo_reports(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

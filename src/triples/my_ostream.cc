@@ -1,15 +1,14 @@
 #include "triples/my_ostream.h"
 
 #include <cstdio>
-#include <iostream>
 
 namespace torvane {
 
 void MyOStream::put(char c) {
-  std::cout.put(c);
+  out_.put(c);
 }
 void MyOStream::flush() {
-  std::cout.flush();
+  out_.flush();
 }
 
 MyOStream& MyOStream::operator<<(const char* text) {

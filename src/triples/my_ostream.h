@@ -2,12 +2,15 @@
 // name of the type "MyOStream".
 #pragma once
 
+#include <ostream>
+
 #include "support/value.h"
 
 namespace torvane {
 
 class MyOStream {
  public:
+  explicit MyOStream(std::ostream& out) : out_(out) {}
   virtual void put(char c);
   virtual void flush();
   virtual ~MyOStream() = default;
@@ -16,6 +19,9 @@ class MyOStream {
   MyOStream& operator<<(const char* text);
   /// In the "%f" format.
   MyOStream& operator<<(float number);
+
+ private:
+  std::ostream& out_;
 };
 
 namespace tags {

@@ -6,9 +6,9 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <string_view>
 
+#include "support/messages.h"
 #include "triples/triple_db.h"
 
 namespace torvane {
@@ -57,7 +57,7 @@ class RelationPass {
     classes_.clear();
     seen_relation_ = false;
     entry_ = nullptr;
-    if (++words_ % kWordsPerLine == 0) std::cerr << word << '\n';
+    if (++words_ % kWordsPerLine == 0) messages() << word << '\n';
   }
 
   void take_total(const TripleRowReader& row) {
@@ -88,7 +88,7 @@ class RelationPass {
     if (std::strcmp(row.other(), " ") == 0)
       rel->freq = count;
     else
-      std::cerr << "format error in data\n";
+      messages() << "format error in data\n";
   }
 
   void finish_word() {
@@ -206,7 +206,7 @@ class DetailPass {
     db_.save_entry(entry_);
     entry_->drop_details();
     if (++entries_ % kEntriesPerSign == 0)
-      std::cerr << entry_->key << '\t' << entry_->freq << '\t' << entry_->invFreq << '\n';
+      messages() << entry_->key << '\t' << entry_->freq << '\t' << entry_->invFreq << '\n';
   }
 
   TripleDb& db_;

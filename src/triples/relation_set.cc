@@ -27,17 +27,17 @@ void add_name(TripleDb& db, const char* name, LBitSet& direct, LBitSet& inverse)
   if (id != 0) inverse.set(std::abs(id));
 }
 
-ExpPtr take_expression(IRSlist& form, const char* keyword) {
+ExpPtr take_expression(World& world, IRSlist& form, const char* keyword) {
   std::unique_ptr<IRSlist> node = form.take_keyword_node(keyword);
-  return node ? LExp::get_exp(node.get()) : nullptr;
+  return node ? LExp::get_exp(world, node.get()) : nullptr;
 }
 
 }  // namespace
 
-RelationSet::RelationSet(TripleDb& db, IRSlist& form) {
+RelationSet::RelationSet(World& world, TripleDb& db, IRSlist& form) {
   std::unique_ptr<IRSlist> names = form.take_keyword_node(":rels");
-  ExpPtr feature = take_expression(form, ":feature");
-  ExpPtr inv_feature = take_expression(form, ":inv-feature");
+  ExpPtr feature = take_expression(world, form, ":feature");
+  ExpPtr inv_feature = take_expression(world, form, ":inv-feature");
   everything_ = !names && !feature && !inv_feature;
   if (everything_) return;
   direct_ = ids_that_pass(db, feature);

@@ -14,7 +14,7 @@ class RelationSet {
   /// Takes `:rels`, `:feature` and `:inv-feature` off a form. A relation is in if it passes each
   /// that was given. The expressions are evaluated here, on every name that the database has, and
   /// never during a walk over entries: they may run commands.
-  RelationSet(TripleDb& db, IRSlist& form);
+  RelationSet(World& world, TripleDb& db, IRSlist& form);
 
   bool has(int id) const { return everything_ || (id < 0 ? inverse_ : direct_).test(std::abs(id)); }
   bool is_everything() const { return everything_; }

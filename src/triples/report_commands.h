@@ -3,7 +3,9 @@
 
 namespace torvane {
 
-void register_entry_in_html();
-void register_entry_comparison();
+class World;
+
+void register_entry_in_html(World& world);
+void register_entry_comparison(World& world);
 
 }  // namespace torvane

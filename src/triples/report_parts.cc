@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "shell/file_search.h"
+#include "shell/world.h"
 #include "triples/mutual_info.h"
 
 namespace torvane {
@@ -13,13 +14,13 @@ float take_float(IRSlist& form, const char* keyword, float otherwise) {
   return otherwise;
 }
 
-Ref<Stream> take_output_file(IRSlist& form) {
-  return make_ostream(form.take_keyword_str(":output"));
+Ref<Stream> take_output_file(World& world, IRSlist& form) {
+  return world.make_ostream(form.take_keyword_str(":output"));
 }
 
-std::unique_ptr<WordClasses> take_wordset(IRSlist& form) {
+std::unique_ptr<WordClasses> take_wordset(World& world, IRSlist& form) {
   const char* name = form.take_keyword_str(":wordset");
-  Ref<Stream> file = name ? open_file(name) : Ref<Stream>();
+  Ref<Stream> file = name ? world.files.open(name) : Ref<Stream>();
   return file && file->in() ? std::make_unique<WordClasses>(*file->in()) : nullptr;
 }
 

@@ -13,9 +13,9 @@ namespace torvane {
 /// A number behind a keyword, which goes off the form with it.
 float take_float(IRSlist& form, const char* keyword, float otherwise);
 /// The file of `:output`, or standard output; null after a message if it cannot be opened.
-Ref<Stream> take_output_file(IRSlist& form);
+Ref<Stream> take_output_file(World& world, IRSlist& form);
 /// The classes in the file of `:wordset`; null if there are none.
-std::unique_ptr<WordClasses> take_wordset(IRSlist& form);
+std::unique_ptr<WordClasses> take_wordset(World& world, IRSlist& form);
 
 /// Calls `visit(entry)` for every entry. With a file an entry is a temporary, its details unread.
 template <class Visit>

@@ -1,9 +1,10 @@
 // `search-tripledbs`: the entries of words, in the layout in which every entry prints.
 #include <cstdlib>
-#include <iostream>
 #include <memory>
 
 #include "shell/exec.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "triples/mutual_info.h"
 #include "triples/query_commands.h"
 #include "triples/report_parts.h"
@@ -19,10 +20,10 @@ void print_relation(TripleDb& db, const TripleDbInfo& entry, RelInfo& rel, const
     write_row(out << "\t\t", word.word, word.freq, known_mutinfo(word, rel, db));
 }
 
-Value search_tripledbs(IRSlist* form) {
-  Ref<Stream> out = take_output_file(*form);
+Value search_tripledbs(World& world, IRSlist* form) {
+  Ref<Stream> out = take_output_file(world, *form);
   std::unique_ptr<IRSlist> relation = form->take_keyword_node(":rel");
-  TripleDb* db = take_triple_db(form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db || !out) return Value();
   while (std::unique_ptr<IRSlist> key = form->pop_front())
     if (TripleDbInfo* entry = db->find(key->atom))
@@ -47,7 +48,7 @@ void print_triple_entry(TripleDb& db, TripleDbInfo& entry, std::ostream& out,
   for (RelInfo& rel : entry.rels) {
     RelationName name(db, rel.id);
     if (!name) {
-      std::cerr << "Relation: " << rel.id << " is not found\n";
+      messages() << "Relation: " << rel.id << " is not found\n";
       continue;
     }
     bool matches = !relation || rel.id == wanted || (wanted > 0 && std::abs(rel.id) == wanted);
@@ -55,8 +56,8 @@ void print_triple_entry(TripleDb& db, TripleDbInfo& entry, std::ostream& out,
   }
 }
 
-void register_search_tripledbs() {
-  interpreter().define(kCommands);
+void register_search_tripledbs(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

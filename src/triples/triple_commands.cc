@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <climits>
-#include <iostream>
 #include <utility>
 
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "store/store_commands.h"
 #include "triples/populate.h"
 #include "triples/report_parts.h"
@@ -16,8 +16,8 @@
 
 namespace torvane {
 
-TripleDb* take_triple_db(IRSlist* form) {
-  return find_object_as<TripleDb>(form->get_str_val(), "TripleDb", true);
+TripleDb* take_triple_db(World& world, IRSlist* form) {
+  return world.objects.find_as<TripleDb>(form->get_str_val(), "TripleDb", true);
 }
 
 namespace {
@@ -31,7 +31,7 @@ long take_long(IRSlist* form, const char* keyword, long otherwise) {
   return value;
 }
 
-Value make_tripledb(IRSlist* form) {
+Value make_tripledb(World& world, IRSlist* form) {
   long id_buckets = take_long(form, ":id-table-size", kIdBuckets);
   long clean_up_after = take_long(form, ":clean-up-after", 0);
   const char* prefix = form->take_keyword_str(":tmp-file-prefix");
@@ -42,31 +42,28 @@ Value make_tripledb(IRSlist* form) {
   auto db = std::make_unique<TripleDb>(buckets, id_buckets, save_mutinfo);
   db->clean_up_after = static_cast<int>(std::clamp<long>(clean_up_after, 0, INT_MAX));
   db->set_tmp_file_prefix(prefix);
-  Value value = Value::of(db.get());
-  if (!register_object(name, value, "TripleDb/PLHash")) return Value();
-  db.release();  // lives as long as the process
-  return value;
+  return Value::of(world.own_object(name, std::move(db), "TripleDb/PLHash"));
 }
 
-Value merge_tripledbs(IRSlist* form) {
-  TripleDb* target = take_triple_db(form);
-  TripleDb* source = target ? take_triple_db(form) : nullptr;
+Value merge_tripledbs(World& world, IRSlist* form) {
+  TripleDb* target = take_triple_db(world, form);
+  TripleDb* source = target ? take_triple_db(world, form) : nullptr;
   if (source) target->merge_triples(*source);
   return Value();
 }
 
-Value populate_tripledb(IRSlist* form) {
+Value populate_tripledb(World& world, IRSlist* form) {
   PopulateLimits limits;
   limits.min_freq = take_float(*form, ":min-freq", limits.min_freq);
   limits.min_rel_freq = take_float(*form, ":min-rel-freq", limits.min_rel_freq);
   limits.min_info = take_float(*form, ":min-info", limits.min_info);
   limits.min_logl = take_float(*form, ":min-logl", limits.min_logl);
-  TripleDb* db = take_triple_db(form);
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
-  Ref<Stream> relations = open_file(form->get_str_val());
+  Ref<Stream> relations = world.files.open(form->get_str_val());
   if (!relations) return Value();
   const bool with_details = !form->empty();
-  Ref<Stream> details = with_details ? open_file(form->get_str_val()) : Ref<Stream>();
+  Ref<Stream> details = with_details ? world.files.open(form->get_str_val()) : Ref<Stream>();
   if (with_details && !details) return Value();
   db->limits = limits;
   db->populate_relations(*relations->in());
@@ -78,29 +75,29 @@ Value populate_tripledb(IRSlist* form) {
   return Value();
 }
 
-Value dump_tripledb(IRSlist* form) {
-  TripleDb* db = take_triple_db(form);
+Value dump_tripledb(World& world, IRSlist* form) {
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
-  Ref<Stream> relations = make_ostream(form->empty() ? nullptr : form->get_str_val());
+  Ref<Stream> relations = world.make_ostream(form->empty() ? nullptr : form->get_str_val());
   Ref<Stream> details =
-      relations ? make_ostream(form->empty() ? nullptr : form->get_str_val()) : relations;
+      relations ? world.make_ostream(form->empty() ? nullptr : form->get_str_val()) : relations;
   if (details) db->dump(*relations->out(), *details->out());
   return Value();
 }
 
-Value dump_and_clear(IRSlist* form) {
-  if (TripleDb* db = take_triple_db(form)) db->dump_and_clear();
+Value dump_and_clear(World& world, IRSlist* form) {
+  if (TripleDb* db = take_triple_db(world, form)) db->dump_and_clear(world);
   return Value();
 }
 
-Value set_tmp_file_prefix(IRSlist* form) {
-  if (TripleDb* db = take_triple_db(form)) db->set_tmp_file_prefix(form->get_str_val());
+Value set_tmp_file_prefix(World& world, IRSlist* form) {
+  if (TripleDb* db = take_triple_db(world, form)) db->set_tmp_file_prefix(form->get_str_val());
   return Value();
 }
 
-Value del_tripledb_entry(IRSlist* form) {
-  TripleDb* db = take_triple_db(form);
-  Ref<Stream> in = db ? open_file(form->get_str_val()) : Ref<Stream>();
+Value del_tripledb_entry(World& world, IRSlist* form) {
+  TripleDb* db = take_triple_db(world, form);
+  Ref<Stream> in = db ? world.files.open(form->get_str_val()) : Ref<Stream>();
   if (!in) return Value();
   TripleRowReader row(*in->in());
   while (row.next(3)) db->remove_triple(row.word(), row.relation(), row.other());
@@ -108,13 +105,13 @@ Value del_tripledb_entry(IRSlist* form) {
   return Value();
 }
 
-Value print_keys(IRSlist* form) {
-  TripleDb* db = take_triple_db(form);
+Value print_keys(World& world, IRSlist* form) {
+  TripleDb* db = take_triple_db(world, form);
   if (!db) return Value();
   for (PLHashIterator walk(*db); !walk.done(); walk.next()) {
     const auto& entry = *static_cast<TripleDbInfo*>(walk.current());
-    std::cout << entry.key << '\t' << entry.freq << '\t' << entry.invFreq << '\t' << entry.info
-              << '\n';
+    world.out() << entry.key << '\t' << entry.freq << '\t' << entry.invFreq << '\t' << entry.info
+                << '\n';
   }
   return Value();
 }
@@ -136,14 +133,12 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_triple_commands() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  register_store_commands();
-  interpreter().define(kCommands);
+void register_triple_commands(World& world) {
+  register_store_commands(world);
+  world.interpreter.define(kCommands);
   dep_statistics_of = [](Value object) -> DepStatistics* { return object.as<TripleDb>(); };
-  register_triple_queries();
-  register_triple_reports();
+  register_triple_queries(world);
+  register_triple_reports(world);
 }
 
 }  // namespace torvane

@@ -9,9 +9,9 @@
 namespace torvane {
 
 /// Registers the commands on stores, on triple databases, and the queries and reports over them.
-void register_triple_commands();
+void register_triple_commands(World& world);
 
 /// The database that the first argument names, or null after its message.
-TripleDb* take_triple_db(IRSlist* form);
+TripleDb* take_triple_db(World& world, IRSlist* form);
 
 }  // namespace torvane

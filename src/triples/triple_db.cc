@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <climits>
-#include <iostream>
 #include <vector>
 
+#include "support/messages.h"
 #include "triples/triple_queries.h"
 
 namespace torvane {
@@ -187,7 +187,7 @@ void TripleDb::CleanUp() {
     }
   write();
   for (PLHashEntry* entry : dropped) delete_entry(entry);
-  std::cerr << "CleanUp deleted " << deleted << " out of " << walked << '\n';
+  messages() << "CleanUp deleted " << deleted << " out of " << walked << '\n';
   serial = half;
 }
 

@@ -70,7 +70,7 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   bool dump(std::ostream& rel_stream, std::ostream& detail_stream);
   /// Drops what was not used lately. Only for moments when no entry is in use.
   void CleanUp();
-  void dump_and_clear();
+  void dump_and_clear(World& world);
   void set_tmp_file_prefix(const char* prefix) { tmp_file_prefix = prefix ? prefix : ""; }
   /// Adds every triple of another database.
   void merge_triples(TripleDb& source);

@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <sstream>
 
-#include "shell/file_search.h"
+#include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
 
@@ -14,11 +14,11 @@ namespace {
 class TripleDbTest : public testing::Test {
  protected:
   TripleDbTest() {
-    set_search_path((folder_ / "").c_str());
+    world_.files.set((folder_ / "").c_str());
     folder_.write("a.hdr", "a.db 64 11 strcasecmp");
   }
 
-  void link(TripleDb& db, int mode = 3) { ASSERT_GE(db.link_file("a.hdr", mode), 0); }
+  void link(TripleDb& db, int mode = 3) { ASSERT_GE(db.link_file(world_, "a.hdr", mode), 0); }
   static void populate(TripleDb& db, const std::string& relations, const std::string& details) {
     std::istringstream first(relations), second(details);
     db.populate_relations(first);
@@ -38,6 +38,7 @@ class TripleDbTest : public testing::Test {
   }
 
   ScratchFolder folder_;
+  World world_{World::Console::of_process()};
 };
 
 std::string packed(std::initializer_list<std::uint32_t> words) {
@@ -226,7 +227,7 @@ TEST_F(TripleDbTest, EntriesOfMemoryStayWhenAStoreIsLinked) {
   auto put = [&](char byte) { std::fstream(folder_ / "a.db").seekp(count_of_ids).put(byte); };
   const std::string before = dump(db);
   put(1);
-  EXPECT_EQ(db.link_file("a.hdr", 1), 0);
+  EXPECT_EQ(db.link_file(world_, "a.hdr", 1), 0);
   EXPECT_EQ(dump(db), before) << "of a damaged store nothing is taken";
   put(0);
   link(db, 1);

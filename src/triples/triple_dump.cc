@@ -3,11 +3,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iostream>
 #include <string>
 #include <vector>
 
 #include "shell/streams.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "triples/triple_db.h"
 
 namespace torvane {
@@ -84,15 +85,15 @@ bool TripleDb::dump(std::ostream& rel_stream, std::ostream& detail_stream) {
   rel_stream.flush();
   detail_stream.flush();
   if (rel_stream && detail_stream) return true;
-  std::cerr << "The dump of the database could not be written\n";
+  messages() << "The dump of the database could not be written\n";
   return false;
 }
 
-void TripleDb::dump_and_clear() {
+void TripleDb::dump_and_clear(World& world) {
   std::string number = std::to_string(dump_number);
-  std::cerr << "CleanUp " << number << '\n';
-  Ref<Stream> rels = make_ostream((tmp_file_prefix + "tmprels." + number).c_str());
-  Ref<Stream> details = make_ostream((tmp_file_prefix + "tmpdeps." + number).c_str());
+  messages() << "CleanUp " << number << '\n';
+  Ref<Stream> rels = world.make_ostream((tmp_file_prefix + "tmprels." + number).c_str());
+  Ref<Stream> details = world.make_ostream((tmp_file_prefix + "tmpdeps." + number).c_str());
   if (!rels || !details || !dump(*rels->out(), *details->out())) return;
   clear();
   serial = 0;

@@ -3,7 +3,9 @@
 
 namespace torvane {
 
+class World;
+
 /// `print-tripledb-entry-in-html` and `cmp-tripledb-entries`
-void register_triple_reports();
+void register_triple_reports(World& world);
 
 }  // namespace torvane

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <iostream>
 #include <string>
 
-#include "shell/exec.h"
-#include "shell/named_objects.h"
+#include "shell/world.h"
 #include "triples/my_ostream.h"
 #include "triples/triple_commands.h"
 
@@ -12,20 +12,23 @@ namespace {
 
 class Page : public MyOStream {
  public:
+  Page() : MyOStream(std::cout) {}
   void put(char c) override { text += c; }
   void flush() override { flushed = text; }
   std::string text, flushed;
 };
 
 TEST(TripleReports, PagesGoToANamedObject) {
-  register_triple_commands();
-  static Page page;
-  static TripleDb db(11, 11, 0);
+  Page page;
+  TripleDb db(11, 11, 0);
+  World world(World::Console::of_process());
+  WorldScope here(world);
+  register_triple_commands(world);
   db.add_triple("a b", db.feature_id("r", true), "c d", 0.1F);
-  register_object("page", Value::of<MyOStream>(&page), "MyOStream");
-  register_object("page-db", Value::of(&db), "TripleDb/PLHash");
-  interpreter().prompt = false;
-  interpreter().load_string(
+  world.objects.add("page", Value::of<MyOStream>(&page), "MyOStream");
+  world.objects.add("page-db", Value::of(&db), "TripleDb/PLHash");
+  world.interpreter.prompt = false;
+  world.interpreter.load_string(
       "(print-tripledb-entry-in-html page-db :words (\"a b\") :output PAGE :url \"<a href=x?\")");
   EXPECT_EQ(page.flushed,
             "<h3>a b</h3>r 0.100000 times:<br>\n\t\t<a href=x?head=%22a b%22&rel=%22r%22&modifier="

@@ -7,6 +7,7 @@
 
 #include "shell/exec.h"
 #include "shell/file_search.h"
+#include "shell/world.h"
 #include "triples/query_commands.h"
 #include "triples/report_parts.h"
 #include "triples/triple_filter.h"
@@ -18,8 +19,10 @@ constexpr float kWeakShare = 0.5F;  // of the strongest relation's mutual inform
 
 struct PairQuery {
   /// Takes the arguments that all these commands have; `db` is null if one is amiss.
-  explicit PairQuery(IRSlist& form)
-      : out(take_output_file(form)), classes(take_wordset(form)), db(take_triple_db(&form)) {
+  PairQuery(World& world, IRSlist& form)
+      : out(take_output_file(world, form)),
+        classes(take_wordset(world, form)),
+        db(take_triple_db(world, &form)) {
     if (!out) db = nullptr;
   }
   Ref<Stream> out;
@@ -27,10 +30,10 @@ struct PairQuery {
   TripleDb* db;
 };
 
-Value get_all_rels(IRSlist* form) {
-  PairQuery query(*form);
+Value get_all_rels(World& world, IRSlist* form) {
+  PairQuery query(world, *form);
   if (!query.db) return Value();
-  RelationSet relations(*query.db, *form);
+  RelationSet relations(world, *query.db, *form);
   const char* x = form->get_str_val();
   const char* y = form->get_str_val();
   for (const TripleRow& row : triple_filter(*query.db, x, y, relations, query.classes.get()))
@@ -50,11 +53,11 @@ std::vector<std::string> split_at_tabs(std::string_view line) {
   return fields;
 }
 
-Value filter_high_mutinfo_pairs(IRSlist* form) {
-  PairQuery query(*form);
+Value filter_high_mutinfo_pairs(World& world, IRSlist* form) {
+  PairQuery query(world, *form);
   if (!query.db) return Value();
-  RelationSet relations(*query.db, *form);
-  Ref<Stream> in = open_file(form->get_str_val());
+  RelationSet relations(world, *query.db, *form);
+  Ref<Stream> in = world.files.open(form->get_str_val());
   if (!in || !in->in()) return Value();
   for (std::string line; std::getline(*in->in(), line);) {
     std::vector<std::string> fields = split_at_tabs(line);
@@ -80,10 +83,10 @@ void print_weak_rows(PairQuery& query, const Array<TripleRow>& rows) {
   }
 }
 
-Value print_possible_errors(IRSlist* form) {
-  PairQuery query(*form);
+Value print_possible_errors(World& world, IRSlist* form) {
+  PairQuery query(world, *form);
   if (!query.db) return Value();
-  RelationSet relations(*query.db, *form);
+  RelationSet relations(world, *query.db, *form);
   auto is_wanted = [&](const char* word) {
     return !query.classes || !query.classes->class_of(word).empty();
   };
@@ -113,8 +116,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_word_pair_reports() {
-  interpreter().define(kCommands);
+void register_word_pair_reports(World& world) {
+  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

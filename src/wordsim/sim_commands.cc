@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <iostream>
 #include <limits>
 #include <string>
 #include <utility>
@@ -7,6 +6,8 @@
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
 #include "support/text.h"
 #include "wordsim/group_scores.h"
 #include "wordsim/sim_print.h"
@@ -17,8 +18,8 @@ namespace {
 // Kept: quote-inside-the-address
 constexpr const char* kDefaultUrl = "<a href=http://localhost/cgi-bin/getsim.cgi?word=";
 
-SimWordDb* take_db(IRSlist* form) {
-  return find_object_as<SimWordDb>(form->get_str_val(), "SimWordDb", true);
+SimWordDb* take_db(World& world, IRSlist* form) {
+  return world.objects.find_as<SimWordDb>(form->get_str_val(), "SimWordDb", true);
 }
 
 int int_option(IRSlist* form, const char* keyword, long value) {
@@ -40,63 +41,62 @@ std::unique_ptr<SimWordDb> new_db(IRSlist* form) {
   return std::make_unique<SimWordDb>(size, most_syns, least_sim);
 }
 
-void open_dictionaries(SimWordDb& db, IRSlist* form) {
+void open_dictionaries(World& world, SimWordDb& db, IRSlist* form) {
   constexpr const char* kKeywords[kPartsOfSpeech] = {":noun", ":verb", ":adj/adv"};
   for (int pos = 0; pos < kPartsOfSpeech; ++pos)
     if (const char* header = text_option(form, kKeywords[pos]))
-      db.dicts[pos] = std::make_unique<DictOnDisk>(header);
+      db.dicts[pos] = std::make_unique<DictOnDisk>(world, header);
 }
 
 /// The store that a header names; null without one, or if it cannot be opened.
-std::unique_ptr<QHash> open_store(const char* header, const char* access) {
+std::unique_ptr<QHash> open_store(World& world, const char* header, const char* access) {
   if (!header) return nullptr;
-  auto store = std::make_unique<QHash>(same_word(access, "rw") ? 3 : 1);
-  store->open_header(header);
+  auto store = std::make_unique<QHash>(world.objects, same_word(access, "rw") ? 3 : 1);
+  store->open_header(world, header);
   if (!store->is_open()) store.reset();
   return store;
 }
 
 /// A store with content comes first: its ids must be those of the table, and a source may add to
 /// its records.
-void read_sources(SimWordDb& db, IRSlist* form) {
+void read_sources(World& world, SimWordDb& db, IRSlist* form) {
   const char* header = text_option(form, ":db");
-  std::unique_ptr<QHash> store = open_store(header, text_option(form, ":access"));
+  std::unique_ptr<QHash> store = open_store(world, header, text_option(form, ":access"));
   auto attach = [&] {
     if (!db.attach_file(std::move(store)))
-      std::cerr << header << " is not a store of similar words\n";
+      messages() << header << " is not a store of similar words\n";
   };
   if (store && store->data_start != store->end_pos) attach();
   if (const char* source = text_option(form, ":src"))
-    if (Ref<Stream> stream = open_file(source)) db.read_source(stream.get());
+    if (Ref<Stream> stream = world.files.open(source))
+      db.read_source(stream.get(), world.double_byte);
   if (store) attach();
   db.save();
 }
 
-Value make_simworddb(IRSlist* form) {
+Value make_simworddb(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
-  std::unique_ptr<SimWordDb> made = new_db(form);
-  Value value = Value::of(made.get());
-  if (!register_object(name, value, "SimWordDb")) return Value();
-  SimWordDb& db = *made.release();  // named objects live for the rest of the run
-  open_dictionaries(db, form);
-  read_sources(db, form);
-  return value;
+  SimWordDb* db = world.own_object(name, new_db(form), "SimWordDb");
+  if (!db) return Value();
+  open_dictionaries(world, *db, form);
+  read_sources(world, *db, form);
+  return Value::of(db);
 }
 
-Value simwords(IRSlist* form) {
-  SimWordDb* db = take_db(form);
+Value simwords(World& world, IRSlist* form) {
+  SimWordDb* db = take_db(world, form);
   while (std::unique_ptr<IRSlist> word = db ? form->pop_front() : nullptr)
     if (const SimRecord* record = db->find_record(word->atom))
-      print_similar_words(*db, *record, std::cout);
+      print_similar_words(*db, *record, world.out());
   return Value();
 }
 
 /// The strings of a node, if there is one.
 class Words {
  public:
-  explicit Words(std::unique_ptr<IRSlist> node) {
-    if (node) get_string_list(*node, strings_, list);
+  Words(World& world, std::unique_ptr<IRSlist> node) {
+    if (node) get_string_list(world, *node, strings_, list);
   }
   Slist<char*> list;
 
@@ -104,29 +104,29 @@ class Words {
   StrBufs strings_;
 };
 
-Value get_grouped_sim_words(IRSlist* form) {
+Value get_grouped_sim_words(World& world, IRSlist* form) {
   // Kept: grouped-words-by-keywords
-  Words colors(form->take_keyword_node(":colors"));
+  Words colors(world, form->take_keyword_node(":colors"));
   const char* url = form->take_keyword_str(":url");
   std::unique_ptr<IRSlist> words_node = form->take_keyword_node(":words");
-  SimWordDb* db = take_db(form);
+  SimWordDb* db = take_db(world, form);
   if (!db) return Value();
-  Words words(std::move(words_node));
+  Words words(world, std::move(words_node));
   SimPageStyle style{url ? url : kDefaultUrl, {colors.list.begin(), colors.list.end()}};
   for (const char* word : words.list)
     if (const SimRecord* record = db->find_record(word))
-      print_similar_words_in_html(*db, *record, style, std::cout);
+      print_similar_words_in_html(*db, *record, style, world.out());
   return Value();
 }
 
-Value get_sim(IRSlist* form) {
-  SimWordDb* db = take_db(form);
+Value get_sim(World& world, IRSlist* form) {
+  SimWordDb* db = take_db(world, form);
   if (!db) return Value();
   const char* word1 = form->get_str_val();
   const char* word2 = form->get_str_val();
   int pos = pos_index(form->get_str_val());
-  std::cout << or_empty(word1) << '\t' << or_empty(word2) << '\t'
-            << float_text(db->get_sim(word1, word2, pos)) << '\n';
+  world.out() << or_empty(word1) << '\t' << or_empty(word2) << '\t'
+              << float_text(db->get_sim(word1, word2, pos)) << '\n';
   return Value();
 }
 
@@ -172,28 +172,28 @@ std::unique_ptr<LBitSet> scope_of(SimWordDb& db, const char* word, int pos) {
   return scope;
 }
 
-Value get_group_sims(IRSlist* form) {
+Value get_group_sims(World& world, IRSlist* form) {
   const char* scope_word = form->take_keyword_str(":scope");
-  SimWordDb* db = take_db(form);
+  SimWordDb* db = take_db(world, form);
   if (!db) return Value();
   int pos = pos_index(form->get_str_val());
-  Words words(form->pop_front());
+  Words words(world, form->pop_front());
   std::unique_ptr<LBitSet> scope = scope_of(*db, scope_word, pos);
   GroupQuery query(*db, pos, words.list, scope.get());
   query.walk([&](std::size_t i, bool asked, float f) {
-    std::cout << (asked ? "*" : "") << query.word(i) << '\t' << float_text(query.ratio(i)) << '\t'
-              << float_text(f) << '\n';
+    world.out() << (asked ? "*" : "") << query.word(i) << '\t' << float_text(query.ratio(i)) << '\t'
+                << float_text(f) << '\n';
   });
   return Value();
 }
 
-Value expand_using_group_sims(IRSlist* form) {
+Value expand_using_group_sims(World& world, IRSlist* form) {
   float threshold = 0.5F;
   form->find_keyword_float(":f-threshold", threshold);
-  SimWordDb* db = take_db(form);
+  SimWordDb* db = take_db(world, form);
   if (!db) return Value();
   int pos = pos_index(form->get_str_val());
-  Words words(form->pop_front());
+  Words words(world, form->pop_front());
   GroupQuery query(*db, pos, words.list, nullptr);
   std::size_t best = 0;
   float largest = -1;
@@ -204,14 +204,14 @@ Value expand_using_group_sims(IRSlist* form) {
     }
   });
   if (query.empty() || largest < threshold) return Value();
-  std::cout << "( " << float_text(largest);
+  world.out() << "( " << float_text(largest);
   float limit = 0.75F * query.ratio(best);
   for (std::size_t i = 0; i <= best && query.ratio(i) >= limit; ++i) {
     std::string word;
     append_quoted(word, query.word(i), QuoteComma::yes);
-    std::cout << ' ' << word;
+    world.out() << ' ' << word;
   }
-  std::cout << " )\n";
+  world.out() << " )\n";
   return Value();
 }
 
@@ -237,11 +237,9 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_similar_words() {
-  static bool done = false;
-  if (std::exchange(done, true)) return;
-  interpreter().define(kCommands);
-  register_word_sim_form();
+void register_similar_words(World& world) {
+  world.interpreter.define(kCommands);
+  register_word_sim_form(world);
 }
 
 }  // namespace torvane

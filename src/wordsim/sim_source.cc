@@ -147,10 +147,10 @@ void SimWordDb::read_entry(IRSlist& entry, SimInserter& inserter) {
   }
 }
 
-void SimWordDb::read_source(Stream* stream) {
+void SimWordDb::read_source(Stream* stream, bool double_byte) {
   whole_lists_ = file && !file->read_only();
   SimInserter inserter;
-  IRSlistReader reader;
+  IRSlistReader reader(double_byte);
   for (IRSlist* entry = reader.start_stream(stream); entry; entry = reader.next())
     if (!entry->empty()) read_entry(*entry, inserter);
   whole_lists_ = false;

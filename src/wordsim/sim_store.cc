@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <iostream>
 #include <limits>
 #include <utility>
 
 #include "support/big_endian.h"
+#include "support/messages.h"
 #include "wordsim/sim_word_db.h"
 
 namespace torvane {
@@ -111,7 +111,7 @@ SimRecord* SimWordDb::load_from_file(const char* word) {
   auto record = std::make_unique<SimRecord>(get_id(key, 1));
   int most = whole_lists_ ? std::numeric_limits<int>::max() : max_syns;
   if (value > end || !unpack_record(value, end, count(), most, *record)) {
-    std::cerr << "SimWordDb: the record of " << word << " is damaged\n";
+    messages() << "SimWordDb: the record of " << word << " is damaged\n";
     return nullptr;
   }
   return &keep(std::move(record));

@@ -38,7 +38,7 @@ class SimWordDb : public Str2Id {
   /// Writes the id table and all loaded records to the store and syncs it.
   void save();
   /// Reads a source file. Its pairs join what is known of a word.
-  void read_source(Stream* stream);
+  void read_source(Stream* stream, bool double_byte);
 
   Array<std::unique_ptr<SimRecord>> records;  ///< by id, null where nothing was loaded
   std::unique_ptr<DictOnDisk> dicts[kPartsOfSpeech];
@@ -57,8 +57,8 @@ class SimWordDb : public Str2Id {
 };
 
 /// `make-simworddb` and all commands on similar words, and the `word-sim` form.
-void register_similar_words();
-void register_word_sim_form();
+void register_similar_words(World& world);
+void register_word_sim_form(World& world);
 
 namespace tags {
 inline constexpr TypeTag sim_word_db{"SimWordDb"};

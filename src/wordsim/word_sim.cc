@@ -3,6 +3,7 @@
 
 #include "lexp/form.h"
 #include "shell/named_objects.h"
+#include "shell/world.h"
 #include "wordsim/sim_word_db.h"
 
 namespace torvane {
@@ -15,9 +16,9 @@ class WordSim : public Form<WordSim, MArgExp> {
   static constexpr const char* kName = "word-sim";
   WordSim() : Form(kName, nullptr, kTexts) { out_type = type_id_of<int>(); }
 
-  void init(IRSlist* arguments) override {
-    db_ = find_object_as<SimWordDb>(arguments->get_str_val(), "SimWordDb", true);
-    MArgExp::init(arguments);
+  void init(World& world, IRSlist* arguments) override {
+    db_ = world.objects.find_as<SimWordDb>(arguments->get_str_val(), "SimWordDb", true);
+    MArgExp::init(world, arguments);
   }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type) || !db_ || args.count() < kTexts) return Value();
@@ -39,8 +40,8 @@ class WordSim : public Form<WordSim, MArgExp> {
 
 }  // namespace
 
-void register_word_sim_form() {
-  register_form<WordSim>();
+void register_word_sim_form(World& world) {
+  register_form<WordSim>(world);
 }
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "att/aliases.h"
+#include "att/attributes.h"
 #include "fuzz_input.h"
 
 namespace torvane {
@@ -43,7 +44,7 @@ void check_round_trip(const AttVec& vec, AttInterpreterList* type) {
 void read_input(const std::string& bytes) {
   static const bool defined = (define_types(), true);
   if (!defined || bytes.empty()) return;
-  AttInterpreterList* type = AttInterpreterList::find(kTypes[bytes[0] & 1]);
+  AttInterpreterList* type = find_att_list(world(), kTypes[bytes[0] & 1]);
   // A block of exactly the bytes' size, so that reading on would be seen.
   const std::vector<char> block(bytes.begin() + 1, bytes.end());
   const char* p = block.data();

@@ -5,7 +5,7 @@
 namespace torvane {
 
 void read_input(const std::string& bytes) {
-  auto tokenizer = Tokenizer::make_default();
+  auto tokenizer = Tokenizer::make_default(false);
   Ref<Stream> stream = Stream::from_text(bytes.data(), bytes.size());
   tokenizer->set_input(stream.get());
   IRSlist form;
@@ -15,7 +15,7 @@ void read_input(const std::string& bytes) {
     StrBufs text;
     form.to_text(text);
     std::string written = text.finish();
-    IRSlistReader reader;
+    IRSlistReader reader(false);
     IRSlist* again = reader.start_string(written.c_str());
     StrBufs text_again;
     if (!again) std::abort();

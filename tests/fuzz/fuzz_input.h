@@ -1,13 +1,11 @@
 // What the readers of bytes share.
 #pragma once
 
-#include <cstdlib>
 #include <iostream>
 #include <sstream>
 #include <string>
 
-#include "att/att_interpreter_list.h"
-#include "shell/exec.h"
+#include "engine/engine.h"
 
 namespace torvane {
 
@@ -15,12 +13,17 @@ namespace torvane {
 /// shut.
 void read_input(const std::string& bytes);
 
+/// The world in which a target reads, with all modules.
+inline World& world() {
+  static Engine& engine = *new Engine;
+  static WorldScope here(engine.world());
+  return engine.world();
+}
+
 /// Runs commands that define types of vectors, and what else is to be there.
 inline void define(const std::string& commands) {
-  register_attribute_types();
-  register_attribute_commands();
-  interpreter().prompt = false;
-  interpreter().load_string(commands.c_str());
+  world().interpreter.prompt = false;
+  world().interpreter.load_string(commands.c_str());
 }
 
 /// What a thing prints of itself.

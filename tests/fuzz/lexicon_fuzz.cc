@@ -6,8 +6,6 @@ namespace torvane {
 namespace {
 
 void define_kinds() {
-  register_lexicon_commands();
-  register_avmeaning_proto();
   define(
       "(def-att-list syn (defattribute c EnumAtt (allowable-values a b)) (defattribute b BinAtt))"
       "(make-avmeaning-proto syn avm) (make-str-meaning-proto g)");
@@ -24,11 +22,11 @@ std::string sorted(Lexicon& lexicon) {
 void read_input(const std::string& text) {
   static bool once = (define_kinds(), true);
   (void)once;
-  Lexicon lexicon(11);
+  Lexicon lexicon(world(), 11);
   std::istringstream in(text);
   lexicon.load(in, static_cast<int>(text.size() & 1));
   std::string all = sorted(lexicon);
-  Lexicon again(11);
+  Lexicon again(world(), 11);
   std::istringstream printed_in(all);
   again.load(printed_in, 0);
   sorted(again);

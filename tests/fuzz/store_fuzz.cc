@@ -52,7 +52,7 @@ void read_input(const std::string& bytes) {
   if (bytes.size() < 3) return;
   scratch.write("store.db", make_store(bytes));
   for (int mode : {1, 3}) {
-    QHash hash(mode);
+    QHash hash(world().objects, mode);
     hash.open_file((scratch / "store.db").c_str(), 0, 0, nullptr);
     if (hash.is_open()) use(hash);
   }

@@ -5,17 +5,17 @@
 namespace torvane {
 
 void read_input(const std::string& bytes) {
-  IRSlistReader reader;
+  IRSlistReader reader(false);
   Ref<Stream> stream = Stream::from_text(bytes.data(), bytes.size());
-  Deps deps;
+  Deps deps(world());
   for (IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) {
     if (form->is_atom()) continue;
     deps.read(*form);
     std::string once = printed(deps);
     StrBufs packed;
     deps.pack(packed);
-    IRSlistReader again_reader;
-    Deps again;
+    IRSlistReader again_reader(false);
+    Deps again(world());
     IRSlist* again_form = again_reader.start_string(once.c_str());
     if (!again_form) std::abort();
     again.read(*again_form);

@@ -1,4 +1,4 @@
-#include "app/init.h"
+#include "engine/registrations.h"
 
 #include "att/att_interpreter.h"
 #include "deps/dep_forms.h"
@@ -16,7 +16,6 @@
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/exec.h"
-#include "shell/file_search.h"
 #include "shell/object_factory.h"
 #include "treerules/tree_modifier.h"
 #include "triples/triple_commands.h"
@@ -26,9 +25,9 @@ namespace torvane {
 
 namespace {
 
-void register_types() {
-  register_value_types();
-  register_attribute_types();
+void register_types(World& world) {
+  register_value_types(world);
+  register_attribute_types(world);
 }
 
 constexpr Registration kRegistrations[] = {
@@ -37,7 +36,6 @@ constexpr Registration kRegistrations[] = {
     {"the object factory", register_object_factory_commands},
     {"the lexicon", register_lexicon_commands},
     {"the lexical analyser", register_lex_analyzer_commands},
-    {"the family of lexical patterns", register_patterns},
     {"lexical patterns", register_patterns},
     {"core forms", register_core_forms},
     {"rule actions and antecedent lists", register_rule_actions},
@@ -64,22 +62,6 @@ constexpr Registration kRegistrations[] = {
 
 std::span<const Registration> registrations() {
   return kRegistrations;
-}
-
-void register_modules() {
-  for (const Registration& row : kRegistrations)
-    if (row.run) row.run();
-}
-
-void init(const char* data_dir) {
-  Exec& exec = interpreter();
-  set_search_path(data_dir);
-  register_modules();
-  Ref<Stream> start_up = open_file("torvane.lsp");
-  exec.prompt = false;
-  exec.frees_values = true;
-  exec.load(start_up.get());
-  exec.frees_values = false;
 }
 
 }  // namespace torvane
