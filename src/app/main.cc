@@ -31,7 +31,8 @@ int run() {
   char line[1024] = {};
   if (!std::fgets(line, sizeof line, file)) line[0] = '\0';
 
-  // Nothing is torn down at the end of the process, wherever that is: only what was written goes out.
+  // Nothing is torn down at the end of the process, wherever that is: only what was written goes
+  // out.
   struct Flush {
     World& world;
     ~Flush() { world.flush(); }

@@ -68,8 +68,7 @@ Value print_alias(World& world, IRSlist* form) {
 
 // The list that an optional argument names; null if it names none.
 AttInterpreterList* list_argument(World& world, IRSlist* form) {
-  return form->empty() ? attributes(world).current
-                       : find_att_list(world, form->get_str_val());
+  return form->empty() ? attributes(world).current : find_att_list(world, form->get_str_val());
 }
 
 Value save_aliases_command(World& world, IRSlist* form) {

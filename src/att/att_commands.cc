@@ -103,7 +103,6 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 void register_attribute_commands(World& world) {
-  register_attribute_types(world);
   world.interpreter.define(kCommands);
   register_alias_commands(world);
 }

@@ -1,6 +1,5 @@
 #include "att/att_interpreter.h"
 
-
 #include "att/att_interpreter_list.h"
 #include "shell/object_factory.h"
 #include "shell/world.h"
@@ -10,11 +9,11 @@ namespace torvane {
 
 AttWord AttInterpreter::bad_value(const char* value) const {
   messages() << "Oops! The attribute '" << name << "' cannot have '" << or_empty(value)
-            << "' as value\n";
+             << "' as value\n";
   return 0;
 }
 
-void AttInterpreter::init(World& world, IRSlist* facets) {
+void AttInterpreter::init(World&, IRSlist* facets) {
   if (facets && !facets->empty()) unknown_facets(*facets);
 }
 
@@ -81,7 +80,7 @@ AttWord AttInterpreter::make_val(IRSlist* form) const {
 
 AttWord AttInterpreter::get_val(const char*) const {
   messages() << "AttInterpreter::get_val(const char* value) should not be called by " << type_name()
-            << '\n';
+             << '\n';
   return static_cast<AttWord>(-1);
 }
 

@@ -27,13 +27,13 @@ float default_weight(const float* values, int n) {
 }
 
 void report_get_att(const char* list_name, const char* att_name, const char* value_text) {
-  messages() << "get_att(world, \"" << or_empty(list_name) << "\", \""
-            << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
+  messages() << "AttInterpreterList::get_att(\"" << or_empty(list_name) << "\", \""
+             << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
 }
 
 // The attribute of a list, and its index; null after the report.
-AttInterpreter* find_att(World& world, const char* list_name, const char* att_name, const char* value_text,
-                         int& index) {
+AttInterpreter* find_att(World& world, const char* list_name, const char* att_name,
+                         const char* value_text, int& index) {
   AttInterpreterList* list = find_att_list(world, list_name, false);
   AttInterpreter* att = list ? list->lookup(att_name, &index) : nullptr;
   if (att) return att;
@@ -100,7 +100,8 @@ void AttInterpreterList::make_att_set(LBitSet& out, IRSlist* names) const {
     if (lookup(att_name, &index))
       out.set(index);
     else
-      messages() << "AttInterpreterList::make_att_set " << att_name << " is not an attribute name\n";
+      messages() << "AttInterpreterList::make_att_set " << att_name
+                 << " is not an attribute name\n";
   }
 }
 
@@ -128,8 +129,7 @@ AttInterpreterList* find_att_list(World& world, const char* list_name, bool repo
   return world.objects.find_as<AttInterpreterList>(list_name, kObjectType, report);
 }
 
-AttWord get_att(World& world, const char* list_name, const char* att_name,
-                const char* value_text) {
+AttWord get_att(World& world, const char* list_name, const char* att_name, const char* value_text) {
   int index;
   AttInterpreter* att = find_att(world, list_name, att_name, value_text, index);
   return att ? att->get_val(value_text) : 0;

@@ -55,7 +55,6 @@ class AttInterpreterList {
 
   /// As many attributes as a packed tag can name.
   static constexpr int kMostAtts = 32766;
-
 };
 
 /// A new list under its name, as "AttInterpreterList"; it lives as long as the world.

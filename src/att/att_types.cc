@@ -16,7 +16,8 @@ constexpr const char* kFamily = "AttIntepreter";  // as grammar files know it
 template <class... Class>
 void add_prototypes(World& world) {
   (world.families.add_proto(kFamily, Class::kType,
-                            Value::of<AttInterpreter>(world.own(std::make_unique<Class>())), nullptr),
+                            Value::of<AttInterpreter>(world.own(std::make_unique<Class>())),
+                            nullptr),
    ...);
 }
 

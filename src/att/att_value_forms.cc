@@ -3,8 +3,8 @@
 #include <sstream>
 
 #include "att/att_pred.h"
-#include "lexp/expressions.h"
 #include "att/attributes.h"
+#include "lexp/expressions.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -18,7 +18,7 @@ class OneAtt : public AttPred {
   void find(const char* form_class, const AttInterpreterList* type, const char* att_name) {
     if (!type || !type->lookup(att_name, &index_)) {
       messages() << form_class << "::init: the attribute name '" << or_empty(att_name)
-                << "' is not found\n";
+                 << "' is not found\n";
       index_ = -1;
     }
   }

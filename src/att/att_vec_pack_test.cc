@@ -75,13 +75,13 @@ class AttVecPackTest : public testing::Test {
     if (taken) *taken = static_cast<std::size_t>(p - block.get());
     return ok;
   }
-  static void expect_bytes(const AttVec& vec, const std::string& wanted, const std::string& after) {
+  void expect_bytes(const AttVec& vec, const std::string& wanted, const std::string& after) {
     EXPECT_EQ(bytes(vec), bytes_from(wanted)) << after;
     AttVec back(attributes(run_.world()).current);
     EXPECT_TRUE(unpack(back, bytes(vec)));
     EXPECT_EQ(text(back), after);
   }
-  static void expect_bytes(std::initializer_list<std::pair<const char*, const char*>> cases) {
+  void expect_bytes(std::initializer_list<std::pair<const char*, const char*>> cases) {
     for (const auto& [vector, wanted] : cases)
       expect_bytes(*vec(vector), wanted, text(vec(vector)));
   }
@@ -150,7 +150,7 @@ TEST_F(AttVecPackTest, UnpackingMergesAndStopsAtTheEnd) {
 }
 
 TEST_F(AttVecPackTest, CutOffBytesAreRefused) {
-  auto cut = [](const char* vector) {
+  auto cut = [this](const char* vector) {
     std::string data = bytes(*vec(vector));
     for (std::size_t n = 0; n < data.size(); ++n) {
       AttVec back(attributes(run_.world()).current);

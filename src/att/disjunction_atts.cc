@@ -1,19 +1,18 @@
 #include "att/disjunction_atts.h"
 
-
 #include "support/messages.h"
 
 namespace torvane {
 
 template <class Base>
-void DisjunctionAtt<Base>::init(World& world, IRSlist* facets) {
+void DisjunctionAtt<Base>::init(World&, IRSlist* facets) {
   this->read_facets(facets, "allowable-values", [this](IRSlist& facet) {
     // Kept: disj8-says-32
     constexpr int kMostValues = 32;  // for either width
     int count = names.read(facet);
     if (count > kMostValues)
       messages() << "The attribute " << this->name << " can only have up to " << kMostValues
-                << " values, " << count << " found.\n";
+                 << " values, " << count << " found.\n";
   });
 }
 

@@ -15,9 +15,8 @@ bool is_signed_name(const IRSlist* item) {
 
 template <class T>
 void ComplexAtt<T>::init(World& world, IRSlist* facets) {
-  this->read_facets(facets, "interpreter", [&](IRSlist& facet) {
-    nested = find_att_list(world, facet.get_str_val());
-  });
+  this->read_facets(facets, "interpreter",
+                    [&](IRSlist& facet) { nested = find_att_list(world, facet.get_str_val()); });
 }
 
 template <class T>

@@ -45,7 +45,7 @@ bool BinAtt::unpack(AttVec*, const char*&, const char*) const {
   return true;
 }
 
-void EnumAtt::init(World& world, IRSlist* facets) {
+void EnumAtt::init(World&, IRSlist* facets) {
   read_facets(facets, "allowable-values", [this](IRSlist& facet) { names.read(facet); });
 }
 

@@ -56,7 +56,7 @@ Value StrAtt::to_value(AttWord value) const {
   return Value::constant(text_of(value));
 }
 
-void EntAtt::init(World& world, IRSlist* facets) {
+void EntAtt::init(World&, IRSlist* facets) {
   while (facets && !facets->empty()) {
     auto facet = facets->pop_front();
     const char* facet_name = facet->is_atom() ? facet->atom : facet->get_str_val();

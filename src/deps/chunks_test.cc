@@ -32,7 +32,7 @@ std::string chunked(const std::vector<Word>& words) {
     if (!word.chunk) continue;
     DepTree* node = deps->new_node();
     node->_pos = static_cast<std::int16_t>(deps->word_count() - 1);
-    node->_props.append({property_id("ckroot"), Value::constant(word.chunk), 1.0f});
+    node->_props.append({trees(world).properties.id("ckroot"), Value::constant(word.chunk), 1.0f});
     root->append(node);
   }
   std::ostringstream out;

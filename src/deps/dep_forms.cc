@@ -5,7 +5,6 @@
 namespace torvane {
 
 void register_deps_forms(World& world) {
-  register_value_types(world);
   register_node_adaptors(world);
   register_walk_forms(world);
   register_prop_forms(world);

@@ -10,28 +10,28 @@ namespace torvane {
 
 namespace {
 
-Deps* print_deps(Deps* deps, LBitSet* show, Stream* stream) {
-  std::ostream* out = output_of(stream);
+Deps* print_deps(World& world, Deps* deps, LBitSet* show, Stream* stream) {
+  std::ostream* out = output_of(world, stream);
   if (!deps || !out) return nullptr;
   deps->print(*out, show);
   return deps;
 }
 
-DepTree* print_dep_tree(RSTree* tree, LBitSet* show, Stream* stream) {
+DepTree* print_dep_tree(World& world, RSTree* tree, LBitSet* show, Stream* stream) {
   DepTree* node = dep_tree_of(tree);
-  return node && print_deps(node->_deps, show, stream) ? node : nullptr;
+  return node && print_deps(world, node->_deps, show, stream) ? node : nullptr;
 }
 
 /// Of a tree, or of the one that a node belongs to.
-Value save_deps(Value input, LBitSet* show, Stream* stream) {
+Value save_deps(World& world, Value input, LBitSet* show, Stream* stream) {
   DepTree* node = dep_tree_of(input);
   Deps* deps = node ? node->_deps : input.as<Deps>();
-  return print_deps(deps, show, stream) ? input : Value();
+  return print_deps(world, deps, show, stream) ? input : Value();
 }
 
-DepTree* print_sub_deps(RSTree* tree, LBitSet* show, Stream* stream) {
+DepTree* print_sub_deps(World& world, RSTree* tree, LBitSet* show, Stream* stream) {
   DepTree* node = dep_tree_of(tree);
-  std::ostream* out = output_of(stream);
+  std::ostream* out = output_of(world, stream);
   if (!node || !out) return nullptr;
   Extent extent = extent_of(*node);
   node->_deps->print_word_lines(*out, extent.low, extent.high, show);
@@ -43,9 +43,9 @@ void write_dependency(std::ostream& out, const DepTree& node, const DepTree* par
   out << root_text(&node) << ")\n";
 }
 
-DepTree* print_context(RSTree* tree, Stream* stream) {
+DepTree* print_context(World& world, RSTree* tree, Stream* stream) {
   DepTree* node = dep_tree_of(tree);
-  std::ostream* out = output_of(stream);
+  std::ostream* out = output_of(world, stream);
   if (!node || !out) return nullptr;
   *out << "-----";
   write_dependency(*out, *node, node->parent());
@@ -61,16 +61,16 @@ const char* words_between(RSTree* from, RSTree* to) {
   return first->_deps->span_text(first->_low, last->_high);
 }
 
-RSTree* print_words(RSTree* from, RSTree* to, Stream* stream) {
+RSTree* print_words(World& world, RSTree* from, RSTree* to, Stream* stream) {
   const char* words = words_between(from, to);
-  std::ostream* out = output_of(stream);
+  std::ostream* out = output_of(world, stream);
   if (!words || !out) return nullptr;
   *out << words << '\n';
   return from;
 }
 
-RSTree* print_leaf(RSTree* tree, Stream* stream) {
-  return print_words(tree, tree, stream);
+RSTree* print_leaf(World& world, RSTree* tree, Stream* stream) {
+  return print_words(world, tree, tree, stream);
 }
 
 struct LeafStr : DepTreeComponent<LeafStr, const char*> {
@@ -103,10 +103,10 @@ void write_atts(std::ostream& out, const DepTree& node, const LBitSet* show) {
   if (node._atts) node._atts->print(out, show);
 }
 
-DepTree* print_rel(RSTree* tree, LBitSet* show, Stream* stream) {
+DepTree* print_rel(World& world, RSTree* tree, LBitSet* show, Stream* stream) {
   DepTree* node = dep_tree_of(tree);
   const DepTree* parent = node ? node->parent() : nullptr;
-  std::ostream* out = output_of(stream);
+  std::ostream* out = output_of(world, stream);
   if (!parent || !out) return nullptr;
   *out << or_empty(node->_rel) << '\t' << or_empty(parent->_root_word);
   *out << '\t' << or_empty(node->_root_word);

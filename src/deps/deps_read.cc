@@ -157,7 +157,7 @@ class TreeReader {
       return;
     }
     messages() << "the parent of `" << or_empty(node.word()) << problem << (word ? direction : "-")
-              << ' ' << (word ? word : direction) << '\n';
+               << ' ' << (word ? word : direction) << '\n';
   }
 
   int find_index(const DepTree& node, const char* direction, const char* word) const {

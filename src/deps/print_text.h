@@ -21,6 +21,6 @@ void write_atom(std::ostream& out, const char* text);
 
 /// Where a form with a stream argument writes: standard output if it is null, nowhere (null) if the
 /// stream is closed.
-std::ostream* output_of(Stream* stream);
+std::ostream* output_of(World& world, Stream* stream);
 
 }  // namespace torvane

@@ -35,7 +35,8 @@ class GetProp : public DepTreeComponent<GetProp, Value> {
   void init(World& world, IRSlist* args) override {
     if (std::unique_ptr<IRSlist> first = args->pop_front()) {
       wanted_.copy_into(*first, texts_);
-      name_ = PropName(trees(world).properties, or_empty(wanted_.is_atom() ? wanted_.atom : wanted_.get_str_val()));
+      name_ = PropName(trees(world).properties,
+                       or_empty(wanted_.is_atom() ? wanted_.atom : wanted_.get_str_val()));
     }
     if (const ValType* prop_type = trees(world).properties.type(name_.id()))
       mid_type = expressions(world).types.id(prop_type->name());

@@ -1,6 +1,5 @@
 #include "deps/rs_tree.h"
 
-
 #include "support/messages.h"
 
 namespace torvane {

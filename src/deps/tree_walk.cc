@@ -1,6 +1,5 @@
 #include "deps/tree_walk.h"
 
-
 #include "support/messages.h"
 
 namespace torvane {

@@ -117,9 +117,10 @@ TEST_F(EngineTest, AnEngineMadeInOneThreadServesInAnother) {
 
 TEST_F(EngineTest, WhatIsWrittenGoesToTheStreamsGiven) {
   Speaker speaker, other;
+  speaker.engine.world().interpreter.prompt = false;
   speaker.engine.run("(echo hello) (nosuch) (eval (comp (str there) (print-str)))");
   EXPECT_EQ(speaker.out.str(), "hello\nthere");
-  EXPECT_EQ(speaker.err.str(), "unknown function nosuch\n()\n");
+  EXPECT_EQ(speaker.err.str(), "unknown function nosuch\n\n");
   EXPECT_EQ(other.out.str() + other.err.str(), "");
 }
 
@@ -145,7 +146,8 @@ TEST_F(EngineTest, OneThatFailedHalfWayIsDestroyed) {
         "(make-av (+cat)) (pred (get-val x)))))",
         "(load english/attributes.lsp) (def-torvane-parser p :attribute-vector-type syn)",
         "(defun f (x) (f (get-val x))) (defmacro m (a) (m a)) (m 1) (eval (f (int 1)))",
-        "(declare-var d (str2deps \"(1 (a ~ X *))\")) (defun g (x) (get-val x)) (load torvane.lsp"}) {
+        "(declare-var d (str2deps \"(1 (a ~ X *))\")) (defun g (x) (get-val x)) (load "
+        "torvane.lsp"}) {
     folder_.write("torvane.lsp", forms);
     Speaker speaker(small_.c_str());
     speaker.tree("the cat");

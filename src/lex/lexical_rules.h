@@ -32,7 +32,7 @@ class Rule {
   void fire(MatchList& matches);
 };
 
-class LexRuleList : public ChartRules {
+class LexRuleList final : public ChartRules {
  public:
   /// Each rule once, in order, on the chart as the earlier ones left it. Rules that an action adds
   /// run from the next sentence on.

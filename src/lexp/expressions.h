@@ -20,10 +20,9 @@ class Expressions : public WorldPart {
   static constexpr Place kPlace = lexp;
 
   /// Expressions that variables or functions hold go before what expressions lean on.
-  ~Expressions() override {
+  void let_go() override {
     functions.clear();
     scopes.clear_values();
-    lifetimes().free_all();
   }
   void flush() override { streams.flush(); }
 

@@ -88,7 +88,7 @@ struct ItemForm : Form<D> {
 struct PItemAddWeight : ItemForm<PItemAddWeight> {
   static constexpr const char* kName = "pitem-add-weight";
   PItemAddWeight() { out_type = in_type; }
-  void init(World& world, IRSlist* args) override { weight_ = args->get_float_val(); }
+  void init(World&, IRSlist* args) override { weight_ = args->get_float_val(); }
   Value apply(PItem& item) const {
     item._weight += weight_;
     return Value::of(&item);

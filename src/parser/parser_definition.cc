@@ -6,6 +6,7 @@
 
 #include "att/att_interpreter_list.h"
 #include "att/text_atts.h"
+#include "deps/trees.h"
 #include "parser/parser_commands.h"
 #include "parser/parsing.h"
 #include "parser/torvane_parser.h"
@@ -143,7 +144,7 @@ Value set_reldb(World& world, IRSlist* form) {
   if (!current_parser(world)) return Value();
   TorvaneParser* parser = take_parser(world, form);
   Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
-  if (parser && database && dep_statistics_of) parser->_reldb = dep_statistics_of(database);
+  if (parser && database) parser->_reldb = trees(world).statistics_of(database);
   return Value();
 }
 

@@ -121,7 +121,7 @@ std::string Macros::expand(const Macro& macro, IRSlist& form) {
   // Kept: arguments-for-for
   if (form.length() != static_cast<int>(macro.params.size()))
     messages() << "Expecting " << macro.params.size() << " arguments for for '" << head->atom
-              << "'. Found: " << form.length() << '\n';
+               << "'. Found: " << form.length() << '\n';
   StrBufs texts;
   const Array<const char*> arguments = macro.argument_texts(form, texts);
   std::string expansion;

@@ -4,7 +4,6 @@
 
 #include "support/messages.h"
 
-
 namespace torvane {
 
 NamedObjects::NamedObjects() : table_(101) {
@@ -25,12 +24,12 @@ Value NamedObjects::find(const char* name, const char* expected_type, bool repor
     // Kept: type-by-substring
     if (std::strstr(entry->text, expected_type)) return entry->value;
     messages() << "The named object '" << name << "' is of the type '" << entry->text
-              << "', not the expected type '" << expected_type << "'\n";
+               << "', not the expected type '" << expected_type << "'\n";
     return Value();
   }
   if (report)
     messages() << "The named object '" << or_empty(name) << "' (type=" << or_empty(expected_type)
-              << ") is not found\n";
+               << ") is not found\n";
   return Value();
 }
 

@@ -23,8 +23,7 @@ void CharSet::add(const char* chars) {
 
 TokenizerBase::TokenizerBase(const char* white_chars, const char* start_chars,
                              const char* middle_chars, const char* quote, char escape_char,
-                             char comment_char, int token_chunk, int size,
-                             bool two_bytes)
+                             char comment_char, int token_chunk, int size, bool two_bytes)
     : escape(escape_char),
       comment(comment_char),
       token_buf(token_chunk),

@@ -22,8 +22,8 @@ constexpr int kBufferSize = 512;
 
 // From what stands behind the keywords; null after a message.
 template <class Kind>
-std::unique_ptr<Kind> make_from_classes(const World& world, const IRSlist& form, const IRSlist* long_quotes,
-                                        int token_chunk) {
+std::unique_ptr<Kind> make_from_classes(const World& world, const IRSlist& form,
+                                        const IRSlist* long_quotes, int token_chunk) {
   constexpr int kClasses = 6;
   const char* classes[kClasses];
   bool complete = form.length() == kClasses;
@@ -36,8 +36,9 @@ std::unique_ptr<Kind> make_from_classes(const World& world, const IRSlist& form,
     messages() << "(def-tokenizer ...) incorrect number of arguments\n";
     return nullptr;
   }
-  auto tokenizer = std::make_unique<Kind>(classes[0], classes[1], classes[2], classes[3],
-                                          *classes[4], *classes[5], token_chunk, kBufferSize, world.double_byte);
+  auto tokenizer =
+      std::make_unique<Kind>(classes[0], classes[1], classes[2], classes[3], *classes[4],
+                             *classes[5], token_chunk, kBufferSize, world.double_byte);
   if (long_quotes)
     for (const IRSlist* item : long_quotes->items)
       if (LongQuote* marker = make_long_quote(*item)) tokenizer->long_quotes.append(marker);

@@ -26,6 +26,8 @@ World::World(const Console& console)
 // What stands higher leans on what stands below it, and later things on earlier ones.
 World::~World() {
   WorldScope here(*this);
+  for (const std::unique_ptr<WorldPart>& part : parts_)
+    if (part) part->let_go();
   lifetimes.free_all();
   while (!owned_.empty()) owned_.pop_back();
   for (std::size_t i = parts_.size(); i > 0; --i) parts_[i - 1].reset();

@@ -12,7 +12,7 @@ namespace {
 
 // Reps wait by the capacity of their block, which comes in steps of four words.
 constexpr int kPooled = 9;  // up to 32 words, 1024 bits
-LBitSetRep* free_reps[kPooled];
+constinit thread_local LBitSetRep* free_reps[kPooled];
 
 LBitSetRep* take_rep(int words, bool tail) {
   int capacity = std::max(4, (words + 3) & ~3);

@@ -2,7 +2,6 @@
 
 #include <pthread.h>
 
-
 #include "support/messages.h"
 #include "support/sanitizer.h"
 

@@ -23,7 +23,7 @@ struct Open {
 class Matcher {
  public:
   Matcher(regexp& prog, const char* text, bool line_start)
-      : prog_(prog), steps_(*prog.steps), text_(text), line_start_(line_start) {}
+      : prog_(prog), steps_(*prog.steps), text_(text), line_start_(line_start), open_(stack()) {}
 
   bool search() {
     clear_slots();
@@ -31,14 +31,18 @@ class Matcher {
     bool found = find();
     // A long text leaves a large stack behind, which the next one will hardly need.
     if (open_.capacity() > kKept) std::vector<Open>().swap(open_);
-    if (places_ != 0) std::vector<bool>().swap(record_);
     return found;
   }
 
  private:
   static constexpr std::size_t kMostOpen = 8u << 20;
   static constexpr std::size_t kKept = 1u << 14;
-  static std::vector<Open> open_;
+
+  // One a thread, for its memory.
+  static std::vector<Open>& stack() {
+    static thread_local std::vector<Open> open;
+    return open;
+  }
 
   static unsigned char byte_at(const char* at) { return static_cast<unsigned char>(*at); }
 
@@ -254,11 +258,9 @@ class Matcher {
   bool gave_up_ = false;
   std::ptrdiff_t effort_ = 0;  // about how many nodes were walked
   std::size_t places_ = 0;
-  static std::vector<bool> record_;
+  std::vector<bool> record_;
+  std::vector<Open>& open_;
 };
-
-std::vector<Open> Matcher::open_;
-std::vector<bool> Matcher::record_;
 
 }  // namespace
 

@@ -239,7 +239,7 @@ void remove_from_walk(RSTree* node) {
   if (current.walk && current.node == node) current.walk->remove();
 }
 
-void TreeRule::init(World& world, IRSlist* args) {
+void TreeRule::init(World&, IRSlist* args) {
   if (is_word(args->nth(0), "shallow")) {
     shallow = true;
     args->pop_front();

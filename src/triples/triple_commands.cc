@@ -4,6 +4,7 @@
 #include <climits>
 #include <utility>
 
+#include "deps/trees.h"
 #include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
@@ -42,7 +43,9 @@ Value make_tripledb(World& world, IRSlist* form) {
   auto db = std::make_unique<TripleDb>(buckets, id_buckets, save_mutinfo);
   db->clean_up_after = static_cast<int>(std::clamp<long>(clean_up_after, 0, INT_MAX));
   db->set_tmp_file_prefix(prefix);
-  return Value::of(world.own_object(name, std::move(db), "TripleDb/PLHash"));
+  TripleDb* made = world.own_object(name, std::move(db), "TripleDb/PLHash");
+  if (made) trees(world).databases.emplace_back(Value::of(made), made);
+  return Value::of(made);
 }
 
 Value merge_tripledbs(World& world, IRSlist* form) {
@@ -136,7 +139,6 @@ constexpr Command kCommands[] = {
 void register_triple_commands(World& world) {
   register_store_commands(world);
   world.interpreter.define(kCommands);
-  dep_statistics_of = [](Value object) -> DepStatistics* { return object.as<TripleDb>(); };
   register_triple_queries(world);
   register_triple_reports(world);
 }
