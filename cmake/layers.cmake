@@ -3,7 +3,8 @@
 
 # Defines torvane_<layer>, and <layer>_test if there are unit tests. `neighbours`: names of layers.
 function(torvane_layer layer neighbours)
-  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${layer}/*.cc)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${layer}/*.cc
+       ${PROJECT_SOURCE_DIR}/src/${layer}/*/*.cc)
   set(tests ${sources})
   list(FILTER sources EXCLUDE REGEX "_test\\.cc$")
   list(FILTER tests INCLUDE REGEX "_test\\.cc$")
