@@ -40,7 +40,7 @@ class EnumAtt : public AttClass<EnumAtt, CharAtt> {
 class SmIntAtt : public AttClass<SmIntAtt, CharAtt> {
  public:
   static constexpr const char* kType = "SmIntAtt";
-  int unify(AttVec* vec, int at, AttWord value, int store) const override;
+  bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override;
 };
@@ -49,7 +49,7 @@ class SmIntAtt : public AttClass<SmIntAtt, CharAtt> {
 class IntAtt : public AttClass<IntAtt, Long32Att> {
  public:
   static constexpr const char* kType = "IntAtt";
-  int compare(AttWord a, AttWord b) const override;
+  Subsumption compare(AttWord a, AttWord b) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override { return get_val(value_text(form)); }
   AttWord get_val(const char* token) const override;

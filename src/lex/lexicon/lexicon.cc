@@ -173,7 +173,7 @@ LexEntry* Lexicon::read_entry(IRSlist* form, int no_dup) {
 bool Lexicon::add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry) {
   if (check_meanings)
     for (const Meaning* known : entry->meanings)
-      if (known->compare(meaning.get()) == subsume::kEqual) return false;
+      if (known->compare(meaning.get()) == Subsumption::equal) return false;
   entry->meanings.append(meaning.release());
   return true;
 }
