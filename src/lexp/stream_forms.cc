@@ -10,6 +10,7 @@
 
 #include "lexp/expressions.h"
 #include "shell/named_objects.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
 

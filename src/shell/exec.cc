@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -58,6 +59,8 @@ bool Exec::may_enter(const char* source) {
   refuse_above_ = outermost_repeated(source);
   return false;
 }
+
+Exec::~Exec() = default;
 
 Exec::Exec(World& its_world, std::unique_ptr<TokenizerBase> given, char open, char close)
     : commands(1997),

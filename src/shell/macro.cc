@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/array.h"
 #include "support/messages.h"

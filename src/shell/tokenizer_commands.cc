@@ -2,6 +2,7 @@
 
 #include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/text.h"

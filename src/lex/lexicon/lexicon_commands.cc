@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/lexicon.h"
 #include "lex/lexicon/lexicon_files.h"
 #include "lexp/form.h"

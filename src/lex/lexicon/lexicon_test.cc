@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "lex/lexicon/dict_on_disk.h"
 #include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
