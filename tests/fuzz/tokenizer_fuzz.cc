@@ -28,15 +28,14 @@ void read_input(const std::string& bytes) {
   char escape = classes[4].empty() ? '\0' : classes[4][0];
   char comment = classes[4].size() < 2 ? '\0' : classes[4][1];
   Tokenizer tokenizer(classes[0].c_str(), classes[1].c_str(), classes[2].c_str(),
-                      classes[3].c_str(), escape, comment, 16, 16);
-  tokenizer.double_byte = classes[4].size() > 2;
+                      classes[3].c_str(), escape, comment, 16, 16, classes[4].size() > 2);
   for (int i : {5, 6})
     if (classes[i].size() > 1)
       tokenizer.long_quotes.append(new LongQuote{classes[i].substr(0, 1), classes[i].substr(1)});
   read_all(tokenizer, text);
   Tokenizer copy(static_cast<const TokenizerBase&>(tokenizer));
   read_all(copy, text);
-  Tokenizer separated(classes[7].c_str(), 16, 16);
+  Tokenizer separated(classes[7].c_str(), 16, 16, false);
   read_all(separated, text);
 }
 
