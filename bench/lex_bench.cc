@@ -83,7 +83,7 @@ void disk_look_up(benchmark::State& state) {
 BENCHMARK(disk_look_up);
 
 void analyse(benchmark::State& state) {
-  LexAnalyzer* lex = parsing(english()).current->_lex;
+  LexAnalyzer* lex = current_parser(english())->grammar._lex;
   const char* words[] = {"The", "old", "man", "walked", "slowly", "to", "the", "river"};
   for (auto _ : state) {
     lex->reset();

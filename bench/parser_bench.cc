@@ -31,7 +31,7 @@ constexpr Sentence kSentences[] = {
 };
 
 void parse(benchmark::State& state, const Sentence& sentence) {
-  TorvaneParser* parser = parsing(english()).current;
+  TorvaneParser* parser = current_parser(english());
   for (int i = 0; i < 3; ++i) parser->parse(sentence.text, nullptr);
   for (auto _ : state) parser->parse(sentence.text, nullptr);
   state.SetItemsProcessed(state.iterations());
@@ -39,7 +39,7 @@ void parse(benchmark::State& state, const Sentence& sentence) {
 
 /// The loop alone: the analyser's work and the conversion to a tree are outside.
 void loop_allocations(benchmark::State& state, const Sentence& sentence) {
-  TorvaneParser* parser = parsing(english()).current;
+  TorvaneParser* parser = current_parser(english());
   parser->_constituency = true;
   std::uint64_t allocations = 0;
   for (int i = 0; i < 3; ++i) parser->parse(sentence.text, nullptr);
@@ -73,15 +73,15 @@ const bool registered = [] {
 /// A full pool of items, in the shapes that empty modifiers give it.
 enum Shape { kSameHead, kEachOnTheLast, kNested, kShortChains };
 
-std::vector<PItem> full_pool(Shape shape, Link* link) {
-  std::vector<PItem> items(TorvaneParser::kPoolLimit);
+std::vector<PItem> full_pool(Shape shape, const Link& link) {
+  std::vector<PItem> items(ItemPool::kPoolLimit);
   const int last = static_cast<int>(items.size()) - 1;
   for (int i = 0; i <= last; ++i) {
     PItem& item = items[i];
     item.order = i;
-    item._node = link->_parent;
+    item._node = link._parent;
     if (i < 2) continue;
-    item._link = link;
+    item._link = &link;
     item._head_child = shape == kSameHead ? &items[0] : &items[i - 1];
     item._modifier = &items[1];
     if (shape == kNested) std::swap(item._head_child, item._modifier);
@@ -98,9 +98,9 @@ std::vector<PItem> full_pool(Shape shape, Link* link) {
 }
 
 void forest_full_pool(benchmark::State& state) {
-  const TorvaneParser* parser = parsing(english()).current;
+  const TorvaneParser* parser = current_parser(english());
   auto shape = static_cast<Shape>(state.range(0));
-  std::vector<PItem> items = full_pool(shape, parser->_empty_link);
+  std::vector<PItem> items = full_pool(shape, parser->grammar.empty_link());
   PItem* top = shape == kSameHead ? &items.front() : &items.back();
   ParseForest forest(nullptr);
   for (auto _ : state) {
@@ -111,11 +111,12 @@ void forest_full_pool(benchmark::State& state) {
 BENCHMARK(forest_full_pool)->DenseRange(kSameHead, kShortChains)->Unit(benchmark::kMillisecond);
 
 void reset_idle(benchmark::State& state) {
-  const TorvaneParser* loaded = parsing(english()).current;
-  TorvaneParser parser(session(), "idle", 1997);
-  parser._lex = loaded->_lex;
-  parser._att_type = loaded->_att_type;
-  for (int i = 0; i < state.range(0); ++i) parser.get_node(("N" + std::to_string(i)).c_str(), true);
+  const TorvaneParser* loaded = current_parser(english());
+  TorvaneParser parser(session(), 1997);
+  parser.grammar._lex = loaded->grammar._lex;
+  parser.grammar._att_type = loaded->grammar._att_type;
+  for (int i = 0; i < state.range(0); ++i)
+    parser.grammar.get_node(("N" + std::to_string(i)).c_str(), true);
   for (auto _ : state) parser.reset();
 }
 BENCHMARK(reset_idle)->Arg(10)->Arg(100)->Arg(1000);

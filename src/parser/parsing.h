@@ -5,8 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "parser/dist_table.h"
-#include "parser/syntax_atts.h"
+#include "parser/grammar/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/tokenizer.h"
 #include "shell/world.h"
@@ -17,19 +16,20 @@ class Parsing : public WorldPart {
  public:
   static constexpr Place kPlace = parser;
 
-  /// The table of distances, read when it is first asked for.
-  const DistTable& distances(World& world);
-
-  TorvaneParser* current = nullptr;  ///< the last one made, or null
-  bool busy = false;                 ///< a sentence is in hand
-  long debug_weight = 0;
   SyntaxAtts atts;
+  SharedCosts costs;
   /// Cuts a sentence into words and gaps.
   std::unique_ptr<Tokenizer> sentence_tokenizer;
-  std::vector<std::unique_ptr<TorvaneParser>> parsers;
+
+  /// Makes a parser, which lives as long as the world and is the current one from now on.
+  TorvaneParser& make_parser(World& world, int hashtable_size);
+  /// The last one made, or null.
+  TorvaneParser* current() const { return parsers_.empty() ? nullptr : parsers_.back().get(); }
+  /// One of them has a sentence in hand.
+  bool is_parsing() const;
 
  private:
-  std::unique_ptr<DistTable> distances_;
+  std::vector<std::unique_ptr<TorvaneParser>> parsers_;
 };
 
 inline Parsing& parsing(World& world) {

@@ -3,7 +3,9 @@
 #include <limits>
 
 #include "lexp/lexp.h"
+#include "parser/grammar/contract.h"
 #include "parser/parsing.h"
+#include "parser/run/parse_run.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -13,20 +15,6 @@ namespace torvane {
 namespace {
 
 constexpr int kDefaultWeight = 18;
-
-// The charts, the pool and the analyser hold one sentence. What runs while they do (rules,
-// conditions, tree rules) may run any command.
-class Busy {
- public:
-  explicit Busy(World& world) : busy_(parsing(world).busy) { busy_ = true; }
-  ~Busy() { busy_ = false; }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  bool& busy_;
-  Round round_;
-};
 
 /// As one made for this sentence: it takes the default that stands now.
 TokenizerBase& sentence_tokenizer(World& world) {
@@ -71,7 +59,7 @@ int category_weight(Lexicon* lexicon, const LexItem& item) {
   const LexEntry* entry = lexicon && item.entry_key ? lexicon->get_entry(item.entry_key) : nullptr;
   if (!entry) return kDefaultWeight;
   for (const Meaning* meaning : entry->meanings)
-    if (same_word(meaning->type(), "freq"))
+    if (same_word(meaning->type(), contract::kFrequencies))
       if (auto* freq = dynamic_cast<const StrMeaning*>(meaning))
         return frequency_weight(freq->text.c_str(), item.category);
   return kDefaultWeight;
@@ -79,23 +67,31 @@ int category_weight(Lexicon* lexicon, const LexItem& item) {
 
 }  // namespace
 
-bool refuse_while_parsing(World& world, const char* what, const LexAnalyzer* lex) {
-  bool busy = parsing(world).busy || (lex && lex->analyzing);
-  if (busy) messages() << what << ": a sentence is being parsed\n";
-  return busy;
-}
+// Conditions, rules and tree rules may run any command. It is refused what would change the
+// grammar, the chart or the analyser.
+class TorvaneParser::SentenceInHand {
+ public:
+  explicit SentenceInHand(TorvaneParser& parser) : parsing_(parser.parsing_) { parsing_ = true; }
+  ~SentenceInHand() { parsing_ = false; }
+  SentenceInHand(const SentenceInHand&) = delete;
+  SentenceInHand& operator=(const SentenceInHand&) = delete;
+
+ private:
+  bool& parsing_;
+  Round round_;
+};
 
 template <class AddWords>
 bool TorvaneParser::feed_with(AddWords add_words) {
-  if (refuse_while_parsing(_world, "parse", _lex)) return false;
+  if (refuse_while_parsing(_world, "parse", grammar._lex)) return false;
   forget_result();
-  if (!_lex) return false;
+  if (!grammar._lex) return false;
   reset();
   lifetimes().settle();
   lift_depth_limits();
-  Busy busy(_world);
-  add_words(*_lex);
-  _lex->analyze();
+  SentenceInHand in_hand(*this);
+  add_words(*grammar._lex);
+  grammar._lex->analyze();
   return true;
 }
 
@@ -131,21 +127,21 @@ void TorvaneParser::parse(const char* text, TokenizerBase* tokenizer) {
 
 bool TorvaneParser::collect_items() {
   initial_.clear();
-  const int n = _lex->word_count();
+  const int n = grammar._lex->word_count();
   bool room = true;
-  _lex->for_each_item([&](LexItem* lexitem) {
+  grammar._lex->for_each_item([&](LexItem* lexitem) {
     const AttVec* vec = lexitem->vec();
     bool in_sentence = lexitem->low >= 0 && lexitem->high >= lexitem->low - 1 && lexitem->high < n;
-    if (!room || !in_sentence || !vec || vec->interpreters != _att_type) return;
-    GCate* node = node_of_vec(*vec);
+    if (!room || !in_sentence || !vec || vec->interpreters != grammar._att_type) return;
+    const GCate* node = grammar.node_of_vec(*vec);
     if (!node) return;
-    PItem* item = node->make_lexical_item(lexitem);
+    PItem* item = chart.make_lexical_item(*node, lexitem);
     if (!item) {
       room = false;
       return;
     }
     if (lexitem->category && *lexitem->category)
-      lexitem->weight = static_cast<std::int16_t>(category_weight(_lex->lexicon, *lexitem));
+      lexitem->weight = static_cast<std::int16_t>(category_weight(grammar._lex->lexicon, *lexitem));
     item->_weight += lexitem->weight;
     stamp_roles(*item);
     initial_.push_back({item, static_cast<int>(initial_.size())});
@@ -154,17 +150,18 @@ bool TorvaneParser::collect_items() {
 }
 
 void TorvaneParser::parse_items() {
-  if (refuse_while_parsing(_world, "parse", _lex)) return;
-  Busy busy(_world);
+  if (refuse_while_parsing(_world, "parse", grammar._lex)) return;
+  SentenceInHand in_hand(*this);
   forget_result();
   // Kept: too-many-readings
-  if (!_lex || !collect_items()) return;
+  if (!grammar._lex || !collect_items()) return;
   std::sort(initial_.begin(), initial_.end(), [](const Initial& a, const Initial& b) {
     if (a.item->_low != b.item->_low) return a.item->_low < b.item->_low;
     if (a.item->_weight != b.item->_weight) return a.item->_weight < b.item->_weight;
     return a.order < b.order;
   });
-  for (const Initial& initial : initial_) initial.item->_node->receive(initial.item, nullptr);
+  ParseRun run(grammar, chart);
+  for (const Initial& initial : initial_) run.receive(*initial.item->_node, initial.item, nullptr);
   if (!_constituency) parse_to_deps();
 }
 

@@ -1,0 +1,92 @@
+// What belongs to one sentence: its items, and where they stand. The chart has a row a word index,
+// for the items that end there, and in each row a cell for every column of the grammar: a column a
+// position of a node, with the items that have filled the positions up to it, and a column a link,
+// with those that wait for a head to their right. The cells of a node (and those of the links that
+// arrive at it) lie side by side.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "parser/chart/item_pool.h"
+#include "parser/chart/span_limits.h"
+#include "parser/grammar/grammar.h"
+#include "support/slist.h"
+
+namespace torvane {
+
+class Chart {
+ public:
+  using Items = Slist<PItem*>;
+
+  explicit Chart(const Grammar& grammar) : grammar_(grammar) {}
+
+  SpanLimits spans;
+  LBitSet case_marks, oblique_case_marks;  ///< word sets of the case-mark forms
+
+  /// A cleared item; null when the pool is exhausted.
+  PItem* new_item() { return pool_.new_item(grammar_._att_type); }
+  /// A projection of `source` with the attributes in the set (null: all); null when the pool is
+  /// exhausted.
+  PItem* copy_item(const PItem* source, const AttSet* atts);
+  /// The item of a word, in its node.
+  PItem* make_lexical_item(const GCate& node, LexItem* lexitem);
+
+  /// The items of a node that end at a word index and have filled the positions up to this one.
+  /// Behind the last position: those that came from subclasses, by their starts.
+  const Items& bucket(const GCate& node, int position, int word_index) const {
+    return cell(node.column(position), word_index);
+  }
+  /// What waits on a link, and ends at a word index.
+  const Items& waiting_at(const Link& link, int word_index) const {
+    return cell(link.column(), word_index);
+  }
+  /// An item that was not taken from a subclass ends there.
+  bool ends_at(const GCate& node, int word_index) const;
+  /// The word indexes that have rows.
+  int row_count() const { return static_cast<int>(rows_.size()); }
+
+  /// Stores an item in a cell by its end; nowhere if that lies before the sentence.
+  void store(const GCate& node, int position, PItem* item);
+  void park(const Link& link, PItem* item);
+  /// The same behind the node's positions, in the order of starts. False if it was not stored.
+  bool store_by_start(const GCate& node, PItem* item);
+
+  /// Items of a node that wait to be sent upward.
+  Items& ready(const GCate& node) { return ready_[static_cast<std::size_t>(node._number)]; }
+
+  /// Makes room for what the grammar has; to be called before a sentence is parsed.
+  void start();
+  /// Forgets the sentence.
+  void reset();
+  /// Forgets the items of one node.
+  void forget(const GCate& node);
+
+ private:
+  struct Row {
+    std::unique_ptr<Items[]> cells;
+    int columns = 0;
+  };
+  struct Used {
+    int word_index;
+    int column;
+  };
+  static const Items kNoItems;
+
+  const Items& cell(int column, int word_index) const {
+    if (static_cast<std::size_t>(word_index) >= rows_.size()) return kNoItems;
+    const Row& row = rows_[static_cast<std::size_t>(word_index)];
+    return static_cast<unsigned>(column) < static_cast<unsigned>(row.columns) ? row.cells[column]
+                                                                              : kNoItems;
+  }
+  Items* new_cell(int column, int word_index);
+
+  const Grammar& grammar_;
+  ItemPool pool_;
+  std::vector<Row> rows_;
+  std::vector<Used> used_;  // cells that are not empty
+  std::vector<Items> ready_;
+};
+
+}  // namespace torvane

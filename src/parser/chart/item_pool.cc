@@ -1,0 +1,65 @@
+#include "parser/chart/item_pool.h"
+
+#include <iterator>
+#include <utility>
+
+namespace torvane {
+namespace {
+
+constexpr int kPoolReserve = 2000;
+
+}  // namespace
+
+ItemPool::ItemPool() {
+  pool_.reserve(kPoolReserve);
+}
+
+PItem* ItemPool::new_item(AttInterpreterList* att_type) {
+  bool reused = free_ > 0;
+  // Kept: items-run-out-silently
+  if (static_cast<int>(pool_.size()) - free_ >= kPoolLimit) return nullptr;
+  if (!reused) pool_.push_back(std::make_unique<PItem>());
+  PItem* item = reused ? pool_[--free_].get() : pool_.back().get();
+  Ref<AttVec> atts = std::move(item->_atts);
+  *item = PItem();
+  // A vector that a variable still holds stays with it.
+  if (atts && !atts->shared() && atts->interpreters == att_type) {
+    atts->clear_all();
+  } else {
+    atts = make_ref<AttVec>(att_type);
+  }
+  if (atts->era.get() != eras_.now()) atts->era = Ref<Era>(eras_.now());
+  item->_atts = std::move(atts);
+  item->order = ++items_made_;
+  return item;
+}
+
+// Items that an expression may still have, as they were.
+struct ItemPool::Forgotten {
+  ItemPool& pool;
+  std::vector<std::unique_ptr<PItem>> items;
+
+  ~Forgotten() { pool.recycle(items); }
+};
+
+void ItemPool::reset() {
+  if (lifetimes().expression_waits()) {
+    auto used = pool_.begin() + free_;
+    std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
+    forgotten->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
+    pool_.erase(used, pool_.end());
+    retire(std::move(forgotten), eras_.birth());
+  }
+  free_ = static_cast<int>(pool_.size());
+  eras_.renew();
+  items_made_ = 0;
+}
+
+void ItemPool::recycle(std::vector<std::unique_ptr<PItem>>& items) {
+  for (std::unique_ptr<PItem>& item : items) {
+    pool_.push_back(std::move(item));
+    pool_.back().swap(pool_[static_cast<std::size_t>(free_++)]);
+  }
+}
+
+}  // namespace torvane

@@ -1,0 +1,35 @@
+// The items of a sentence, used again for the next one.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "parser/chart/p_item.h"
+
+namespace torvane {
+
+class ItemPool {
+ public:
+  static constexpr int kPoolLimit = 40000;  ///< items a sentence
+
+  ItemPool();
+  ItemPool(const ItemPool&) = delete;
+  ItemPool& operator=(const ItemPool&) = delete;
+
+  /// A cleared item with a vector of the type; null when the pool is exhausted.
+  PItem* new_item(AttInterpreterList* att_type);
+  /// Takes all items back. Those that an expression may still have stay what they are until it has
+  /// ended.
+  void reset();
+
+ private:
+  struct Forgotten;
+  void recycle(std::vector<std::unique_ptr<PItem>>& items);
+
+  std::vector<std::unique_ptr<PItem>> pool_;  // the free ones first
+  int free_ = 0;
+  int items_made_ = 0;  // of this sentence
+  Eras eras_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,77 @@
+// What it costs to put one word under another by a relation: how far apart they stand, and how
+// seldom a database of counts has seen the two together.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "deps/dep_statistics.h"
+#include "parser/chart/p_item.h"
+#include "parser/forest/dist_table.h"
+#include "support/name_table.h"
+
+namespace torvane {
+
+class World;
+
+/// A head as costs see it.
+struct HeadSide {
+  explicit HeadSide(const PItem& item);
+  std::string_view word;
+  std::string_view category;
+  int position;
+  bool preposition;
+  const char* pform;  ///< of a preposition, may be null
+  const char* name;   ///< the relation string of its lexical item, may be null
+};
+
+/// A modifier as costs see it. Alternatives that are equal here cost the same.
+struct ModifierSide {
+  explicit ModifierSide(const PItem& item);
+  std::string_view word;
+  std::string_view category;
+  int position;
+  friend bool operator==(const ModifierSide&, const ModifierSide&) = default;
+};
+
+/// What the costs of all parsers of a world share.
+struct SharedCosts {
+  /// The table "dist.txt", read when it is first asked for.
+  const DistTable& distances(World& world);
+
+  long debug_weight = 0;  ///< not 0: costs that are looked up are reported, and not kept for long
+
+ private:
+  std::unique_ptr<DistTable> distances_;
+};
+
+/// The costs of one parser.
+class DepCosts {
+ public:
+  DepCosts(World& world, SharedCosts& shared) : world_(world), shared_(shared) {}
+
+  DepStatistics* _reldb = nullptr;  ///< null: costs are the weights of parsing
+
+  float dep_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation);
+  /// A set of triples that are never good.
+  void set_bad_triples(std::istream& in);
+  /// A new sentence begins.
+  void reset();
+
+ private:
+  float distance_cost(int distance);
+  float association_cost();
+
+  World& world_;
+  SharedCosts& shared_;
+  std::unique_ptr<NameTable<float>> _cost_cache;  // by triple, for all sentences; null until used
+  std::unique_ptr<NameTable<char>> _bad_triples;  // a set; null if there are none
+  // Of the dependency in hand.
+  std::string relation_, word1_, key_, word2_, triple_;
+};
+
+/// The relation of a merged item's modifier to its head.
+const char* step_relation(const PItem& merged);
+
+}  // namespace torvane

@@ -1,0 +1,160 @@
+// The forms in which a grammar's conditions read an item, and change it in flight.
+#include <cstring>
+#include <string>
+
+#include "lexp/form.h"
+#include "parser/chart/p_item.h"
+#include "parser/forms/parser_commands.h"
+#include "parser/grammar/syntax_atts.h"
+#include "support/text.h"
+
+namespace torvane {
+namespace {
+
+struct PItem2AttVec : Adaptor<PItem2AttVec, PItem, AttVec*> {
+  static constexpr const char* kName = "pitem-attvec";
+  AttVec* step(PItem& item) const { return item._atts.get(); }
+};
+
+struct PItem2Modifier : Adaptor<PItem2Modifier, PItem, PItem*> {
+  static constexpr const char* kName = "pitem-modifier";
+  PItem* step(PItem& item) const { return item._head_child ? item._modifier : nullptr; }
+};
+
+struct PItem2DepRel : Adaptor<PItem2DepRel, PItem, const Link*> {
+  static constexpr const char* kName = "pitem-deprel";
+  const Link* step(PItem& item) const { return item._link; }
+};
+
+struct PItemHeadChild : Adaptor<PItemHeadChild, PItem, PItem*> {
+  static constexpr const char* kName = "pitem-head-child";
+  PItem* step(PItem& item) const { return head_child(&item); }
+};
+
+struct PItemModifiee : Adaptor<PItemModifiee, PItem, PItem*> {
+  static constexpr const char* kName = "pitem-modifiee";
+  PItem* step(PItem& item) const { return modifiee(&item); }
+};
+
+/// The modifier that came by a relation, on the way down the head children.
+struct GetModifierByType : Adaptor<GetModifierByType, PItem, PItem*> {
+  static constexpr const char* kName = "get-modifier-by-type";
+  void init(World& world, IRSlist* args) override {
+    type_ = or_empty(args->get_str_val());
+    LAdaptor::init(world, args);
+  }
+  PItem* step(PItem& item) const {
+    for (PItem* x = &item; x->_head_child && x->_link; x = x->_head_child)
+      if (x->_link->type() && type_ == x->_link->type()) return x->_modifier;
+    return nullptr;
+  }
+
+ private:
+  std::string type_;
+};
+
+struct PItemLow : Adaptor<PItemLow, PItem, int> {
+  static constexpr const char* kName = "pitem-low";
+  int step(PItem& item) const { return item._low; }
+};
+
+struct PItemHigh : Adaptor<PItemHigh, PItem, int> {
+  static constexpr const char* kName = "pitem-high";
+  int step(PItem& item) const { return item._high; }
+};
+
+struct PItemLength : Adaptor<PItemLength, PItem, int> {
+  static constexpr const char* kName = "pitem-length";
+  // Kept: pitem-length-one-less
+  int step(PItem& item) const { return item._high - item._low; }
+};
+
+struct DepRelType : Adaptor<DepRelType, Link, Value, const char*> {
+  static constexpr const char* kName = "deprel-type";
+  Value step(Link& link) const { return Value::constant(link.type()); }
+};
+
+/// A direct form on an item; 0 for anything else.
+template <class D>
+struct ItemForm : Form<D> {
+  ItemForm() { this->in_type = type_id_of<PItem>(); }
+  Value eval(Value input, int input_type) override {
+    if (!this->accepts(input_type)) return Value();
+    PItem* item = input.as<PItem>();
+    return item ? static_cast<D*>(this)->apply(*item) : Value();
+  }
+};
+
+struct PItemAddWeight : ItemForm<PItemAddWeight> {
+  static constexpr const char* kName = "pitem-add-weight";
+  PItemAddWeight() { out_type = in_type; }
+  void init(World&, IRSlist* args) override { weight_ = args->get_float_val(); }
+  Value apply(PItem& item) const {
+    item._weight += weight_;
+    return Value::of(&item);
+  }
+
+ private:
+  float weight_ = 0;
+};
+
+struct HeadFirst : ItemForm<HeadFirst> {
+  static constexpr const char* kName = "head-first";
+  Value apply(const PItem& item) const {
+    for (const PItem* x = &item; x->_head_child; x = x->_head_child)
+      if (x->_head_child->_low > x->_low) return Value();
+    return Value::truth(true);
+  }
+};
+
+struct HeadLast : ItemForm<HeadLast> {
+  static constexpr const char* kName = "head-last";
+  Value apply(const PItem& item) const {
+    for (const PItem* x = &item; x->_head_child; x = x->_head_child)
+      if (x->_high > x->_head_child->_high) return Value();
+    return Value::truth(true);
+  }
+};
+
+/// Lets the first displaced constituent of an item remember the modifier it was merged with.
+struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
+  static constexpr const char* kName = "set-trace-att-of-pred";
+  SetTraceAttOfPred() { out_type = in_type; }
+  Value apply(PItem& item) const {
+    const SyntaxAtts& syn = syntax_atts(*item._atts);
+    AttVecList* move = own_list(*item._atts, syn.move);
+    AttVec* element = move ? move->own(0) : nullptr;
+    if (element && readable(*element, syn.trace)) {
+      Ref<TraceChain> trace(element->own_trace(syn.trace));
+      if (!trace) {
+        trace = TraceChain::make();
+        store_att(*element, syn.trace, trace.get());
+      }
+      const char* role = trace->records.empty() ? nullptr : trace->records[0].role;
+      trace->records.insert_at(0, {role, item._head_child ? item._modifier : nullptr});
+    }
+    return Value::of(&item);
+  }
+};
+
+}  // namespace
+
+void register_p_item_forms(World& world) {
+  register_form<PItem2AttVec>(world,
+                              "(pitem-attvec) converts a PItem to its attribute value vector");
+  register_form<PItem2Modifier>(world, "(pitem-modifier) converts a PItem to its modifier");
+  register_form<PItem2DepRel>(world, "(pitem-deprel) converts a PItem to its deprel");
+  register_form<PItemHeadChild>(world);
+  register_form<PItemModifiee>(world);
+  register_form<GetModifierByType>(world);
+  register_form<PItemLow>(world);
+  register_form<PItemHigh>(world);
+  register_form<PItemLength>(world);
+  register_form<DepRelType>(world);
+  register_form<PItemAddWeight>(world);
+  register_form<HeadFirst>(world);
+  register_form<HeadLast>(world);
+  register_form<SetTraceAttOfPred>(world);
+}
+
+}  // namespace torvane

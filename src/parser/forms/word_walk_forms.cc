@@ -1,0 +1,152 @@
+// The forms that look at the words of an item and around it, past the words that are skipped.
+#include "lexp/form.h"
+#include "parser/forms/parser_commands.h"
+#include "parser/torvane_parser.h"
+
+namespace torvane {
+namespace {
+
+/// The words of the sentence that an item is of.
+class Words {
+ public:
+  Words(World& world, const PItem& item) {
+    const GCate* node = node_of(item);
+    const TorvaneParser* parser = node ? nullptr : current_parser(world);
+    if (node || parser) lex_ = (node ? node->_grammar : parser->grammar)._lex;
+  }
+  LexAnalyzer* lex() const { return lex_; }
+  const char* word(int i) const { return lex_ ? lex_->word(i) : nullptr; }
+  bool skipped(int i) const { return lex_ && lex_->skipped.test(i); }
+  int last() const { return lex() ? lex()->last_position() : 0; }
+  /// The nearest word before `i` that is not skipped; 0 if there is none.
+  int before(int i) const {
+    for (--i; i > 0 && skipped(i);) --i;
+    return i > 0 && word(i) ? i : 0;
+  }
+  int behind(int i, bool no_skip) const {
+    for (++i; !no_skip && i <= last() && skipped(i);) ++i;
+    return i > 0 && word(i) ? i : 0;
+  }
+  Value value(const char* text) const { return text ? lex()->text_value(text) : Value(); }
+  bool holds(const ExpPtr& condition, const char* text) const {
+    return passes(condition, value(text), type_id_of<const char*>());
+  }
+
+ private:
+  LexAnalyzer* lex_ = nullptr;
+};
+
+struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
+  static constexpr const char* kName = "pitem-head-word";
+  Value step(PItem& item) const {
+    LexAnalyzer* lex = Words(this->world(), item).lex();
+    // Kept: head-word-is-all-words
+    return lex ? lex->text_value(lex->surface(item._low, item._high)) : Value();
+  }
+};
+
+struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char*> {
+  static constexpr const char* kName = "pitem-preceding-word";
+  Value step(PItem& item) const {
+    Words words(this->world(), item);
+    return words.value(words.word(words.before(item._low)));
+  }
+};
+
+/// The condition is the next step; it also says whether the last word of the item itself will do.
+struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
+  static constexpr const char* kName = "pitem-following-word";
+  PItemFollowingWord() {
+    in_type = type_id_of<PItem>();
+    mid_type = type_id_of<const char*>();
+  }
+  void init(World& world, IRSlist* args) override {
+    no_skip_ = args->take_flag(":no-skip");
+    LAdaptor::init(world, args);
+  }
+  Value eval(Value input, int input_type) override {
+    if (!accepts(input_type)) return Value();
+    const PItem* item = input.as<PItem>();
+    if (!item) return Value();
+    Words words(this->world(), *item);
+    const char* last = words.word(item->_high);
+    if (sub && last && words.holds(sub, last)) return words.value(last);
+    Value next = convert(input);
+    return sub && next ? sub.eval(next, mid_type) : next;
+  }
+  Value convert(Value input) override {
+    const PItem* item = input.as<PItem>();
+    if (!item) return Value();
+    Words words(this->world(), *item);
+    return words.value(words.word(words.behind(item->_high, no_skip_)));
+  }
+
+ private:
+  bool no_skip_ = false;
+};
+
+/// A form on an item with a condition on words.
+template <class D>
+struct WordForm : Form<D> {
+  WordForm() { this->in_type = this->out_type = type_id_of<PItem>(); }
+  void init(World& world, IRSlist* args) override {
+    no_skip_ = args->take_flag(":no-skip");
+    if (auto form = args->pop_front()) condition_ = LExp::get_exp(world, form.get());
+  }
+  Value eval(Value input, int input_type) override {
+    if (!this->accepts(input_type)) return Value();
+    PItem* item = input.as<PItem>();
+    return item && static_cast<D*>(this)->apply(*item, Words(this->world(), *item)) ? input
+                                                                                    : Value();
+  }
+
+ protected:
+  bool no_skip_ = false;
+  ExpPtr condition_;
+};
+
+struct PItemFollowedByOrEndWithWord : WordForm<PItemFollowedByOrEndWithWord> {
+  static constexpr const char* kName = "pitem-followed-by-or-end-with-word";
+  bool apply(const PItem& item, const Words& words) const {
+    // Kept: followed-by-end
+    for (int i = item._high; i <= words.last(); ++i) {
+      if (!words.word(i) || (!no_skip_ && words.skipped(i))) continue;
+      if (words.holds(condition_, words.word(i))) return true;
+      if (i > item._high) return false;
+    }
+    return true;
+  }
+};
+
+struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
+  static constexpr const char* kName = "include-following-word";
+  bool apply(PItem& item, const Words& words) const {
+    int i = words.behind(item._high, false);
+    // Kept: include-following-is-true
+    if (i > 0 && words.holds(condition_, words.word(i))) item._high = static_cast<std::int16_t>(i);
+    return true;
+  }
+};
+
+struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
+  static constexpr const char* kName = "include-preceding-word";
+  bool apply(PItem& item, const Words& words) const {
+    int i = words.before(item._low);
+    // Kept: include-preceding-unasked
+    if (i > 0) item._low = static_cast<std::int16_t>(i);
+    return true;
+  }
+};
+
+}  // namespace
+
+void register_word_walk_forms(World& world) {
+  register_form<PItemHeadWord>(world);
+  register_form<PItemPrecedingWord>(world);
+  register_form<PItemFollowingWord>(world);
+  register_form<PItemFollowedByOrEndWithWord>(world);
+  register_form<IncludeFollowingWord>(world);
+  register_form<IncludePrecedingWord>(world);
+}
+
+}  // namespace torvane

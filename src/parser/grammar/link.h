@@ -1,0 +1,69 @@
+// An edge of the grammar network: its child's complete items travel along it to its parent.
+#pragma once
+
+#include <cstdint>
+
+#include "lexp/lexp.h"
+#include "support/bit_set.h"
+
+namespace torvane {
+
+class GCate;
+
+using AttSet = LBitSet;
+
+/// What a relation's name means to the parser. Any name that it does not know is plain.
+enum class LinkKind : std::uint8_t { plain, guest, subcat, complement };
+
+/// `_child` sends items, `_parent` receives them at a position. Owned by the network for the whole
+/// run.
+struct Link {
+  Link(GCate* parent, GCate* child) : _parent(parent), _child(child) {}
+
+  GCate* const _parent;
+  GCate* const _child;  ///< may be null: a frame's argument whose category has no node
+  ExpPtr _modifier_cond;
+  ExpPtr _modifiee_cond;
+  ExpPtr _merged_cond;
+  ExpPtr _head_cond;
+  std::uint32_t _check = 0;  ///< mask built by check-slash
+  int _check_arg = -1;
+  int _max_dist = 64;
+  bool _no_guest = true;
+  bool _is_subclass = false;
+  AttSet _percolate;  ///< attributes copied into the merged item
+
+  /// The relation's name, which lives for ever; null if none was given.
+  const char* type() const { return type_; }
+  LinkKind kind() const { return kind_; }
+  void set_type(const char* type);
+
+  /// Added to every item that the link merges.
+  float weight() const { return weight_; }
+  /// Gives the link its new place among those that leave the child.
+  void set_weight(float weight);
+
+  /// The parent's position, -1 before there is one.
+  int position() const { return position_; }
+  /// The column of the chart where items wait for a head to their right.
+  int column() const { return column_; }
+  void place(int position, int column) {
+    position_ = static_cast<std::int16_t>(position);
+    column_ = column;
+  }
+
+ private:
+  const char* type_ = nullptr;
+  float weight_ = 1.0f;
+  int column_ = -1;
+  std::int16_t position_ = -1;
+  LinkKind kind_ = LinkKind::plain;
+};
+
+namespace tags {
+inline constexpr TypeTag link{"DepRel*"};
+}  // namespace tags
+template <>
+struct ValueTraits<Link> : TagOf<Link, tags::link> {};
+
+}  // namespace torvane
