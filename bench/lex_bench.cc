@@ -10,6 +10,7 @@
 #include "lex/chart/lex_analyzer.h"
 #include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/lexicon.h"
+#include "parser/parsing.h"
 #include "parser/torvane_parser.h"
 
 namespace torvane {
@@ -71,7 +72,7 @@ void disk_look_up(benchmark::State& state) {
   std::ofstream(dir / "lex.dat") << entries_text();
   std::ofstream(dir / "lex.hdr") << "lex.dat\n19997\nlex.idx\n(\n)\n";
   {
-    DictOnDisk dict((dir / "lex.hdr").c_str());
+    DictOnDisk dict(session(), (dir / "lex.hdr").c_str());
     int i = 0;
     for (auto _ : state) {
       benchmark::DoNotOptimize(dict.get_entry(key(i).c_str()));

@@ -8,6 +8,7 @@
 
 #include "bench/allocations.h"
 #include "bench/session.h"
+#include "parser/parsing.h"
 #include "parser/torvane_parser.h"
 
 namespace torvane {

@@ -18,7 +18,7 @@ std::string lexicon_text() {
 
 void tokens(benchmark::State& state) {
   std::string text = lexicon_text();
-  auto tokenizer = Tokenizer::make_default();
+  auto tokenizer = Tokenizer::make_default(false);
   for (auto _ : state) {
     tokenizer->set_string_input(text.c_str(), static_cast<long>(text.size()));
     while (tokenizer->next_token()) {
@@ -31,7 +31,7 @@ BENCHMARK(tokens)->Unit(benchmark::kMillisecond);
 
 void forms(benchmark::State& state) {
   std::string text = lexicon_text();
-  auto tokenizer = Tokenizer::make_default();
+  auto tokenizer = Tokenizer::make_default(false);
   for (auto _ : state) {
     tokenizer->set_string_input(text.c_str(), static_cast<long>(text.size()));
     while (tokenizer->more_input) {

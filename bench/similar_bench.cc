@@ -14,6 +14,7 @@
 #include <string>
 
 #include "bench/session.h"
+#include "store/qhash.h"
 #include "wordsim/feature_overlap.h"
 #include "wordsim/group_scores.h"
 

@@ -23,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/named_objects.h"
 #include "store/qhash.h"
 #include "store/str2id.h"
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "bench/session.h"
-#include "lexp/lexp.h"
+#include "lexp/form.h"
 #include "support/stemmer.h"
 
 namespace torvane {

@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "att/att_interpreter_list.h"
-#include "att/block_pool.h"
 #include "support/messages.h"
+#include "support/pool.h"
 
 namespace torvane {
 

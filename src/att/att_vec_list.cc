@@ -3,8 +3,8 @@
 #include <mutex>
 
 #include "att/att_vec.h"
-#include "att/block_pool.h"
 #include "support/name_table.h"
+#include "support/pool.h"
 
 namespace torvane {
 
@@ -56,7 +56,7 @@ Ref<T> take(int (*room)(const T&)) {
 template <class T>
 void give(T* object, int room) {
   Waiting<T>& pool = waiting<T>();
-  if (!BlockPool::recycles() || pool.objects.count() >= kMostWaiting ||
+  if (!BlockPool::kRecycles || pool.objects.count() >= kMostWaiting ||
       room > kMostRoom - pool.room) {
     delete object;
     return;

@@ -5,7 +5,6 @@
 #include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
-#include "support/sanitizer.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -17,12 +16,6 @@ using Cell = Slist<IRSlist*>::Cell;
 IRSlist* item_of(const Cell* cell) {
   return Slist<IRSlist*>::value_of(cell);
 }
-
-union PooledNode {
-  PooledNode* next_free;
-  alignas(IRSlist) char bytes[sizeof(IRSlist)];
-};
-constinit thread_local PooledNode* free_nodes = nullptr;
 
 // Visits what a list holds, however deeply nested, in the order of the text and without recursion:
 // `item(first)` before each item, then `atom(node)`, or `open(node)` and, behind the node's items,
@@ -103,28 +96,6 @@ struct Copier {
 };
 
 }  // namespace
-
-void* IRSlist::operator new(std::size_t size) {
-  if (kAddressSanitizer) return ::operator new(size);
-  if (!free_nodes) {
-    constexpr int kBlock = 500;
-    auto* block = new PooledNode[kBlock];
-    for (int i = kBlock; i-- > 0;) {
-      block[i].next_free = free_nodes;
-      free_nodes = &block[i];
-    }
-  }
-  PooledNode* node = free_nodes;
-  free_nodes = node->next_free;
-  return node;
-}
-
-void IRSlist::operator delete(void* node) {
-  if (kAddressSanitizer) return ::operator delete(node);
-  auto* freed = static_cast<PooledNode*>(node);
-  freed->next_free = free_nodes;
-  free_nodes = freed;
-}
 
 IRSlist::IRSlist(IRSlist&& other) noexcept
     : items(std::move(other.items)),

@@ -10,6 +10,7 @@
 #include <ostream>
 #include <string>
 
+#include "support/pool.h"
 #include "support/slist.h"
 #include "support/str_bufs.h"
 
@@ -20,7 +21,7 @@ class Tokenizer;
 class TokenizerBase;
 class World;
 
-class IRSlist {
+class IRSlist : public Pooled<IRSlist> {
  public:
   Slist<IRSlist*> items;
   char* atom = nullptr;
@@ -32,10 +33,6 @@ class IRSlist {
   IRSlist(IRSlist&& other) noexcept;
   IRSlist& operator=(IRSlist&& other) noexcept;
   ~IRSlist() { clear(); }
-
-  /// Nodes come from a free list: reading forms does not reach the allocator.
-  static void* operator new(std::size_t size);
-  static void operator delete(void* node);
 
   bool is_atom() const { return atom != nullptr; }
   bool is_list() const { return atom == nullptr; }

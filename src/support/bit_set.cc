@@ -5,43 +5,31 @@
 
 #include "support/big_endian.h"
 #include "support/messages.h"
+#include "support/pool.h"
 
 namespace torvane {
 
 namespace {
 
-// Reps wait by the capacity of their block, which comes in steps of four words.
-constexpr int kPooled = 9;  // up to 32 words, 1024 bits
-constinit thread_local LBitSetRep* free_reps[kPooled];
+std::size_t block_words(int capacity) {
+  return BlockPool::words_for(sizeof(LBitSetRep) +
+                              sizeof(std::uint32_t) * static_cast<std::size_t>(capacity));
+}
 
+// The capacity comes in steps of four words, so that few sizes of blocks wait in the pool.
 LBitSetRep* take_rep(int words, bool tail) {
   int capacity = std::max(4, (words + 3) & ~3);
-  int pool = capacity / 4;
-  LBitSetRep* rep;
-  if (pool < kPooled && free_reps[pool]) {
-    rep = free_reps[pool];
-    free_reps[pool] = rep->next_free;
-  } else {
-    auto bytes = sizeof(LBitSetRep) + sizeof(std::uint32_t) * static_cast<std::size_t>(capacity);
-    rep = static_cast<LBitSetRep*>(::operator new(bytes));
-    rep->words = reinterpret_cast<std::uint32_t*>(rep + 1);
-    rep->capacity = capacity;
-  }
+  auto* rep = static_cast<LBitSetRep*>(BlockPool::take(block_words(capacity)));
+  rep->words = reinterpret_cast<std::uint32_t*>(rep + 1);
+  rep->capacity = capacity;
   rep->refcount = 1;
   rep->word_count = words;
   rep->complement = tail;
-  rep->next_free = nullptr;
   return rep;
 }
 
 void give_rep(LBitSetRep* rep) {
-  int pool = rep->capacity / 4;
-  if (pool >= kPooled) {
-    ::operator delete(rep);
-    return;
-  }
-  rep->next_free = free_reps[pool];
-  free_reps[pool] = rep;
+  BlockPool::give(rep, block_words(rep->capacity));
 }
 
 std::uint32_t tail_word(bool tail) {

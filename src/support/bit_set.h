@@ -16,7 +16,6 @@ struct LBitSetRep {
   std::int32_t word_count;
   std::uint8_t complement;  ///< the value of every bit beyond the words
   std::int32_t capacity;    ///< words that the block holds; for the pool
-  LBitSetRep* next_free;
 };
 
 class LBitSet {

@@ -11,6 +11,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "support/pool.h"
+
 namespace torvane {
 
 namespace slist_detail {
@@ -18,20 +20,12 @@ struct Cell {
   Cell* next;
   std::uintptr_t data;
 };
-Cell* take_cell();
-inline Cell*& free_cells() {
-  static constinit thread_local Cell* head = nullptr;
-  return head;
-}
+inline constexpr std::size_t kCellWords = BlockPool::words_for(sizeof(Cell));
 inline Cell* new_cell() {
-  Cell* cell = free_cells();
-  if (!cell) return take_cell();
-  free_cells() = cell->next;
-  return cell;
+  return static_cast<Cell*>(BlockPool::take(kCellWords));
 }
 inline void free_cell(Cell* cell) {
-  cell->next = free_cells();
-  free_cells() = cell;
+  BlockPool::give(cell, kCellWords);
 }
 }  // namespace slist_detail
 
@@ -133,10 +127,12 @@ class Slist {
   }
   void clear() {
     if (!tail_) return;
-    Cell* first = tail_->next;
-    tail_->next = slist_detail::free_cells();
-    slist_detail::free_cells() = first;
-    tail_ = nullptr;
+    if constexpr (BlockPool::kRecycles) {
+      BlockPool::give_row(tail_->next, tail_, slist_detail::kCellWords);
+      tail_ = nullptr;
+    } else {
+      while (tail_) remove_after(tail_);
+    }
   }
   void reverse() {
     Slist other;

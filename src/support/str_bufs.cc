@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "support/big_endian.h"
-#include "support/sanitizer.h"
+#include "support/pool.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -16,34 +16,30 @@ struct StrBufs::Chunk {
   static Chunk* make(std::size_t size);
   static void drop(Chunk* chunk);
 
-  // Chunks of the usual size wait for the next stage, so that a sentence's texts do not reach the
-  // allocator each time.
+  // Chunks of the usual size are pooled, so that a sentence's texts do not reach the allocator each
+  // time.
   static constexpr std::size_t kUsualSize = 4096;
-  static constexpr int kMostSpare = 256;
-  static inline constinit thread_local Chunk* spare = nullptr;
-  static inline constinit thread_local int spare_count = 0;
+  static constexpr std::size_t usual_words();
 };
 
+constexpr std::size_t StrBufs::Chunk::usual_words() {
+  return BlockPool::words_for(sizeof(Chunk) + kUsualSize);
+}
+
 StrBufs::Chunk* StrBufs::Chunk::make(std::size_t size) {
-  Chunk* chunk = spare;
-  if (size == kUsualSize && chunk) {
-    spare = chunk->next;
-    --spare_count;
-  } else {
-    chunk = static_cast<Chunk*>(::operator new(sizeof(Chunk) + size));
-    chunk->size = size;
-  }
+  static_assert(usual_words() < BlockPool::kSizes);
+  void* block =
+      size == kUsualSize ? BlockPool::take(usual_words()) : ::operator new(sizeof(Chunk) + size);
+  auto* chunk = static_cast<Chunk*>(block);
+  chunk->size = size;
   return chunk;
 }
 
 void StrBufs::Chunk::drop(Chunk* chunk) {
-  if (!kAddressSanitizer && chunk->size == kUsualSize && spare_count < kMostSpare) {
-    chunk->next = spare;
-    spare = chunk;
-    ++spare_count;
-  } else {
+  if (chunk->size == kUsualSize)
+    BlockPool::give(chunk, usual_words());
+  else
     ::operator delete(chunk);
-  }
 }
 
 StrBufs::StrBufs(int chunk_size)

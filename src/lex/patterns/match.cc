@@ -18,14 +18,9 @@ constinit const TypeTag match{
 
 namespace {
 
-constinit thread_local Match* spare_matches = nullptr;
+// Storage of lists that waits for later ones.
+using SpareStorage = Spares<std::vector<Ref<Match>>, 64>;
 
-std::vector<std::vector<Ref<Match>>>& spare_storage() {
-  static thread_local std::vector<std::vector<Ref<Match>>> spare;
-  return spare;
-}
-
-constexpr std::size_t kMostSpare = 64;
 constexpr std::size_t kFewMatches = 32;
 
 bool before(const Ref<Match>& a, const Ref<Match>& b) {
@@ -33,15 +28,6 @@ bool before(const Ref<Match>& a, const Ref<Match>& b) {
 }
 
 }  // namespace
-
-Match* Match::take() {
-  if (!spare_matches) return new Match;
-  Match* match = spare_matches;
-  spare_matches = match->next_;
-  match->item = nullptr;
-  match->count_ = 0;
-  return match;
-}
 
 // Nested matches go one by one, however deep they are.
 void Match::destroy(Match* match) {
@@ -53,13 +39,12 @@ void Match::destroy(Match* match) {
       child->next_ = match;
       match = child;
     }
-    dead->next_ = spare_matches;
-    spare_matches = dead;
+    delete dead;
   }
 }
 
 Ref<Match> Match::make(LexAnalyzer* in, int from, int to, LexItem* about) {
-  Match* match = take();
+  Match* match = new Match;
   match->analyzer = in;
   match->low = from;
   match->high = to;
@@ -136,17 +121,12 @@ bool match_before(const Match& a, const Match& b) {
   return !a.is_empty() && a.low < b.low;
 }
 
-MatchList::MatchList(Keep keep) : keep_(keep) {
-  auto& spare = spare_storage();
-  if (spare.empty()) return;
-  matches_ = std::move(spare.back());
-  spare.pop_back();
-}
+MatchList::MatchList(Keep keep) : matches_(SpareStorage::take()), keep_(keep) {}
 
 MatchList::~MatchList() {
-  if (matches_.capacity() == 0 || spare_storage().size() >= kMostSpare) return;
+  if (matches_.capacity() == 0) return;
   matches_.clear();
-  spare_storage().push_back(std::move(matches_));
+  SpareStorage::give(std::move(matches_));
 }
 
 bool MatchList::has_span(int low, int high) const {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "lex/chart/lex_analyzer.h"
+#include "support/pool.h"
 #include "support/ref.h"
 
 namespace torvane {
@@ -18,7 +19,7 @@ namespace torvane {
 /// The end of a match that is given: all matches that end there, or that start there.
 enum class Anchor : std::uint8_t { end, start };
 
-class Match : public Counted<Match> {
+class Match : public Counted<Match>, public Pooled<Match> {
  public:
   /// A match without parts.
   static Ref<Match> make(LexAnalyzer* in, int from, int to, LexItem* about = nullptr);
@@ -46,13 +47,11 @@ class Match : public Counted<Match> {
   LexAnalyzer* analyzer = nullptr;
 
  private:
-  static Match* take();
-
   Ref<Match> part_;
   Ref<Match> rest_;
   std::int32_t count_ = 0;
   bool part_first_ = false;  ///< the part stands left of the rest
-  Match* next_ = nullptr;    ///< in the pool
+  Match* next_ = nullptr;    ///< in the row of those to be destroyed
 };
 
 namespace tags {

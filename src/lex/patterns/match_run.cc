@@ -6,6 +6,7 @@
 
 #include "support/hash.h"
 #include "support/messages.h"
+#include "support/pool.h"
 
 namespace torvane {
 
@@ -43,10 +44,7 @@ class MatchRun::Memory {
 
   std::vector<Ref<Match>> kept;
 
-  static std::vector<std::unique_ptr<Memory>>& spare() {
-    static thread_local std::vector<std::unique_ptr<Memory>> list;
-    return list;
-  }
+  using Spare = Spares<std::unique_ptr<Memory>, 64>;
 
  private:
   std::size_t index_of(const std::vector<Slot>& slots, const Place& place) const {
@@ -77,7 +75,7 @@ MatchRun::MatchRun(LexAnalyzer& chart) : analyzer(chart) {}
 MatchRun::~MatchRun() {
   if (!memory_) return;
   memory_->kept.clear();
-  Memory::spare().push_back(std::move(memory_));
+  Memory::Spare::give(std::move(memory_));
 }
 
 bool MatchRun::recall(const Place& place, MatchList& out) const {
@@ -89,10 +87,8 @@ bool MatchRun::recall(const Place& place, MatchList& out) const {
 
 void MatchRun::remember(const Place& place, const MatchList& matches) {
   if (!memory_) {
-    auto& spare = Memory::spare();
-    if (spare.empty()) spare.push_back(std::make_unique<Memory>());
-    memory_ = std::move(spare.back());
-    spare.pop_back();
+    memory_ = Memory::Spare::take();
+    if (!memory_) memory_ = std::make_unique<Memory>();
     memory_->start();
   }
   for (const Ref<Match>& match : matches) memory_->kept.push_back(match);
