@@ -1,0 +1,95 @@
+// For tests: a parser with a grammar from a text, items to put into it, and items as texts.
+#pragma once
+
+#include <sstream>
+#include <string>
+
+#include "att/attributes.h"
+#include "lex/lex_analyzer.h"
+#include "lex/lexicon.h"
+#include "lexp/lexp.h"
+#include "parser/forms/parser_commands.h"
+#include "parser/torvane_parser.h"
+
+namespace torvane {
+
+struct TestItem {
+  const char* node;
+  int low, high;
+  const char* atts = "";
+};
+
+class TestGrammar {
+ public:
+  /// The attributes that the tests use, a parser for sentences of these words, and the text.
+  explicit TestGrammar(const std::string& text, const std::vector<const char*>& words = {}) {
+    register_attribute_types(world);
+    register_attribute_commands(world);
+    register_core_forms(world);
+    register_constant_forms(world);
+    register_lexicon_commands(world);
+    register_lex_analyzer_commands(world);
+    register_parser_commands(world);
+    register_init_attributes(world);
+    world.interpreter.prompt = false;
+    world.interpreter.load_string(
+        "(def-att-list syn (defattribute cat EnumAtt (allowable-values a c d i j n p v))"
+        "  (defattribute num EnumAtt (allowable-values sg pl)) (defattribute cm BinAtt)"
+        "  (defattribute govern BinAtt) (defattribute guest BinAtt) (defattribute last_conj BinAtt)"
+        "  (defattribute slash DisjAtt (allowable-values wh np)) (defattribute move ListAtt)"
+        "  (defattribute check DisjAtt (allowable-values wh np)) (defattribute opt BinAtt)"
+        "  (defattribute args ListAtt) (defattribute trace TraceAtt) (defattribute control BinAtt)"
+        "  (defattribute head_final BinAtt) (defattribute rare BinAtt) (defattribute lexitem "
+        "EntAtt)"
+        "  (defattribute cform StrAtt) (defattribute pform StrAtt) (defattribute node StrAtt)"
+        "  (defattribute ref StrAtt) (defattribute role StrAtt))"
+        "(make-lexicon words 11) (make-lex-analyzer analyser :lexicon words)"
+        "(def-torvane-parser parser :attribute-vector-type syn :lexical-analyzer analyser"
+        "  :lexical-attributes () :show-attributes () :default-percolating-attributes ()"
+        "  :weights-of-words (int 0))"
+        "(init-attributes)");
+    world.interpreter.load_string(text.c_str());
+    for (const char* word : words) parser().grammar._lex->add_word(word);
+  }
+
+  TorvaneParser& parser() { return *current_parser(world); }
+  Grammar& grammar() { return parser().grammar; }
+  Chart& chart() { return parser().chart; }
+  const GCate& node(const char* name) { return *grammar().get_node(name, false); }
+
+  PItem* item(const TestItem& what) {
+    PItem* made = chart().new_item();
+    made->_low = static_cast<std::int16_t>(what.low);
+    made->_high = static_cast<std::int16_t>(what.high);
+    made->_node = &node(what.node);
+    const std::string atts = "(" + std::string(what.atts) + ")";
+    made->_atts->read(reader_.start_string(atts.c_str()));
+    return made;
+  }
+
+  /// Span, weight, attributes; "none" for a null item.
+  static std::string text_of(const PItem* item) {
+    if (!item) return "none";
+    std::ostringstream out;
+    out << item->_low << '-' << item->_high << " w=" << item->_weight << ' ';
+    item->_atts->print(out);
+    return out.str();
+  }
+  /// The spans of a node's items, by end and position; of alternatives the first.
+  std::string spans(const char* name) {
+    std::ostringstream out;
+    for (int end = 0; end < chart().row_count(); ++end)
+      for (int position = 0; position <= node(name).n_positions(); ++position)
+        for (const PItem* item : chart().bucket(node(name), position, end))
+          out << item->_low << '-' << item->_high << ' ';
+    return out.str();
+  }
+
+  World world{World::Console::of_process()};
+
+ private:
+  WorldScope here_{world};
+  IRSlistReader reader_{false};
+};
+
+}  // namespace torvane
