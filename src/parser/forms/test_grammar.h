@@ -5,8 +5,8 @@
 #include <string>
 
 #include "att/attributes.h"
-#include "lex/lex_analyzer.h"
-#include "lex/lexicon.h"
+#include "lex/chart/lex_analyzer.h"
+#include "lex/lexicon/lexicon.h"
 #include "lexp/lexp.h"
 #include "parser/forms/parser_commands.h"
 #include "parser/torvane_parser.h"
