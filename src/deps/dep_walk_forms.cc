@@ -9,7 +9,7 @@
 #include "deps/node_extent.h"
 #include "deps/props.h"
 #include "deps/tree_walk.h"
-#include "lexp/control_forms.h"
+#include "lexp/tuples.h"
 
 namespace torvane {
 

@@ -4,7 +4,7 @@
 #include "deps/print_text.h"
 #include "deps/text_list.h"
 #include "deps/trees.h"
-#include "lexp/control_forms.h"
+#include "lexp/tuples.h"
 #include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"

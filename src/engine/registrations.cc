@@ -12,11 +12,10 @@
 #include "lex/patterns.h"
 #include "lex/rule_actions.h"
 #include "lex/sentence_boundary.h"
-#include "lexp/lexp.h"
+#include "lexp/offers.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
-#include "shell/exec.h"
-#include "shell/object_factory.h"
+#include "shell/offers.h"
 #include "treerules/tree_modifier.h"
 #include "triples/triple_commands.h"
 #include "wordsim/sim_word_db.h"
@@ -31,31 +30,43 @@ void register_types(World& world) {
 }
 
 constexpr Registration kRegistrations[] = {
-    {"attribute types and the value types of properties", register_types},
-    {"tokenizers", register_tokenizer_commands},
-    {"the object factory", register_object_factory_commands},
-    {"the lexicon", register_lexicon_commands},
-    {"the lexical analyser", register_lex_analyzer_commands},
-    {"lexical patterns", register_patterns},
-    {"core forms", register_core_forms},
-    {"rule actions and antecedent lists", register_rule_actions},
-    {"attribute predicates", register_attribute_forms},
-    {"lexical item predicates", register_item_forms},
-    {"string functions and word lists", register_string_forms},
-    {"integer and regular expression functions", register_integer_forms},
-    {"constants", register_constant_forms},
-    {"tree rules", register_tree_rules},
-    {"dependency tree expressions", register_deps_forms},
-    {"sentence boundaries", register_sentence_boundary_forms},
-    {"left and right context rules", register_llrule_commands},
-    {"attributes", register_attribute_commands},
-    {"the parser", register_parser_commands},
-    {"initial attributes", register_init_attributes},
-    {"the sentence separator", register_sentence_separator},
-    {"antecedent list expressions", register_antecedent_forms},
-    {"the attribute vector meaning", register_avmeaning_proto},
-    {"triple databases", register_triple_commands},
-    {"similar words", register_similar_words},
+    {nullptr, "attribute types and the value types of properties", register_types},
+    {&offers::tokenizer_commands},
+    {&offers::object_factory},
+    {nullptr, "the lexicon", register_lexicon_commands},
+    {nullptr, "the lexical analyser", register_lex_analyzer_commands},
+    {nullptr, "lexical patterns", register_patterns},
+    {&offers::control_forms},
+    {&offers::variable_forms},
+    {&offers::exec_commands},
+    {&offers::stream_forms},
+    {&offers::functions},
+    {&offers::eval},
+    {&offers::foreach},
+    {&offers::macro},
+    {nullptr, "rule actions and antecedent lists", register_rule_actions},
+    {nullptr, "attribute predicates", register_attribute_forms},
+    {nullptr, "lexical item predicates", register_item_forms},
+    {&offers::reg_forms},
+    {&offers::word_forms},
+    {&offers::string_forms},
+    {&offers::print_forms},
+    {&offers::integer_forms},
+    {&offers::str_sim},
+    {&offers::word_list},
+    {&offers::constants},
+    {nullptr, "tree rules", register_tree_rules},
+    {nullptr, "dependency tree expressions", register_deps_forms},
+    {nullptr, "sentence boundaries", register_sentence_boundary_forms},
+    {nullptr, "left and right context rules", register_llrule_commands},
+    {nullptr, "attributes", register_attribute_commands},
+    {nullptr, "the parser", register_parser_commands},
+    {nullptr, "initial attributes", register_init_attributes},
+    {nullptr, "the sentence separator", register_sentence_separator},
+    {nullptr, "antecedent list expressions", register_antecedent_forms},
+    {nullptr, "the attribute vector meaning", register_avmeaning_proto},
+    {nullptr, "triple databases", register_triple_commands},
+    {nullptr, "similar words", register_similar_words},
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "lex/lex_analyzer.h"
+#include "lexp/offers.h"
 #include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
@@ -13,9 +14,8 @@ namespace {
 /// A world with the kinds "g" and "h" of meanings, which are texts.
 struct KindsWorld {
   KindsWorld() {
-    register_core_forms(own_world);
-    register_constant_forms(own_world);
-    register_string_forms(own_world);
+    for (const Offer* offer : {&offers::control_forms, &offers::constants, &offers::string_forms})
+      offer->enter(own_world);
     register_lexicon_commands(own_world);
     register_avmeaning_proto(own_world);
     own_world.interpreter.prompt = false;

@@ -1,5 +1,6 @@
 #include "shell/object_factory.h"
 
+#include "shell/offers.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/regexp.h"
@@ -60,8 +61,6 @@ void Families::list_objects(std::ostream& out, const char* object_regexp,
   });
 }
 
-void register_object_factory_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::object_factory{kCommands};
 
 }  // namespace torvane

@@ -43,7 +43,4 @@ class Families {
   NameTable<std::unique_ptr<ObjFactory>> table_;
 };
 
-/// `classes` and `objects`.
-void register_object_factory_commands(World& world);
-
 }  // namespace torvane

@@ -1,0 +1,13 @@
+#include "shell/offer.h"
+
+#include "shell/world.h"
+
+namespace torvane {
+
+void Offer::enter(World& world) const {
+  if (before) before(world);
+  for (const Prototype& row : prototypes) row.enter(world, row);
+  world.interpreter.define(commands);
+}
+
+}  // namespace torvane
