@@ -7,9 +7,9 @@
 #include <string>
 
 #include "bench/session.h"
-#include "lex/dict_on_disk.h"
-#include "lex/lex_analyzer.h"
-#include "lex/lexicon.h"
+#include "lex/chart/lex_analyzer.h"
+#include "lex/lexicon/dict_on_disk.h"
+#include "lex/lexicon/lexicon.h"
 #include "parser/torvane_parser.h"
 
 namespace torvane {

@@ -7,7 +7,7 @@
 
 #include "bench/allocations.h"
 #include "bench/session.h"
-#include "lex/lexical_rules.h"
+#include "lex/rules/lexical_rules.h"
 #include "lexp/form.h"
 #include "shell/named_objects.h"
 
@@ -88,7 +88,7 @@ void rule_list(benchmark::State& state) {
   }
   text += ")";
   run_forms(text.c_str());
-  LexRuleList* rules = session().objects.find_as<LexRuleList>("bench-rules", "LexRuleList", true);
+  LexRuleList* rules = find_rules(session(), "bench-rules");
   std::uint64_t before = allocation_count();
   for (auto _ : state) rules->apply(chart.analyzer);
   state.counters["allocations"] =

@@ -20,7 +20,7 @@
 
 #include "bench/session.h"
 #include "shell/named_objects.h"
-#include "triples/triple_db.h"
+#include "triples/db/triple_db.h"
 
 namespace torvane {
 namespace {

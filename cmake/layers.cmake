@@ -1,9 +1,10 @@
-# One static library a layer of cmake/layers.txt. A layer links to its neighbours alone, so an arrow in
+# One static library a layer of cmake/layers.txt, its sub-folders with it. A layer links to its neighbours alone, so an arrow in
 # another direction does not link either.
 
 # Defines torvane_<layer>, and <layer>_test if there are unit tests. `neighbours`: names of layers.
 function(torvane_layer layer neighbours)
-  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${layer}/*.cc)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${layer}/*.cc
+       ${PROJECT_SOURCE_DIR}/src/${layer}/*/*.cc)
   set(tests ${sources})
   list(FILTER sources EXCLUDE REGEX "_test\\.cc$")
   list(FILTER tests INCLUDE REGEX "_test\\.cc$")
@@ -25,7 +26,8 @@ endfunction()
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt rows REGEX "^[a-z]+:")
 foreach(row IN LISTS rows)
-  string(REGEX MATCHALL "[a-z]+" names "${row}")
+  string(REGEX MATCHALL "[a-z/]+" names "${row}")
+  list(FILTER names EXCLUDE REGEX "/")  # sub-folders are no libraries
   list(POP_FRONT names layer)
   if(EXISTS ${PROJECT_SOURCE_DIR}/src/${layer}/CMakeLists.txt)
     add_subdirectory(src/${layer})  # programs beside the library

@@ -1,3 +1,4 @@
+# shellcheck shell=sh
 # Sourced by the scripts: where the project is, and how they come by the tools that they need.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)

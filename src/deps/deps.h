@@ -10,7 +10,7 @@
 
 #include "deps/dep_tree.h"
 #include "deps/text_list.h"
-#include "lex/lex_analyzer.h"
+#include "lex/chart/lex_analyzer.h"
 #include "support/array.h"
 #include "support/bit_set.h"
 #include "support/ref.h"

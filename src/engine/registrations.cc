@@ -3,16 +3,18 @@
 #include "att/att_interpreter.h"
 #include "deps/dep_forms.h"
 #include "deps/val_types.h"
-#include "lex/antecedent_list.h"
-#include "lex/item_forms.h"
-#include "lex/lex_analyzer.h"
-#include "lex/lexicon.h"
-#include "lex/llrule.h"
-#include "lex/meaning.h"
-#include "lex/patterns.h"
-#include "lex/rule_actions.h"
-#include "lex/sentence_boundary.h"
+#include "lex/chart/item_forms.h"
+#include "lex/chart/lex_analyzer.h"
+#include "lex/lexicon/lexicon.h"
+#include "lex/lexicon/meaning.h"
+#include "lex/patterns/match_accessors.h"
+#include "lex/patterns/patterns.h"
+#include "lex/rules/antecedent_list.h"
+#include "lex/rules/lexical_rules.h"
+#include "lex/rules/llrule.h"
+#include "lex/rules/rule_actions.h"
 #include "lexp/offers.h"
+#include "lexp/sentence_boundary.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
 #include "shell/offers.h"
@@ -29,12 +31,22 @@ void register_types(World& world) {
   register_attribute_types(world);
 }
 
+void register_analyser(World& world) {
+  register_lex_analyzer_commands(world);
+  register_lexical_rule_commands(world);
+}
+
+void register_item_predicates(World& world) {
+  register_match_accessors(world);
+  register_item_forms(world);
+}
+
 constexpr Registration kRegistrations[] = {
     {nullptr, "attribute types and the value types of properties", register_types},
     {&offers::tokenizer_commands},
     {&offers::object_factory},
     {nullptr, "the lexicon", register_lexicon_commands},
-    {nullptr, "the lexical analyser", register_lex_analyzer_commands},
+    {nullptr, "the lexical analyser", register_analyser},
     {nullptr, "lexical patterns", register_patterns},
     {&offers::control_forms},
     {&offers::variable_forms},
@@ -46,7 +58,7 @@ constexpr Registration kRegistrations[] = {
     {&offers::macro},
     {nullptr, "rule actions and antecedent lists", register_rule_actions},
     {nullptr, "attribute predicates", register_attribute_forms},
-    {nullptr, "lexical item predicates", register_item_forms},
+    {nullptr, "lexical item predicates", register_item_predicates},
     {&offers::reg_forms},
     {&offers::word_forms},
     {&offers::string_forms},

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-#include "lex/match.h"
+#include "lex/patterns/match.h"
 #include "lexp/form.h"
 #include "parser/parser_commands.h"
 #include "parser/syntax_atts.h"

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "att/att_vec.h"
-#include "lex/lex_item.h"
+#include "lex/chart/lex_item.h"
 #include "lexp/lexp.h"
 
 namespace torvane {

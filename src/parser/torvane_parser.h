@@ -12,7 +12,7 @@
 #include "deps/dep_statistics.h"
 #include "deps/deps.h"
 #include "deps/deps_modifier.h"
-#include "lex/lex_analyzer.h"
+#include "lex/chart/lex_analyzer.h"
 #include "parser/grammar.h"
 #include "parser/p_item.h"
 #include "parser/parse_forest.h"

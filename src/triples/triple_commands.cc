@@ -9,17 +9,13 @@
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
-#include "store/store_commands.h"
-#include "triples/populate.h"
-#include "triples/report_parts.h"
-#include "triples/triple_queries.h"
-#include "triples/triple_reports.h"
+#include "store/commands/store_commands.h"
+#include "triples/db/populate.h"
+#include "triples/reports/report_parts.h"
+#include "triples/reports/triple_queries.h"
+#include "triples/reports/triple_reports.h"
 
 namespace torvane {
-
-TripleDb* take_triple_db(World& world, IRSlist* form) {
-  return world.objects.find_as<TripleDb>(form->get_str_val(), "TripleDb", true);
-}
 
 namespace {
 

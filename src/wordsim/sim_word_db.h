@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "lex/dict_on_disk.h"
+#include "lex/lexicon/dict_on_disk.h"
 #include "shell/irslist.h"
 #include "shell/streams.h"
 #include "store/qhash.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "support/text.h"
-#include "triples/mutual_info.h"
+#include "triples/db/mutual_info.h"
 
 namespace torvane {
 namespace {

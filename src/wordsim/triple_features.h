@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "triples/triple_db.h"
+#include "triples/db/triple_db.h"
 #include "wordsim/feature_overlap.h"
 
 namespace torvane {

@@ -1,7 +1,7 @@
 // A disk dictionary and its index of any bytes. The first byte of the input says how many slots the
 // table has, the second how much of the rest is the index.
 #include "fuzz_input.h"
-#include "lex/dict_on_disk.h"
+#include "lex/lexicon/dict_on_disk.h"
 #include "support/scratch_folder.h"
 
 namespace torvane {

@@ -1,6 +1,6 @@
 // Lexicon files of any bytes: what is read prints, reads back, and finds phrases in a sentence.
 #include "fuzz_input.h"
-#include "lex/lex_analyzer.h"
+#include "lex/chart/lex_analyzer.h"
 
 namespace torvane {
 namespace {

@@ -1,0 +1,157 @@
+// From a tokenised sentence to a chart of lexical items. Word positions start at 1; position 0 is a
+// sentinel with no word, so a sentence of k words has a word count of k + 1.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "lex/chart/lex_item.h"
+#include "lex/lexicon/lexicon.h"
+#include "support/array.h"
+#include "support/bit_set.h"
+#include "support/str_bufs.h"
+
+namespace torvane {
+
+class World;
+
+class LexAnalyzer;
+
+/// What runs on a chart once its words are looked up: a named object of the type "LexRuleList".
+class ChartRules {
+ public:
+  virtual void apply(LexAnalyzer& analyzer) = 0;
+  virtual ~ChartRules() = default;
+};
+
+namespace tags {
+inline constexpr TypeTag chart_rules{"LexRuleList*"};
+}
+template <>
+struct ValueTraits<ChartRules> : TagOf<ChartRules, tags::chart_rules> {};
+
+class LexAnalyzer {
+ public:
+  /// Spans have 16 bits; further words of a sentence are refused.
+  static constexpr int kMostWords = 32000;
+
+  LexAnalyzer(Lexicon* lexicon, int sentence_length);
+  LexAnalyzer(const LexAnalyzer&) = delete;
+  LexAnalyzer& operator=(const LexAnalyzer&) = delete;
+
+  /// Enters an item into the chart; with `check_dup`, an item of the same span, root and meaning
+  /// that is there already is given instead. Null, with nothing changed, for a null item or a span
+  /// off the chart.
+  virtual LexItem* add_item(LexItem* item, int check_dup);
+  /// A new item (not in the chart) with a clone of the meaning (may be null).
+  virtual LexItem* make_item(const char* root, const Meaning* meaning, int low, int high,
+                             const Slist<const char*>& affixes);
+  virtual void delete_item(LexItem* item);
+  /// Removes the items strictly inside the span.
+  virtual void delete_smaller(int low, int high);
+  /// Forgets the sentence. Nothing happens inside `analyze`.
+  virtual void reset();
+  virtual void print(std::ostream& out) const;
+  virtual void analyze();
+  /// Enters the items of one key for a span.
+  virtual void lookup(const char* word, int low, int high);
+  virtual ~LexAnalyzer() = default;
+
+  World& world() const { return lexicon->world(); }
+  void add_word(const char* text);
+  void add_gap(const char* text);
+  /// A blank gap and a word for each atom.
+  void add_sentence(const IRSlist* sentence);
+
+  /// Number of positions, the sentinel included; 0 before the first word.
+  int word_count() const { return words.count(); }
+  /// The last word's position; 0 in an empty sentence.
+  int last_position() const { return words.count() > 0 ? words.count() - 1 : 0; }
+  /// The word at a position, null outside 1 to the last.
+  const char* word(int i) const { return i > 0 ? words.at_or_zero(i) : nullptr; }
+  /// The text before a word; empty outside the range.
+  const char* gap(int i) const { return or_empty(gaps.at_or_zero(i)); }
+  /// The text of a span, in the `join` buffer until the reset: of a single position the word (null
+  /// if there is none), else the words, with a blank where there was a gap.
+  const char* surface(int low, int high);
+  /// The items ending (starting) at a position, in chart order; empty outside the sentence.
+  const Slist<LexItem*>& ending_at(int i) const { return items_at(ends_at, i); }
+  const Slist<LexItem*>& starting_at(int i) const { return items_at(starts_at, i); }
+  /// Calls `visit(item)` for every item of the chart: positions ascending, then the order of
+  /// ends_at.
+  template <class Visit>
+  void for_each_item(Visit visit) const {
+    for (const Slist<LexItem*>& items : ends_at)
+      for (LexItem* item : items) visit(item);
+  }
+  /// A copy with its components copied deeply, not in the chart.
+  LexItem* copy_item(const LexItem& item);
+  void print_item(std::ostream& out, const LexItem& item, int depth) const;
+  /// Makes `part` a component of `item`, ordered by low. False if it would contain itself.
+  bool add_component(LexItem* item, LexItem* part);
+  const char* pool_copy(const char* text) { return pool.copy(text); }
+  /// A text of the sentence, and a meaning of one of its items, as values.
+  Value text_value(const char* text) const { return eras.now()->text(text); }
+  Value meaning_value(const LexItem& item) const { return eras.now()->of(item.meaning.get()); }
+
+  std::int32_t suggested_length;
+  std::int32_t mixed_case = 1;
+  Array<const char*> words;
+  Array<const char*> gaps;  ///< the text before each word
+  Array<const char*> pos_tags;
+  char pos_marker = 0;
+  char focus_marker = 0;
+  LBitSet focus;                           ///< positions whose word was marked
+  Array<LexItem*> all_items;               ///< every item made for the sentence
+  ChartRules* rules = nullptr;             ///< a named object, may be null
+  std::vector<Slist<LexItem*>> ends_at;    ///< by high; low descending, an empty item last
+  std::vector<Slist<LexItem*>> starts_at;  ///< by low; high descending, an empty item last
+  Lexicon* lexicon;
+  ExpPtr hook;              ///< on LexItem*
+  ExpPtr meaning_selector;  ///< on Meaning*
+  LBitSet first_conjunctions, last_conjunctions, adverbs, skipped;
+  StrBufs pool{4096};
+  StrBufs join{4096};
+  bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
+  Eras eras;               ///< of the sentences
+
+ private:
+  struct Expansion;
+
+  static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
+  void add_sentinel();
+  void forget_items();
+  void recycle(const Array<LexItem*>& items);
+  void need_positions(int count);
+  void split_last_word();
+  int last_real_word() const;
+  void insert_word(int at, const char* text);
+  void prune_by_tag(int position);
+  LexItem* new_item();
+  void set_meaning(LexItem& item, const Meaning* meaning);
+  void print_line(std::ostream& out, const LexItem& item, int depth) const;
+  LexItem* duplicate_of(const LexItem& item) const;
+  void link(LexItem* item);
+  void unlink(LexItem* item);
+  LexItem* copy_parts(const LexItem& item, int& budget);
+  bool selects(const LexEntry& entry, const Meaning& meaning) const;
+  void entry_items(const LexEntry& entry, int low, int high, Expansion& expansion);
+  bool phrase_at(const PhraseRec& phrase, int position) const;
+
+  struct Forgotten;
+
+  std::deque<LexItem> item_pool_;
+  std::vector<LexItem*> free_items_;
+  bool overfull_ = false;  // words were refused
+  std::vector<EntryReading> readings_;
+};
+
+template <>
+struct ValueTraits<LexAnalyzer> : TagOf<LexAnalyzer, tags::lex_analyzer> {};
+
+void register_lex_analyzer_commands(World& world);
+
+}  // namespace torvane

@@ -1,0 +1,58 @@
+// One reading of a stretch of the sentence: a word sense, an inflected form, a phrase, or what a
+// rule made.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "lex/lexicon/meaning.h"
+#include "support/slist.h"
+
+namespace torvane {
+
+class LexAnalyzer;
+struct LexEntry;
+
+/// Items live in the analyser's pool: a reset empties and in time recycles them, and never gives
+/// the memory back, so a stale pointer reads an empty item.
+class LexItem {
+ public:
+  std::int16_t high = 0, low = 0;  ///< inclusive span; an empty item has high = low - 1
+  std::int16_t head = 0;           ///< position of the head word
+  std::int16_t deleted = 0;        ///< removed from the chart
+  std::int16_t weight = 0;
+  Word reserved = 0;
+  std::unique_ptr<Meaning> meaning;  ///< a clone, may be null
+  Slist<const char*> affixes;        ///< names of endings, in the analyser's pool
+  Slist<LexItem*> components;        ///< ordered by low
+  const char* root = nullptr;        ///< in the pool
+  const char* role = nullptr;        ///< label of a component, in the pool, may be null
+  const char* category = nullptr;    ///< in the pool, may be null
+  const char* entry_key = nullptr;  ///< in the pool: the key of the entry it came from, may be null
+  LexAnalyzer* analyzer = nullptr;
+  std::int16_t chart_low = -1;   ///< where it stands in starts_at; -1: nowhere
+  std::int16_t chart_high = -1;  ///< where it stands in ends_at; -1: nowhere
+
+  bool is_empty() const { return high < low; }
+  bool in_chart() const { return chart_low >= 0; }
+  /// Back to an item of no sentence, which no chart takes.
+  void clear() {
+    *this = LexItem();
+    high = -1;
+    deleted = 1;
+  }
+  /// The vector of an AVMeaning, else null.
+  AttVec* vec() const {
+    AVMeaning* avm = as_avm(meaning.get());
+    return avm ? avm->vec.get() : nullptr;
+  }
+};
+
+namespace tags {
+extern const TypeTag lex_item;
+inline constexpr TypeTag lex_analyzer{"LexAnalyzer*"};
+}  // namespace tags
+template <>
+struct ValueTraits<LexItem> : TagOf<LexItem, tags::lex_item> {};
+
+}  // namespace torvane

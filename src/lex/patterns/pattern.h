@@ -1,0 +1,129 @@
+// A small regular expression language over the positions of a sentence, whose tests are expressions
+// on words and on lexical items. Every pattern can be matched anchored at its right end or at its
+// left end.
+#pragma once
+
+#include <memory>
+
+#include "lex/patterns/match.h"
+#include "lex/patterns/match_run.h"
+#include "lexp/lexp.h"
+
+namespace torvane {
+
+class LPattern {
+ public:
+  virtual ~LPattern() = default;
+  /// Scans the sentence.
+  virtual void match(MatchRun& run, MatchList& results) const;
+  /// All matches whose last (first) position is `pos`, added to an empty list.
+  void match_end(MatchRun& run, int pos, MatchList& results) const {
+    match_at(run, Anchor::end, pos, results);
+  }
+  void match_start(MatchRun& run, int pos, MatchList& results) const {
+    match_at(run, Anchor::start, pos, results);
+  }
+  /// The same for a pattern that is part of another.
+  virtual void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const = 0;
+  virtual std::unique_ptr<LPattern> clone() const = 0;
+  /// Takes the arguments (the head is off already).
+  virtual void init(World&, IRSlist*) {}
+  /// Takes stock of its expressions, once all of them are there.
+  void settle_reach() { reach = std::max(constraint.reach(), parts_reach()); }
+
+  bool front_to_back = false;  ///< the scan goes from the first word to the last
+  bool overlapping = false;    ///< the scan looks inside earlier matches too
+  ExpPtr constraint;           ///< on Match*, may be null
+  /// What its expressions and those of its parts read and change. A pattern that stays within the
+  /// input of its expressions gives at a position what the chart has there, whoever asks and when.
+  Reach reach = Reach::anything;
+
+ protected:
+  virtual Reach parts_reach() const { return Reach::input; }
+  /// Takes an option off the front of the arguments; false if something else stands there.
+  bool take_option(World& world, IRSlist* args);
+  /// The same for a keyword with a number behind it.
+  static bool take_number(IRSlist* args, const char* keyword, long& number);
+  /// What `produce` adds to a list, as far as it passes `constraint`.
+  template <class Produce>
+  void add_constrained(MatchList& results, Produce produce) const;
+
+  bool passes_constraint(Match& match) const;
+
+ private:
+  void match_at(MatchRun& run, Anchor anchor, int pos, MatchList& results) const;
+};
+
+namespace tags {
+inline constexpr TypeTag l_pattern{"LPattern*"};
+}
+template <>
+struct ValueTraits<LPattern> : TagOf<LPattern, tags::l_pattern> {};
+
+/// Supplies `clone` of a pattern class whose members copy deeply by themselves.
+template <class D, class Base = LPattern>
+class PatternOf : public Base {
+ public:
+  std::unique_ptr<LPattern> clone() const override {
+    return std::make_unique<D>(static_cast<const D&>(*this));
+  }
+};
+
+/// An owned part of a pattern, null if there is none; a copy of it clones the part.
+class PatternPtr {
+ public:
+  PatternPtr() = default;
+  PatternPtr(std::unique_ptr<LPattern> pattern) : pattern_(std::move(pattern)) {}
+  PatternPtr(const PatternPtr& other)
+      : pattern_(other.pattern_ ? other.pattern_->clone() : nullptr) {}
+  PatternPtr(PatternPtr&&) noexcept = default;
+  PatternPtr& operator=(PatternPtr other) noexcept {
+    pattern_ = std::move(other.pattern_);
+    return *this;
+  }
+  explicit operator bool() const { return pattern_ != nullptr; }
+  LPattern* operator->() const { return pattern_.get(); }
+  Reach reach() const { return pattern_ ? pattern_->reach : Reach::input; }
+  /// The matches at a position; a part that is missing has none.
+  void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
+    if (pattern_) pattern_->find(run, anchor, pos, results);
+  }
+
+ private:
+  std::unique_ptr<LPattern> pattern_;
+};
+
+/// A test of one position by an expression. No expression passes everything.
+class AtomicPat : public LPattern {
+ public:
+  void init(World& world, IRSlist* args) override;
+  ExpPtr exp;
+
+ protected:
+  Reach parts_reach() const override { return exp.reach(); }
+};
+
+/// A word that satisfies the expression.
+class WordPat : public PatternOf<WordPat, AtomicPat> {
+ public:
+  void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override;
+};
+
+/// A pattern from a form: an atom is a test for that word. Null after a message if the form is no
+/// pattern.
+std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form);
+
+template <class Produce>
+void LPattern::add_constrained(MatchList& results, Produce produce) const {
+  if (!constraint) {
+    produce(results);
+    return;
+  }
+  MatchList found;
+  produce(found);
+  for (const Ref<Match>& match : found)
+    if (passes_constraint(*match)) results.add(match);
+  results.finish();
+}
+
+}  // namespace torvane

@@ -1,0 +1,100 @@
+// Actions that take items out of the chart. They gather first and delete then.
+#include "lex/rules/rule_actions.h"
+#include "lexp/form.h"
+
+namespace torvane {
+
+namespace {
+
+void delete_all(LexAnalyzer& chart, const Slist<LexItem*>& items) {
+  for (LexItem* item : items) chart.delete_item(item);
+}
+
+template <class Test>
+void delete_where(LexAnalyzer& chart, const Slist<LexItem*>& items, Test test) {
+  Slist<LexItem*> condemned;
+  for (LexItem* item : items)
+    if (test(item)) condemned.append(item);
+  delete_all(chart, condemned);
+}
+
+void delete_one(Match* match, LexItem* item) {
+  if (LexAnalyzer* chart = chart_of(match, item)) chart->delete_item(item);
+}
+
+void delete_smaller(Match* match, Word low, Word high) {
+  if (!match) return;
+  WordSpan span(*match->analyzer, low, high);
+  match->analyzer->delete_smaller(span.low, span.high);
+}
+
+void delete_if(Match* match, Word low, Word high, Value cond) {
+  if (!match) return;
+  LexAnalyzer& chart = *match->analyzer;
+  delete_where(chart, items_inside(chart, low, high),
+               [&](LexItem* item) { return Cond(cond).passes(item); });
+}
+
+void delete_except(Match* match, Word low, Word high, LexItem* kept) {
+  LexAnalyzer* chart = match ? chart_of(match, kept) : nullptr;
+  if (!chart || kept->deleted) return;
+  delete_where(*chart, items_inside(*chart, low, high),
+               [&](LexItem* item) { return item != kept; });
+}
+
+void del_following(Match* match, Value cond) {
+  if (!match) return;
+  LexAnalyzer& chart = *match->analyzer;
+  const Slist<LexItem*> items = chart.starting_at(match->high + 1);
+  delete_where(chart, items, [&](LexItem* item) { return Cond(cond).passes(item); });
+}
+
+void keep_tags(Match* match, Value cond) {
+  if (!match) return;
+  LexAnalyzer& chart = *match->analyzer;
+  const Slist<LexItem*> items = chart.ending_at(match->high);
+  delete_where(chart, items, [&](LexItem* item) {
+    return has_span(*item, match->low, match->high) && !Cond(cond).passes(item);
+  });
+}
+
+// Leaves of each position's items only the longest, and nothing that ends inside those. The others
+// stay in the lists of their starts.
+// Kept: rm-non-max-does-not-delete
+void rm_non_max(Match* match) {
+  if (!match) return;
+  LexAnalyzer& chart = *match->analyzer;
+  auto empty_end = [&](int end) {
+    for (LexItem* item : chart.ends_at[static_cast<std::size_t>(end)]) item->chart_high = -1;
+    chart.ends_at[static_cast<std::size_t>(end)].clear();
+  };
+  for (int i = chart.last_position(); i >= 1;) {
+    LexItem* longest = nullptr;
+    for (LexItem* item : chart.ending_at(i))
+      if (!longest || item->low < longest->low) longest = item;
+    if (!longest) {
+      --i;
+      continue;
+    }
+    empty_end(i);
+    chart.ends_at[static_cast<std::size_t>(i)].append(longest);
+    longest->chart_high = static_cast<std::int16_t>(i);
+    WordSpan within(chart, longest->low, i - 1);
+    for (int k = within.high; k >= within.low; --k) empty_end(k);
+    i = longest->low <= i ? longest->low - 1 : i - 1;
+  }
+}
+
+}  // namespace
+
+void register_deleting_actions(World& world) {
+  register_function<&delete_one>(world, "delete");
+  register_function<&delete_smaller>(world, "delete-smaller");
+  register_function<&delete_if>(world, "delete-if");
+  register_function<&delete_except>(world, "delete-except");
+  register_function<&del_following>(world, "del-following");
+  register_function<&keep_tags>(world, "keep-tags");
+  register_function<&rm_non_max>(world, "rm-non-max");
+}
+
+}  // namespace torvane

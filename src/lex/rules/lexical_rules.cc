@@ -1,0 +1,167 @@
+#include "lex/rules/lexical_rules.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "lexp/form.h"
+#include "shell/exec.h"
+#include "shell/named_objects.h"
+#include "shell/world.h"
+#include "support/messages.h"
+#include "support/regexp.h"
+#include "support/text.h"
+
+namespace torvane {
+
+Rule::Rule(World& world, IRSlist* form) : name(or_empty(form->get_str_val())) {
+  bool has_pattern = false;
+  bool has_action = false;
+  while (!form->empty()) {
+    std::unique_ptr<IRSlist> item = form->pop_front();
+    if (take_option(world, *item)) continue;
+    if (!std::exchange(has_pattern, true)) {
+      pattern = make_pattern(world, item.get());
+    } else if (!std::exchange(has_action, true)) {
+      action = LExp::get_exp(world, item.get());
+    }
+  }
+  if (!has_pattern) messages() << "The lexical rule '" << name << "' has no pattern\n";
+}
+
+bool Rule::take_option(World& world, IRSlist& item) {
+  const char* head = item.is_list() ? item.nth_str_val(0) : nullptr;
+  if (same_word(head, ":precondition")) {
+    precondition = LExp::get_exp(world, item.nth(1));
+  } else if (same_word(head, ":act-on-all-matches")) {
+    act_on_all = true;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Rule::apply(LexAnalyzer& analyzer) {
+  if (!passes(precondition, Value::of(&analyzer), type_id_of<LexAnalyzer>())) return;
+  if (debug) messages() << "\nLexical Rule: " << name << '\n';
+  if (!pattern) return;
+  MatchList matches;
+  {
+    MatchRun run(analyzer);
+    pattern->match(run, matches);
+  }
+  fire(matches);
+}
+
+void Rule::fire(MatchList& matches) {
+  int last_low = -1;
+  int last_high = -1;
+  Round round;
+  for (const Ref<Match>& match : matches) {
+    if (debug) {
+      match->print(messages());
+      messages() << '\n';
+    }
+    // Kept: one-match-an-end
+    if (match->high != last_high) {
+      last_low = match->low;
+      last_high = match->high;
+    } else if (!act_on_all && match->low != last_low) {
+      continue;
+    }
+    action.eval(Value::of(match.get()), type_id_of<Match>());
+    round.next();
+  }
+}
+
+void LexRuleList::apply(LexAnalyzer& analyzer) {
+  // An action may add rules to this very list.
+  std::vector<Rule*> now;
+  now.reserve(rules.size());
+  for (const auto& rule : rules) now.push_back(rule.get());
+  for (Rule* rule : now) rule->apply(analyzer);
+}
+
+LexRuleList* find_rules(const World& world, const char* name) {
+  return dynamic_cast<LexRuleList*>(world.objects.find_as<ChartRules>(name, "LexRuleList", false));
+}
+
+namespace {
+
+std::vector<std::unique_ptr<Rule>> read_rules(World& world, IRSlist* form) {
+  std::vector<std::unique_ptr<Rule>> rules;
+  for (IRSlist* item : form->items)
+    if (item->is_list()) rules.push_back(std::make_unique<Rule>(world, item));
+  return rules;
+}
+
+void insert_rules(LexRuleList& list, std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
+  list.rules.insert(list.rules.begin() + static_cast<std::ptrdiff_t>(at),
+                    std::make_move_iterator(rules.begin()), std::make_move_iterator(rules.end()));
+}
+
+Value def_rules(World& world, IRSlist* form) {
+  const char* name = form->get_str_val();
+  if (!name) return Value();
+  LexRuleList* list = find_rules(world, name);
+  if (!list) {
+    list = world.own_object<LexRuleList, ChartRules>(name, std::make_unique<LexRuleList>(),
+                                                     "LexRuleList");
+    if (!list) return Value();
+  }
+  insert_rules(*list, list->rules.size(), read_rules(world, form));
+  return Value();
+}
+
+Value insert_lex_rules(World& world, IRSlist* form) {
+  const char* name = form->get_str_val();
+  LexRuleList* list = find_rules(world, name);
+  if (!list) {
+    messages() << "(insert-lex-rules ...): the lexical rule set '" << or_empty(name)
+               << "' is not defined\n";
+    return Value();
+  }
+  auto at = list->rules.end();
+  if (const char* anchor = form->get_str_val()) {
+    at = std::find_if(list->rules.begin(), at,
+                      [&](const auto& rule) { return same_word(rule->name.c_str(), anchor); });
+    if (at == list->rules.end()) return Value();
+  }
+  insert_rules(*list, static_cast<std::size_t>(at - list->rules.begin()), read_rules(world, form));
+  return Value();
+}
+
+Value debug_rules(World& world, IRSlist* form) {
+  const char* name = form->get_str_val();
+  LexRuleList* list = find_rules(world, name);
+  if (!list) {
+    messages() << "the lexical rules `" << or_empty(name) << "' are not found\n";
+    return Value();
+  }
+  std::unique_ptr<regexp> names;
+  if (const char* text = form->get_str_val())
+    names = regcomp(text[0] == '^' ? text : ("^" + std::string(text)).c_str());
+  for (const auto& rule : list->rules)
+    // Kept: debug-rules-toggles
+    if (!names || regexec(names.get(), rule->name.c_str())) rule->debug = !rule->debug;
+  return Value();
+}
+
+constexpr Command kCommands[] = {
+    {"def-rules", def_rules,
+     "(def-rules name rule1 rule2 ...) define a set of lexical rules. If the rule set so name is "
+     "already defined, rule1 rule2 ... are appended at the end."},
+    {"insert-lex-rules", insert_lex_rules,
+     "(insert-lex-rules rule-set anchor-rule rule1 ...) define new rules and insert them before "
+     "the "
+     "anchor-rule."},
+    {"debug-rules", debug_rules,
+     "(debug-rules name-of-rule-set 0|1) set the debugging flag for a rule-set"},
+};
+
+}  // namespace
+
+void register_lexical_rule_commands(World& world) {
+  world.interpreter.define(kCommands);
+}
+
+}  // namespace torvane

@@ -1,0 +1,50 @@
+// Lexical rules: a pattern over the chart, and an action on each place where it fits. A set of
+// rules runs once a sentence, after the look-up of the words and before parsing.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "lex/chart/lex_analyzer.h"
+#include "lex/patterns/pattern.h"
+
+namespace torvane {
+
+class World;
+
+class Rule {
+ public:
+  /// Reads a rule form: its name, then options, the pattern and the action.
+  Rule(World& world, IRSlist* form);
+
+  void apply(LexAnalyzer& analyzer);
+
+  PatternPtr pattern;  ///< null: the rule never fires
+  ExpPtr action;       ///< on Match*; null: nothing is done
+  std::string name;
+  ExpPtr precondition;      ///< on LexAnalyzer*, may be null
+  bool act_on_all = false;  ///< fires also for the shorter ones of matches with one end
+  bool debug = false;
+
+ private:
+  bool take_option(World& world, IRSlist& item);
+  void fire(MatchList& matches);
+};
+
+class LexRuleList final : public ChartRules {
+ public:
+  /// Each rule once, in order, on the chart as the earlier ones left it. Rules that an action adds
+  /// run from the next sentence on.
+  void apply(LexAnalyzer& analyzer) override;
+
+  std::vector<std::unique_ptr<Rule>> rules;
+};
+
+/// The rules of a name, or null.
+LexRuleList* find_rules(const World& world, const char* name);
+
+/// `def-rules`, `insert-lex-rules`, `debug-rules`.
+void register_lexical_rule_commands(World& world);
+
+}  // namespace torvane

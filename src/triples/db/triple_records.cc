@@ -1,0 +1,225 @@
+// How an entry lies in the store: the main record, which a look-up reads, and the detail record
+// with the words of each relation, which is read when it is asked for.
+
+#include <algorithm>
+#include <bit>
+#include <climits>
+#include <utility>
+
+#include "support/big_endian.h"
+#include "triples/db/triple_db.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::size_t kRelSize = 12;
+constexpr std::size_t kClassSize = 8;
+
+void add_float(StrBufs& buf, float value) {
+  buf.add_be32(std::bit_cast<std::uint32_t>(value));
+}
+
+void add_int(StrBufs& buf, int value) {
+  buf.add_be32(static_cast<std::uint32_t>(value));
+}
+
+/// Takes fields off packed bytes. A field that is not there reads as zero, and `ok` says no.
+class FieldReader {
+ public:
+  FieldReader(const char* bytes, std::size_t size) : next_(bytes), end_(bytes + size) {}
+
+  bool ok() const { return ok_; }
+  bool at_end() const { return next_ == end_; }
+  std::uint32_t take_word() {
+    if (left() < 4) {
+      ok_ = false;
+      return 0;
+    }
+    next_ += 4;
+    return load_be32(next_ - 4);
+  }
+  int take_int() { return static_cast<int>(take_word()); }
+  float take_float() { return std::bit_cast<float>(take_word()); }
+  /// A number of things of `size` bytes each that follow; 0 if there is no room for so many.
+  int take_count(std::size_t thing_size) {
+    std::size_t n = take_word();
+    if (n <= left() / thing_size && n <= INT_MAX) return static_cast<int>(n);
+    ok_ = false;
+    return 0;
+  }
+  const char* take_text() {
+    const char* zero = std::find(next_, end_, '\0');
+    if (zero == end_) {
+      ok_ = false;
+      return "";
+    }
+    return std::exchange(next_, zero + 1);
+  }
+  void skip(std::size_t bytes) { next_ += std::min(bytes, left()); }
+
+ private:
+  std::size_t left() const { return static_cast<std::size_t>(end_ - next_); }
+
+  const char* next_;
+  const char* end_;
+  bool ok_ = true;
+};
+
+}  // namespace
+
+void TripleDb::pack_global(StrBufs& buf) {
+  PLHash::pack_global(buf);
+  ids.pack(buf);
+}
+
+bool TripleDb::unpack_global(StrBufs& buf) {
+  Str2Id stored(ids.bucket_count());
+  const char* cursor = buf.object() + sizeof(std::uint32_t);
+  const char* end = buf.object() + buf.object_size();
+  if (!stored.unpack(cursor, end) || !PLHash::unpack_global(buf)) return false;
+  ids.swap(stored);
+  for_each([&](PLHashEntry* entry) { move_to_ids(*static_cast<TripleDbInfo*>(entry), stored); });
+  return true;
+}
+
+// An entry that was made before there was a store gets the strings and ids of the store's table,
+// which go on where that ends.
+void TripleDb::move_to_ids(TripleDbInfo& entry, const Str2Id& old) {
+  auto text = [&](const char* word) { return ids.get_string(ids.get_id(word, 1)); };
+  auto number = [&](int id) {
+    const int base = std::abs(id);
+    if (base == 0 || base >= old.count()) return id;
+    const int now = ids.get_id(old.get_string(base), 1);
+    return id < 0 ? -now : now;
+  };
+  auto by_id = [](const auto& a, const auto& b) { return a.id < b.id; };
+  entry.key = text(entry.key);
+  for (RelInfo& rel : entry.rels) {
+    rel.id = number(rel.id);
+    for (WordCount& word : rel) word.word = text(word.word);
+  }
+  for (ClassCount& of_class : entry.classes) of_class.id = number(of_class.id);
+  std::sort(entry.rels.begin(), entry.rels.end(), by_id);
+  std::stable_sort(entry.classes.begin(), entry.classes.end(), by_id);
+}
+
+void TripleDb::v_pack_entry(PLHashEntry* packed, StrBufs& buf) {
+  auto& entry = *static_cast<TripleDbInfo*>(packed);
+  if (has_file() && !pack_details(entry)) return;
+  buf.add_text(entry.key);
+  add_float(buf, entry.freq);
+  add_float(buf, entry.invFreq);
+  add_float(buf, entry.info);
+  add_int(buf, std::max(entry.detail_pos, 0));
+  add_int(buf, entry.rels.count());
+  for (const RelInfo& rel : entry.rels) {
+    add_int(buf, rel.id);
+    add_float(buf, rel.freq);
+    add_float(buf, rel.info);
+  }
+  add_int(buf, entry.classes.count());
+  for (const ClassCount& of_class : entry.classes) {
+    add_int(buf, of_class.id);
+    add_float(buf, of_class.count);
+  }
+}
+
+PLHashEntry* TripleDb::v_unpack_entry(StrBufs& buf) {
+  FieldReader fields(buf.object(), buf.object_size());
+  const char* key = fields.take_text();
+  if (!fields.ok()) return nullptr;
+  auto entry = std::make_unique<TripleDbInfo>(ids.get_string(ids.get_id(key, 1)));
+  entry->freq = fields.take_float();
+  entry->invFreq = fields.take_float();
+  entry->info = fields.take_float();
+  entry->detail_pos = -std::max(fields.take_int(), 0);
+  int rel_count = fields.take_count(kRelSize);
+  entry->rels.reserve(rel_count);
+  for (int i = 0; i < rel_count; ++i) {
+    RelInfo rel(std::max(fields.take_int(), -INT_MAX));  // an id can always be negated
+    rel.freq = fields.take_float();
+    rel.info = fields.take_float();
+    entry->rels.append(std::move(rel));
+  }
+  int class_count = fields.take_count(kClassSize);
+  entry->classes.reserve(class_count);
+  for (int i = 0; i < class_count; ++i) {
+    int id = fields.take_int();
+    entry->classes.append(ClassCount{id, fields.take_float()});
+  }
+  return fields.ok() ? entry.release() : nullptr;
+}
+
+// False if the record could not be written.
+bool TripleDb::pack_details(TripleDbInfo& entry) {
+  load_details(entry);
+  auto has_words = [](const RelInfo& rel) { return rel.word_count() > 0; };
+  if (std::none_of(entry.rels.begin(), entry.rels.end(), has_words)) {
+    if (entry.detail_pos > 0 && is_writable()) {
+      const auto old = static_cast<std::uint32_t>(entry.detail_pos);
+      file->write_record(old, nullptr, 0);  // gives its overflow back
+      file->release(old, 0);
+    }
+    entry.detail_pos = 0;
+    return true;
+  }
+  StrBufs& buf = details_;
+  buf.reset();
+  add_int(buf, entry.rels.count());
+  for (const RelInfo& rel : entry.rels) {
+    add_int(buf, rel.word_count());
+    for (const WordCount& word : rel) {
+      add_int(buf, ids.get_id(word.word, 0));
+      add_float(buf, word.freq);
+      if (save_mutinfo) add_float(buf, word.mi);
+    }
+  }
+  std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
+                                         buf.object_size());
+  if (pos > 0) entry.detail_pos = static_cast<std::int32_t>(pos);
+  return pos > 0;
+}
+
+// True if the bytes are the details of this entry's relations, and no more. Words that are not in
+// the table of ids are left out.
+bool TripleDb::unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t length,
+                              bool with_mutinfo) {
+  const std::size_t row_size = with_mutinfo ? 12 : 8;
+  FieldReader check(bytes, length);
+  if (check.take_int() != entry.rels.count()) return false;
+  for (int i = 0; i < entry.rels.count(); ++i)
+    check.skip(static_cast<std::size_t>(check.take_count(row_size)) * row_size);
+  if (!check.ok() || !check.at_end()) return false;
+
+  FieldReader fields(bytes + 4, length - 4);
+  for (RelInfo& rel : entry.rels) {
+    int n = fields.take_count(row_size);
+    if (n == 0) continue;
+    rel.words = std::make_unique<Array<WordCount>>(n);
+    for (int k = 0; k < n; ++k) {
+      WordCount word{id_to_string(fields.take_int()), fields.take_float()};
+      if (with_mutinfo) word.mi = fields.take_float();
+      if (word.word) rel.words->append(word);
+    }
+  }
+  return true;
+}
+
+// The position may be of another store (of an entry that was copied) or of a damaged one, so the
+// record is believed only if it fits. The store does not tell whether it holds mutual information,
+// but the length of a record does.
+void TripleDb::load_details(TripleDbInfo& entry) {
+  if (entry.detail_pos >= 0) return;
+  entry.detail_pos = -entry.detail_pos;
+  StrBufs& buf = details_;
+  buf.reset();
+  std::size_t length =
+      has_file() ? file->read_record(static_cast<std::uint32_t>(entry.detail_pos), buf) : 0;
+  bool with_mutinfo = save_mutinfo != 0;
+  if (!unpack_details(entry, buf.object(), length, with_mutinfo) &&
+      !unpack_details(entry, buf.object(), length, !with_mutinfo))
+    entry.detail_pos = 0;
+}
+
+}  // namespace torvane
