@@ -63,6 +63,11 @@ std::string folder_of(const Offer& offer) {
   return file.substr(0, file.rfind('/'));
 }
 
+constexpr const char* kFamilies[][2] = {{"LExp", "forms"},
+                                        {"LPattern", "lexical patterns"},
+                                        {"Meaning", "kinds of meanings"},
+                                        {"AttIntepreter", "attribute types"}};
+
 class Reference {
  public:
   bool read_usages(const char* path) {
@@ -93,7 +98,12 @@ class Reference {
 
   void file(const Offer& offer) {
     file_section(offer, "commands", offer.commands);
-    file_section(offer, "forms", offer.prototypes);
+    for (const auto& [family, what] : kFamilies) {
+      std::vector<Prototype> rows;
+      for (const Prototype& row : offer.prototypes)
+        if (row.family == std::string_view(family)) rows.push_back(row);
+      file_section(offer, what, std::span<const Prototype>(rows));
+    }
   }
 
   /// True if usages and tables agree.
@@ -179,10 +189,6 @@ int write_reference(const char* usages) {
     commands = std::move(now);
     forms = std::move(forms_now);
   }
-  std::cout << "\n## Families\n";
-  reference.section("lexical patterns", "pattern", family_entries(world, "LPattern"));
-  reference.section("kinds of meanings", "meaning", family_entries(world, "Meaning"));
-  reference.section("attribute types", "attribute", family_entries(world, "AttIntepreter"));
   return reference.sound() ? 0 : 1;
 }
 

@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <sstream>
 
+#include "att/attribute_type.h"
 #include "att/nested_atts.h"
 #include "att/nesting.h"
+#include "att/offers.h"
 #include "support/big_endian.h"
 
 namespace torvane {
@@ -229,5 +231,16 @@ int StackAtt::compare(AttWord a, AttWord b) const {
   if (result != subsume::kEqual && result != by_length) return subsume::kIncomparable;
   return by_length;
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<ListAtt>(),
+    attribute_type<StackAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::list_atts{kTypes};
 
 }  // namespace torvane

@@ -54,6 +54,7 @@ class ComplexAtt : public CountedAtt<T> {
 class VecAtt : public AttClass<VecAtt, ComplexAtt<AttVec>> {
  public:
   static constexpr const char* kType = "VecAtt";
+  static constexpr const char* kUsage = "a vector of the type `(interpreter TYPE)`";
   VecAtt() { holds = Holds::vec; }
   void generalize(AttVec* a, const AttVec* b) const override;
   void subtract(AttVec* a, const AttVec* b) const override;
@@ -73,6 +74,8 @@ class VecAtt : public AttClass<VecAtt, ComplexAtt<AttVec>> {
 class ListAtt : public AttClass<ListAtt, ComplexAtt<AttVecList>> {
  public:
   static constexpr const char* kType = "ListAtt";
+  static constexpr const char* kUsage =
+      "a list of vectors of the type `(interpreter TYPE)`; lists unify element by element";
   ListAtt() { holds = Holds::list; }
   void generalize(AttVec* a, const AttVec* b) const override;
   void subtract(AttVec* a, const AttVec* b) const override;
@@ -91,6 +94,8 @@ class ListAtt : public AttClass<ListAtt, ComplexAtt<AttVecList>> {
 class StackAtt : public AttClass<StackAtt, ListAtt> {
  public:
   static constexpr const char* kType = "StackAtt";
+  static constexpr const char* kUsage =
+      "a list of vectors whose common front unifies and whose longer rest is taken over";
   void generalize(AttVec* a, const AttVec* b) const override;
   void subtract(AttVec* a, const AttVec* b) const override;
   int unify(AttVec* vec, int at, AttWord value, int store) const override;
@@ -101,6 +106,8 @@ class StackAtt : public AttClass<StackAtt, ListAtt> {
 class TraceAtt : public AttClass<TraceAtt, CountedAtt<TraceChain>> {
  public:
   static constexpr const char* kType = "TraceAtt";
+  static constexpr const char* kUsage =
+      "what a displaced constituent left behind; set by the parser";
   TraceAtt() { holds = Holds::trace; }
   int unify(AttVec* vec, int at, AttWord value, int store) const override;
   void print(std::ostream& out, const AttVec* vec) const override;

@@ -18,11 +18,10 @@ class ExpressionRun {
   ExpressionRun() {
     world_.interpreter.prompt = false;
     using namespace offers;
-    for (const Offer* offer :
-         {&tokenizer_commands, &macro, &constants, &control_forms, &eval, &exec_commands, &foreach,
-          &functions, &integer_forms, &print_forms, &reg_forms, &str_sim, &stream_forms,
-          &string_forms, &variable_forms, &word_forms, &word_list})
-      offer->enter(world_);
+    enter_all(world_,
+              {&tokenizer_commands, &macro, &constants, &control_forms, &eval, &exec_commands,
+               &foreach, &functions, &integer_forms, &print_forms, &reg_forms, &str_sim,
+               &stream_forms, &string_forms, &variable_forms, &word_forms, &word_list});
   }
 
   World& world() { return world_; }

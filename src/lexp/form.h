@@ -158,26 +158,29 @@ Value call(Fn fn, const Value* v, std::index_sequence<I...>) {
     return to_value<R>(fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...));
   }
 }
-template <class R, class In, class... A>
+template <class Out, class In, class... A>
 void enter_call(World& world, const Prototype& row, MArgExp::Fn fn) {
   static_assert(sizeof...(A) <= MArgExp::kMostArgs);
   // Kept: zero-arguments-take-one
   auto exp = std::make_unique<MArgExp>(row.name, fn,
                                        sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
   exp->in_type = type_id_of<typename Pointee<In>::type>();
-  if constexpr (!std::is_void_v<R>) exp->out_type = type_id_of<typename Pointee<R>::type>();
+  exp->out_type = type_id_of<typename Pointee<Out>::type>();
   (exp->arg_types.append(type_id_of<typename Pointee<A>::type>()), ...);
   register_lexp(world, std::move(exp), row.name, row.doc);
 }
-template <auto fn, class R, class In, class... A>
+/// What a function is declared to give: its own result, if no other type is named.
+template <class R, class Out>
+using Declared = std::conditional_t<std::is_void_v<Out>, R, Out>;
+template <auto fn, class Out, class R, class In, class... A>
 void enter_function(World& world, const Prototype& row, R (*)(In, A...)) {
-  enter_call<R, In, A...>(world, row, [](World&, const Value* v) {
+  enter_call<Declared<R, Out>, In, A...>(world, row, [](World&, const Value* v) {
     return call<R, In, A...>(fn, v, std::index_sequence_for<A...>{});
   });
 }
-template <auto fn, class R, class In, class... A>
+template <auto fn, class Out, class R, class In, class... A>
 void enter_function(World& world, const Prototype& row, R (*)(World&, In, A...)) {
-  enter_call<R, In, A...>(world, row, [](World& its_world, const Value* v) {
+  enter_call<Declared<R, Out>, In, A...>(world, row, [](World& its_world, const Value* v) {
     auto bound = [&](In input, A... args) { return fn(its_world, input, args...); };
     return call<R, In, A...>(bound, v, std::index_sequence_for<A...>{});
   });
@@ -185,11 +188,12 @@ void enter_function(World& world, const Prototype& row, R (*)(World&, In, A...))
 }  // namespace form_detail
 
 /// The row of a plain function: `R fn([World& world,] In input, A1, ...)`, with In and the Ai of
-/// types T*, const char*, integers or Value. Arity and type names come from the signature.
-template <auto fn>
+/// types T*, const char*, integers or Value. Arity and type names come from the signature; a Value
+/// that is given may be declared as an `Out`.
+template <auto fn, class Out = void>
 constexpr Prototype function(const char* name, const char* usage, const char* doc = nullptr) {
   return {kExpressions, name, usage, doc, [](World& world, const Prototype& row) {
-            form_detail::enter_function<fn>(world, row, fn);
+            form_detail::enter_function<fn, Out>(world, row, fn);
           }};
 }
 

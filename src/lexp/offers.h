@@ -14,6 +14,7 @@ extern const Offer functions;
 extern const Offer integer_forms;
 extern const Offer print_forms;
 extern const Offer reg_forms;
+extern const Offer sentence_boundary;
 extern const Offer str_sim;
 extern const Offer stream_forms;
 extern const Offer string_forms;

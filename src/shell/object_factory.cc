@@ -32,6 +32,11 @@ ObjFactory* Families::add(const char* family, const char* title, ObjFactory::Mak
   return table_.insert(family, std::make_unique<ObjFactory>(maker), title)->value.get();
 }
 
+ObjFactory& Families::open(const char* family, const char* title, ObjFactory::Maker maker) {
+  ObjFactory* there = find(family);
+  return there ? *there : *add(family, title, maker);
+}
+
 ObjFactory* Families::find(const char* name) const {
   const auto* entry = table_.find(name);
   return entry ? entry->value.get() : nullptr;

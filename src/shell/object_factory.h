@@ -28,6 +28,8 @@ class Families {
   Families() : table_(1979) {}
   /// Adds a family; the title (may be null) is its documentation.
   ObjFactory* add(const char* family, const char* title, ObjFactory::Maker maker);
+  /// The family; it is added if it is not there.
+  ObjFactory& open(const char* family, const char* title, ObjFactory::Maker maker);
   /// The family, or null.
   ObjFactory* find(const char* name) const;
   /// Enters a prototype into a family; who owns it keeps it as long as the world. A duplicate is

@@ -10,4 +10,8 @@ void Offer::enter(World& world) const {
   world.interpreter.define(commands);
 }
 
+void enter_all(World& world, std::initializer_list<const Offer*> all) {
+  for (const Offer* offer : all) offer->enter(world);
+}
+
 }  // namespace torvane

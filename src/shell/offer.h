@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 
@@ -57,5 +58,8 @@ class Offer {
 
   std::array<char, 48> file_{};
 };
+
+/// Enters several, in their order.
+void enter_all(World& world, std::initializer_list<const Offer*> all);
 
 }  // namespace torvane

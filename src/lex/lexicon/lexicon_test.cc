@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "lex/lexicon/offers.h"
 #include "lexp/offers.h"
 #include "shell/world.h"
 #include "support/scratch_folder.h"
@@ -13,10 +14,9 @@ namespace {
 /// A world with the kinds "g" and "h" of meanings, which are texts.
 struct KindsWorld {
   KindsWorld() {
-    for (const Offer* offer : {&offers::control_forms, &offers::constants, &offers::string_forms})
-      offer->enter(own_world);
-    register_lexicon_commands(own_world);
-    register_avmeaning_proto(own_world);
+    using namespace offers;
+    enter_all(own_world, {&control_forms, &constants, &string_forms, &meaning, &lex_entry, &endings,
+                          &lexicon_commands, &lexicon_files});
     own_world.interpreter.prompt = false;
     own_world.interpreter.load_string("(make-str-meaning-proto g) (make-str-meaning-proto h)");
   }
