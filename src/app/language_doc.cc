@@ -3,6 +3,7 @@
 // usages, which must cover every such name and no other.
 //
 // usage: language_doc USAGES > language.md
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -12,8 +13,7 @@
 #include <vector>
 
 #include "engine/registrations.h"
-#include "lexp/lexp.h"
-#include "shell/exec.h"
+#include "shell/offers.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -58,6 +58,16 @@ Entries family_entries(World& world, const char* family) {
   return factory ? entries_of(*factory) : Entries();
 }
 
+std::string folder_of(const Offer& offer) {
+  std::string file = offer.file();
+  return file.substr(0, file.rfind('/'));
+}
+
+constexpr const char* kFamilies[][2] = {{"LExp", "forms"},
+                                        {"LPattern", "lexical patterns"},
+                                        {"Meaning", "kinds of meanings"},
+                                        {"AttIntepreter", "attribute types"}};
+
 class Reference {
  public:
   bool read_usages(const char* path) {
@@ -86,6 +96,16 @@ class Reference {
     }
   }
 
+  void file(const Offer& offer) {
+    file_section(offer, "commands", offer.commands);
+    for (const auto& [family, what] : kFamilies) {
+      std::vector<Prototype> rows;
+      for (const Prototype& row : offer.prototypes)
+        if (row.family == std::string_view(family)) rows.push_back(row);
+      file_section(offer, what, std::span<const Prototype>(rows));
+    }
+  }
+
   /// True if usages and tables agree.
   bool sound() const {
     bool ok = faults_.empty();
@@ -99,6 +119,23 @@ class Reference {
   }
 
  private:
+  template <class Row>
+  void file_section(const Offer& offer, const char* what, std::span<const Row> rows) {
+    if (rows.empty()) return;
+    std::cout << "\n### `" << offer.file() << "`: " << what << "\n\n";
+    std::map<std::string, const Row*> sorted;
+    for (const Row& row : rows) sorted[lower_case(row.name)] = &row;
+    for (const auto& [key, row] : sorted) {
+      std::string text = one_line(row->doc);
+      if (text.empty() && !row->usage)
+        faults_.push_back(std::string(offer.file()) + ": no usage for " + row->name);
+      std::cout << "- `" << row->name << "`: ";
+      if (!text.empty()) std::cout << code(text);
+      if (row->usage) std::cout << (text.empty() ? "" : " ") << row->usage;
+      std::cout << "\n";
+    }
+  }
+
   /// The program's own text, as code.
   static std::string code(const std::string& text) {
     return text.find('`') == std::string::npos ? "`" + text + "`" : "`` " + text + " ``";
@@ -121,31 +158,37 @@ int write_reference(const char* usages) {
     messages() << "cannot read " << usages << '\n';
     return 1;
   }
-  std::cout << "# The configuration language\n\n"
-               "Written by the build from the tables of the program; do not edit. Texts in code "
-               "are what `help` "
-               "and\n`objects` print. A module's commands run once, when their form is read; its "
-               "forms are "
-               "compiled and\nevaluated on a value.\n\n## Commands and forms\n";
-  Entries commands = entries_of(world.interpreter.commands), forms,
-          patterns = family_entries(world, "LPattern");
-  reference.section("the interpreter", "command", commands);
-  // Here the core forms come first.
-  std::vector<Registration> rows = {{"core", register_core_forms}};
+  std::cout
+      << "# The configuration language\n\n"
+         "Written by the build from the tables of the program; do not edit. Each heading names "
+         "a file below\n`src/`, and under it stands what that file offers. Texts in code are "
+         "what `help` and `objects`\nprint. Commands run once, when their form is read; forms "
+         "are compiled and evaluated on a value.\n";
+  std::vector<const Offer*> all = {&offers::shell_commands};
   for (const Registration& row : registrations())
-    if (row.run != register_core_forms) rows.push_back(row);
-  for (const Registration& row : rows) {
-    row.run(world);
+    if (row.offer) all.push_back(row.offer);
+  // By folder, in the order in which the folders come first.
+  std::vector<std::string> folders;
+  for (const Offer* offer : all)
+    if (std::string folder = folder_of(*offer); !std::count(folders.begin(), folders.end(), folder))
+      folders.push_back(folder);
+  for (const std::string& folder : folders) {
+    std::cout << "\n## " << folder << "\n";
+    for (const Offer* offer : all)
+      if (folder_of(*offer) == folder) reference.file(*offer);
+  }
+  Entries commands = entries_of(world.interpreter.commands), forms;
+  std::cout << "\n## Other commands and forms\n";
+  for (const Registration& row : registrations()) {
+    row.enter(world);
     Entries now = entries_of(world.interpreter.commands), forms_now = family_entries(world, "LExp");
-    reference.section(std::string(row.what) + ": commands", "command", without(now, commands));
-    reference.section(std::string(row.what) + ": forms", "form", without(forms_now, forms));
+    if (!row.offer) {
+      reference.section(std::string(row.what) + ": commands", "command", without(now, commands));
+      reference.section(std::string(row.what) + ": forms", "form", without(forms_now, forms));
+    }
     commands = std::move(now);
     forms = std::move(forms_now);
   }
-  std::cout << "\n## Families\n";
-  reference.section("lexical patterns", "pattern", family_entries(world, "LPattern"));
-  reference.section("kinds of meanings", "meaning", family_entries(world, "Meaning"));
-  reference.section("attribute types", "attribute", family_entries(world, "AttIntepreter"));
   return reference.sound() ? 0 : 1;
 }
 

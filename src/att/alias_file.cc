@@ -1,3 +1,4 @@
+// The binary file of aliases.
 #include <fcntl.h>
 #include <unistd.h>
 

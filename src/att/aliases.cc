@@ -4,7 +4,7 @@
 
 #include "att/att_args.h"
 #include "att/attributes.h"
-#include "shell/exec.h"
+#include "att/offers.h"
 #include "shell/file_search.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -107,8 +107,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_alias_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::aliases{kCommands};
 
 }  // namespace torvane

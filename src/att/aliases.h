@@ -8,16 +8,11 @@
 
 namespace torvane {
 
-class World;
-
 /// Writes every alias of a type, in the table's order: a record each of length, name and packed
 /// vector. False if the file cannot be written.
 bool save_aliases(const AttInterpreterList& type, const char* file);
 /// Reads records up to the end of the stream, or to the first that is damaged, and adds their
 /// aliases.
 void read_aliases(AttInterpreterList& type, std::istream& in);
-
-/// `alias`, `clear-alias`, `print-alias`, `save-aliases`, `load-aliases`.
-void register_alias_commands(World& world);
 
 }  // namespace torvane

@@ -6,7 +6,7 @@
 #include "att/aliases.h"
 #include "att/att_args.h"
 #include "att/attributes.h"
-#include "shell/exec.h"
+#include "att/offers.h"
 #include "shell/macro.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -102,9 +102,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_attribute_commands(World& world) {
-  world.interpreter.define(kCommands);
-  register_alias_commands(world);
-}
+constinit const Offer offers::att_commands{kCommands};
 
 }  // namespace torvane

@@ -1,6 +1,7 @@
 // The forms that are constants: a vector, a set of attributes, the index of an attribute.
 #include "att/att_pred.h"
 #include "att/attributes.h"
+#include "att/offers.h"
 
 namespace torvane {
 
@@ -11,6 +12,7 @@ namespace {
 class AttVecConst : public Form<AttVecConst, LConst> {
  public:
   static constexpr const char* kName = "attvec";
+  static constexpr const char* kUsage = "`(attvec [type] (item ...))` a constant vector";
   AttVecConst() { out_type = type_id_of<AttVec>(); }
   void init(World& world, IRSlist* args) override {
     vec_ = read_vector(world, *args);
@@ -46,6 +48,8 @@ namespace {
 class AttSetConst : public Form<AttSetConst, LConst> {
  public:
   static constexpr const char* kName = "att-set";
+  static constexpr const char* kUsage =
+      "`(att-set [type] [not] (att ...))` a set of attributes, or with `not` all others";
   AttSetConst() { out_type = type_id_of<LBitSet>(); }
   void init(World& world, IRSlist* args) override {
     bool negated = take_not(*args);
@@ -69,6 +73,8 @@ class AttSetConst : public Form<AttSetConst, LConst> {
 class AttIndex : public Form<AttIndex, LConst> {
  public:
   static constexpr const char* kName = "att-index";
+  static constexpr const char* kUsage =
+      "`(att-index [type] att)` the attribute's index, -1 if unknown";
   AttIndex() { out_type = type_id_of<int>(); }
   void init(World& world, IRSlist* args) override {
     const AttInterpreterList* current = attributes(world).current;
@@ -79,12 +85,14 @@ class AttIndex : public Form<AttIndex, LConst> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<AttVecConst>(),
+    form<AttSetConst>(),
+    form<AttIndex>(),
+};
+
 }  // namespace
 
-void register_att_constants(World& world) {
-  register_form<AttVecConst>(world);
-  register_form<AttSetConst>(world);
-  register_form<AttIndex>(world);
-}
+constinit const Offer offers::att_constants{kForms};
 
 }  // namespace torvane

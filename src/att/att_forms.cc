@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "att/att_pred.h"
+#include "att/offers.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -44,6 +45,8 @@ namespace {
 class AttDefPred : public Form<AttDefPred, AttPred> {
  public:
   static constexpr const char* kName = "defined";
+  static constexpr const char* kUsage =
+      "`(defined [type] (att ...))` the vector if all are defined";
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_att_type(world, *args);
     indexes_ = find_atts(type, args->pop_front().get());
@@ -61,6 +64,7 @@ class AttDefPred : public Form<AttDefPred, AttPred> {
 class AttUnDefPred : public Form<AttUnDefPred, AttDefPred> {
  public:
   static constexpr const char* kName = "undefine";
+  static constexpr const char* kUsage = "`(undefine [type] (att ...))` removes the values";
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
@@ -72,6 +76,8 @@ class AttUnDefPred : public Form<AttUnDefPred, AttDefPred> {
 class AttDefOnePred : public Form<AttDefOnePred, AttDefPred> {
  public:
   static constexpr const char* kName = "defined-one-of";
+  static constexpr const char* kUsage =
+      "`(defined-one-of [type] (att ...))` the vector if one is defined";
 
  protected:
   bool any_defined(const AttVec& vec) const {
@@ -84,6 +90,9 @@ class AttDefOnePred : public Form<AttDefOnePred, AttDefPred> {
 class AttDefAndUnifiablePred : public Form<AttDefAndUnifiablePred, AttDefOnePred> {
  public:
   static constexpr const char* kName = "strict-unifiable";
+  static constexpr const char* kUsage =
+      "`(strict-unifiable [type] (att ...) (item ...))` one of the attributes is defined and the "
+      "values unify";
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_att_type(world, *args);
     indexes_ = find_atts(type, args->pop_front().get());
@@ -112,6 +121,8 @@ class AttWithAttPred : public AttPred {
 class AttUnifiablePred : public Form<AttUnifiablePred, AttWithAttPred> {
  public:
   static constexpr const char* kName = "unifiable";
+  static constexpr const char* kUsage =
+      "`(unifiable [type] (item ...))` the vector if the values unify with it";
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
@@ -123,6 +134,8 @@ class AttUnifiablePred : public Form<AttUnifiablePred, AttWithAttPred> {
 class AttContainPred : public Form<AttContainPred, AttUnifiablePred> {
  public:
   static constexpr const char* kName = "contain";
+  static constexpr const char* kUsage =
+      "`(contain [type] (item ...))` the vector if it has all these values, or wider ones";
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
@@ -135,6 +148,8 @@ class AttContainPred : public Form<AttContainPred, AttUnifiablePred> {
 class AttUnifyPred : public Form<AttUnifyPred, AttWithAttPred> {
  public:
   static constexpr const char* kName = "unify";
+  static constexpr const char* kUsage =
+      "`(unify [type] (item ...))` takes the values in; null if one does not fit";
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
@@ -145,6 +160,7 @@ class AttUnifyPred : public Form<AttUnifyPred, AttWithAttPred> {
 class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
  public:
   static constexpr const char* kName = "modify";
+  static constexpr const char* kUsage = "`(modify [type] (item ...))` overwrites these values";
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
@@ -153,21 +169,15 @@ class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    pure_form<AttDefPred>(),       pure_form<AttDefOnePred>(),
+    form<AttUnDefPred>(),          pure_form<AttDefAndUnifiablePred>(),
+    pure_form<AttUnifiablePred>(), pure_form<AttContainPred>(),
+    form<AttUnifyPred>(),          form<AttModifyPred>(),
+};
+
 }  // namespace
 
-void register_attribute_forms(World& world) {
-  register_pure_form<AttDefPred>(world);
-  register_pure_form<AttDefOnePred>(world);
-  register_form<AttUnDefPred>(world);
-  register_pure_form<AttDefAndUnifiablePred>(world);
-  register_pure_form<AttUnifiablePred>(world);
-  register_pure_form<AttContainPred>(world);
-  register_form<AttUnifyPred>(world);
-  register_form<AttModifyPred>(world);
-  register_att_constants(world);
-  register_att_value_forms(world);
-  register_att_pair_forms(world);
-  register_avlist_forms(world);
-}
+constinit const Offer offers::att_forms{kForms};
 
 }  // namespace torvane

@@ -136,11 +136,4 @@ inline const AttInterpreter* as_disj_att(const AttInterpreter* att) {
   return att_that_holds(att, Holds::mask);
 }
 
-/// The value classes.
-void register_attribute_types(World& world);
-/// The predicates and list forms on vectors.
-void register_attribute_forms(World& world);
-/// `defattribute`, `def-att-list`, `make-av`, aliases, attribute sets.
-void register_attribute_commands(World& world);
-
 }  // namespace torvane

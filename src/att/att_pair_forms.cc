@@ -1,5 +1,6 @@
 // The forms on two vectors, each from a sub-expression.
 #include "att/att_pred.h"
+#include "att/offers.h"
 
 namespace torvane {
 
@@ -51,6 +52,9 @@ class TwoVectors : public LExp {
 class AttUnify2Pred : public Form<AttUnify2Pred, TwoVectors> {
  public:
   static constexpr const char* kName = "unify2";
+  static constexpr const char* kUsage =
+      "`(unify2 [type] exp exp [(att ...)])` takes the second vector's values into the first; the "
+      "first";
   Value eval(Value input, int input_type) override {
     Value first = a_.eval(input, input_type);
     Value second = b_.eval(input, input_type);
@@ -65,6 +69,8 @@ class AttUnify2Pred : public Form<AttUnify2Pred, TwoVectors> {
 class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
  public:
   static constexpr const char* kName = "unifiable2";
+  static constexpr const char* kUsage =
+      "`(unifiable2 [type] exp exp [(att ...)])` whether two vectors unify, on those attributes";
   Value eval(Value input, int input_type) override {
     Value first = a_.eval(input, input_type);
     Value second = b_.eval(input, input_type);
@@ -75,11 +81,13 @@ class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<AttUnify2Pred>(),
+    form<AttUnifiable2Pred>(),
+};
+
 }  // namespace
 
-void register_att_pair_forms(World& world) {
-  register_form<AttUnify2Pred>(world);
-  register_form<AttUnifiable2Pred>(world);
-}
+constinit const Offer offers::att_pair_forms{kForms};
 
 }  // namespace torvane

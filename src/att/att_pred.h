@@ -25,13 +25,4 @@ int find_att(const AttInterpreterList* type, const char* att_name);
 Array<std::int16_t> find_atts(const AttInterpreterList* type, IRSlist* names);
 LBitSet find_att_set(const AttInterpreterList* type, IRSlist* names);
 
-/// `attvec`, `att-set`, `att-index`.
-void register_att_constants(World& world);
-/// `value`, `att-str-val`, `attvec2str`.
-void register_att_value_forms(World& world);
-/// `unify2`, `unifiable2`.
-void register_att_pair_forms(World& world);
-/// The forms that change list attributes.
-void register_avlist_forms(World& world);
-
 }  // namespace torvane

@@ -4,6 +4,7 @@
 
 #include "att/att_pred.h"
 #include "att/attributes.h"
+#include "att/offers.h"
 #include "lexp/expressions.h"
 #include "support/messages.h"
 
@@ -33,6 +34,8 @@ class OneAtt : public AttPred {
 class AttValPred : public Form<AttValPred, OneAtt> {
  public:
   static constexpr const char* kName = "value";
+  static constexpr const char* kUsage =
+      "`(value att [result-type] [type] [exp])` the raw value, passed through `exp`";
   void init(World& world, IRSlist* args) override {
     std::string att_name = or_empty(args->get_str_val());
     const char* result_type = args->nth_str_val(0);
@@ -71,6 +74,8 @@ class AttValPred : public Form<AttValPred, OneAtt> {
 class AttStrVal : public Form<AttStrVal, OneAtt> {
  public:
   static constexpr const char* kName = "att-str-val";
+  static constexpr const char* kUsage =
+      "`(att-str-val att [type])` the text of the value; null when undefined";
   AttStrVal() { out_type = type_id_of<const char*>(); }
   void init(World& world, IRSlist* args) override {
     std::string att_name = or_empty(args->get_str_val());
@@ -91,6 +96,8 @@ class AttStrVal : public Form<AttStrVal, OneAtt> {
 class AttVec2Str : public Form<AttVec2Str, AttPred> {
  public:
   static constexpr const char* kName = "attvec2str";
+  static constexpr const char* kUsage =
+      "`(attvec2str [att ...])` the vector as text, or only those attributes of it";
   AttVec2Str() { out_type = type_id_of<const char*>(); }
   void init(World& world, IRSlist* args) override {
     const AttInterpreterList* type = attributes(world).current;
@@ -116,12 +123,14 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
   std::optional<LBitSet> mask_;
 };
 
+constexpr Prototype kForms[] = {
+    form<AttValPred>(),
+    pure_form<AttStrVal>(),
+    form<AttVec2Str>(),
+};
+
 }  // namespace
 
-void register_att_value_forms(World& world) {
-  register_form<AttValPred>(world);
-  register_pure_form<AttStrVal>(world);
-  register_form<AttVec2Str>(world);
-}
+constinit const Offer offers::att_value_forms{kForms};
 
 }  // namespace torvane

@@ -5,6 +5,7 @@
 
 #include "att/attributes.h"
 #include "att/nested_atts.h"
+#include "att/offers.h"
 #include "lexp/expression_run.h"
 #include "support/test_support.h"
 
@@ -14,9 +15,10 @@ namespace {
 class AttVecPackTest : public testing::Test {
  protected:
   AttVecPackTest() {
-    register_attribute_types(run_.world());
-    register_attribute_forms(run_.world());
-    register_attribute_commands(run_.world());
+    using namespace offers;
+    enter_all(run_.world(), {&scalar_atts, &text_atts, &disjunction_atts, &nested_atts, &list_atts,
+                             &trace_att, &att_forms, &att_constants, &att_value_forms,
+                             &att_pair_forms, &avlist_forms, &att_commands, &aliases});
   }
 
   /// A new type, current from now on.

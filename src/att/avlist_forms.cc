@@ -1,6 +1,7 @@
 // The forms that move vectors in and out of list attributes.
 #include "att/att_pred.h"
 #include "att/attributes.h"
+#include "att/offers.h"
 
 namespace torvane {
 
@@ -39,6 +40,8 @@ class AvListForm : public AttPred {
 class DeleteFromAvList : public Form<DeleteFromAvList, AvListForm> {
  public:
   static constexpr const char* kName = "delete-from-avlist";
+  static constexpr const char* kUsage =
+      "`(delete-from-avlist att)` removes the first vector of a list attribute";
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_type(world, *args);
     att_ = take_att(type, *args);
@@ -60,6 +63,8 @@ class DeleteFromAvList : public Form<DeleteFromAvList, AvListForm> {
 class MoveAtt : public Form<MoveAtt, AvListForm> {
  public:
   static constexpr const char* kName = "move-att";
+  static constexpr const char* kUsage =
+      "`(move-att from to)` moves the first vector of one list attribute to the end of another";
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_type(world, *args);
     from_ = take_att(type, *args);
@@ -112,6 +117,8 @@ class AvListInsertion : public AvListForm {
 class InsertIntoAvList : public Form<InsertIntoAvList, AvListInsertion> {
  public:
   static constexpr const char* kName = "insert-into-avlist";
+  static constexpr const char* kUsage =
+      "`(insert-into-avlist att exp)` puts a copy of the vector that `exp` gives in front";
 
  protected:
   bool accepts_at(AttVec& vec) override { return is_list(vec, att_) && vec.has(att_); }
@@ -123,6 +130,9 @@ class InsertIntoAvList : public Form<InsertIntoAvList, AvListInsertion> {
 class RotateAndInsertIntoAvList : public Form<RotateAndInsertIntoAvList, AvListInsertion> {
  public:
   static constexpr const char* kName = "rotate-and-insert-into-avlist";
+  static constexpr const char* kUsage =
+      "`(rotate-and-insert-into-avlist att exp)` the new vector in front, the old first one to the "
+      "end";
 
  protected:
   bool accepts_at(AttVec& vec) override { return elements(vec, att_) != nullptr; }
@@ -133,13 +143,15 @@ class RotateAndInsertIntoAvList : public Form<RotateAndInsertIntoAvList, AvListI
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<DeleteFromAvList>(),
+    form<MoveAtt>(),
+    form<InsertIntoAvList>(),
+    form<RotateAndInsertIntoAvList>(),
+};
+
 }  // namespace
 
-void register_avlist_forms(World& world) {
-  register_form<DeleteFromAvList>(world);
-  register_form<MoveAtt>(world);
-  register_form<InsertIntoAvList>(world);
-  register_form<RotateAndInsertIntoAvList>(world);
-}
+constinit const Offer offers::avlist_forms{kForms};
 
 }  // namespace torvane

@@ -1,5 +1,7 @@
 #include "att/disjunction_atts.h"
 
+#include "att/attribute_type.h"
+#include "att/offers.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -80,5 +82,16 @@ AttWord DisjunctionAtt<Base>::get_val(const char* token) const {
 
 template class DisjunctionAtt<Long32Att>;
 template class DisjunctionAtt<CharAtt>;
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<Disj8Att>(),
+    attribute_type<DisjAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::disjunction_atts{kTypes};
 
 }  // namespace torvane

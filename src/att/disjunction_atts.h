@@ -28,12 +28,16 @@ class DisjunctionAtt : public Base {
 class DisjAtt : public AttClass<DisjAtt, DisjunctionAtt<Long32Att>> {
  public:
   static constexpr const char* kType = "DisjAtt";
+  static constexpr const char* kUsage =
+      "one or more of up to 32 `(allowable-values ...)`; unification intersects";
 };
 
 /// Up to 8 values, in a byte.
 class Disj8Att : public AttClass<Disj8Att, DisjunctionAtt<CharAtt>> {
  public:
   static constexpr const char* kType = "Disj8Att";
+  static constexpr const char* kUsage =
+      "one or more of up to 8 `(allowable-values ...)`; unification intersects";
 };
 
 extern template class DisjunctionAtt<Long32Att>;

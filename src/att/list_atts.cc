@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <sstream>
 
+#include "att/attribute_type.h"
 #include "att/nested_atts.h"
 #include "att/nesting.h"
+#include "att/offers.h"
 #include "support/big_endian.h"
 
 namespace torvane {
@@ -177,5 +179,16 @@ Subsumption StackAtt::compare_with(const AttVecList& mine, const AttVecList& the
   if (result != Subsumption::equal && result != by_length) return Subsumption::incomparable;
   return by_length;
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<ListAtt>(),
+    attribute_type<StackAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::list_atts{kTypes};
 
 }  // namespace torvane

@@ -3,8 +3,10 @@
 
 #include <sstream>
 
+#include "att/attribute_type.h"
 #include "att/attributes.h"
 #include "att/nesting.h"
+#include "att/offers.h"
 
 namespace torvane {
 
@@ -158,5 +160,15 @@ bool unpack_nested(AttVec& vec, const char*& p, const char* end) {
   NestingGuard guard;
   return guard && vec.unpack(p, end);
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<VecAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::nested_atts{kTypes};
 
 }  // namespace torvane

@@ -97,6 +97,7 @@ class NestedAtt : public AttClass<D, Base> {
 class VecAtt : public NestedAtt<VecAtt, ComplexAtt<AttVec>> {
  public:
   static constexpr const char* kType = "VecAtt";
+  static constexpr const char* kUsage = "a vector of the type `(interpreter TYPE)`";
   VecAtt() { holds = Holds::vec; }
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override;
@@ -131,6 +132,8 @@ class ListOfVecsAtt : public ComplexAtt<AttVecList> {
 class ListAtt : public NestedAtt<ListAtt, ListOfVecsAtt> {
  public:
   static constexpr const char* kType = "ListAtt";
+  static constexpr const char* kUsage =
+      "a list of vectors of the type `(interpreter TYPE)`; lists unify element by element";
   void generalize_with(AttVec* a, const AttVecList& theirs) const;
   void subtract_from(AttVec* a, const AttVecList& theirs) const;
   bool unify_with(AttVec* vec, int at, const AttVecList& theirs, bool store) const;
@@ -142,6 +145,8 @@ class ListAtt : public NestedAtt<ListAtt, ListOfVecsAtt> {
 class StackAtt : public NestedAtt<StackAtt, ListOfVecsAtt> {
  public:
   static constexpr const char* kType = "StackAtt";
+  static constexpr const char* kUsage =
+      "a list of vectors whose common front unifies and whose longer rest is taken over";
   void generalize_with(AttVec* a, const AttVecList& theirs) const;
   void subtract_from(AttVec* a, const AttVecList& theirs) const;
   bool unify_with(AttVec* vec, int at, const AttVecList& theirs, bool store) const;
@@ -152,6 +157,8 @@ class StackAtt : public NestedAtt<StackAtt, ListOfVecsAtt> {
 class TraceAtt : public AttClass<TraceAtt, CountedAtt<TraceChain>> {
  public:
   static constexpr const char* kType = "TraceAtt";
+  static constexpr const char* kUsage =
+      "what a displaced constituent left behind; set by the parser";
   TraceAtt() { holds = Holds::trace; }
   bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
   void print(std::ostream& out, const AttVec* vec) const override;

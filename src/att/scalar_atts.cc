@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "att/attribute_type.h"
+#include "att/offers.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -89,5 +91,18 @@ const char* IntAtt::str_val(AttWord value, std::string& scratch) const {
 AttWord IntAtt::get_val(const char* token) const {
   return number_in(token);
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<BinAtt>(),
+    attribute_type<EnumAtt>(),
+    attribute_type<SmIntAtt>(),
+    attribute_type<IntAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::scalar_atts{kTypes};
 
 }  // namespace torvane

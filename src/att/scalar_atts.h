@@ -12,6 +12,7 @@ class World;
 class BinAtt : public AttClass<BinAtt, AttInterpreter> {
  public:
   static constexpr const char* kType = "BinAtt";
+  static constexpr const char* kUsage = "`+att` or `-att`; one bit";
   BinAtt() { storage = Storage::bit; }
   void allocate(AttInterpreterList* owner) override;
   AttWord get(const AttVec* vec) const override { return vec->bin_values.test(index); }
@@ -27,6 +28,7 @@ class BinAtt : public AttClass<BinAtt, AttInterpreter> {
 class EnumAtt : public AttClass<EnumAtt, CharAtt> {
  public:
   static constexpr const char* kType = "EnumAtt";
+  static constexpr const char* kUsage = "one of `(allowable-values ...)`";
   void init(World& world, IRSlist* facets) override;
   const char* str_val(AttWord value, std::string&) const override { return names.at(value); }
   AttWord make_val(IRSlist* form) const override { return get_val(value_text(form)); }
@@ -40,6 +42,7 @@ class EnumAtt : public AttClass<EnumAtt, CharAtt> {
 class SmIntAtt : public AttClass<SmIntAtt, CharAtt> {
  public:
   static constexpr const char* kType = "SmIntAtt";
+  static constexpr const char* kUsage = "0 to 255; never blocks unification, the first value stays";
   bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override;
@@ -49,6 +52,7 @@ class SmIntAtt : public AttClass<SmIntAtt, CharAtt> {
 class IntAtt : public AttClass<IntAtt, Long32Att> {
  public:
   static constexpr const char* kType = "IntAtt";
+  static constexpr const char* kUsage = "a 32-bit integer";
   Subsumption compare(AttWord a, AttWord b) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override { return get_val(value_text(form)); }

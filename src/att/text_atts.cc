@@ -4,6 +4,8 @@
 #include <cstring>
 #include <sstream>
 
+#include "att/attribute_type.h"
+#include "att/offers.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -103,5 +105,16 @@ Value EntAtt::to_value(AttWord value) const {
 EntAtt* ent_att(AttInterpreter* att) {
   return att && att->holds == Holds::entity ? static_cast<EntAtt*>(att) : nullptr;
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<StrAtt>(),
+    attribute_type<EntAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::text_atts{kTypes};
 
 }  // namespace torvane

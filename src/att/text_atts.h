@@ -11,6 +11,7 @@ class World;
 class StrAtt : public AttClass<StrAtt, LongVAtt> {
  public:
   static constexpr const char* kType = "StrAtt";
+  static constexpr const char* kUsage = "a text";
   StrAtt() { holds = Holds::text; }
   void print(std::ostream& out, const AttVec* vec) const override;
   const char* str_val(AttWord value, std::string&) const override;
@@ -26,6 +27,7 @@ class StrAtt : public AttClass<StrAtt, LongVAtt> {
 class EntAtt : public AttClass<EntAtt, LongVAtt> {
  public:
   static constexpr const char* kType = "EntAtt";
+  static constexpr const char* kUsage = "an entity that the engine sets, such as a lexical item";
   EntAtt() {
     holds = Holds::entity;
     plain = false;

@@ -1,7 +1,9 @@
 // The attribute of displaced constituents.
 #include <algorithm>
 
+#include "att/attribute_type.h"
 #include "att/nested_atts.h"
+#include "att/offers.h"
 #include "support/messages.h"
 #include "support/text.h"
 
@@ -61,5 +63,15 @@ bool TraceAtt::unpack(AttVec* vec, const char*&, const char*) const {
 bool TraceAtt::shows(AttWord value) const {
   return !value || !object(value)->records.empty();
 }
+
+namespace {
+
+constexpr Prototype kTypes[] = {
+    attribute_type<TraceAtt>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::trace_att{kTypes};
 
 }  // namespace torvane

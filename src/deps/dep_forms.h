@@ -24,15 +24,4 @@ class DepTreeComponent : public Form<D, LAdaptor> {
   }
 };
 
-/// The families of forms, each in a file of its own.
-void register_node_adaptors(World& world);
-void register_walk_forms(World& world);
-void register_deps_reading_forms(World& world);
-void register_dep_print_forms(World& world);
-void register_prop_forms(World& world);
-void register_trel_forms(World& world);
-
-/// All of them, with the value types of properties.
-void register_deps_forms(World& world);
-
 }  // namespace torvane

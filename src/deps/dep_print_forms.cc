@@ -4,6 +4,7 @@
 
 #include "deps/dep_forms.h"
 #include "deps/node_extent.h"
+#include "deps/offers.h"
 #include "deps/print_text.h"
 
 namespace torvane {
@@ -75,13 +76,15 @@ RSTree* print_leaf(World& world, RSTree* tree, Stream* stream) {
 
 struct LeafStr : DepTreeComponent<LeafStr, const char*> {
   static constexpr const char* kName = "leaf-str";
+  static constexpr const char* kUsage = "`(leaf-str [sub])` the words of the node";
   Value component(DepTree& node) const { return node._deps->text_value(span_text(node)); }
 };
 
-// `(get-words exp)`
 class GetWords : public Form<GetWords> {
  public:
   static constexpr const char* kName = "get-words";
+  static constexpr const char* kUsage =
+      "`(get-words node)` the words from the input's first to the other node's last";
   GetWords() {
     in_type = type_id_of<DepTree>();
     out_type = type_id_of<const char*>();
@@ -123,6 +126,9 @@ DepTree* print_rel(World& world, RSTree* tree, LBitSet* show, Stream* stream) {
 class MinimalAcross : public Form<MinimalAcross> {
  public:
   static constexpr const char* kName = "minimal-across";
+  static constexpr const char* kUsage =
+      "`(minimal-across exp)` 1 if a word beside the node, on the side of its parent, passes "
+      "before one that is attached";
   MinimalAcross() {
     in_type = type_id_of<DepTree>();
     out_type = type_id_of<int>();
@@ -157,20 +163,36 @@ class MinimalAcross : public Form<MinimalAcross> {
   ExpPtr exp_;
 };
 
+constexpr Prototype kForms[] = {
+    function<print_dep_tree>("print-dep-tree",
+                             "`(print-dep-tree [atts [stream]])` prints the whole tree of the "
+                             "node, with the attributes of the set"),
+    function<print_deps>(
+        "print-deps",
+        "`(print-deps [atts [stream]])` prints a tree, with the attributes of the set"),
+    function<save_deps>(
+        "save-deps",
+        "`(save-deps [atts [stream]])` as `print-deps`; the input may also be a node of the tree"),
+    function<print_sub_deps>(
+        "print-sub-deps",
+        "`(print-sub-deps [atts [stream]])` the lines of the words that the subtree reaches over"),
+    function<print_context>("print-context",
+                            "`(print-context [stream])` the relation of the node to its parent, "
+                            "and of each child to it"),
+    function<print_words>("print-words",
+                          "`(print-words node [stream])` the words from the input's first to the "
+                          "other node's last, on a line"),
+    form<GetWords>(),
+    function<print_rel>("print-rel",
+                        "`(print-rel [atts [stream]])` relation, root form of the parent and of "
+                        "the node, with tabs between them; with a set also their attributes"),
+    function<print_leaf>("print-leaf", "`(print-leaf [stream])` the words of the node on a line"),
+    form<LeafStr>(),
+    form<MinimalAcross>(),
+};
+
 }  // namespace
 
-void register_dep_print_forms(World& world) {
-  register_function<print_dep_tree>(world, "print-dep-tree");
-  register_function<print_deps>(world, "print-deps");
-  register_function<save_deps>(world, "save-deps");
-  register_function<print_sub_deps>(world, "print-sub-deps");
-  register_function<print_context>(world, "print-context");
-  register_function<print_words>(world, "print-words");
-  register_form<GetWords>(world);
-  register_function<print_rel>(world, "print-rel");
-  register_function<print_leaf>(world, "print-leaf");
-  register_form<LeafStr>(world);
-  register_form<MinimalAcross>(world);
-}
+constinit const Offer offers::dep_print_forms{kForms};
 
 }  // namespace torvane

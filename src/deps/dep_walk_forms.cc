@@ -7,9 +7,10 @@
 
 #include "deps/dep_forms.h"
 #include "deps/node_extent.h"
+#include "deps/offers.h"
 #include "deps/props.h"
 #include "deps/tree_walk.h"
-#include "lexp/control_forms.h"
+#include "lexp/tuples.h"
 
 namespace torvane {
 
@@ -37,11 +38,14 @@ class ByRelation : public DepTreeComponent<D, DepTree> {
 
 struct GetChild : ByRelation<GetChild> {
   static constexpr const char* kName = "get-child";
+  static constexpr const char* kUsage = "`(get-child REL [sub])` the first child with the relation";
   DepTree* component(DepTree& node) const { return node.child_by_rel(rel()); }
 };
 
 struct GetParent : ByRelation<GetParent> {
   static constexpr const char* kName = "get-parent";
+  static constexpr const char* kUsage =
+      "`(get-parent REL [sub])` the parent, if the node has the relation to it";
   DepTree* component(DepTree& node) const {
     bool is_so = rel() && node._rel && std::string_view(node._rel) == rel();
     return is_so ? node.parent() : nullptr;
@@ -68,6 +72,8 @@ class ByExpression : public DepTreeComponent<D, DepTree> {
 
 struct GetAntecedent : ByExpression<GetAntecedent> {
   static constexpr const char* kName = "get-antecedent";
+  static constexpr const char* kUsage =
+      "`(get-antecedent cond [sub])` the first node that passes on the chain of antecedents";
   DepTree* component(DepTree& node) const {
     std::unordered_set<const DepTree*> seen{&node};
     for (DepTree* ante = ante_of(node); ante; ante = ante_of(*ante)) {
@@ -80,6 +86,8 @@ struct GetAntecedent : ByExpression<GetAntecedent> {
 
 struct FindFirstNode : ByExpression<FindFirstNode> {
   static constexpr const char* kName = "find-first-node";
+  static constexpr const char* kUsage =
+      "`(find-first-node cond [sub])` the first node of the whole tree, from the top, that passes";
   DepTree* component(DepTree& node) const {
     // Kept: find-first-from-the-root
     for (PreIterator walk(node.root()); RSTree* tree = walk.next();) {
@@ -92,6 +100,9 @@ struct FindFirstNode : ByExpression<FindFirstNode> {
 
 struct ExpandNode : ByExpression<ExpandNode> {
   static constexpr const char* kName = "expand-node";
+  static constexpr const char* kUsage =
+      "`(expand-node cond [sub])` widens the node over the subtrees of the children that pass, and "
+      "detaches the children inside; the node";
   DepTree* component(DepTree& node) const {
     for (RSlistIterator walk(&node); RSTree* tree = walk.next();) {
       DepTree* child = dep_tree_of(tree);
@@ -117,6 +128,9 @@ struct ExpandNode : ByExpression<ExpandNode> {
 
 struct ReattachNode : ByExpression<ReattachNode> {
   static constexpr const char* kName = "reattach-node";
+  static constexpr const char* kUsage =
+      "`(reattach-node exp [sub])` puts the node, in the order of the words, under the one that "
+      "`exp` gives; refused if that one lies below it";
   DepTree* component(DepTree& node) const {
     DepTree* target = dep_tree_of(value_on(node));
     if (!target) return &node;
@@ -132,6 +146,8 @@ struct ReattachNode : ByExpression<ReattachNode> {
 class CompatibleModifier : public Form<CompatibleModifier, TernaryFunc> {
  public:
   static constexpr const char* kName = "compatible-modifier";
+  static constexpr const char* kUsage =
+      "`(compatible-modifier list node test)` the first node of the list that passes the test";
   CompatibleModifier() { in_type = out_type = type_id_of<DepTree>(); }
 
   Value eval(Value input, int type) override {
@@ -149,16 +165,13 @@ class CompatibleModifier : public Form<CompatibleModifier, TernaryFunc> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<GetChild>(),      form<GetParent>(),  form<GetAntecedent>(), form<CompatibleModifier>(),
+    form<FindFirstNode>(), form<ExpandNode>(), form<ReattachNode>(),
+};
+
 }  // namespace
 
-void register_walk_forms(World& world) {
-  register_form<GetChild>(world);
-  register_form<GetParent>(world);
-  register_form<GetAntecedent>(world);
-  register_form<CompatibleModifier>(world);
-  register_form<FindFirstNode>(world);
-  register_form<ExpandNode>(world);
-  register_form<ReattachNode>(world);
-}
+constinit const Offer offers::dep_walk_forms{kForms};
 
 }  // namespace torvane

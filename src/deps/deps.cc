@@ -5,30 +5,10 @@
 
 #include "deps/tree_walk.h"
 #include "deps/trees.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 #include "support/messages.h"
 
 namespace torvane {
-namespace {
-
-Value set_print_weight(World& world, IRSlist* form) {
-  trees(world).print_weight = form->get_long_val() != 0;
-  return Value();
-}
-
-Value set_print_governor(World& world, IRSlist* form) {
-  trees(world).print_governor = form->get_long_val() != 0;
-  return Value();
-}
-
-constexpr Command kCommands[] = {
-    {"print-deptree-weight", set_print_weight,
-     "(print-deptree-weight 0|1) set the PRINT_DEPTREE_WEIGHT flag"},
-    {"print-governor", set_print_governor, "(print-governor 0|1) set the PRINT_GOV flag"},
-};
-
-}  // namespace
 
 const TypeTag tags::deps{
     "Deps*",
@@ -159,10 +139,6 @@ void Deps::assign_labels() {
 
 const Properties& Deps::properties() const {
   return trees(world_).properties;
-}
-
-void register_deps_commands(World& world) {
-  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -116,7 +116,4 @@ extern const TypeTag deps;  // counted
 template <>
 struct ValueTraits<Deps> : TagOf<Deps, tags::deps> {};
 
-/// `print-deptree-weight` and `print-governor`.
-void register_deps_commands(World& world);
-
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "att/attributes.h"
+#include "att/offers.h"
 #include "deps/deps.h"
 #include "shell/world.h"
 
@@ -72,8 +73,9 @@ TEST_F(DepsPackTest, WholeBytesComeBackAndEveryCutAndEveryFlippedByteIsSafe) {
 }
 
 TEST_F(DepsPackTest, AttributesNeedAType) {
-  register_attribute_types(world_);
-  register_attribute_commands(world_);
+  using namespace offers;
+  enter_all(world_, {&scalar_atts, &text_atts, &disjunction_atts, &nested_atts, &list_atts,
+                     &trace_att, &att_commands});
   world_.interpreter.prompt = false;
   world_.interpreter.load_string("(def-att-list pack_atts (defattribute good BinAtt))");
   read("(1 (a ~ X * (atts (+good))))");

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "deps/dep_forms.h"
+#include "deps/offers.h"
 #include "deps/props.h"
 #include "deps/trees.h"
 #include "deps/triple.h"
@@ -26,6 +27,9 @@ struct AtomForm {
 class GetProp : public DepTreeComponent<GetProp, Value> {
  public:
   static constexpr const char* kName = "get-prop";
+  static constexpr const char* kUsage =
+      "`(get-prop NAME [sub])` the value of the property; `(get-prop (NAME VALUE))` finds the "
+      "entry with that value";
 
   GetProp() = default;
   GetProp(const GetProp& other) : DepTreeComponent(other), name_(other.name_) {
@@ -66,10 +70,12 @@ class GetProp : public DepTreeComponent<GetProp, Value> {
   StrBufs texts_;
 };
 
-// `(set-prop (NAME VALUE [WEIGHT]) ...)`
 class SetProp : public DepTreeComponent<SetProp, DepTree> {
  public:
   static constexpr const char* kName = "set-prop";
+  static constexpr const char* kUsage =
+      "`(set-prop (NAME value [weight]) ...)` adds properties; each part is an atom or an "
+      "expression; the node";
 
   void init(World& world, IRSlist* args) override {
     for (Triple& triple : read_triples(world, args)) {
@@ -118,10 +124,10 @@ class SetProp : public DepTreeComponent<SetProp, DepTree> {
   std::vector<Entry> entries_;
 };
 
-// `(del-prop NAME [sub])`
 class DelProp : public DepTreeComponent<DelProp, DepTree> {
  public:
   static constexpr const char* kName = "del-prop";
+  static constexpr const char* kUsage = "`(del-prop NAME [sub])` removes the property; the node";
 
   void init(World& world, IRSlist* args) override {
     name_ = PropName(trees(world).properties, or_empty(args->get_str_val()));
@@ -139,10 +145,12 @@ class DelProp : public DepTreeComponent<DelProp, DepTree> {
   PropName name_;
 };
 
-// `(add-to-dep-prop-list NAME exp [sub])`
 class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
  public:
   static constexpr const char* kName = "add-to-dep-prop-list";
+  static constexpr const char* kUsage =
+      "`(add-to-dep-prop-list NAME exp [sub])` adds the text that `exp` gives to a property that "
+      "is a list of texts; the node";
 
   void init(World& world, IRSlist* args) override {
     name_ = PropName(trees(world).properties, or_empty(args->get_str_val()));
@@ -173,13 +181,15 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
   ExpPtr exp_;
 };
 
+constexpr Prototype kForms[] = {
+    form<GetProp>(),
+    form<SetProp>(),
+    form<DelProp>(),
+    form<AddToDepPropList>(),
+};
+
 }  // namespace
 
-void register_prop_forms(World& world) {
-  register_form<GetProp>(world);
-  register_form<SetProp>(world);
-  register_form<DelProp>(world);
-  register_form<AddToDepPropList>(world);
-}
+constinit const Offer offers::prop_forms{kForms};
 
 }  // namespace torvane

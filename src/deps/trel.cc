@@ -1,6 +1,7 @@
 #include "deps/trel.h"
 
 #include "deps/dep_forms.h"
+#include "deps/offers.h"
 #include "deps/triple.h"
 
 namespace torvane {
@@ -44,10 +45,12 @@ class TRelForm : public LExp {
   std::vector<Triple> triples_;
 };
 
-// `(make-rel NAME TRIPLE ...)`
 class MakeRel : public Form<MakeRel, TRelForm> {
  public:
   static constexpr const char* kName = "make-rel";
+  static constexpr const char* kUsage =
+      "`(make-rel NAME (left right [weight]) ...)` a relation with these triples; each part is an "
+      "atom or an expression, whose number as a weight counts thousandths";
 
   void init(World& world, IRSlist* args) override {
     property_ = or_empty(args->get_str_val());
@@ -66,10 +69,12 @@ class MakeRel : public Form<MakeRel, TRelForm> {
   HeldValue result_;  // the last one lives on until no expression runs
 };
 
-// `(add-propvals EXP TRIPLE ...)`
 class AddPropvals : public Form<AddPropvals, TRelForm> {
  public:
   static constexpr const char* kName = "add-propvals";
+  static constexpr const char* kUsage =
+      "`(add-propvals exp (left right [weight]) ...)` adds triples to the relation that `exp` "
+      "gives";
 
   void init(World& world, IRSlist* args) override {
     rel_ = get_exp(world, args->nth(0));
@@ -89,9 +94,11 @@ class AddPropvals : public Form<AddPropvals, TRelForm> {
   ExpPtr rel_;
 };
 
-// `(add-rel-to-deps EXP [sub])`
 struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
   static constexpr const char* kName = "add-rel-to-deps";
+  static constexpr const char* kUsage =
+      "`(add-rel-to-deps exp [sub])` asserts of the node's tree the relation that `exp` gives; the "
+      "node";
 
   void init(World& world, IRSlist* args) override {
     rel_ = get_exp(world, args->nth(0));
@@ -110,12 +117,14 @@ struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
   ExpPtr rel_;
 };
 
+constexpr Prototype kForms[] = {
+    form<MakeRel>(),
+    form<AddPropvals>(),
+    form<AddRelToDeps>(),
+};
+
 }  // namespace
 
-void register_trel_forms(World& world) {
-  register_form<MakeRel>(world);
-  register_form<AddPropvals>(world);
-  register_form<AddRelToDeps>(world);
-}
+constinit const Offer offers::trel{kForms};
 
 }  // namespace torvane

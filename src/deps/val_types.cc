@@ -3,18 +3,12 @@
 #include "deps/deps.h"
 #include "deps/print_text.h"
 #include "deps/text_list.h"
-#include "deps/trees.h"
-#include "lexp/control_forms.h"
-#include "shell/exec.h"
-#include "shell/named_objects.h"
-#include "shell/world.h"
+#include "lexp/tuples.h"
 #include "support/text.h"
 
 namespace torvane {
 
 namespace {
-
-constexpr const char* kValType = "ValType";
 
 int order(Word a, Word b) {
   return a < b ? -1 : a > b;
@@ -127,34 +121,6 @@ Value DepTreeValue::parse(IRSlist* form, Deps& owner) const {
 
 int DepTreeValue::compare(Value a, Value b) const {
   return order(a.word(), b.word());
-}
-
-namespace {
-
-Value define_attribute(World& world, IRSlist* form) {
-  const char* name = form->get_str_val();
-  const auto* type = world.objects.find_as<ValType>(form->get_str_val(), kValType, true);
-  if (name && type) trees(world).properties.define(name, type);
-  return Value();
-}
-
-constexpr Command kCommands[] = {
-    {"define-attribute", define_attribute, "(define-attribute name-of-attribute type-of-val)"},
-};
-
-template <class T>
-void register_type(World& world, const char* name) {
-  world.own_object<T, ValType>(name, std::make_unique<T>(), kValType);
-}
-
-}  // namespace
-
-void register_value_types(World& world) {
-  register_type<IntValue>(world, "IntValue");
-  register_type<StrValue>(world, "StrValue");
-  register_type<StrListValue>(world, "StrListValue");
-  register_type<DepTreeValue>(world, "DepTreeValue");
-  world.interpreter.define(kCommands);
 }
 
 }  // namespace torvane

@@ -5,8 +5,6 @@
 
 namespace torvane {
 
-class World;
-
 /// Null prints as 0.
 class IntValue : public ValType {
  public:
@@ -46,8 +44,5 @@ class DepTreeValue : public ValType {
   Value parse(IRSlist* form, Deps& owner) const override;
   int compare(Value a, Value b) const override;
 };
-
-/// The types as named objects, and `define-attribute`, which finds them.
-void register_value_types(World& world);
 
 }  // namespace torvane

@@ -1,72 +1,111 @@
 #include "engine/registrations.h"
 
-#include "att/att_interpreter.h"
-#include "deps/dep_forms.h"
-#include "deps/val_types.h"
-#include "lex/chart/item_forms.h"
-#include "lex/chart/lex_analyzer.h"
-#include "lex/lexicon/lexicon.h"
-#include "lex/lexicon/meaning.h"
-#include "lex/patterns/match_accessors.h"
-#include "lex/patterns/patterns.h"
-#include "lex/rules/antecedent_list.h"
-#include "lex/rules/lexical_rules.h"
-#include "lex/rules/llrule.h"
-#include "lex/rules/rule_actions.h"
-#include "lexp/lexp.h"
-#include "lexp/sentence_boundary.h"
+#include "att/offers.h"
+#include "deps/offers.h"
+#include "lex/chart/offers.h"
+#include "lex/lexicon/offers.h"
+#include "lex/patterns/offers.h"
+#include "lex/rules/offers.h"
+#include "lexp/offers.h"
 #include "parser/forms/parser_commands.h"
-#include "shell/exec.h"
-#include "shell/object_factory.h"
-#include "treerules/tree_modifier.h"
-#include "triples/triple_commands.h"
-#include "wordsim/sim_word_db.h"
+#include "shell/offers.h"
+#include "store/commands/offers.h"
+#include "treerules/offers.h"
+#include "triples/offers.h"
+#include "triples/reports/offers.h"
+#include "wordsim/offers.h"
 
 namespace torvane {
 
 namespace {
 
-void register_types(World& world) {
-  register_value_types(world);
-  register_attribute_types(world);
-}
-
-void register_analyser(World& world) {
-  register_lex_analyzer_commands(world);
-  register_lexical_rule_commands(world);
-}
-
-void register_item_predicates(World& world) {
-  register_match_accessors(world);
-  register_item_forms(world);
-}
-
 constexpr Registration kRegistrations[] = {
-    {"attribute types and the value types of properties", register_types},
-    {"tokenizers", register_tokenizer_commands},
-    {"the object factory", register_object_factory_commands},
-    {"the lexicon", register_lexicon_commands},
-    {"the lexical analyser", register_analyser},
-    {"lexical patterns", register_patterns},
-    {"core forms", register_core_forms},
-    {"rule actions and antecedent lists", register_rule_actions},
-    {"attribute predicates", register_attribute_forms},
-    {"lexical item predicates", register_item_predicates},
-    {"string functions and word lists", register_string_forms},
-    {"integer and regular expression functions", register_integer_forms},
-    {"constants", register_constant_forms},
-    {"tree rules", register_tree_rules},
-    {"dependency tree expressions", register_deps_forms},
-    {"sentence boundaries", register_sentence_boundary_forms},
-    {"left and right context rules", register_llrule_commands},
-    {"attributes", register_attribute_commands},
-    {"the parser", register_parser_commands},
-    {"initial attributes", register_init_attributes},
-    {"the sentence separator", register_sentence_separator},
-    {"antecedent list expressions", register_antecedent_forms},
-    {"the attribute vector meaning", register_avmeaning_proto},
-    {"triple databases", register_triple_commands},
-    {"similar words", register_similar_words},
+    {&offers::define_attribute},
+    {&offers::scalar_atts},
+    {&offers::text_atts},
+    {&offers::disjunction_atts},
+    {&offers::nested_atts},
+    {&offers::list_atts},
+    {&offers::trace_att},
+    {&offers::tokenizer_commands},
+    {&offers::object_factory},
+    {&offers::meaning},
+    {&offers::lex_entry},
+    {&offers::endings},
+    {&offers::lexicon_commands},
+    {&offers::lexicon_files},
+    {&offers::lex_analyzer_commands},
+    {&offers::lexical_rules},
+    {&offers::pattern},
+    {&offers::atom_patterns},
+    {&offers::multi_patterns},
+    {&offers::repeat_patterns},
+    {&offers::control_forms},
+    {&offers::variable_forms},
+    {&offers::exec_commands},
+    {&offers::stream_forms},
+    {&offers::functions},
+    {&offers::eval},
+    {&offers::foreach},
+    {&offers::macro},
+    {&offers::item_setters},
+    {&offers::deleting_actions},
+    {&offers::searching_actions},
+    {&offers::flag_actions},
+    {&offers::component_actions},
+    {&offers::making_actions},
+    {&offers::compound_look_up},
+    {&offers::abbreviations},
+    {&offers::antecedent_forms},
+    {&offers::att_forms},
+    {&offers::att_constants},
+    {&offers::att_value_forms},
+    {&offers::att_pair_forms},
+    {&offers::avlist_forms},
+    {&offers::match_accessors},
+    {&offers::item_forms},
+    {&offers::reg_forms},
+    {&offers::word_forms},
+    {&offers::string_forms},
+    {&offers::print_forms},
+    {&offers::integer_forms},
+    {&offers::str_sim},
+    {&offers::word_list},
+    {&offers::constants},
+    {&offers::tree_modifier},
+    {&offers::tree_patterns},
+    {&offers::tree_conditions},
+    {&offers::tree_edits},
+    {&offers::node_selectors},
+    {&offers::node_edits},
+    {&offers::match_forms},
+    {&offers::node_adaptors},
+    {&offers::dep_walk_forms},
+    {&offers::prop_forms},
+    {&offers::trel},
+    {&offers::read_and_modify_deps},
+    {&offers::deps_text_forms},
+    {&offers::dep_print_forms},
+    {&offers::print_flags},
+    {&offers::sentence_boundary},
+    {&offers::llrule},
+    {&offers::att_commands},
+    {&offers::aliases},
+    {nullptr, "the parser", register_parser_commands},
+    {nullptr, "initial attributes", register_init_attributes},
+    {&offers::store_commands},
+    {&offers::triple_commands},
+    {&offers::search_tripledbs},
+    {&offers::high_mutinfo},
+    {&offers::mutinfo_reports},
+    {&offers::make_avg_entry},
+    {&offers::word_pair_reports},
+    {&offers::entry_reports},
+    {&offers::cluster_names},
+    {&offers::entry_in_html},
+    {&offers::entry_comparison},
+    {&offers::sim_commands},
+    {&offers::word_sim},
 };
 
 }  // namespace

@@ -3,17 +3,25 @@
 
 #include <span>
 
+#include "shell/offer.h"
+
 namespace torvane {
 
-class World;
-
-/// One row of the start: a module's registration.
+/// One row of the start: what a file offers, or a module's registration.
 struct Registration {
-  const char* what;
-  void (*run)(World& world);
+  const Offer* offer;
+  const char* what = nullptr;
+  void (*run)(World& world) = nullptr;
+
+  void enter(World& world) const {
+    if (offer)
+      offer->enter(world);
+    else
+      run(world);
+  }
 };
 
-/// All rows, in the order in which they are run: it decides what is found first where names
+/// All rows, in the order in which they are entered: it decides what is found first where names
 /// collide.
 std::span<const Registration> registrations();
 

@@ -1,47 +1,47 @@
-#include "lexp/exec_commands.h"
-
+// The way back from expressions to commands: `exec-commands`.
+#include "lexp/form.h"
+#include "lexp/offers.h"
+#include "shell/irslist.h"
 #include "shell/world.h"
 
 namespace torvane {
 
-ExecCommands::ExecCommands(const ExecCommands& other) : Form(other) {
-  commands_.copy_into(other.commands_, texts_);
-}
+namespace {
 
-void ExecCommands::init(World&, IRSlist* args) {
-  commands_.copy_into(*args, texts_);
-}
-
-Value ExecCommands::eval(Value, int) {
-  // Local, since a command may come back to this very expression.
-  StrBufs texts(256);
-  IRSlist forms;
-  forms.copy_into(commands_, texts);
-  WaitForCommands waiting;
-  Value result = world().interpreter.eval_all(forms);
-  // What `quote` gives goes with the copy.
-  return result.tag() == &tags::name ? Value::made_text(result.text()) : result;
-}
-
-Value eval_command(World& world, IRSlist* form) {
-  Round round;
-  for (IRSlist* item : form->items) {
-    ExpPtr(LExp::get_exp(world, item)).eval(Value(), kAnyType);
-    round.next();
+/// Keeps its forms, and runs a fresh copy of them as commands at each evaluation.
+class ExecCommands : public Form<ExecCommands> {
+ public:
+  static constexpr const char* kName = "exec-commands";
+  static constexpr const char* kUsage =
+      "`(exec-commands (command ...) ...)` runs commands each time it is evaluated; the last one's "
+      "result";
+  ExecCommands() = default;
+  ExecCommands(const ExecCommands& other) : Form(other) {
+    commands_.copy_into(other.commands_, texts_);
   }
-  return Value();
-}
-
-Value foreach_command(World& world, IRSlist* form) {
-  ExpPtr exp = LExp::get_exp(world, form->find_keyword_node(":eval", false));
-  IRSlist* list = form->nth(0);
-  if (!exp || !list) return Value();
-  Round round;
-  for (const IRSlist* item : list->items) {
-    exp->eval(item->atom ? Value::made_text(item->atom) : Value(), type_id_of<const char*>());
-    round.next();
+  void init(World&, IRSlist* args) override { commands_.copy_into(*args, texts_); }
+  Value eval(Value, int) override {
+    // Local, since a command may come back to this very expression.
+    StrBufs texts(256);
+    IRSlist forms;
+    forms.copy_into(commands_, texts);
+    WaitForCommands waiting;
+    Value result = world().interpreter.eval_all(forms);
+    // What `quote` gives goes with the copy.
+    return result.tag() == &tags::name ? Value::made_text(result.text()) : result;
   }
-  return Value();
-}
+
+ private:
+  StrBufs texts_{256};
+  IRSlist commands_;
+};
+
+constexpr Prototype kForms[] = {
+    form<ExecCommands>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::exec_commands{kForms};
 
 }  // namespace torvane

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "lexp/lexp.h"
+#include "lexp/offers.h"
+#include "shell/offers.h"
 #include "shell/world.h"
 
 namespace torvane {
@@ -15,11 +17,11 @@ class ExpressionRun {
  public:
   ExpressionRun() {
     world_.interpreter.prompt = false;
-    register_tokenizer_commands(world_);
-    register_core_forms(world_);
-    register_string_forms(world_);
-    register_integer_forms(world_);
-    register_constant_forms(world_);
+    using namespace offers;
+    enter_all(world_,
+              {&tokenizer_commands, &macro, &constants, &control_forms, &eval, &exec_commands,
+               &foreach, &functions, &integer_forms, &print_forms, &reg_forms, &str_sim,
+               &stream_forms, &string_forms, &variable_forms, &word_forms, &word_list});
   }
 
   World& world() { return world_; }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "lexp/functions.h"
-#include "lexp/stream_forms.h"
+#include "lexp/open_streams.h"
 #include "lexp/types.h"
 #include "lexp/variables.h"
 #include "shell/world.h"

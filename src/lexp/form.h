@@ -1,11 +1,12 @@
-// The idioms in which forms are written: a form says its name, its types and its one step, and the
-// base does what all forms share.
+// The idioms in which forms are written. A form says its name, its usage, its types and its one
+// step; the base does what all forms share, and its file's table enters it into the language.
 #pragma once
 
 #include <memory>
 #include <type_traits>
 
 #include "lexp/lexp.h"
+#include "shell/offer.h"
 
 namespace torvane {
 
@@ -29,8 +30,11 @@ int type_id_of() {
   return id;
 }
 
-/// Supplies `name` and `copy` of a form class D whose members copy deeply by themselves.
+/// Supplies `name` and `copy` of a form class D whose members copy deeply by themselves. A class
+/// that is entered also has a line for the reference, or a text that `objects` prints, or both:
 ///   static constexpr const char* kName = "pitem-low";
+///   static constexpr const char* kUsage = "`(pitem-low [exp])` the first word index";
+///   static constexpr const char* kDoc = "(pitem-low [<lexp>])";
 template <class D, class Base = LExp>
 class Form : public Base {
  public:
@@ -109,20 +113,39 @@ class TextAdaptor : public Form<D, LAdaptor> {
   }
 };
 
-/// Registers a form class under its kName; `doc` null: "No documentation provided".
+namespace form_detail {
 template <class D>
-void register_form(World& world, const char* doc = nullptr, const char* name = D::kName) {
-  register_lexp(world, std::make_unique<D>(), name, doc);
+constexpr const char* usage_of() {
+  if constexpr (requires { D::kUsage; }) return D::kUsage;
+  return nullptr;
+}
+template <class D>
+constexpr const char* doc_of() {
+  if constexpr (requires { D::kDoc; }) return D::kDoc;
+  return nullptr;
+}
+}  // namespace form_detail
+
+/// The row of a form class for its file's table.
+template <class D>
+constexpr Prototype form() {
+  using namespace form_detail;
+  return {kExpressions, D::kName, usage_of<D>(), doc_of<D>(),
+          [](World& world, const Prototype& row) {
+            register_lexp(world, std::make_unique<D>(), row.name, row.doc);
+          }};
 }
 
 /// The same for a form that looks at its input and changes nothing, as far as its parts do not.
 template <class D>
-void register_pure_form(World& world, const char* doc = nullptr) {
-  register_lexp(world, within_input(std::make_unique<D>()), D::kName, doc);
+constexpr Prototype pure_form() {
+  Prototype row = form<D>();
+  row.enter = [](World& world, const Prototype& entered) {
+    register_lexp(world, within_input(std::make_unique<D>()), entered.name, entered.doc);
+  };
+  return row;
 }
 
-/// Registers a plain function: `R fn(In input, A1, ...)`, with In and the Ai of types T*, const
-/// char*, integers or Value. Arity and type names come from the signature.
 namespace form_detail {
 // Calls `fn` with its arguments; a function may take its world in front of them.
 template <class R, class In, class... A, class Fn, std::size_t... I>
@@ -134,41 +157,58 @@ Value call(Fn fn, const Value* v, std::index_sequence<I...>) {
     return to_value<R>(fn(from_value<In>(v[0]), from_value<A>(v[I + 1])...));
   }
 }
-template <class R, class In, class... A>
-void register_call(World& world, MArgExp::Fn fn, const char* name, const char* doc) {
+template <class Out, class In, class... A>
+void enter_call(World& world, const Prototype& row, MArgExp::Fn fn) {
   static_assert(sizeof...(A) <= MArgExp::kMostArgs);
   // Kept: zero-arguments-take-one
-  auto exp =
-      std::make_unique<MArgExp>(name, fn, sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
+  auto exp = std::make_unique<MArgExp>(row.name, fn,
+                                       sizeof...(A) == 0 ? 1 : static_cast<int>(sizeof...(A)));
   exp->in_type = type_id_of<typename Pointee<In>::type>();
-  if constexpr (!std::is_void_v<R>) exp->out_type = type_id_of<typename Pointee<R>::type>();
+  exp->out_type = type_id_of<typename Pointee<Out>::type>();
   (exp->arg_types.append(type_id_of<typename Pointee<A>::type>()), ...);
-  register_lexp(world, std::move(exp), name, doc);
+  register_lexp(world, std::move(exp), row.name, row.doc);
 }
-template <auto fn, class R, class In, class... A>
-void register_fn(World& world, R (*)(In, A...), const char* name, const char* doc) {
-  register_call<R, In, A...>(
-      world,
-      [](World&, const Value* v) {
-        return call<R, In, A...>(fn, v, std::index_sequence_for<A...>{});
-      },
-      name, doc);
+/// What a function is declared to give: its own result, if no other type is named.
+template <class R, class Out>
+using Declared = std::conditional_t<std::is_void_v<Out>, R, Out>;
+template <auto fn, class Out, class R, class In, class... A>
+void enter_function(World& world, const Prototype& row, R (*)(In, A...)) {
+  enter_call<Declared<R, Out>, In, A...>(world, row, [](World&, const Value* v) {
+    return call<R, In, A...>(fn, v, std::index_sequence_for<A...>{});
+  });
 }
-template <auto fn, class R, class In, class... A>
-void register_fn(World& world, R (*)(World&, In, A...), const char* name, const char* doc) {
-  register_call<R, In, A...>(
-      world,
-      [](World& its_world, const Value* v) {
-        auto bound = [&](In input, A... args) { return fn(its_world, input, args...); };
-        return call<R, In, A...>(bound, v, std::index_sequence_for<A...>{});
-      },
-      name, doc);
+template <auto fn, class Out, class R, class In, class... A>
+void enter_function(World& world, const Prototype& row, R (*)(World&, In, A...)) {
+  enter_call<Declared<R, Out>, In, A...>(world, row, [](World& its_world, const Value* v) {
+    auto bound = [&](In input, A... args) { return fn(its_world, input, args...); };
+    return call<R, In, A...>(bound, v, std::index_sequence_for<A...>{});
+  });
 }
 }  // namespace form_detail
 
+/// The row of a plain function: `R fn([World& world,] In input, A1, ...)`, with In and the Ai of
+/// types T*, const char*, integers or Value. Arity and type names come from the signature; a Value
+/// that is given may be declared as an `Out`.
+template <auto fn, class Out = void>
+constexpr Prototype function(const char* name, const char* usage, const char* doc = nullptr) {
+  return {kExpressions, name, usage, doc, [](World& world, const Prototype& row) {
+            form_detail::enter_function<fn, Out>(world, row, fn);
+          }};
+}
+
+/// Enters a form at once, where a file has no table yet.
+template <class D>
+void register_form(World& world, const char* doc = nullptr, const char* name = D::kName) {
+  register_lexp(world, std::make_unique<D>(), name, doc);
+}
+template <class D>
+void register_pure_form(World& world, const char* doc = nullptr) {
+  register_lexp(world, within_input(std::make_unique<D>()), D::kName, doc);
+}
 template <auto fn>
 void register_function(World& world, const char* name, const char* doc = nullptr) {
-  form_detail::register_fn<fn>(world, fn, name, doc);
+  Prototype row = function<fn>(name, nullptr, doc);
+  row.enter(world, row);
 }
 
 }  // namespace torvane

@@ -1,50 +1,67 @@
 #include "lexp/functions.h"
 
 #include "lexp/expressions.h"
+#include "lexp/offers.h"
 #include "support/depth.h"
 #include "support/messages.h"
 
 namespace torvane {
 
 namespace {
+
 thread_local DepthLimit call_depth{"the calls of defined functions are nested too deeply"};
-}
 
-void FuncExp::init(World& world, IRSlist* items) {
-  int wanted = func->params.count();
-  int count = items->length();
-  if (count != wanted) {
-    messages() << func->name << " requires " << wanted << " arguments. " << count << " found.\n";
-    return;
+// A call of a defined function. Its prototype stands in the factory under the function's name.
+class FuncExp : public LExp {
+ public:
+  explicit FuncExp(Func* function) : func(function) { own_reach = Reach::input; }
+  const char* name() const override { return func->name.c_str(); }
+  const char* doc() const override { return func->doc ? func->doc->c_str() : LExp::doc(); }
+  std::unique_ptr<LExp> copy() const override { return std::make_unique<FuncExp>(*this); }
+
+  void init(World& world, IRSlist* items) override {
+    int wanted = func->params.count();
+    int count = items->length();
+    if (count != wanted) {
+      messages() << func->name << " requires " << wanted << " arguments. " << count << " found.\n";
+      return;
+    }
+    for (IRSlist* item : items->items) args.append(get_exp(world, item));
   }
-  for (IRSlist* item : items->items) args.append(get_exp(world, item));
-}
 
-// From the last parameter to the first: an argument evaluated later sees those already bound.
-void FuncExp::bind_arguments(Value input, int input_type) {
-  // Kept: arguments-from-the-right
-  for (int i = func->params.count() - 1; i >= 0; --i) {
-    Var& param = *func->params[i];
-    param.push();
-    if (i < args.count() && args[i]) {
-      LExp& arg = *args[i].get();
-      param.assign(arg.eval(input, input_type), arg.out_type);
-    } else {
-      param.assign(Value(), kAnyType);
+  Value eval(Value input, int input_type) override {
+    if (func->body.empty()) return Value();
+    DepthGuard guard(call_depth);
+    if (!guard) return Value();
+    bind_arguments(input, input_type);
+    Value result;
+    for (const ExpPtr& exp : func->body) result = exp.eval(input, input_type);
+    for (const Ref<Var>& param : func->params) param->pop();
+    return result;
+  }
+
+  Array<ExpPtr> args;
+  Func* func;
+
+ protected:
+  Reach parts_reach() const override { return std::max(reach_of(args), func->reach); }
+
+ private:
+  // From the last parameter to the first: an argument evaluated later sees those already bound.
+  void bind_arguments(Value input, int input_type) {
+    // Kept: arguments-from-the-right
+    for (int i = func->params.count() - 1; i >= 0; --i) {
+      Var& param = *func->params[i];
+      param.push();
+      if (i < args.count() && args[i]) {
+        LExp& arg = *args[i].get();
+        param.assign(arg.eval(input, input_type), arg.out_type);
+      } else {
+        param.assign(Value(), kAnyType);
+      }
     }
   }
-}
-
-Value FuncExp::eval(Value input, int input_type) {
-  if (func->body.empty()) return Value();
-  DepthGuard guard(call_depth);
-  if (!guard) return Value();
-  bind_arguments(input, input_type);
-  Value result;
-  for (const ExpPtr& exp : func->body) result = exp.eval(input, input_type);
-  for (const Ref<Var>& param : func->params) param->pop();
-  return result;
-}
+};
 
 Value defun(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
@@ -65,5 +82,13 @@ Value defun(World& world, IRSlist* form) {
   if (registered) ours.functions.push_back(std::move(func));
   return Value();
 }
+
+constexpr Command kCommands[] = {
+    {"defun", defun, "(defun funcname ( [args] ) LExp LExp ...) define a function."},
+};
+
+}  // namespace
+
+constinit const Offer offers::functions{kCommands};
 
 }  // namespace torvane

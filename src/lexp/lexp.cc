@@ -20,15 +20,13 @@ const TypeTag lexp{"LExp*"};
 
 namespace {
 
-constexpr const char* kFamily = "LExp";
-
 // The depth also bounds how deep one compiled expression evaluates, copies and destroys itself.
 thread_local DepthLimit compile_depth{"LExp::get_exp: the forms are nested too deeply", 2000};
 
 ObjFactory& lexp_family(World& world) {
   ObjFactory*& family = expressions(world).family;
   if (!family)
-    family = world.families.add(kFamily, nullptr, [](Value prototype) {
+    family = world.families.add(kExpressions, nullptr, [](Value prototype) {
       LExp* exp = prototype.as<LExp>();
       return exp ? Value::of(exp->copy().release()) : Value();
     });
@@ -39,6 +37,10 @@ ObjFactory& lexp_family(World& world) {
   messages() << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
 }
 
+struct Expansion : Form<Expansion, CompExp> {
+  static constexpr const char* kName = "prog";
+};
+
 // All expressions that a macro's expansion holds, as one.
 [[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(World& world, const std::string& text) {
   Array<ExpPtr> exps;
@@ -48,7 +50,7 @@ ObjFactory& lexp_family(World& world) {
   }
   if (exps.empty()) return nullptr;
   if (exps.count() == 1) return exps[0].release();
-  auto all = within_input(std::make_unique<CompExp>());
+  auto all = within_input(std::make_unique<Expansion>());
   all->belong_to(world);
   all->exps = std::move(exps);
   return all;
@@ -171,7 +173,7 @@ bool register_lexp(World& world, std::unique_ptr<LExp> prototype, const char* na
   lexp_family(world);
   if (!name) name = prototype->name();
   if (!doc) doc = prototype->doc();
-  if (!world.families.add_proto(kFamily, name, Value::of(prototype.get()), doc)) return false;
+  if (!world.families.add_proto(kExpressions, name, Value::of(prototype.get()), doc)) return false;
   world.own(std::move(prototype));
   return true;
 }

@@ -137,10 +137,8 @@ class CompExp : public LExp {
  public:
   Array<ExpPtr> exps;
   void init(World& world, IRSlist* args) override;
-  /// As `prog`: all are evaluated with the input; the last result, or the input itself.
+  /// All are evaluated with the input; the last result, or the input itself.
   Value eval(Value input, int input_type) override;
-  const char* name() const override { return "prog"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<CompExp>(*this); }
 
  protected:
   Reach parts_reach() const override { return reach_of(exps); }
@@ -204,19 +202,15 @@ std::unique_ptr<Exp> within_input(std::unique_ptr<Exp> prototype) {
   prototype->own_reach = Reach::input;
   return prototype;
 }
+/// The family of all expressions' prototypes.
+inline constexpr const char* kExpressions = "LExp";
 /// Enters a prototype under its name (copied), with its text; a null name or text is taken from the
-/// prototype. This is how every module adds a form, and how `defun` adds a function. The world owns
-/// it.
+/// prototype. This is how the rows of the files' tables add forms, and `defun` a function. The
+/// world owns it.
 bool register_lexp(World& world, std::unique_ptr<LExp> prototype, const char* name = nullptr,
                    const char* doc = nullptr);
 /// The prototype of a head word, or null.
 LExp* find_lexp_proto(World& world, const char* name);
-
-/// The core forms, `declare-var`, `defun`, `eval`, `foreach` and the macro commands.
-void register_core_forms(World& world);
-void register_constant_forms(World& world);
-void register_string_forms(World& world);  ///< with word lists
-void register_integer_forms(World& world);
 
 /// The predicate behind a bare word in a pattern: a char* input equal to `text` without regard to
 /// case.

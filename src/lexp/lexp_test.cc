@@ -48,9 +48,9 @@ struct Numbered : Form<Numbered> {
 class LExpTest : public testing::Test {
  protected:
   LExpTest() {
-    register_form<ThingNumber>(run_.world());
-    register_form<Numbered>(run_.world());
-    register_function<add_up>(run_.world(), "add-up");
+    static constexpr Prototype kForms[] = {form<ThingNumber>(), form<Numbered>(),
+                                           function<add_up>("add-up", nullptr)};
+    Offer(kForms).enter(run_.world());
   }
   std::unique_ptr<LExp> compile(const char* text) {
     return LExp::get_exp_from_text(run_.world(), text);

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "shell/exec.h"
+#include "lexp/offers.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -184,11 +184,14 @@ namespace {
 
 struct CurrentToken : Adaptor<CurrentToken, SBnd, Value, const char*> {
   static constexpr const char* kName = "current-token";
+  static constexpr const char* kUsage =
+      "`(current-token)` the token in hand, in a condition of `sbnd`";
   Value step(SBnd& boundary) const { return boundary.current_token(); }
 };
 
 struct MatchedToken : Adaptor<MatchedToken, SBnd, Value, const char*> {
   static constexpr const char* kName = "token";
+  static constexpr const char* kUsage = "`(token n)` the token that first matched state n";
   void init(World& world, IRSlist* args) override {
     n_ = args->get_long_val();
     LAdaptor::init(world, args);
@@ -206,18 +209,17 @@ Value def_sentence_separator(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {{"def-sentence-separator", def_sentence_separator, nullptr}};
+constexpr Command kCommands[] = {{"def-sentence-separator", def_sentence_separator, nullptr,
+                                  "`(def-sentence-separator NAME)` a named sentence separator"}};
+
+constexpr Prototype kForms[] = {
+    form<SBnd>(),
+    form<CurrentToken>(),
+    form<MatchedToken>(),
+};
 
 }  // namespace
 
-void register_sentence_boundary_forms(World& world) {
-  register_form<SBnd>(world);
-  register_form<CurrentToken>(world);
-  register_form<MatchedToken>(world);
-}
-
-void register_sentence_separator(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::sentence_boundary{kForms, kCommands};
 
 }  // namespace torvane

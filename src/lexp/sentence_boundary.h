@@ -18,6 +18,9 @@ namespace torvane {
 class SBnd : public Form<SBnd> {
  public:
   static constexpr const char* kName = "sbnd";
+  static constexpr const char* kUsage =
+      "`(sbnd STATE ...)` reads tokens one by one: -1 while no sentence ends, else how many tokens "
+      "to give back";
   static constexpr int kMostStates = 32;
   static constexpr int kNoBoundary = -1;
 
@@ -96,10 +99,5 @@ inline constexpr TypeTag snt_sep{"SntSep*"};
 }
 template <>
 struct ValueTraits<SntSep> : TagOf<SntSep, tags::snt_sep> {};
-
-/// `sbnd`, `current-token`, `token`.
-void register_sentence_boundary_forms(World& world);
-/// `def-sentence-separator`.
-void register_sentence_separator(World& world);
 
 }  // namespace torvane

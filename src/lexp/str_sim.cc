@@ -1,5 +1,4 @@
-#include "lexp/str_sim.h"
-
+// How alike two words are, by the trigrams that they share.
 #include <algorithm>
 #include <array>
 #include <string>
@@ -7,6 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "lexp/form.h"
+#include "lexp/offers.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -42,8 +43,7 @@ const Trigrams& trigrams(std::string_view word) {
   return place->second;
 }
 
-}  // namespace
-
+// The Dice coefficient on the trigrams of two words, from 0 to 1000.
 int trigram_similarity(const char* a, const char* b) {
   const Trigrams& left = trigrams(a);
   const Trigrams& right = trigrams(b);
@@ -62,11 +62,26 @@ int trigram_similarity(const char* a, const char* b) {
   return total > 0 ? static_cast<int>(shared * 1000 / total) : 0;
 }
 
-Value StrSim::eval(Value input, int type) {
-  const char* left = a.eval(input, type).text();
-  const char* right = b.eval(input, type).text();
-  if (!left || !right) return Value::integer(!left && !right ? 1000 : 0);
-  return Value::integer(trigram_similarity(left, right));
-}
+class StrSim : public Form<StrSim, BinaryFunc> {
+ public:
+  static constexpr const char* kName = "str-sim";
+  static constexpr const char* kUsage =
+      "`(str-sim a b)` likeness of two words by trigrams, 0 to 1000";
+  StrSim() { out_type = type_id_of<int>(); }
+  Value eval(Value input, int type) override {
+    const char* left = a.eval(input, type).text();
+    const char* right = b.eval(input, type).text();
+    if (!left || !right) return Value::integer(!left && !right ? 1000 : 0);
+    return Value::integer(trigram_similarity(left, right));
+  }
+};
+
+constexpr Prototype kForms[] = {
+    form<StrSim>(),
+};
+
+}  // namespace
+
+constinit const Offer offers::str_sim{kForms};
 
 }  // namespace torvane

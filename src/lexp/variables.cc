@@ -9,14 +9,6 @@ namespace {
 
 constexpr int kGlobalScopeSize = 23;
 
-Ref<Var> var_for_copy(const VarExp& exp) {
-  const Ref<Var>& old = exp.var;
-  if (!old) return old;
-  Var* visible = exp.scopes().find(old->name.c_str());
-  if (!visible) messages() << "Variable " << old->name << " is not defined.\n";
-  return visible && visible->stands_for == old.get() ? Ref<Var>(visible) : old;
-}
-
 }  // namespace
 
 void Var::pop() {
@@ -79,98 +71,6 @@ Array<Ref<Var>> Scopes::declare_all(const IRSlist& list) {
     vars.back()->local = true;
   }
   return vars;
-}
-
-Value declare_var_command(World& world, IRSlist* form) {
-  Expressions& ours = expressions(world);
-  if (const char* name = form->get_str_val())
-    ours.scopes.declare(name, ours.types.id(form->get_str_val()));
-  return Value();
-}
-
-Scopes& VarExp::scopes() const {
-  return expressions(world()).scopes;
-}
-
-VarExp::VarExp(const VarExp& other) : LExp(other), var(var_for_copy(other)), sub(other.sub) {}
-
-void VarExp::bind(const char* var_name) {
-  var = Ref<Var>(scopes().find(var_name));
-  own_reach = var && !var->local ? Reach::variables : Reach::input;
-}
-
-void AssignVar::init(World& world, IRSlist* args) {
-  const char* var_name = args->get_str_val();
-  sub = get_exp(world, args->nth(0));
-  if (sub) in_type = out_type = sub->out_type;
-  bind(var_name);
-  if (!var) {
-    messages() << "(setq ... ): the variable " << or_empty(var_name) << " is not defined\n";
-  }
-}
-
-Value AssignVar::eval(Value input, int input_type) {
-  Value value = input;
-  if (sub) {
-    value = sub->eval(input, input_type);
-    input_type = sub->out_type;
-  }
-  if (var) var->assign(value, input_type);
-  return value;
-}
-
-void GetVarVal::init(World& world, IRSlist* args) {
-  const char* var_name = args->get_str_val();
-  bind(var_name);
-  if (var) {
-    out_type = var->type;
-  } else {
-    messages() << "(get-val ... ): the variable " << or_empty(var_name) << " is not defined\n";
-  }
-  sub = get_exp(world, args->nth(0));
-}
-
-Value GetVarVal::eval(Value, int) {
-  Value value = var ? var->value.get() : Value();
-  return sub ? sub->eval(value, var ? var->type : kAnyType) : value;
-}
-
-std::unique_ptr<LExp> LetExp::copy() const {
-  auto fresh = std::make_unique<LetExp>();
-  fresh->in_type = in_type;
-  fresh->out_type = out_type;
-  fresh->own_reach = own_reach;
-  fresh->belong_to(world());
-  Scopes& scopes = expressions(world()).scopes;
-  scopes.push(vars.empty() ? -1 : vars.count());
-  ++scopes.let_copies;
-  for (const Ref<Var>& var : vars) {
-    Ref<Var> own = scopes.declare(var->name.empty() ? nullptr : var->name.c_str(), var->type);
-    own->local = true;
-    own->stands_for = var.get();
-    fresh->vars.append(own);
-  }
-  fresh->exps = exps;
-  --scopes.let_copies;
-  scopes.pop();
-  return fresh;
-}
-
-void LetExp::init(World& world, IRSlist* args) {
-  std::unique_ptr<IRSlist> list = args->pop_front();
-  Scopes& scopes = expressions(world).scopes;
-  scopes.push(list ? list->length() : 0);
-  if (list) vars = scopes.declare_all(*list);
-  CompExp::init(world, args);
-  if (list) args->push_front(std::move(list));
-  scopes.pop();
-}
-
-Value LetExp::eval(Value input, int input_type) {
-  for (const Ref<Var>& var : vars) var->push();
-  Value result = CompExp::eval(input, input_type);
-  for (const Ref<Var>& var : vars) var->pop();
-  return result;
 }
 
 }  // namespace torvane

@@ -84,48 +84,4 @@ class Scopes {
   Array<std::unique_ptr<Scope>> stack_{10};
 };
 
-/// `(declare-var NAME [TYPE])`
-Value declare_var_command(World& world, IRSlist* form);
-
-class VarExp : public LExp {
- public:
-  VarExp() = default;
-  /// A copy inside a copied `let` binds to the copy's variable, any other shares the old one.
-  VarExp(const VarExp& other);
-  Scopes& scopes() const;
-
-  Ref<Var> var;
-  ExpPtr sub;
-
- protected:
-  void bind(const char* var_name);
-  Reach parts_reach() const override { return sub.reach(); }
-};
-
-class AssignVar : public VarExp {
- public:
-  const char* name() const override { return "setq"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<AssignVar>(*this); }
-  void init(World& world, IRSlist* args) override;
-  Value eval(Value input, int input_type) override;
-};
-
-class GetVarVal : public VarExp {
- public:
-  const char* name() const override { return "get-val"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<GetVarVal>(*this); }
-  void init(World& world, IRSlist* args) override;
-  Value eval(Value input, int input_type) override;
-};
-
-class LetExp : public CompExp {
- public:
-  const char* name() const override { return "let"; }
-  std::unique_ptr<LExp> copy() const override;
-  void init(World& world, IRSlist* args) override;
-  Value eval(Value input, int input_type) override;
-
-  Array<Ref<Var>> vars;
-};
-
 }  // namespace torvane

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "shell/exec.h"
+#include "lexp/offers.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
@@ -122,8 +122,6 @@ void WordList::add_items(World& world, const IRSlist& items) {
   }
 }
 
-void register_word_list_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::word_list{kCommands};
 
 }  // namespace torvane

@@ -60,7 +60,4 @@ struct ValueTraits<WordList> : TagOf<WordList, tags::word_list> {};
 /// The type under which a named word list stands.
 inline constexpr const char* kWordListType = "THashTableWithOrd<const char*, const char*>";
 
-/// `make-word-list` and `add-to-word-list`
-void register_word_list_commands(World& world);
-
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/offers.h"
 #include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/depth.h"
@@ -70,7 +71,7 @@ Exec::Exec(World& its_world, std::unique_ptr<TokenizerBase> given, char open, ch
       own_tokenizer_(std::move(given)) {
   if (!own_tokenizer_) own_tokenizer_ = Tokenizer::make_default(false);
   tokenizer = own_tokenizer_.get();
-  define(builtin_commands());
+  define(offers::shell_commands.commands);
 }
 
 void Exec::define(const char* name, Handler handler, const char* doc) {

@@ -26,7 +26,8 @@ using Handler = Value (*)(World& world, IRSlist* form);
 struct Command {
   const char* name;
   Handler handler;
-  const char* doc;  ///< what `help` prints; null for none
+  const char* doc;              ///< what `help` prints; null for none
+  const char* usage = nullptr;  ///< a line for the reference; null where the text says enough
 };
 
 class Exec {
@@ -86,11 +87,5 @@ class Exec {
   bool refusing_ = false;
   std::size_t refuse_above_ = 0;
 };
-
-/// `load`, `exit`, `quote`, `echo`, `help`, `?`, `system`, `show-commands`, `set-search-path`:
-/// every Exec has these.
-std::span<const Command> builtin_commands();
-
-void register_tokenizer_commands(World& world);
 
 }  // namespace torvane

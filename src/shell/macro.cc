@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "shell/offers.h"
 #include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/array.h"
@@ -165,8 +166,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_macro_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::macro{kCommands};
 
 }  // namespace torvane

@@ -53,7 +53,4 @@ class ExpansionScope {
   std::size_t room_before_;
 };
 
-/// `defmacro` and `debug-macro`.
-void register_macro_commands(World& world);
-
 }  // namespace torvane

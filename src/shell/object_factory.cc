@@ -1,5 +1,6 @@
 #include "shell/object_factory.h"
 
+#include "shell/offers.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/regexp.h"
@@ -31,6 +32,11 @@ ObjFactory* Families::add(const char* family, const char* title, ObjFactory::Mak
   return table_.insert(family, std::make_unique<ObjFactory>(maker), title)->value.get();
 }
 
+ObjFactory& Families::open(const char* family, const char* title, ObjFactory::Maker maker) {
+  ObjFactory* there = find(family);
+  return there ? *there : *add(family, title, maker);
+}
+
 ObjFactory* Families::find(const char* name) const {
   const auto* entry = table_.find(name);
   return entry ? entry->value.get() : nullptr;
@@ -60,8 +66,6 @@ void Families::list_objects(std::ostream& out, const char* object_regexp,
   });
 }
 
-void register_object_factory_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::object_factory{kCommands};
 
 }  // namespace torvane

@@ -28,6 +28,8 @@ class Families {
   Families() : table_(1979) {}
   /// Adds a family; the title (may be null) is its documentation.
   ObjFactory* add(const char* family, const char* title, ObjFactory::Maker maker);
+  /// The family; it is added if it is not there.
+  ObjFactory& open(const char* family, const char* title, ObjFactory::Maker maker);
   /// The family, or null.
   ObjFactory* find(const char* name) const;
   /// Enters a prototype into a family; who owns it keeps it as long as the world. A duplicate is
@@ -42,8 +44,5 @@ class Families {
  private:
   NameTable<std::unique_ptr<ObjFactory>> table_;
 };
-
-/// `classes` and `objects`.
-void register_object_factory_commands(World& world);
 
 }  // namespace torvane

@@ -1,9 +1,10 @@
+// The commands of the interpreter itself.
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
 
-#include "shell/exec.h"
 #include "shell/file_search.h"
+#include "shell/offers.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -107,8 +108,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> builtin_commands() {
-  return kCommands;
-}
+constinit const Offer offers::shell_commands{kCommands};
 
 }  // namespace torvane

@@ -1,7 +1,8 @@
+// The commands that make tokenizers and try them out.
 #include <iostream>
 
-#include "shell/exec.h"
 #include "shell/named_objects.h"
+#include "shell/offers.h"
 #include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -129,8 +130,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_tokenizer_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::tokenizer_commands{kCommands};
 
 }  // namespace torvane

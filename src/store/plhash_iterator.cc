@@ -1,3 +1,4 @@
+// The walk over all entries of a cached store.
 #include "store/plhash.h"
 
 namespace torvane {

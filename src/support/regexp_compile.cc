@@ -1,3 +1,4 @@
+// Regular expressions: from the text of one to its program.
 #include <cstdlib>
 #include <cstring>
 

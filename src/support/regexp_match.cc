@@ -1,3 +1,4 @@
+// Regular expressions: running a program over a text.
 #include <cstring>
 
 #include "support/messages.h"

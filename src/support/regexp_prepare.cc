@@ -1,3 +1,4 @@
+// Regular expressions: what is found out about a program before it runs.
 #include <cstring>
 #include <optional>
 

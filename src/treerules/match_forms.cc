@@ -1,55 +1,108 @@
-// What an action does to the nodes of a dependency tree, and prints of its match.
+// What an action does with its match: `match` leads to the node of a part, and its like.
 #include "deps/chunks.h"
 #include "deps/deps.h"
 #include "deps/print_text.h"
 #include "lexp/form.h"
 #include "shell/world.h"
 #include "support/messages.h"
-#include "treerules/tree_edits.h"
+#include "support/text.h"
+#include "treerules/offers.h"
 #include "treerules/tree_match.h"
+#include "treerules/tree_patterns.h"
 
 namespace torvane {
 namespace {
 
-template <auto setter>
-DepTree* set_text(TreeMatch*, RSTree* tree, const char* text) {
-  DepTree* node = dep_tree_of(tree);
-  if (node) (node->*setter)(text);
-  return node;
-}
-
-void put_in_place_of(DepTree& old, DepTree& fresh) {
-  if (old._parent) {
-    old.insert_before(&fresh);
-    old.detach();
-    return;
+/// Child numbers that lead down a match, from 1.
+class MatchPath {
+ public:
+  void take(IRSlist* args) {
+    while (const char* text = args->nth_str_val(0)) {
+      long n = 0;
+      scan_long(text, n);
+      numbers_.append(n);
+      args->pop_front();
+    }
   }
-  fresh.detach();
-  if (old._deps->_root == &old) old._deps->set_root(&fresh);
-}
-
-/// Head and dependent change places; the dependent's other children stay with it. The top that
-/// only holds the trees of a sentence is nobody's head.
-DepTree* invert_dep(TreeMatch* match, RSTree* tree) {
-  DepTree* node = dep_tree_of(tree);
-  if (!node) return nullptr;
-  DepTree* parent = node->parent();
-  if (!parent || parent->is_holder() || (match && match->node == node)) {
-    messages()
-        << "The dependency relationship between the root node of a tree match and its parent "
-           "cannot be inverted\n";
-    return nullptr;
+  /// Null, reported, if the path leads nowhere.
+  TreeMatch* follow(TreeMatch* match) const {
+    for (long n : numbers_) {
+      match = match->child(n);
+      if (match) continue;
+      messages() << "(match ...) resulted in nil\n";
+      return nullptr;
+    }
+    return match;
   }
-  put_in_place_of(*parent, *node);
-  node->add_child(parent);
-  return node;
-}
 
-bool pre_head(TreeMatch*, RSTree* tree) {
-  const DepTree* node = dep_tree_of(tree);
-  const DepTree* parent = node ? node->parent() : nullptr;
-  return parent && node->order() < parent->order();
-}
+ private:
+  Array<long> numbers_;
+};
+
+/// `(match N ... N)`; what follows the numbers is evaluated on the node.
+class MatchNode : public Form<MatchNode, CompExp> {
+ public:
+  static constexpr const char* kName = "match";
+  static constexpr const char* kUsage =
+      "`(match n ... n [exp])` the node of a part of the match: the nth child of the nth child "
+      "...; without numbers the top's. What `exp` gives on it";
+  MatchNode() {
+    in_type = type_id_of<TreeMatch>();
+    out_type = type_id_of<RSTree>();
+  }
+  void init(World& world, IRSlist* args) override {
+    path_.take(args);
+    CompExp::init(world, args);
+    if (!exps.empty()) out_type = exps.back()->out_type;
+  }
+  Value eval(Value input, int type) override {
+    if (!accepts(type)) return Value();
+    auto* match = input.as<TreeMatch>();
+    if (match) match = path_.follow(match);
+    if (!match) return Value();
+    return CompExp::eval(Value::of(match->node), type_id_of<RSTree>());
+  }
+
+ private:
+  MatchPath path_;
+};
+
+class ForAllMatches : public Form<ForAllMatches> {
+ public:
+  static constexpr const char* kName = "forall-subtree-matches";
+  static constexpr const char* kUsage =
+      "`(forall-subtree-matches var n ... n exp)` evaluates `exp` with `var` bound to each node of "
+      "a part of the match in turn; 1 if all gave something";
+  ForAllMatches() {
+    in_type = type_id_of<TreeMatch>();
+    out_type = type_id_of<int>();
+  }
+  void init(World& world, IRSlist* args) override {
+    if (const char* name = args->get_str_val()) var_ = node_variable(world, name);
+    path_.take(args);
+    body_ = get_exp(world, args->nth(0));
+  }
+  Value eval(Value input, int type) override {
+    if (!accepts(type)) return Value();
+    auto* top = input.as<TreeMatch>();
+    if (top) top = path_.follow(top);
+    if (!top) return Value();
+    bool all = true;
+    Round round;
+    top->for_each([&](const TreeMatch& match) {
+      if (!match.node) return;
+      if (var_) var_->assign(Value::of(match.node), type_id_of<RSTree>());
+      if (!body_.eval(Value::integer(1), kAnyType)) all = false;
+      round.next();
+    });
+    return Value::truth(all);
+  }
+
+ private:
+  MatchPath path_;
+  Ref<Var> var_;
+  ExpPtr body_;
+};
 
 TreeMatch* print_attachment_points(World& world, TreeMatch* match) {
   const DepTree* site = match ? dep_tree_of(match->node) : nullptr;
@@ -75,19 +128,22 @@ TreeMatch* get_chunk(World& world, TreeMatch* match) {
 
 struct GetChunk : Adaptor<GetChunk, TreeMatch, TreeMatch*> {
   static constexpr const char* kName = "get-chunk";
+  static constexpr const char* kUsage =
+      "`(get-chunk [exp])` prints the chunks of the sentence in which the match stands";
   TreeMatch* step(TreeMatch& match) const { return get_chunk(world(), &match); }
+};
+
+constexpr Prototype kForms[] = {
+    form<MatchNode>(),
+    form<ForAllMatches>(),
+    function<print_attachment_points>(
+        "print-attachment-points",
+        "`(print-attachment-points)` the words of the match's node, then one line for each site"),
+    form<GetChunk>(),
 };
 
 }  // namespace
 
-void register_match_forms(World& world) {
-  register_function<set_text<&DepTree::set_rel>>(world, "set-rel");
-  register_function<set_text<&DepTree::set_cat>>(world, "set-cat");
-  register_function<set_text<&DepTree::set_root_word>>(world, "set-root");
-  register_function<invert_dep>(world, "invert-dep");
-  register_function<pre_head>(world, "pre-head");
-  register_function<print_attachment_points>(world, "print-attachment-points");
-  register_form<GetChunk>(world);
-}
+constinit const Offer offers::match_forms{kForms};
 
 }  // namespace torvane

@@ -1,7 +1,9 @@
 #include "treerules/tree_conditions.h"
 
+#include "deps/deps.h"
 #include "deps/tree_walk.h"
 #include "treerules/child_walk.h"
+#include "treerules/offers.h"
 #include "treerules/tree_match.h"
 
 namespace torvane {
@@ -10,6 +12,8 @@ namespace {
 class ExistChild : public Form<ExistChild, RTCond> {
  public:
   static constexpr const char* kName = "exist-child";
+  static constexpr const char* kUsage =
+      "`(exist-child [exp])` the first child on which the expression holds";
   void init(World& world, IRSlist* args) override { cond = get_exp(world, args->nth(0)); }
 
   ExpPtr cond;
@@ -25,6 +29,8 @@ class ExistChild : public Form<ExistChild, RTCond> {
 class AllChildren : public Form<AllChildren, ExistChild> {
  public:
   static constexpr const char* kName = "all-children";
+  static constexpr const char* kUsage =
+      "`(all-children [exp])` the node if the expression holds on all its children";
 
  protected:
   Value test(RSTree* tree) override {
@@ -38,6 +44,9 @@ class AllChildren : public Form<AllChildren, ExistChild> {
 class NumChildren : public Form<NumChildren, ExistChild> {
  public:
   static constexpr const char* kName = "num-children";
+  static constexpr const char* kUsage =
+      "`(num-children [exp])` how many children the node has, or how many on which the expression "
+      "holds";
   NumChildren() { out_type = type_id_of<int>(); }
 
  protected:
@@ -51,6 +60,9 @@ class NumChildren : public Form<NumChildren, ExistChild> {
 class SelfOrExistAncestor : public Form<SelfOrExistAncestor, ExistChild> {
  public:
   static constexpr const char* kName = "self-or-exist-ancestor";
+  static constexpr const char* kUsage =
+      "`(self-or-exist-ancestor exp)` the first node, from the node upwards, on which the "
+      "expression holds";
 
  protected:
   Value test(RSTree* tree) override {
@@ -79,6 +91,9 @@ class ExistDecendent : public Form<ExistDecendent, BlockedCond> {
  public:
   // Kept: exist-decendent
   static constexpr const char* kName = "exist-decendent";
+  static constexpr const char* kUsage =
+      "`(exist-decendent exp [block])` the first node of the subtree, the node itself included, on "
+      "which the expression holds; what stands below a node that passes `block` is passed over";
 
  protected:
   Value test(RSTree* tree) override {
@@ -99,6 +114,9 @@ class ExistDecendent : public Form<ExistDecendent, BlockedCond> {
 class ExistCCmd : public Form<ExistCCmd, BlockedCond> {
  public:
   static constexpr const char* kName = "exist-c-commander";
+  static constexpr const char* kUsage =
+      "`(exist-c-commander exp [block])` the first node among the children of the node and of what "
+      "stands above it; a node above that passes `block` ends the search";
 
  protected:
   Value test(RSTree* tree) override { return search(tree, false); }
@@ -119,6 +137,8 @@ class ExistCCmd : public Form<ExistCCmd, BlockedCond> {
 class ExistCCmdOrAncestor : public Form<ExistCCmdOrAncestor, ExistCCmd> {
  public:
   static constexpr const char* kName = "exist-c-commander-or-ancestor";
+  static constexpr const char* kUsage =
+      "`(exist-c-commander-or-ancestor exp [block])` the same, the nodes above themselves included";
 
  protected:
   Value test(RSTree* tree) override { return search(tree, true); }
@@ -128,6 +148,9 @@ class ExistCCmdOrAncestor : public Form<ExistCCmdOrAncestor, ExistCCmd> {
 class ExistMatch : public Form<ExistMatch, ExistChild> {
  public:
   static constexpr const char* kName = "exist-match";
+  static constexpr const char* kUsage =
+      "`(exist-match pattern [:action exp])` the node, if the pattern matches in its subtree; the "
+      "action runs on the first match";
   void init(World& world, IRSlist* args) override {
     action = get_exp(world, args->take_keyword_node(":action").get());
     ExistChild::init(world, args);
@@ -151,6 +174,8 @@ class ExistMatch : public Form<ExistMatch, ExistChild> {
 class FirstChild : public Form<FirstChild, RTCond> {
  public:
   static constexpr const char* kName = "first-child";
+  static constexpr const char* kUsage =
+      "`(first-child)` the node if it is the first child, or a root";
 
  protected:
   Value test(RSTree* tree) override {
@@ -162,6 +187,8 @@ class FirstChild : public Form<FirstChild, RTCond> {
 class LastChild : public Form<LastChild, RTCond> {
  public:
   static constexpr const char* kName = "last-child";
+  static constexpr const char* kUsage =
+      "`(last-child)` the node if it is the last child, or a root";
 
  protected:
   Value test(RSTree* tree) override {
@@ -173,6 +200,8 @@ class LastChild : public Form<LastChild, RTCond> {
 class AncestorOf : public Form<AncestorOf, BinaryFunc> {
  public:
   static constexpr const char* kName = "ancestor-of";
+  static constexpr const char* kUsage =
+      "`(ancestor-of a b)` 1 if the node of `a` stands above that of `b`";
   AncestorOf() { out_type = type_id_of<int>(); }
 
   Value eval(Value input, int type) override {
@@ -182,20 +211,30 @@ class AncestorOf : public Form<AncestorOf, BinaryFunc> {
   }
 };
 
+bool pre_head(TreeMatch*, RSTree* tree) {
+  const DepTree* node = dep_tree_of(tree);
+  const DepTree* parent = node ? node->parent() : nullptr;
+  return parent && node->order() < parent->order();
+}
+
+constexpr Prototype kForms[] = {
+    form<ExistChild>(),
+    form<AllChildren>(),
+    form<NumChildren>(),
+    form<SelfOrExistAncestor>(),
+    form<ExistDecendent>(),
+    form<ExistCCmd>(),
+    form<ExistCCmdOrAncestor>(),
+    form<ExistMatch>(),
+    form<FirstChild>(),
+    form<LastChild>(),
+    form<AncestorOf>(),
+    function<pre_head>("pre-head",
+                       "`(pre-head node)` 1 if the node stands before its parent in the sentence"),
+};
+
 }  // namespace
 
-void register_tree_conditions(World& world) {
-  register_form<ExistChild>(world);
-  register_form<AllChildren>(world);
-  register_form<NumChildren>(world);
-  register_form<SelfOrExistAncestor>(world);
-  register_form<ExistDecendent>(world);
-  register_form<ExistCCmd>(world);
-  register_form<ExistCCmdOrAncestor>(world);
-  register_form<ExistMatch>(world);
-  register_form<FirstChild>(world);
-  register_form<LastChild>(world);
-  register_form<AncestorOf>(world);
-}
+constinit const Offer offers::tree_conditions{kForms};
 
 }  // namespace torvane

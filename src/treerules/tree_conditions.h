@@ -27,7 +27,4 @@ class RTCond : public LExp {
   }
 };
 
-/// The conditions, and `exist-match`.
-void register_tree_conditions(World& world);
-
 }  // namespace torvane

@@ -5,6 +5,7 @@
 #include "deps/deps.h"
 #include "lexp/form.h"
 #include "support/messages.h"
+#include "treerules/offers.h"
 #include "treerules/tree_match.h"
 #include "treerules/tree_rules.h"
 
@@ -120,57 +121,58 @@ Value inherit_children(TreeMatch* match, RSTree* node) {
   return Value::of(node);
 }
 
+constexpr Prototype kForms[] = {
+    function<inherit_children>(
+        "inherit-children", nullptr,
+        "(inherit-children <node>) make the siblings of <node> its children"),
+    function<adopt_following>(
+        "adopt-following", nullptr,
+        "(adopt-following <node>) make the siblings after node the children \n"
+        "of <node>. For example:\n"
+        "(A (B)          (adopt-following C)  (A (B)     \n"
+        "   (C (D))\t\t==>\t        (C (D)\n"
+        "   (E)\t\t\t\t           (E)   \n"
+        "   (F (G)))\t\t\t           (F (G))))\n"),
+    function<insert_before>("insert-before", nullptr,
+                            "(insert-before <node> <anchor>) insert <node> before <anchor>:\n"
+                            "(A (B)          (insert-before C G)  (A (B)     \n"
+                            "   (C (D))\t\t==>\t        (E)\n"
+                            "   (E)\t\t\t\t        (F (C (D))\n"
+                            "   (F (G)))\t\t\t           (G)))\n"),
+    // Kept: insert-after-doc
+    function<insert_after>("insert-after", nullptr,
+                           "(insert-after <node> <anchor>) insert <node> after <anchor>:\n"
+                           "(A (B)          (insert-before C G)  (A (B)     \n"
+                           "   (C (D))\t\t==>\t        (E)\n"
+                           "   (E)\t\t\t\t        (F (G)\n"
+                           "   (F (G)))\t\t\t           (C (D))))\n"),
+    function<insert_node>("insert-node", nullptr,
+                          "(insert-node <node> <parent>) insert <node> as the first \n"
+                          "child of <parent>. For example:\n"
+                          "(A (B)          (insert-node A F)  (A (F (G))\n"
+                          "   (C (D))\t\t==>\t      (B)\n"
+                          "   (E)\t\t\t\t      (C (D))\n"
+                          "   (F (G)))\t\t\t      (E))\n"),
+    function<append_node>("append-node", nullptr,
+                          "(append-node <node> <parent>) append <node> as the last \n"
+                          "child of <parent>. For example:\n"
+                          "(A (B)          (append-node C G)  (A (B)\n"
+                          "   (C (D))\t\t==>\t      (C (D)\n"
+                          "   (E)\t\t\t\t         (G))\n"
+                          "   (F (G)))\t\t\t      (E)\n"
+                          "                                      (F))\n"),
+    // Kept: detatch-node
+    function<detach_node>("detach-node", nullptr,
+                          "(detatch-node <node>) detach the subtree rooted at <node> \n"
+                          "from its parent. The detached subtree is returned. For example:\n"
+                          "(A (B)          (detach-node C)  (A (B)\n"
+                          "   (C (D))\t\t==>\t    (E)\n"
+                          "   (E)\t\t\t\t    (F (G)))\n"
+                          "   (F (G)))\n"),
+};
+
 }  // namespace
 
-void register_tree_edits(World& world) {
-  register_function<inherit_children>(
-      world, "inherit-children",
-      "(inherit-children <node>) make the siblings of <node> its children");
-  register_function<adopt_following>(
-      world, "adopt-following",
-      "(adopt-following <node>) make the siblings after node the children \n"
-      "of <node>. For example:\n"
-      "(A (B)          (adopt-following C)  (A (B)     \n"
-      "   (C (D))\t\t==>\t        (C (D)\n"
-      "   (E)\t\t\t\t           (E)   \n"
-      "   (F (G)))\t\t\t           (F (G))))\n");
-  register_function<insert_before>(
-      world, "insert-before",
-      "(insert-before <node> <anchor>) insert <node> before <anchor>:\n"
-      "(A (B)          (insert-before C G)  (A (B)     \n"
-      "   (C (D))\t\t==>\t        (E)\n"
-      "   (E)\t\t\t\t        (F (C (D))\n"
-      "   (F (G)))\t\t\t           (G)))\n");
-  // Kept: insert-after-doc
-  register_function<insert_after>(world, "insert-after",
-                                  "(insert-after <node> <anchor>) insert <node> after <anchor>:\n"
-                                  "(A (B)          (insert-before C G)  (A (B)     \n"
-                                  "   (C (D))\t\t==>\t        (E)\n"
-                                  "   (E)\t\t\t\t        (F (G)\n"
-                                  "   (F (G)))\t\t\t           (C (D))))\n");
-  register_function<insert_node>(world, "insert-node",
-                                 "(insert-node <node> <parent>) insert <node> as the first \n"
-                                 "child of <parent>. For example:\n"
-                                 "(A (B)          (insert-node A F)  (A (F (G))\n"
-                                 "   (C (D))\t\t==>\t      (B)\n"
-                                 "   (E)\t\t\t\t      (C (D))\n"
-                                 "   (F (G)))\t\t\t      (E))\n");
-  register_function<append_node>(world, "append-node",
-                                 "(append-node <node> <parent>) append <node> as the last \n"
-                                 "child of <parent>. For example:\n"
-                                 "(A (B)          (append-node C G)  (A (B)\n"
-                                 "   (C (D))\t\t==>\t      (C (D)\n"
-                                 "   (E)\t\t\t\t         (G))\n"
-                                 "   (F (G)))\t\t\t      (E)\n"
-                                 "                                      (F))\n");
-  // Kept: detatch-node
-  register_function<detach_node>(world, "detach-node",
-                                 "(detatch-node <node>) detach the subtree rooted at <node> \n"
-                                 "from its parent. The detached subtree is returned. For example:\n"
-                                 "(A (B)          (detach-node C)  (A (B)\n"
-                                 "   (C (D))\t\t==>\t    (E)\n"
-                                 "   (E)\t\t\t\t    (F (G)))\n"
-                                 "   (F (G)))\n");
-}
+constinit const Offer offers::tree_edits{kForms};
 
 }  // namespace torvane

@@ -1,13 +1,10 @@
 #include "treerules/tree_modifier.h"
 
 #include "deps/deps.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "support/depth.h"
-#include "treerules/tree_conditions.h"
-#include "treerules/tree_edits.h"
-#include "treerules/tree_patterns.h"
+#include "treerules/offers.h"
 
 namespace torvane {
 namespace {
@@ -103,13 +100,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_tree_rules(World& world) {
-  world.interpreter.define(kCommands);
-  register_tree_patterns(world);
-  register_tree_conditions(world);
-  register_tree_edits(world);
-  register_node_selectors(world);
-  register_match_forms(world);
-}
+constinit const Offer offers::tree_modifier{kCommands};
 
 }  // namespace torvane

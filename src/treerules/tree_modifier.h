@@ -41,7 +41,4 @@ void clear_rules(TreeModifier& rules);
 /// Does nothing for a null list or tree.
 void apply_rules(TreeModifier* rules, RSTree* tree);
 
-/// The commands and all forms of tree rules.
-void register_tree_rules(World& world);
-
 }  // namespace torvane

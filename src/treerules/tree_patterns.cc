@@ -5,6 +5,7 @@
 #include "lexp/expressions.h"
 #include "support/messages.h"
 #include "treerules/child_walk.h"
+#include "treerules/offers.h"
 
 namespace torvane {
 
@@ -41,6 +42,8 @@ namespace {
 class NodeCond : public Form<NodeCond, RTPat> {
  public:
   static constexpr const char* kName = "node";
+  static constexpr const char* kUsage =
+      "`(node [var] [exp])` a pattern for one node on which the expression holds";
   void init(World& world, IRSlist* args) override {
     take_var(world, args);
     cond_ = get_exp(world, args->nth(0));
@@ -61,6 +64,7 @@ class NodeCond : public Form<NodeCond, RTPat> {
 class LeafCond : public Form<LeafCond, RTPat> {
  public:
   static constexpr const char* kName = "is-leaf";
+  static constexpr const char* kUsage = "`(is-leaf)` the node if it has no children";
   LeafCond() { out_type = in_type; }
   // Kept: is-leaf-argument
   void init(World& world, IRSlist* args) override { get_exp(world, args->nth(0)); }
@@ -72,6 +76,8 @@ class LeafCond : public Form<LeafCond, RTPat> {
 class OptRTPat : public Form<OptRTPat, RTPat> {
  public:
   static constexpr const char* kName = "t?";
+  static constexpr const char* kUsage =
+      "`(t? pattern)` as the pattern, where the form around does without it";
   OptRTPat() { optional = true; }
   void init(World& world, IRSlist* args) override {
     cond = get_exp(world, args->nth(0));
@@ -88,6 +94,8 @@ class OptRTPat : public Form<OptRTPat, RTPat> {
 class PlusRTPat : public Form<PlusRTPat, OptRTPat> {
  public:
   static constexpr const char* kName = "t+";
+  static constexpr const char* kUsage =
+      "`(t+ pattern)` a pattern for a chain of nodes that all match, as far down as it goes";
   PlusRTPat() { optional = false; }
 
  protected:
@@ -118,6 +126,8 @@ class PlusRTPat : public Form<PlusRTPat, OptRTPat> {
 class StarRTPat : public Form<StarRTPat, PlusRTPat> {
  public:
   static constexpr const char* kName = "t*";
+  static constexpr const char* kUsage =
+      "`(t* pattern)` as `t+`, where the form around does without it";
   StarRTPat() { optional = true; }
 };
 
@@ -125,6 +135,9 @@ class StarRTPat : public Form<StarRTPat, PlusRTPat> {
 class BranchCond : public Form<BranchCond, RTPat> {
  public:
   static constexpr const char* kName = "tree";
+  static constexpr const char* kUsage =
+      "`(tree [var] head pattern ... pattern)` a pattern for a node on which `head` holds and a "
+      "different child for each pattern, in any order";
   void init(World& world, IRSlist* args) override;
 
   Array<SubPattern> subs;
@@ -180,6 +193,9 @@ TreeMatch* match_from(ChildWalk& cursor, const SubPattern& sub) {
 class BranchUCond : public Form<BranchUCond, BranchCond> {
  public:
   static constexpr const char* kName = "treeu";
+  static constexpr const char* kUsage =
+      "`(treeu [var] head pattern ... pattern)` as `tree`, the children in order; what finds none "
+      "after the first is passed over";
 
  protected:
   bool match_children(RSTree* tree, TreeMatch* match) override {
@@ -203,6 +219,8 @@ class BranchUCond : public Form<BranchUCond, BranchCond> {
 class BranchQCond : public Form<BranchQCond, BranchCond> {
  public:
   static constexpr const char* kName = "treeq";
+  static constexpr const char* kUsage =
+      "`(treeq [var] head pattern ... pattern)` as `tree`, the children in order";
 
  protected:
   bool match_children(RSTree* tree, TreeMatch* match) override {
@@ -221,6 +239,8 @@ class BranchQCond : public Form<BranchQCond, BranchCond> {
 class PathCond : public Form<PathCond, RTPat> {
  public:
   static constexpr const char* kName = "path";
+  static constexpr const char* kUsage =
+      "`(path pattern ... pattern)` a pattern for a line of nodes, each a child of the one before";
   void init(World& world, IRSlist* args) override {
     for (IRSlist* item : args->items) {
       auto exp = get_exp(world, item);
@@ -260,6 +280,10 @@ class PathCond : public Form<PathCond, RTPat> {
 class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
  public:
   static constexpr const char* kName = "attachment-points";
+  static constexpr const char* kUsage =
+      "`(attachment-points self site pass)` a match of the node with those of the sites to which "
+      "it could attach: its parent and what stands above it, then the right edge of the sibling "
+      "before it; the way goes on where `pass` holds, and a site counts where `site` holds";
   void init(World& world, IRSlist* args) override {
     self = get_exp(world, args->nth(0));
     site = get_exp(world, args->nth(1));
@@ -298,19 +322,14 @@ class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<NodeCond>(),  form<LeafCond>(),         form<OptRTPat>(),    form<PlusRTPat>(),
+    form<StarRTPat>(), form<BranchCond>(),       form<BranchUCond>(), form<BranchQCond>(),
+    form<PathCond>(),  form<AttachmentPoints>(),
+};
+
 }  // namespace
 
-void register_tree_patterns(World& world) {
-  register_form<NodeCond>(world);
-  register_form<LeafCond>(world);
-  register_form<OptRTPat>(world);
-  register_form<PlusRTPat>(world);
-  register_form<StarRTPat>(world);
-  register_form<BranchCond>(world);
-  register_form<BranchUCond>(world);
-  register_form<BranchQCond>(world);
-  register_form<PathCond>(world);
-  register_form<AttachmentPoints>(world);
-}
+constinit const Offer offers::tree_patterns{kForms};
 
 }  // namespace torvane

@@ -46,6 +46,4 @@ TreeMatch* new_match(const ExpPtr& exp, RSTree* tree);
 /// `VAR`, in the scope where the rule's other expressions look for it.
 Ref<Var> node_variable(World& world, const char* name);
 
-void register_tree_patterns(World& world);
-
 }  // namespace torvane

@@ -8,6 +8,7 @@
 #include "deps/tree_walk.h"
 #include "lexp/expression_run.h"
 #include "lexp/form.h"
+#include "treerules/offers.h"
 #include "treerules/tree_match.h"
 #include "treerules/tree_modifier.h"
 
@@ -31,9 +32,12 @@ bool perhaps(Value) {
 class TreeRules : public testing::Test {
  protected:
   TreeRules() {
-    register_tree_rules(run_.world());
-    register_function<pick>(run_.world(), "pick");
-    register_function<perhaps>(run_.world(), "perhaps");
+    using namespace offers;
+    enter_all(run_.world(), {&tree_modifier, &tree_patterns, &tree_conditions, &tree_edits,
+                             &node_selectors, &node_edits, &match_forms});
+    static constexpr Prototype kForms[] = {function<pick>("pick", nullptr),
+                                           function<perhaps>("perhaps", nullptr)};
+    Offer(kForms).enter(run_.world());
   }
   ~TreeRules() override { nodes = nullptr; }
 

@@ -1,19 +1,15 @@
-#include "triples/triple_commands.h"
-
+// The commands on triple databases: making, filling, merging and dumping them.
 #include <algorithm>
 #include <climits>
 #include <utility>
 
 #include "deps/trees.h"
-#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
-#include "store/commands/store_commands.h"
 #include "triples/db/populate.h"
+#include "triples/offers.h"
 #include "triples/reports/report_parts.h"
-#include "triples/reports/triple_queries.h"
-#include "triples/reports/triple_reports.h"
 
 namespace torvane {
 
@@ -132,11 +128,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_triple_commands(World& world) {
-  register_store_commands(world);
-  world.interpreter.define(kCommands);
-  register_triple_queries(world);
-  register_triple_reports(world);
-}
+constinit const Offer offers::triple_commands{kCommands};
 
 }  // namespace torvane

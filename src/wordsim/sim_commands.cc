@@ -1,10 +1,10 @@
+// The commands on databases of similar words.
 #include <algorithm>
 #include <limits>
 #include <string>
 #include <utility>
 
 #include "lex/lexicon/dict_on_disk.h"
-#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
@@ -12,6 +12,7 @@
 #include "support/messages.h"
 #include "support/text.h"
 #include "wordsim/group_scores.h"
+#include "wordsim/offers.h"
 #include "wordsim/sim_print.h"
 
 namespace torvane {
@@ -239,9 +240,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_similar_words(World& world) {
-  world.interpreter.define(kCommands);
-  register_word_sim_form(world);
-}
+constinit const Offer offers::sim_commands{kCommands};
 
 }  // namespace torvane

@@ -57,10 +57,6 @@ class SimWordDb : public Str2Id {
   bool whole_lists_ = false;
 };
 
-/// `make-simworddb` and all commands on similar words, and the `word-sim` form.
-void register_similar_words(World& world);
-void register_word_sim_form(World& world);
-
 namespace tags {
 inline constexpr TypeTag sim_word_db{"SimWordDb"};
 }

@@ -1,9 +1,11 @@
+// The form `word-sim`: how similar two words are.
 #include <algorithm>
 #include <limits>
 
 #include "lexp/form.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
+#include "wordsim/offers.h"
 #include "wordsim/sim_word_db.h"
 
 namespace torvane {
@@ -14,6 +16,9 @@ namespace {
 class WordSim : public Form<WordSim, MArgExp> {
  public:
   static constexpr const char* kName = "word-sim";
+  static constexpr const char* kUsage =
+      "`(word-sim DB pos word word)` the similarity of two words in a database of similar words, "
+      "cut to a whole number; 0 if a result is null";
   WordSim() : Form(kName, nullptr, kTexts) { out_type = type_id_of<int>(); }
 
   void init(World& world, IRSlist* arguments) override {
@@ -38,10 +43,12 @@ class WordSim : public Form<WordSim, MArgExp> {
   SimWordDb* db_ = nullptr;
 };
 
+constexpr Prototype kForms[] = {
+    form<WordSim>(),
+};
+
 }  // namespace
 
-void register_word_sim_form(World& world) {
-  register_form<WordSim>(world);
-}
+constinit const Offer offers::word_sim{kForms};
 
 }  // namespace torvane

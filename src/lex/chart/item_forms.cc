@@ -1,10 +1,10 @@
-#include "lex/chart/item_forms.h"
-
+// What an expression sees of a lexical item, and of the analyser.
 #include <algorithm>
 #include <cstring>
 #include <string>
 
 #include "lex/chart/lex_analyzer.h"
+#include "lex/chart/offers.h"
 #include "lexp/form.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -22,11 +22,13 @@ using LexPred = Adaptor<D, LexItem, R, Out>;
 
 struct AttComponentPred : LexPred<AttComponentPred, AttVec*> {
   static constexpr const char* kName = "att";
+  static constexpr const char* kUsage = "`(att)` the item's vector";
   AttVec* step(LexItem& item) const { return item.vec(); }
 };
 
 struct MeaningComponentPred : LexPred<MeaningComponentPred, Value, Meaning> {
   static constexpr const char* kName = "lexitem-meaning";
+  static constexpr const char* kUsage = "`(lexitem-meaning)` the item's meaning";
   Value step(LexItem& item) const {
     return item.analyzer ? item.analyzer->meaning_value(item) : Value();
   }
@@ -34,11 +36,13 @@ struct MeaningComponentPred : LexPred<MeaningComponentPred, Value, Meaning> {
 
 struct RootPred : LexPred<RootPred, Value, const char*> {
   static constexpr const char* kName = "root";
+  static constexpr const char* kUsage = "`(root)` the item's root";
   Value step(LexItem& item) const { return text_of(item, item.root); }
 };
 
 struct SurformPred : LexPred<SurformPred, Value, const char*> {
   static constexpr const char* kName = "surform";
+  static constexpr const char* kUsage = "`(surform)` the item's words";
   Value step(LexItem& item) const {
     if (item.is_empty() || !item.analyzer) return Value();
     return item.analyzer->text_value(item.analyzer->surface(item.low, item.high));
@@ -47,11 +51,13 @@ struct SurformPred : LexPred<SurformPred, Value, const char*> {
 
 struct LexItemRel : LexPred<LexItemRel, Value, const char*> {
   static constexpr const char* kName = "lexitem-rel";
+  static constexpr const char* kUsage = "`(lexitem-rel)` the item's role as a component";
   Value step(LexItem& item) const { return text_of(item, item.role); }
 };
 
 struct EndingPred : LexPred<EndingPred, LexItem*> {
   static constexpr const char* kName = "ending";
+  static constexpr const char* kUsage = "`(ending name)` the item if that ending was taken off";
   void init(World& world, IRSlist* args) override {
     name_ = or_empty(args->get_str_val());
     LAdaptor::init(world, args);
@@ -68,6 +74,7 @@ struct EndingPred : LexPred<EndingPred, LexItem*> {
 
 struct CapPred : LexPred<CapPred, LexItem*> {
   static constexpr const char* kName = "cap";
+  static constexpr const char* kUsage = "`(cap)` the item if its words are capitalised";
   LexItem* step(LexItem& item) const {
     int n = item.high - item.low + 1;
     if (n < 1 || !item.analyzer) return nullptr;
@@ -88,12 +95,15 @@ struct CapPred : LexPred<CapPred, LexItem*> {
 
 struct LexItemLength : LexPred<LexItemLength, int> {
   static constexpr const char* kName = "lexitem-length";
+  static constexpr const char* kUsage = "`(lexitem-length)` the item's number of words";
   int step(LexItem& item) const { return item.high - item.low + 1; }
 };
 
 class NoAlternativePred : public Form<NoAlternativePred> {
  public:
   static constexpr const char* kName = "no-alternative";
+  static constexpr const char* kUsage =
+      "`(no-alternative cond)` the item if no item of its span passes";
   NoAlternativePred() { in_type = out_type = type_id_of<LexItem>(); }
   void init(World& world, IRSlist* args) override { cond_ = get_exp(world, args->nth(0)); }
   Value eval(Value input, int input_type) override {
@@ -117,11 +127,14 @@ class NoAlternativePred : public Form<NoAlternativePred> {
 
 struct IsDeleted : LexPred<IsDeleted, LexItem*> {
   static constexpr const char* kName = "is-deleted";
+  static constexpr const char* kUsage = "`(is-deleted)` the item if it was deleted";
   LexItem* step(LexItem& item) const { return item.deleted ? &item : nullptr; }
 };
 
 struct GetSubLexItem : LexPred<GetSubLexItem, LexItem*> {
   static constexpr const char* kName = "get-sub-lexitem";
+  static constexpr const char* kUsage =
+      "`(get-sub-lexitem [role])` the first component, or the first with that role";
   void init(World& world, IRSlist* args) override {
     IRSlist* first = args->nth(0);
     any_role_ = !first || first->is_list();
@@ -153,6 +166,8 @@ LexItem* set_cate(LexItem* item, const char* category) {
 class SetMixedCase : public Form<SetMixedCase> {
  public:
   static constexpr const char* kName = "set-mixed-case";
+  static constexpr const char* kUsage =
+      "`(set-mixed-case [0 or 1])` sets, or reads, whether the sentence counts as mixed case";
   SetMixedCase() {
     in_type = type_id_of<LexAnalyzer>();
     out_type = type_id_of<int>();
@@ -177,28 +192,32 @@ class SetMixedCase : public Form<SetMixedCase> {
 
 struct IsMixedCase : Adaptor<IsMixedCase, LexAnalyzer, LexAnalyzer*> {
   static constexpr const char* kName = "is-mixed-case";
+  static constexpr const char* kUsage =
+      "`(is-mixed-case)` the analyser if the sentence counts as mixed case";
   LexAnalyzer* step(LexAnalyzer& analyzer) const {
     return analyzer.mixed_case ? &analyzer : nullptr;
   }
 };
 
+constexpr Prototype kForms[] = {
+    pure_form<AttComponentPred>(),
+    pure_form<MeaningComponentPred>(),
+    pure_form<RootPred>(),
+    pure_form<SurformPred>(),
+    pure_form<LexItemRel>(),
+    pure_form<EndingPred>(),
+    pure_form<CapPred>(),
+    pure_form<LexItemLength>(),
+    pure_form<NoAlternativePred>(),
+    pure_form<IsDeleted>(),
+    pure_form<GetSubLexItem>(),
+    function<set_cate>("set-cate", "`(set-cate text)` sets the item's category"),
+    form<SetMixedCase>(),
+    pure_form<IsMixedCase>(),
+};
+
 }  // namespace
 
-void register_item_forms(World& world) {
-  register_pure_form<AttComponentPred>(world);
-  register_pure_form<MeaningComponentPred>(world);
-  register_pure_form<RootPred>(world);
-  register_pure_form<SurformPred>(world);
-  register_pure_form<LexItemRel>(world);
-  register_pure_form<EndingPred>(world);
-  register_pure_form<CapPred>(world);
-  register_pure_form<LexItemLength>(world);
-  register_pure_form<NoAlternativePred>(world);
-  register_pure_form<IsDeleted>(world);
-  register_pure_form<GetSubLexItem>(world);
-  register_function<&set_cate>(world, "set-cate");
-  register_form<SetMixedCase>(world);
-  register_pure_form<IsMixedCase>(world);
-}
+constinit const Offer offers::item_forms{kForms};
 
 }  // namespace torvane

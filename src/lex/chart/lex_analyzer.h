@@ -152,6 +152,4 @@ class LexAnalyzer {
 template <>
 struct ValueTraits<LexAnalyzer> : TagOf<LexAnalyzer, tags::lex_analyzer> {};
 
-void register_lex_analyzer_commands(World& world);
-
 }  // namespace torvane

@@ -1,8 +1,9 @@
+// The commands that make a lexical analyser and set its markers.
 #include <algorithm>
 #include <utility>
 
 #include "lex/chart/lex_analyzer.h"
-#include "shell/exec.h"
+#include "lex/chart/offers.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -67,8 +68,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lex_analyzer_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::lex_analyzer_commands{kCommands};
 
 }  // namespace torvane

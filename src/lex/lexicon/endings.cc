@@ -2,8 +2,8 @@
 
 #include <cstring>
 
+#include "lex/lexicon/offers.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -183,8 +183,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_ending_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::endings{kCommands};
 
 }  // namespace torvane

@@ -96,7 +96,4 @@ inline constexpr TypeTag ending_table{"EndingTable*"};
 template <>
 struct ValueTraits<EndingTable> : TagOf<EndingTable, tags::ending_table> {};
 
-/// `def-endings`.
-void register_ending_commands(World& world);
-
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lex/lexicon/lexical.h"
+#include "lex/lexicon/offers.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -38,6 +39,11 @@ int extra_tokens(std::string_view atom) {
   for (char c : atom) n += c == '\'' ? 1 : c == '-' ? 2 : 0;
   return n;
 }
+
+constexpr Prototype kKinds[] = {
+    meaning_kind<PhraseMeaning>("phrases",
+                                "`(phrases (HEADING) ...)` phrases found from this entry's word"),
+};
 
 }  // namespace
 
@@ -111,8 +117,6 @@ CurrentEntry::~CurrentEntry() {
   current_ = outer_;
 }
 
-void register_phrases_kind(World& world) {
-  add_kind(world, "phrases", std::make_unique<PhraseMeaning>(), nullptr);
-}
+constinit const Offer offers::lex_entry{kKinds};
 
 }  // namespace torvane

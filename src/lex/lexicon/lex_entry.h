@@ -110,7 +110,4 @@ void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add) 
       if (std::unique_ptr<Meaning> meaning = make_meaning(world, item)) add(std::move(meaning));
 }
 
-/// The reserved kind `phrases` of the family "Meaning".
-void register_phrases_kind(World& world);
-
 }  // namespace torvane

@@ -109,8 +109,4 @@ inline constexpr TypeTag lexicon{"Lexicon*"};
 template <>
 struct ValueTraits<Lexicon> : TagOf<Lexicon, tags::lexicon> {};
 
-/// `make-lexicon`, `lex`, `load-lex` and the rest, the batch commands on lexicon files, the
-/// endings, the meanings, and the form `get-root`.
-void register_lexicon_commands(World& world);
-
 }  // namespace torvane

@@ -1,10 +1,11 @@
+// The commands that make a lexicon, fill it and print it.
 #include <utility>
 
 #include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/lexicon.h"
 #include "lex/lexicon/lexicon_files.h"
+#include "lex/lexicon/offers.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 
@@ -82,6 +83,8 @@ Value print_lex(World& world, IRSlist* form) {
 class GetRoot : public Form<GetRoot, LAdaptor> {
  public:
   static constexpr const char* kName = "get-root";
+  static constexpr const char* kUsage =
+      "`(get-root LEXICON exp)` the key of the first entry that the word reduces to, or the word";
   GetRoot() { in_type = mid_type = type_id_of<const char*>(); }
   void init(World& world, IRSlist* args) override {
     lexicon_ = take_lexicon(world, args);
@@ -117,15 +120,12 @@ constexpr Command kCommands[] = {
      "(print-lex <lexicon> [file]) --- print the entries in the lexicon to a file"},
 };
 
+constexpr Prototype kForms[] = {
+    form<GetRoot>(),
+};
+
 }  // namespace
 
-void register_lexicon_commands(World& world) {
-  register_meanings(world);
-  register_phrases_kind(world);
-  register_ending_commands(world);
-  world.interpreter.define(kCommands);
-  register_lexicon_file_commands(world);
-  register_form<GetRoot>(world);
-}
+constinit const Offer offers::lexicon_commands{kForms, kCommands};
 
 }  // namespace torvane

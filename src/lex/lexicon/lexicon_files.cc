@@ -6,9 +6,9 @@
 
 #include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/lex_entry.h"
+#include "lex/lexicon/offers.h"
 #include "lexp/expressions.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 
 namespace torvane {
@@ -332,8 +332,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lexicon_file_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::lexicon_files{kCommands};
 
 }  // namespace torvane

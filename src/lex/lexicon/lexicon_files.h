@@ -18,7 +18,4 @@ Ref<Stream> take_output(World& world, IRSlist* form);
 /// What two entries are compared by: the text of the heading, its words separated by one blank.
 std::string item_key(std::string_view item);
 
-/// `sort-lex`, `merge-entries`, `diff` and the rest.
-void register_lexicon_file_commands(World& world);
-
 }  // namespace torvane

@@ -3,6 +3,8 @@
 #include <sstream>
 
 #include "lex/lexicon/dict_on_disk.h"
+#include "lex/lexicon/offers.h"
+#include "lexp/offers.h"
 #include "shell/world.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
@@ -13,11 +15,9 @@ namespace {
 /// A world with the kinds "g" and "h" of meanings, which are texts.
 struct KindsWorld {
   KindsWorld() {
-    register_core_forms(own_world);
-    register_constant_forms(own_world);
-    register_string_forms(own_world);
-    register_lexicon_commands(own_world);
-    register_avmeaning_proto(own_world);
+    using namespace offers;
+    enter_all(own_world, {&control_forms, &constants, &string_forms, &meaning, &lex_entry, &endings,
+                          &lexicon_commands, &lexicon_files});
     own_world.interpreter.prompt = false;
     own_world.interpreter.load_string("(make-str-meaning-proto g) (make-str-meaning-proto h)");
   }

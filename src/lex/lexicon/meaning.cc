@@ -4,14 +4,18 @@
 #include <utility>
 
 #include "att/attributes.h"
+#include "lex/lexicon/offers.h"
 #include "lexp/form.h"
 #include "lexp/shared_constant.h"
-#include "shell/exec.h"
 #include "shell/object_factory.h"
 #include "shell/world.h"
 #include "support/messages.h"
 
 namespace torvane {
+
+namespace {
+constexpr const char* kMeanings = "Meaning";
+}
 
 Subsumption Meaning::compare(const Meaning* other) const {
   if (!other || byte_compare(type(), other->type()) != 0) return Subsumption::not_comparable;
@@ -76,7 +80,7 @@ void StrMeaning::init(World&, IRSlist* form) {
 }
 
 std::unique_ptr<Meaning> make_meaning(World& world, IRSlist* form) {
-  ObjFactory* family = world.families.find("Meaning");
+  ObjFactory* family = world.families.find(kMeanings);
   if (!family) {
     messages() << "lexicon: needs maker for Meaning\n";
     return nullptr;
@@ -90,7 +94,8 @@ std::unique_ptr<Meaning> make_meaning(World& world, IRSlist* form) {
 }
 
 void add_kind(World& world, const char* name, std::unique_ptr<Meaning> prototype, const char* doc) {
-  if (world.families.add_proto("Meaning", name, Value::of(prototype.get()), doc))
+  world.families.open(kMeanings, "Maker for different kinds of meanings in lexicons", nullptr);
+  if (world.families.add_proto(kMeanings, name, Value::of(prototype.get()), doc))
     world.own(std::move(prototype));
 }
 
@@ -113,6 +118,7 @@ Value make_str_meaning_proto(World& world, IRSlist* form) {
 
 struct MeaningType : Adaptor<MeaningType, Meaning, Value, const char*> {
   static constexpr const char* kName = "meaning-type";
+  static constexpr const char* kUsage = "`(meaning-type [exp])` the kind of a meaning";
   Value step(Meaning& meaning) const { return Value::constant(meaning.type()); }
 };
 
@@ -121,14 +127,14 @@ constinit const TypeTag kSharedMeaning{"Meaning*", &tags::meaning, Life::counted
                                        SharedConstant<Meaning>::release};
 
 /// A meaning as a constant of the expression language.
-class AVMConst : public LConst {
+class AVMConst : public Form<AVMConst, LConst> {
  public:
+  static constexpr const char* kName = "avm";
+  static constexpr const char* kUsage = "`(avm (KIND BODY))` a constant meaning";
   AVMConst() { out_type = type_id_of<Meaning>(); }
-  AVMConst(const AVMConst& other) : LConst(other) {
+  AVMConst(const AVMConst& other) : Form(other) {
     if (const Meaning* meaning = other.meaning_.get()) give(meaning->clone());
   }
-  const char* name() const override { return "avm"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<AVMConst>(*this); }
   void init(World& world, IRSlist* args) override {
     IRSlist* first = args->nth(0);
     if (first) give(make_meaning(world, first->is_list() ? first : args));
@@ -144,21 +150,19 @@ class AVMConst : public LConst {
 };
 
 constexpr Command kCommands[] = {
-    {"make-avmeaning-proto", make_avmeaning_proto, nullptr},
+    {"make-avmeaning-proto", make_avmeaning_proto, nullptr,
+     "`(make-avmeaning-proto ATT-TYPE KIND)` a kind of meaning that is a vector of that type"},
     {"make-str-meaning-proto", make_str_meaning_proto,
      "(make-str-meaning-proto type) --- define type to be a type of str-meaning."},
 };
 
+constexpr Prototype kForms[] = {
+    pure_form<MeaningType>(),
+    form<AVMConst>(),
+};
+
 }  // namespace
 
-void register_meanings(World& world) {
-  world.families.add("Meaning", "Maker for different kinds of meanings in lexicons", nullptr);
-}
-
-void register_avmeaning_proto(World& world) {
-  world.interpreter.define(kCommands);
-  register_pure_form<MeaningType>(world);
-  register_lexp(world, std::make_unique<AVMConst>());
-}
+constinit const Offer offers::meaning{kForms, kCommands};
 
 }  // namespace torvane

@@ -9,6 +9,7 @@
 #include "att/att_interpreter_list.h"
 #include "att/att_vec.h"
 #include "lexp/lexp.h"
+#include "shell/offer.h"
 
 namespace torvane {
 
@@ -97,9 +98,12 @@ std::unique_ptr<Meaning> make_meaning(World& world, IRSlist* form);
 /// Adds a kind to the family "Meaning"; a known name is reported.
 void add_kind(World& world, const char* name, std::unique_ptr<Meaning> prototype, const char* doc);
 
-/// The family "Meaning", still without kinds.
-void register_meanings(World& world);
-/// `make-avmeaning-proto` and `make-str-meaning-proto`, the forms `meaning-type` and `avm`.
-void register_avmeaning_proto(World& world);
+/// The row of a kind that the engine itself has.
+template <class Kind>
+constexpr Prototype meaning_kind(const char* name, const char* usage) {
+  return {"Meaning", name, usage, nullptr, [](World& world, const Prototype& row) {
+            add_kind(world, row.name, std::make_unique<Kind>(), row.doc);
+          }};
+}
 
 }  // namespace torvane

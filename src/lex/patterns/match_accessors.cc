@@ -1,9 +1,9 @@
-#include "lex/patterns/match_accessors.h"
-
+// What an expression sees of the match that a rule is about, and the walk over its components.
 #include <utility>
 #include <vector>
 
 #include "lex/patterns/match.h"
+#include "lex/patterns/offers.h"
 #include "lexp/form.h"
 
 namespace torvane {
@@ -15,26 +15,31 @@ using MatchAccessor = Adaptor<D, Match, R, Out>;
 
 struct MatchItem : MatchAccessor<MatchItem, LexItem*> {
   static constexpr const char* kName = "litem";
+  static constexpr const char* kUsage = "`(litem)` the match's item";
   LexItem* step(Match& match) const { return match.item; }
 };
 
 struct MatchMeaning : MatchAccessor<MatchMeaning, Meaning*> {
   static constexpr const char* kName = "meaning";
+  static constexpr const char* kUsage = "`(meaning)` the meaning of the match's item";
   Meaning* step(Match& match) const { return match.item ? match.item->meaning.get() : nullptr; }
 };
 
 struct MatchLow : MatchAccessor<MatchLow, int> {
   static constexpr const char* kName = "low";
+  static constexpr const char* kUsage = "`(low)` the match's first position";
   int step(Match& match) const { return match.low; }
 };
 
 struct MatchHigh : MatchAccessor<MatchHigh, int> {
   static constexpr const char* kName = "high";
+  static constexpr const char* kUsage = "`(high)` the match's last position";
   int step(Match& match) const { return match.high; }
 };
 
 struct MatchWord : MatchAccessor<MatchWord, Value, const char*> {
   static constexpr const char* kName = "matching-word";
+  static constexpr const char* kUsage = "`(matching-word)` the match's text";
   Value step(Match& match) const {
     if (match.is_empty()) return Value();
     LexAnalyzer& chart = *match.analyzer;
@@ -45,11 +50,14 @@ struct MatchWord : MatchAccessor<MatchWord, Value, const char*> {
 
 struct MatchAnalyzer : MatchAccessor<MatchAnalyzer, LexAnalyzer*> {
   static constexpr const char* kName = "analyzer";
+  static constexpr const char* kUsage = "`(analyzer)` the match's analyser";
   LexAnalyzer* step(Match& match) const { return match.analyzer; }
 };
 
 struct MatchComponent : MatchAccessor<MatchComponent, Match*> {
   static constexpr const char* kName = "$";
+  static constexpr const char* kUsage =
+      "`($ n)` component n of the match: from 1 at the left, from -1 at the right";
   void init(World& world, IRSlist* args) override {
     n_ = args->get_long_val();
     LAdaptor::init(world, args);
@@ -66,6 +74,8 @@ struct MatchComponent : MatchAccessor<MatchComponent, Match*> {
 class ForEachMatchComp : public Form<ForEachMatchComp> {
  public:
   static constexpr const char* kName = "foreach-match-component";
+  static constexpr const char* kUsage =
+      "`(foreach-match-component exp)` evaluates `exp` on each component";
   ForEachMatchComp() { in_type = type_id_of<Match>(); }
   void init(World& world, IRSlist* args) override { sub_ = get_exp(world, args->nth(0)); }
   Value eval(Value input, int input_type) override {
@@ -86,17 +96,14 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
   ExpPtr sub_;
 };
 
+constexpr Prototype kForms[] = {
+    pure_form<MatchItem>(),      pure_form<MatchMeaning>(), pure_form<MatchLow>(),
+    pure_form<MatchHigh>(),      pure_form<MatchWord>(),    pure_form<MatchAnalyzer>(),
+    pure_form<MatchComponent>(), form<ForEachMatchComp>(),
+};
+
 }  // namespace
 
-void register_match_accessors(World& world) {
-  register_pure_form<MatchItem>(world);
-  register_pure_form<MatchMeaning>(world);
-  register_pure_form<MatchLow>(world);
-  register_pure_form<MatchHigh>(world);
-  register_pure_form<MatchWord>(world);
-  register_pure_form<MatchAnalyzer>(world);
-  register_pure_form<MatchComponent>(world);
-  register_form<ForEachMatchComp>(world);
-}
+constinit const Offer offers::match_accessors{kForms};
 
 }  // namespace torvane

@@ -1,5 +1,6 @@
 #include "lex/patterns/pattern.h"
 
+#include "lex/patterns/offers.h"
 #include "lexp/form.h"
 #include "shell/object_factory.h"
 #include "shell/world.h"
@@ -114,5 +115,15 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
   pattern->settle_reach();
   return pattern;
 }
+
+namespace {
+
+constexpr Prototype kPatterns[] = {
+    pattern<WordPat>("word", "(word LEXP) matches a word that satisfies LEXP"),
+};
+
+}  // namespace
+
+constinit const Offer offers::pattern{kPatterns};
 
 }  // namespace torvane

@@ -8,6 +8,8 @@
 #include "lex/patterns/match.h"
 #include "lex/patterns/match_run.h"
 #include "lexp/lexp.h"
+#include "shell/offer.h"
+#include "shell/world.h"
 
 namespace torvane {
 
@@ -124,6 +126,17 @@ void LPattern::add_constrained(MatchList& results, Produce produce) const {
   for (const Ref<Match>& match : found)
     if (passes_constraint(*match)) results.add(match);
   results.finish();
+}
+
+/// The row of a pattern class for its file's table; a class may stand under several names.
+template <class D>
+constexpr Prototype pattern(const char* name, const char* doc) {
+  constexpr const char* kPatterns = "LPattern";
+  return {kPatterns, name, nullptr, doc, [](World& world, const Prototype& row) {
+            world.families.open(row.family, "Lexical Patterns", nullptr);
+            auto* prototype = world.own(std::make_unique<D>());
+            world.families.add_proto(row.family, row.name, Value::of<LPattern>(prototype), row.doc);
+          }};
 }
 
 }  // namespace torvane

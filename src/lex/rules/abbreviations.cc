@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "lex/lexicon/lexical.h"
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 #include "support/text.h"
@@ -133,6 +134,14 @@ LexItem* abbrev_with_def(Match* match, Meaning* meaning) {
   return make_definition(chart, {match->low, p + k, p + 1, p + k, p - 1, p + k}, meaning);
 }
 
+constexpr Prototype kForms[] = {
+    function<abbrev_def>("abbrev-def",
+                         "`(abbrev-def exp)` a long name and its abbreviation in brackets become "
+                         "one item of the meaning that `exp` gives"),
+    function<abbrev_with_def>(
+        "abbrev-with-def", "`(abbrev-with-def exp)` the same where the abbreviation stands first"),
+};
+
 }  // namespace
 
 int spelled_out(World& world, const std::vector<const char*>& words, const char* abbreviation,
@@ -146,9 +155,6 @@ int spelled_out(World& world, const std::vector<const char*>& words, const char*
   return 0;
 }
 
-void register_abbreviation_actions(World& world) {
-  register_function<&abbrev_def>(world, "abbrev-def");
-  register_function<&abbrev_with_def>(world, "abbrev-with-def");
-}
+constinit const Offer offers::abbreviations{kForms};
 
 }  // namespace torvane

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "lex/rules/antecedent_list.h"
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 
@@ -29,6 +29,7 @@ class AnteListExp : public Form<D> {
 
 struct ClearAnteList : AnteListExp<ClearAnteList> {
   static constexpr const char* kName = "clear-ante-list";
+  static constexpr const char* kUsage = "`(clear-ante-list NAME)` empties an antecedent list; 0";
   Value eval(Value, int) override {
     if (_list) _list->clear();
     return Value();
@@ -57,16 +58,20 @@ class AnteTest : public AnteListExp<D> {
 
 struct ExistExactMatch : AnteTest<ExistExactMatch> {
   static constexpr const char* kName = "exist-exact-match";
+  static constexpr const char* kUsage = "`(exist-exact-match NAME)` the text is stored as it is";
   bool test(const char* text) const { return _list->find_exact(text) != nullptr; }
 };
 
 struct CoveredByAntecedent : AnteTest<CoveredByAntecedent> {
   static constexpr const char* kName = "covered-by-antecedent";
+  static constexpr const char* kUsage =
+      "`(covered-by-antecedent NAME)` the word stands in a stored name";
   bool test(const char* text) const { return _list->covers_word(text); }
 };
 
 struct IsAbbrev : AnteTest<IsAbbrev> {
   static constexpr const char* kName = "is-abbrev";
+  static constexpr const char* kUsage = "`(is-abbrev NAME)` the text abbreviates a stored name";
   IsAbbrev() { out_type = type_id_of<const char*>(); }
   bool test(const char* text) const { return _list->find_abbrev(text) != nullptr; }
   Value eval(Value input, int input_type) override {
@@ -91,17 +96,23 @@ class NameTest : public Form<D, BinaryFunc> {
 
 struct MatchingName : NameTest<MatchingName> {
   static constexpr const char* kName = "matching-name";
+  static constexpr const char* kUsage =
+      "`(matching-name FULL SHORT)` the second text is a short form of the first";
   static bool test(const char* full, const char* part) { return matches_name(full, part); }
 };
 
 struct AbbrevOf : NameTest<AbbrevOf> {
   static constexpr const char* kName = "abbrev-of";
+  static constexpr const char* kUsage =
+      "`(abbrev-of FULL SHORT)` the second text abbreviates the first";
   static bool test(const char* full, const char* part) { return abbreviates(full, part); }
 };
 
 /// (register-name list): on an item, keeps its root with its meaning. Gives the item.
 struct RegisterName : AnteListExp<RegisterName> {
   static constexpr const char* kName = "register-name";
+  static constexpr const char* kUsage =
+      "`(register-name LIST)` adds the item's root and meaning to an antecedent list";
   RegisterName() { in_type = out_type = type_id_of<LexItem>(); }
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
@@ -140,21 +151,21 @@ constexpr Command kCommands[] = {
      "(clear-antecedent-list name) clear the entries in an antecedent list."},
 };
 
+constexpr Prototype kForms[] = {
+    form<RegisterName>(),
+    function<find_prev_occ>("find-prev-occ",
+                            "`(find-prev-occ low high list)` the span's text in an antecedent "
+                            "list: a new item of that meaning, asserted"),
+    form<ClearAnteList>(),
+    form<ExistExactMatch>(),
+    form<CoveredByAntecedent>(),
+    form<IsAbbrev>(),
+    form<MatchingName>(),
+    form<AbbrevOf>(),
+};
+
 }  // namespace
 
-void register_antecedent_actions(World& world) {
-  world.interpreter.define(kCommands);
-  register_form<RegisterName>(world);
-  register_function<&find_prev_occ>(world, "find-prev-occ");
-}
-
-void register_antecedent_forms(World& world) {
-  register_form<ClearAnteList>(world);
-  register_form<ExistExactMatch>(world);
-  register_form<CoveredByAntecedent>(world);
-  register_form<IsAbbrev>(world);
-  register_form<MatchingName>(world);
-  register_form<AbbrevOf>(world);
-}
+constinit const Offer offers::antecedent_forms{kForms, kCommands};
 
 }  // namespace torvane

@@ -13,8 +13,6 @@
 
 namespace torvane {
 
-class World;
-
 class AntecedentList {
  public:
   /// Keeps a copy of the name and a clone of its meaning, unless the name has a meaning already. A
@@ -54,8 +52,5 @@ bool matches_name(const char* full, const char* part);
 /// Whether `abbrev` takes its letters from the fronts of the words of `full`, of more than the
 /// first.
 bool abbreviates(const char* full, const char* abbrev);
-
-/// The expressions on antecedent lists.
-void register_antecedent_forms(World& world);
 
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 
@@ -55,6 +56,9 @@ LexItem* add_components(Match* match, LexItem* item, Word low, Word high, Value 
 class CombineLexItems : public Form<CombineLexItems> {
  public:
   static constexpr const char* kName = "combine-lexitems";
+  static constexpr const char* kUsage =
+      "`(combine-lexitems [role] exp [role] exp ...)` a new item of all, headed by the first, "
+      "asserted";
   CombineLexItems() {
     in_type = type_id_of<Match>();
     out_type = type_id_of<LexItem>();
@@ -104,12 +108,18 @@ class CombineLexItems : public Form<CombineLexItems> {
   std::vector<Part> parts_;
 };
 
+constexpr Prototype kForms[] = {
+    function<add_component>("add-component",
+                            "`(add-component item item text)` the second joins the first as a "
+                            "component with that role"),
+    function<add_components>("add-components",
+                             "`(add-components item low high (pred cond))` a copy of the item with "
+                             "the items of the span that pass as components"),
+    form<CombineLexItems>(),
+};
+
 }  // namespace
 
-void register_component_actions(World& world) {
-  register_function<&add_component>(world, "add-component");
-  register_function<&add_components>(world, "add-components");
-  register_form<CombineLexItems>(world);
-}
+constinit const Offer offers::component_actions{kForms};
 
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 
@@ -68,10 +69,14 @@ void look_up(Match* match, Word low, Word high, const char* text) {
   if (has_hyphen) look_up_compound(chart, span, std::move(words), std::move(joined));
 }
 
+constexpr Prototype kForms[] = {
+    function<look_up>("look-up",
+                      "`(look-up low high [text])` enters the lexicon's items for the span; "
+                      "without a text also its hyphenated spellings"),
+};
+
 }  // namespace
 
-void register_compound_look_up(World& world) {
-  register_function<&look_up>(world, "look-up");
-}
+constinit const Offer offers::compound_look_up{kForms};
 
 }  // namespace torvane

@@ -1,4 +1,5 @@
 // Actions that take items out of the chart. They gather first and delete then.
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 
@@ -85,16 +86,28 @@ void rm_non_max(Match* match) {
   }
 }
 
+constexpr Prototype kForms[] = {
+    function<delete_one>("delete", "`(delete item)` takes the item out of the chart"),
+    function<delete_smaller>(
+        "delete-smaller", "`(delete-smaller low high)` deletes the items strictly inside the span"),
+    function<delete_if>(
+        "delete-if",
+        "`(delete-if low high (pred cond))` deletes the items inside the span that pass"),
+    function<delete_except>(
+        "delete-except",
+        "`(delete-except low high item)` deletes all items inside the span but this one"),
+    function<del_following>(
+        "del-following",
+        "`(del-following (pred cond))` deletes the items that start behind the match and pass"),
+    function<keep_tags>("keep-tags",
+                        "`(keep-tags (pred cond))` of the items of exactly the match's span, "
+                        "deletes those that fail"),
+    function<rm_non_max>(
+        "rm-non-max", "`(rm-non-max)` keeps only the longest items, from the end of the sentence"),
+};
+
 }  // namespace
 
-void register_deleting_actions(World& world) {
-  register_function<&delete_one>(world, "delete");
-  register_function<&delete_smaller>(world, "delete-smaller");
-  register_function<&delete_if>(world, "delete-if");
-  register_function<&delete_except>(world, "delete-except");
-  register_function<&del_following>(world, "del-following");
-  register_function<&keep_tags>(world, "keep-tags");
-  register_function<&rm_non_max>(world, "rm-non-max");
-}
+constinit const Offer offers::deleting_actions{kForms};
 
 }  // namespace torvane

@@ -1,4 +1,5 @@
 // Actions that mark positions for the parser: words to skip, conjunctions, adverbs.
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 
@@ -28,13 +29,19 @@ void flag_last(Match* match, LexItem* item) {
   flag(match, item, &LexAnalyzer::last_conjunctions);
 }
 
+constexpr Prototype kForms[] = {
+    function<skip>("skip", "`(skip position)` the parser may pass over the word"),
+    function<flag_adv>("flag-adv", "`(flag-adv item)` marks the item's words as adverbs"),
+    function<flag_first>("flag-first-conjunction",
+                         "`(flag-first-conjunction item)` marks the item's words as the first of a "
+                         "pair, such as \"both\""),
+    function<flag_last>("flag-last-conjunction",
+                        "`(flag-last-conjunction item)` marks the item's words as a conjunction "
+                        "before the last conjunct"),
+};
+
 }  // namespace
 
-void register_flag_actions(World& world) {
-  register_function<&skip>(world, "skip");
-  register_function<&flag_adv>(world, "flag-adv");
-  register_function<&flag_first>(world, "flag-first-conjunction");
-  register_function<&flag_last>(world, "flag-last-conjunction");
-}
+constinit const Offer offers::flag_actions{kForms};
 
 }  // namespace torvane

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 #include "support/messages.h"
@@ -79,17 +80,24 @@ LexItem* duplicate_item(Match* match, LexItem* item) {
   return chart ? chart->copy_item(*item) : nullptr;
 }
 
+constexpr Prototype kForms[] = {
+    function<set_high>("set-high", "`(set-high item n)` moves the item's end, in the chart too"),
+    function<set_low>(
+        "set-low",
+        "`(set-low item n)` moves the item's start only; the chart lists it under the old one"),
+    function<set_head>("set-head", "`(set-head item n)` the position of the head word"),
+    function<set_weight>("set-weight", "`(set-weight item n)` sets the item's weight"),
+    function<add_weight>("add-weight", "`(add-weight item n)` adds to the item's weight"),
+    function<set_lexitem_root>("set-lexitem-root",
+                               "`(set-lexitem-root item text)` the root of the item's head word"),
+    function<assert_item>("assert",
+                          "`(assert item)` enters the item into the chart, or gives its duplicate"),
+    function<duplicate_item>("duplicate-lexitem",
+                             "`(duplicate-lexitem item)` a copy, not in the chart"),
+};
+
 }  // namespace
 
-void register_item_setters(World& world) {
-  register_function<&set_high>(world, "set-high");
-  register_function<&set_low>(world, "set-low");
-  register_function<&set_head>(world, "set-head");
-  register_function<&set_weight>(world, "set-weight");
-  register_function<&add_weight>(world, "add-weight");
-  register_function<&set_lexitem_root>(world, "set-lexitem-root");
-  register_function<&assert_item>(world, "assert");
-  register_function<&duplicate_item>(world, "duplicate-lexitem");
-}
+constinit const Offer offers::item_setters{kForms};
 
 }  // namespace torvane

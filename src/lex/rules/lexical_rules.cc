@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "lex/rules/offers.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -160,8 +160,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_lexical_rule_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::lexical_rules{kCommands};
 
 }  // namespace torvane

@@ -44,7 +44,4 @@ class LexRuleList final : public ChartRules {
 /// The rules of a name, or null.
 LexRuleList* find_rules(const World& world, const char* name);
 
-/// `def-rules`, `insert-lex-rules`, `debug-rules`.
-void register_lexical_rule_commands(World& world);
-
 }  // namespace torvane

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "lex/rules/offers.h"
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/object_factory.h"
 #include "shell/world.h"
@@ -124,12 +124,17 @@ constexpr Command kCommands[] = {
     {"make-llrule", make_llrule, "(make-llrule RULENAME PATTERN ACTION)"},
 };
 
+constexpr Prototype kForms[] = {
+    meaning_kind<LLRuleMeaning>(
+        kKind,
+        "`(llrule NAME)` or `(llrule ((LEFT ~ RIGHT) ACTION))` a rule that rides on an entry"),
+    function<apply_llrule>(
+        "apply-llrule",
+        "`(apply-llrule exp)` applies the context rule that is the meaning of the match"),
+};
+
 }  // namespace
 
-void register_llrule_commands(World& world) {
-  world.interpreter.define(kCommands);
-  register_function<&apply_llrule>(world, "apply-llrule");
-  add_kind(world, kKind, std::make_unique<LLRuleMeaning>(), nullptr);
-}
+constinit const Offer offers::llrule{kForms, kCommands};
 
 }  // namespace torvane

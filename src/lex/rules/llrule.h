@@ -47,7 +47,4 @@ class LLRuleMeaning : public Meaning {
   Ref<LLRule> rule;  ///< may be null
 };
 
-/// `make-llrule`, `apply-llrule` and the meaning kind.
-void register_llrule_commands(World& world);
-
 }  // namespace torvane

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <string>
 
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 #include "support/text.h"
@@ -12,14 +13,15 @@ namespace {
 
 /// (make-lexitem low high meaning [:root r]): three expressions on the match; r is a text or one
 /// more.
-class MakeLexItem : public LExp {
+class MakeLexItem : public Form<MakeLexItem> {
  public:
+  static constexpr const char* kName = "make-lexitem";
+  static constexpr const char* kUsage =
+      "`(make-lexitem low high meaning [:root r])` a new item, not in the chart";
   MakeLexItem() {
     in_type = type_id_of<Match>();
     out_type = type_id_of<LexItem>();
   }
-  const char* name() const override { return "make-lexitem"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<MakeLexItem>(*this); }
 
   void init(World& world, IRSlist* args) override {
     if (auto root = args->take_keyword_node(":root")) {
@@ -74,10 +76,12 @@ class MakeLexItem : public LExp {
 
 /// (retrieve-lexitem low high meaning [:root r]): the item of that span whose meaning is the given
 /// one or more specific.
-class RetrieveLexItem : public MakeLexItem {
+class RetrieveLexItem : public Form<RetrieveLexItem, MakeLexItem> {
  public:
-  const char* name() const override { return "retrieve-lexitem"; }
-  std::unique_ptr<LExp> copy() const override { return std::make_unique<RetrieveLexItem>(*this); }
+  static constexpr const char* kName = "retrieve-lexitem";
+  static constexpr const char* kUsage =
+      "`(retrieve-lexitem low high meaning [:root r])` the item of that span whose meaning equals "
+      "or is more specific";
 
  protected:
   LexItem* carry_out(LexAnalyzer& chart, const Plan& plan) const override {
@@ -108,12 +112,16 @@ LexItem* insert_empty_category(Match* match, Word pos, Meaning* meaning) {
   return chart.add_item(chart.make_item("", meaning, end + 1, end, Slist<const char*>()), 1);
 }
 
+constexpr Prototype kForms[] = {
+    form<MakeLexItem>(),
+    form<RetrieveLexItem>(),
+    function<insert_empty_category>("insert-empty-category",
+                                    "`(insert-empty-category position meaning)` a new empty item "
+                                    "behind the position, asserted"),
+};
+
 }  // namespace
 
-void register_making_actions(World& world) {
-  register_lexp(world, std::make_unique<MakeLexItem>());
-  register_lexp(world, std::make_unique<RetrieveLexItem>());
-  register_function<&insert_empty_category>(world, "insert-empty-category");
-}
+constinit const Offer offers::making_actions{kForms};
 
 }  // namespace torvane

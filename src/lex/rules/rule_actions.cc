@@ -33,16 +33,4 @@ Slist<LexItem*> items_inside(const LexAnalyzer& chart, Word low, Word high) {
   return found;
 }
 
-void register_rule_actions(World& world) {
-  register_item_setters(world);
-  register_deleting_actions(world);
-  register_searching_actions(world);
-  register_flag_actions(world);
-  register_component_actions(world);
-  register_making_actions(world);
-  register_compound_look_up(world);
-  register_abbreviation_actions(world);
-  register_antecedent_actions(world);
-}
-
 }  // namespace torvane

@@ -10,19 +10,6 @@
 
 namespace torvane {
 
-void register_rule_actions(World& world);
-
-/// The actions of one kind each; called by the above.
-void register_item_setters(World& world);
-void register_deleting_actions(World& world);
-void register_searching_actions(World& world);
-void register_flag_actions(World& world);
-void register_component_actions(World& world);
-void register_making_actions(World& world);
-void register_compound_look_up(World& world);
-void register_abbreviation_actions(World& world);
-void register_antecedent_actions(World& world);
-
 /// A condition that comes as a value, `(pred EXP)`: none passes everything, and what is no
 /// expression passes nothing.
 class Cond {

@@ -1,6 +1,7 @@
 // Predicates that look around the match: the items and words beside it, in a span, over a span.
 #include <algorithm>
 
+#include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
 
@@ -87,17 +88,31 @@ LexItem* exist_overlapping_lexitem(Match* match, Word low, Word high, Value cond
   return nullptr;
 }
 
+constexpr Prototype kForms[] = {
+    function<followed_by>(
+        "followed-by",
+        "`(followed-by (pred cond))` the first item that starts behind the match and passes"),
+    function<followed_by_word>("followed-by-word",
+                               "`(followed-by-word (pred cond))` the word behind the match passes"),
+    function<preceded_by_word>("preceded-by-word",
+                               "`(preceded-by-word (pred cond))` the word before the match passes"),
+    function<exist_lexitem>("exist-lexitem",
+                            "`(exist-lexitem low high (pred cond))` the first item of exactly that "
+                            "span that passes; a `low` below 0: any start"),
+    function<exist_word_in_sentence, const char*>(
+        "exist-word-in-sentence",
+        "`(exist-word-in-sentence low high (pred cond))` the first word from `low` to before "
+        "`high` that passes"),
+    function<exist_covering_lexitem>(
+        "exist-covering-lexitem",
+        "`(exist-covering-lexitem low high (pred cond))` an item that covers the span and passes"),
+    function<exist_overlapping_lexitem>("exist-overlapping-lexitem",
+                                        "`(exist-overlapping-lexitem low high (pred cond))` an "
+                                        "item that crosses an edge of the span and passes"),
+};
+
 }  // namespace
 
-void register_searching_actions(World& world) {
-  register_function<&followed_by>(world, "followed-by");
-  register_function<&followed_by_word>(world, "followed-by-word");
-  register_function<&preceded_by_word>(world, "preceded-by-word");
-  register_function<&exist_lexitem>(world, "exist-lexitem");
-  register_function<&exist_word_in_sentence>(world, "exist-word-in-sentence");
-  find_lexp_proto(world, "exist-word-in-sentence")->out_type = type_id_of<const char*>();
-  register_function<&exist_covering_lexitem>(world, "exist-covering-lexitem");
-  register_function<&exist_overlapping_lexitem>(world, "exist-overlapping-lexitem");
-}
+constinit const Offer offers::searching_actions{kForms};
 
 }  // namespace torvane

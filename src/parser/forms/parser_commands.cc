@@ -145,7 +145,6 @@ void register_parser_commands(World& world) {
   register_p_item_forms(world);
   register_word_walk_forms(world);
   register_lexitem_forms(world);
-  register_deps_commands(world);
 }
 
 }  // namespace torvane

@@ -1,11 +1,10 @@
-#include "store/commands/store_commands.h"
-
+// The commands on cached stores: linking to a file, writing back, listing, copying, checking.
 #include <algorithm>
 #include <utility>
 
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
+#include "store/commands/offers.h"
 #include "store/plhash.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -166,8 +165,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_store_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::store_commands{kCommands};
 
 }  // namespace torvane

@@ -5,10 +5,9 @@
 #include <string>
 #include <unordered_map>
 
-#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/relation_set.h"
 #include "triples/reports/report_parts.h"
 
@@ -117,8 +116,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_name_cluster_by_features(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::cluster_names{kCommands};
 
 }  // namespace torvane

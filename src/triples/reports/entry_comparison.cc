@@ -2,11 +2,10 @@
 #include <array>
 #include <string>
 
-#include "shell/exec.h"
 #include "shell/world.h"
 #include "triples/reports/my_ostream.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/relation_texts.h"
-#include "triples/reports/report_commands.h"
 #include "triples/reports/report_parts.h"
 
 namespace torvane {
@@ -105,8 +104,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_comparison(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::entry_comparison{kCommands};
 
 }  // namespace torvane

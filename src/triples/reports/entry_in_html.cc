@@ -3,13 +3,12 @@
 #include <cstdlib>
 #include <string>
 
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "triples/db/mutual_info.h"
 #include "triples/reports/my_ostream.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/relation_texts.h"
-#include "triples/reports/report_commands.h"
 #include "triples/reports/report_parts.h"
 
 namespace torvane {
@@ -83,8 +82,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_in_html(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::entry_in_html{kCommands};
 
 }  // namespace torvane

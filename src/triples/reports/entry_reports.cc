@@ -5,9 +5,8 @@
 
 #include "lexp/form.h"
 #include "lexp/word_list.h"
-#include "shell/exec.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/report_parts.h"
 
 namespace torvane {
@@ -83,8 +82,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_entry_reports(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::entry_reports{kCommands};
 
 }  // namespace torvane

@@ -4,10 +4,9 @@
 #include <cmath>
 #include <optional>
 
-#include "shell/exec.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/relation_set.h"
 #include "triples/reports/report_parts.h"
 
@@ -158,8 +157,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_print_high_mutinfo(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::high_mutinfo{kCommands};
 
 }  // namespace torvane

@@ -2,10 +2,9 @@
 #include <algorithm>
 
 #include "lexp/form.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 #include "triples/reports/average_entry.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/report_parts.h"
 
 namespace torvane {
@@ -85,8 +84,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_make_avg_entry(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::make_avg_entry{kCommands};
 
 }  // namespace torvane

@@ -1,8 +1,7 @@
 // Reports over mutual information: what is lower than by chance, relations that are mostly noise,
 // and how much each word has in all.
-#include "shell/exec.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/relation_set.h"
 #include "triples/reports/report_parts.h"
 
@@ -90,8 +89,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_mutinfo_reports(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::mutinfo_reports{kCommands};
 
 }  // namespace torvane

@@ -1,9 +1,8 @@
 // `search-tripledbs`: the entries of words.
 #include <memory>
 
-#include "shell/exec.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/report_parts.h"
 
 namespace torvane {
@@ -29,8 +28,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_search_tripledbs(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::search_tripledbs{kCommands};
 
 }  // namespace torvane

@@ -1,5 +1,3 @@
-#include "triples/reports/triple_reports.h"
-
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -8,6 +6,7 @@
 #include "shell/world.h"
 #include "triples/db/triple_db.h"
 #include "triples/reports/my_ostream.h"
+#include "triples/reports/offers.h"
 
 namespace torvane {
 namespace {
@@ -25,7 +24,7 @@ TEST(TripleReports, PagesGoToANamedObject) {
   TripleDb db(11, 11, 0);
   World world(World::Console::of_process());
   WorldScope here(world);
-  register_triple_reports(world);
+  enter_all(world, {&offers::entry_in_html, &offers::entry_comparison});
   db.add_triple("a b", db.feature_id("r", true), "c d", 0.1F);
   world.objects.add("page", Value::of<MyOStream>(&page), "MyOStream");
   world.objects.add("page-db", Value::of(&db), "TripleDb/PLHash");

@@ -5,10 +5,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/world.h"
-#include "triples/reports/query_commands.h"
+#include "triples/reports/offers.h"
 #include "triples/reports/report_parts.h"
 #include "triples/reports/triple_filter.h"
 
@@ -116,8 +115,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_word_pair_reports(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::word_pair_reports{kCommands};
 
 }  // namespace torvane

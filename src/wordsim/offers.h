@@ -1,0 +1,11 @@
+// What the files of this folder add to the configuration language: each name is that of its file.
+#pragma once
+
+#include "shell/offer.h"
+
+namespace torvane::offers {
+
+extern const Offer sim_commands;
+extern const Offer word_sim;
+
+}  // namespace torvane::offers
