@@ -38,8 +38,8 @@ void unify(benchmark::State& state) {
   AttVec merged(bench_type());
   for (auto _ : state) {
     merged.clear_all();
-    merged.unify(*head, nullptr, 1);
-    benchmark::DoNotOptimize(merged.unify(*mod, nullptr, 1));
+    merged.unify(*head, nullptr, true);
+    benchmark::DoNotOptimize(merged.unify(*mod, nullptr, true));
   }
 }
 BENCHMARK(unify);

@@ -140,8 +140,8 @@ class AttContainPred : public Form<AttContainPred, AttUnifiablePred> {
  protected:
   Value apply(AttVec& vec, Value input, int) override {
     if (!constant_->defined.subset_of(vec.defined)) return {};
-    int code = vec.compare(*constant_, &constant_->defined);
-    return code == subsume::kEqual || code == subsume::kMoreGeneral ? input : Value();
+    Subsumption code = vec.compare(*constant_, &constant_->defined);
+    return code == Subsumption::equal || code == Subsumption::more_general ? input : Value();
   }
 };
 
@@ -153,7 +153,7 @@ class AttUnifyPred : public Form<AttUnifyPred, AttWithAttPred> {
 
  protected:
   Value apply(AttVec& vec, Value input, int) override {
-    return vec.unify(*constant_, nullptr, 1) ? input : Value();
+    return vec.unify(*constant_, nullptr, true) ? input : Value();
   }
 };
 

@@ -25,30 +25,30 @@ void AttInterpreter::unknown_facets(const IRSlist& facets) const {
 
 void AttInterpreter::generalize(AttVec* a, const AttVec* b) const {
   if (!a->has(index)) return;
-  if (!b->has(index) || compare(get(a), get(b)) != subsume::kEqual) a->undefine(index);
+  if (!b->has(index) || compare(get(a), get(b)) != Subsumption::equal) a->undefine(index);
 }
 
 void AttInterpreter::subtract(AttVec* a, const AttVec* b) const {
-  if (a->has(index) && b->has(index) && compare(get(a), get(b)) == subsume::kEqual)
+  if (a->has(index) && b->has(index) && compare(get(a), get(b)) == Subsumption::equal)
     a->undefine(index);
 }
 
-int AttInterpreter::unify(AttVec* vec, int at, AttWord value, int store) const {
+bool AttInterpreter::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (vec->has(at)) return get(vec) == value;
   if (store) vec->set(at, value);
-  return 1;
+  return true;
 }
 
 void AttInterpreter::modify(AttVec* vec, int at, AttWord value) const {
   vec->set(at, value);
 }
 
-int AttInterpreter::compare(AttWord a, AttWord b) const {
-  return a == b ? subsume::kEqual : subsume::kIncomparable;
+Subsumption AttInterpreter::compare(AttWord a, AttWord b) const {
+  return a == b ? Subsumption::equal : Subsumption::incomparable;
 }
 
 float AttInterpreter::similarity(AttWord a, AttWord b) const {
-  return compare(a, b) == subsume::kEqual ? weight : 0.0f;
+  return compare(a, b) == Subsumption::equal ? weight : 0.0f;
 }
 
 void AttInterpreter::print(std::ostream& out, const AttVec* vec) const {

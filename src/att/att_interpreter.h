@@ -36,12 +36,12 @@ class AttInterpreter {
   virtual void generalize(AttVec* a, const AttVec* b) const;
   virtual void subtract(AttVec* a, const AttVec* b) const;
   /// Non-zero when the value is compatible; stores it when `store` is not 0.
-  virtual int unify(AttVec* vec, int at, AttWord value, int store) const;
+  virtual bool unify(AttVec* vec, int at, AttWord value, bool store) const;
   /// Overwrites, marking defined.
   virtual void modify(AttVec* vec, int at, AttWord value) const;
   /// Releases what the slot owns.
   virtual void clear(AttVec*) const {}
-  virtual int compare(AttWord a, AttWord b) const;
+  virtual Subsumption compare(AttWord a, AttWord b) const;
   virtual float similarity(AttWord a, AttWord b) const;
   /// Writes the attribute as it stands in a vector; may write nothing.
   virtual void print(std::ostream& out, const AttVec* vec) const;
@@ -58,6 +58,8 @@ class AttInterpreter {
 
   /// A counted value for one more vector, counted: the same, unless it must not be shared.
   virtual AttWord share(AttWord value) const { return value; }
+  /// Uncounts a value that `share` gave.
+  virtual void let_go(AttWord) const {}
   /// Drops a value of `make_val` that nobody counts.
   virtual void discard(AttWord) const {}
   /// False for a value that `print` writes nothing for.

@@ -21,9 +21,9 @@ bool has_handed_out(const AttVec& vec) {
 // as it was before.
 void unify_any(AttVec& a, const AttVec& b, const LBitSet* mask) {
   if (has_handed_out(b))
-    a.unify(AttVec(b), mask, 1);
+    a.unify(AttVec(b), mask, true);
   else
-    a.unify(b, mask, 1);
+    a.unify(b, mask, true);
 }
 
 // Two vectors from sub-expressions, and the attributes that count. The input is theirs alone.

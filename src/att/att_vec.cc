@@ -87,8 +87,12 @@ AttVec::~AttVec() {
 void AttVec::release_values() {
   for (int w = 0; w < defined.word_count(); ++w)
     for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
-         bits &= bits - 1)
-      interpreters->atts[w * 32 + std::countr_zero(bits)]->clear(this);
+         bits &= bits - 1) {
+      int index = w * 32 + std::countr_zero(bits);
+      const AttSlot& slot = interpreters->slots[index];
+      if (slot.at < laid_out_long)
+        interpreters->atts[index]->let_go(std::exchange(long_values[slot.at], 0));
+    }
 }
 
 void* AttVec::operator new(std::size_t bytes) {
@@ -232,7 +236,7 @@ void AttVec::copy_from(const AttVec& other) {
 }
 
 // One attribute of `other` that is not binary.
-inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, int store) {
+inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, bool store) {
   const AttSlot& slot = interpreters->slots[index];
   AttWord value = other.word_at(slot);
   if (is_defined) {
@@ -252,7 +256,7 @@ inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, 
 
 // The attributes `bits` of word w. The binary ones are one operation, but what stands behind the
 // first failure in index order must stay as it is.
-inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, int store) {
+inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, bool store) {
   const std::uint32_t mine = defined.word(w);
   const std::uint32_t binary = bits & interpreters->binary_atts.word(w);
   const std::uint32_t clash = binary & mine & (bin_values.word(w) ^ other.bin_values.word(w));
@@ -280,18 +284,18 @@ inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, i
 }
 
 // Kept: failed-unify-stays
-int AttVec::unify(const AttVec& other, const LBitSet* mask, int store) {
+bool AttVec::unify(const AttVec& other, const LBitSet* mask, bool store) {
   if (interpreters != other.interpreters || !interpreters) return nothing_in(other.defined, mask);
   if (store && !mask && defined.is_empty()) {
     if (this != &other) take_values(other);
-    return 1;
+    return true;
   }
   Hold hold(other);
   for (int w = 0; w < other.defined.word_count(); ++w) {
     std::uint32_t bits = masked(other.defined, mask, w);
-    if (bits && !unify_word(other, w, bits, store)) return 0;
+    if (bits && !unify_word(other, w, bits, store)) return false;
   }
-  return 1;
+  return true;
 }
 
 // Visits what `other` defines (within the mask); nothing if the types differ.
@@ -308,7 +312,7 @@ void AttVec::for_each_in(const AttVec& other, const LBitSet* mask, Visit visit) 
 
 void AttVec::force_unify(const AttVec& other, const LBitSet* mask) {
   for_each_in(other, mask, [&](const AttInterpreter& att, int index) {
-    att.unify(this, index, other.get(index), 1);
+    att.unify(this, index, other.get(index), true);
   });
 }
 
@@ -333,7 +337,7 @@ void AttVec::generalize(const AttVec& other, const LBitSet* mask) {
   }
 }
 
-int AttVec::compare(const AttVec& other, const LBitSet* mask) const {
+Subsumption AttVec::compare(const AttVec& other, const LBitSet* mask) const {
   const int words = std::max(defined.word_count(), other.defined.word_count());
   std::uint32_t outside = 0;        // what this defines and the other does not
   std::uint32_t other_outside = 0;  // and the reverse
@@ -343,26 +347,26 @@ int AttVec::compare(const AttVec& other, const LBitSet* mask) const {
     outside |= differing & defined.word(w);
     other_outside |= differing & other.defined.word(w);
   }
-  if (outside && other_outside) return subsume::kIncomparable;
-  int result = outside         ? subsume::kMoreSpecific
-               : other_outside ? subsume::kMoreGeneral
-                               : subsume::kEqual;
+  if (outside && other_outside) return Subsumption::incomparable;
+  Subsumption result = outside         ? Subsumption::more_specific
+                       : other_outside ? Subsumption::more_general
+                                       : Subsumption::equal;
   for (int w = 0; w < words; ++w) {
     std::uint32_t common = masked(defined, mask, w) & other.defined.word(w);
     if (!common) continue;
-    if (interpreters != other.interpreters) return subsume::kIncomparable;
+    if (interpreters != other.interpreters) return Subsumption::incomparable;
     const std::uint32_t binary = common & interpreters->binary_atts.word(w);
-    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return subsume::kIncomparable;
+    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return Subsumption::incomparable;
     for (common &= ~binary; common; common &= common - 1) {
       int index = w * 32 + std::countr_zero(common);
       const AttSlot& slot = interpreters->slots[index];
       AttWord mine = word_at(slot);
       AttWord theirs = other.word_at(slot);
       if (mine == theirs) continue;
-      int code = interpreters->atts[index]->compare(mine, theirs);
-      if (code == subsume::kEqual) continue;
-      if (code == subsume::kIncomparable || (result != subsume::kEqual && result != code))
-        return subsume::kIncomparable;
+      Subsumption code = interpreters->atts[index]->compare(mine, theirs);
+      if (code == Subsumption::equal) continue;
+      if (code == Subsumption::incomparable || (result != Subsumption::equal && result != code))
+        return Subsumption::incomparable;
       result = code;
     }
   }

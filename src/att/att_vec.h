@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <type_traits>
 
 #include "shell/irslist.h"
 #include "support/array.h"
@@ -26,14 +27,14 @@ enum class Holds : std::uint8_t;
 /// The raw value of a slot: a number, or a pointer to what the attribute's class keeps there.
 using AttWord = std::uintptr_t;
 
-/// Subsumption codes: how the first of two things relates to the second.
-namespace subsume {
-inline constexpr int kEqual = 0;
-inline constexpr int kMoreGeneral = -1;
-inline constexpr int kMoreSpecific = 1;
-inline constexpr int kIncomparable = 2;
-inline constexpr int kNotComparable = -2;
-}  // namespace subsume
+/// How the first of two things relates to the second. The numbers are those that expressions see.
+enum class Subsumption {
+  equal = 0,
+  more_general = -1,
+  more_specific = 1,
+  incomparable = 2,
+  not_comparable = -2,
+};
 
 /// Counted; whoever keeps a vector holds a Ref. It may also be an embedded member (a meaning, an
 /// item), whose owner then holds the first count.
@@ -75,6 +76,15 @@ class AttVec : public Counted<AttVec> {
   AttVec* own_vec(int index);
   AttVecList* own_list(int index);
   TraceChain* own_trace(int index);
+  template <class T>
+  T* own(int index) {
+    if constexpr (std::is_same_v<T, AttVec>)
+      return own_vec(index);
+    else if constexpr (std::is_same_v<T, AttVecList>)
+      return own_list(index);
+    else
+      return own_trace(index);
+  }
 
   /// Takes the items of a form one by one, unifying each in.
   void read(IRSlist* form);
@@ -86,16 +96,16 @@ class AttVec : public Counted<AttVec> {
 
   /// Unifies the attributes of `other` (in `mask` if given) into this vector, or with `store` 0
   /// only tests. 0 at the first that is not compatible; those before it stay changed.
-  int unify(const AttVec& other, const LBitSet* mask, int store);
-  int unifiable(const AttVec& other, const LBitSet* mask = nullptr) const {
-    return const_cast<AttVec*>(this)->unify(other, mask, 0);
+  bool unify(const AttVec& other, const LBitSet* mask, bool store);
+  bool unifiable(const AttVec& other, const LBitSet* mask = nullptr) const {
+    return const_cast<AttVec*>(this)->unify(other, mask, false);
   }
   void force_unify(const AttVec& other, const LBitSet* mask);
   void modify(const AttVec& other, const LBitSet* mask = nullptr);
   void generalize(const AttVec& other, const LBitSet* mask = nullptr);
   void subtract(const AttVec& other, const LBitSet* mask = nullptr);
   /// The subsumption order of the whole system, a code of `subsume`.
-  int compare(const AttVec& other, const LBitSet* mask = nullptr) const;
+  Subsumption compare(const AttVec& other, const LBitSet* mask = nullptr) const;
   /// Releases every value; the vector is empty and of the same type.
   void clear_all();
   /// Becomes a copy of the other, whatever type it is of.
@@ -118,8 +128,8 @@ class AttVec : public Counted<AttVec> {
 
  private:
   AttWord word_at(const AttSlot& slot) const;
-  bool unify_word(const AttVec& other, int w, std::uint32_t bits, int store);
-  bool unify_slot(const AttVec& other, int index, bool is_defined, int store);
+  bool unify_word(const AttVec& other, int w, std::uint32_t bits, bool store);
+  bool unify_slot(const AttVec& other, int index, bool is_defined, bool store);
   template <class T>
   T* own_value(int index, Holds what);
   void take_values(const AttVec& other);

@@ -18,10 +18,10 @@ void AttVec::read(IRSlist* form) {
     int index;
     if (AttInterpreter* att = interpreters->lookup(att_name, &index)) {
       AttWord value = att->make_val(item.get());
-      att->unify(this, index, value, 1);
+      att->unify(this, index, value, true);
       att->discard(value);
     } else if (AttVec* alias = interpreters->find_alias(att_name)) {
-      unify(*alias, nullptr, 1);
+      unify(*alias, nullptr, true);
     } else {
       messages() << "Unknown attribute " << att_name << '\n';
     }
@@ -36,8 +36,8 @@ void AttVec::print(std::ostream& out, const LBitSet* mask, bool use_aliases) con
     AttVec rest(*this);
     bool first = true;
     interpreters->aliases.for_each([&](const auto& alias) {
-      int order = rest.compare(*alias.value);
-      if (order != subsume::kEqual && order != subsume::kMoreSpecific) return;
+      Subsumption order = rest.compare(*alias.value);
+      if (order != Subsumption::equal && order != Subsumption::more_specific) return;
       out << (first ? "" : " ") << alias.key;
       first = false;
       rest.subtract(*alias.value);

@@ -20,28 +20,28 @@ void DisjunctionAtt<Base>::init(World&, IRSlist* facets) {
 
 // A defined 0 unifies only with 0.
 template <class Base>
-int DisjunctionAtt<Base>::unify(AttVec* vec, int at, AttWord value, int store) const {
+bool DisjunctionAtt<Base>::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (!vec->has(at)) {
     if (store) vec->set(at, value);
-    return 1;
+    return true;
   }
   AttWord current = this->get(vec);
-  if (current == 0 && value == 0) return 1;
+  if (current == 0 && value == 0) return true;
   AttWord common = current & value;
-  if (common == 0) return 0;
+  if (common == 0) return false;
   if (store) vec->set(at, common);
-  return 1;
+  return true;
 }
 
 template <class Base>
-int DisjunctionAtt<Base>::compare(AttWord a, AttWord b) const {
+Subsumption DisjunctionAtt<Base>::compare(AttWord a, AttWord b) const {
   auto mine = static_cast<std::uint32_t>(a);
   auto theirs = static_cast<std::uint32_t>(b);
-  if (mine == theirs) return subsume::kEqual;
-  if (mine == 0 || theirs == 0) return subsume::kIncomparable;
-  if ((theirs & ~mine) == 0) return subsume::kMoreGeneral;
-  if ((mine & ~theirs) == 0) return subsume::kMoreSpecific;
-  return subsume::kIncomparable;
+  if (mine == theirs) return Subsumption::equal;
+  if (mine == 0 || theirs == 0) return Subsumption::incomparable;
+  if ((theirs & ~mine) == 0) return Subsumption::more_general;
+  if ((mine & ~theirs) == 0) return Subsumption::more_specific;
+  return Subsumption::incomparable;
 }
 
 template <class Base>

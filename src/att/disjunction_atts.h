@@ -15,8 +15,8 @@ class DisjunctionAtt : public Base {
  public:
   DisjunctionAtt() { this->holds = Holds::mask; }
   void init(World& world, IRSlist* facets) override;
-  int unify(AttVec* vec, int at, AttWord value, int store) const override;
-  int compare(AttWord a, AttWord b) const override;
+  bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
+  Subsumption compare(AttWord a, AttWord b) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override;
   AttWord get_val(const char* token) const override;

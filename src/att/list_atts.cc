@@ -17,7 +17,7 @@ int common_length(const AttVecList& a, const AttVecList& b) {
 }
 
 // Unifies the first n elements pairwise; with `store` the list is already of one owner.
-bool unify_elements(AttVecList& mine, const AttVecList& theirs, int n, int store) {
+bool unify_elements(AttVecList& mine, const AttVecList& theirs, int n, bool store) {
   for (int i = 0; i < n; ++i) {
     AttVec* element = store ? mine.own(i) : mine.at(i);
     const AttVec* other = theirs.at(i);
@@ -27,16 +27,16 @@ bool unify_elements(AttVecList& mine, const AttVecList& theirs, int n, int store
 }
 
 // The codes of the first n pairs, combined: incomparable as soon as two disagree.
-int compare_elements(const AttVecList& a, const AttVecList& b, int n) {
-  int result = subsume::kEqual;
+Subsumption compare_elements(const AttVecList& a, const AttVecList& b, int n) {
+  Subsumption result = Subsumption::equal;
   for (int i = 0; i < n; ++i) {
     if (a.at(i) == b.at(i) || !a.at(i) || !b.at(i)) continue;
-    int code = a.at(i)->compare(*b.at(i));
-    if (code == subsume::kEqual) continue;
-    if (code == subsume::kNotComparable || (result != subsume::kEqual && result != code))
-      return subsume::kIncomparable;
+    Subsumption code = a.at(i)->compare(*b.at(i));
+    if (code == Subsumption::equal) continue;
+    if (code == Subsumption::not_comparable || (result != Subsumption::equal && result != code))
+      return Subsumption::incomparable;
     result = code;
-    if (result == subsume::kIncomparable) break;
+    if (result == Subsumption::incomparable) break;
   }
   return result;
 }
@@ -63,70 +63,7 @@ void print_vectors(std::ostream& out, const AttVecList& list, const char* before
     if (vec) print_vectors(out, *vec, before);
 }
 
-void ListAtt::generalize(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  if (a->get(index) == b->get(index)) return;
-  NestingGuard guard;
-  if (!guard) return;
-  const AttVecList& theirs = *object(b->get(index));
-  int n = object(a->get(index))->length();
-  if (n != theirs.length())
-    a->undefine(index);
-  else
-    generalize_elements(*a->own_list(index), theirs, n);
-}
-
-void ListAtt::subtract(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  NestingGuard guard;
-  if (!guard) return;
-  const AttVecList& theirs = *object(b->get(index));
-  int n = object(a->get(index))->length();
-  if (n != theirs.length()) return;
-  AttVecList& mine = *a->own_list(index);
-  subtract_elements(mine, theirs, n);
-  if (all_empty(mine)) a->undefine(index);
-}
-
-int ListAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
-  if (!vec->has(at)) {
-    if (store) vec->set(at, value);
-    return 1;
-  }
-  AttWord current = get(vec);
-  if (!value || !current) return value == current;
-  if (value == current) return 1;
-  NestingGuard guard;
-  if (!guard) return 0;
-  const AttVecList& theirs = *object(value);
-  int n = object(current)->length();
-  if (n != theirs.length()) return 0;
-  return unify_elements(store ? *vec->own_list(at) : *object(current), theirs, n, store);
-}
-
-void ListAtt::modify(AttVec* vec, int at, AttWord value) const {
-  AttWord current = vec->get(at);
-  if (!value || !current) return vec->set(at, value);
-  if (value == current) return;
-  NestingGuard guard;
-  if (!guard) return;
-  AttVecList& mine = *vec->own_list(at);
-  const AttVecList& theirs = *object(value);
-  int n = common_length(mine, theirs);
-  for (int i = 0; i < n; ++i)
-    if (AttVec* element = mine.own(i); element && theirs.at(i)) element->modify(*theirs.at(i));
-  for (int i = n, length = theirs.length(); i < length; ++i)
-    if (theirs.at(i)) mine.vecs.append(make_ref<AttVec>(*theirs.at(i)));
-}
-
-int ListAtt::compare(AttWord a, AttWord b) const {
-  if (!a || !b || a == b) return AttInterpreter::compare(a, b);
-  NestingGuard guard;
-  if (!guard || object(a)->length() != object(b)->length()) return subsume::kIncomparable;
-  return compare_elements(*object(a), *object(b), object(a)->length());
-}
-
-const char* ListAtt::str_val(AttWord value, std::string& scratch) const {
+const char* ListOfVecsAtt::str_val(AttWord value, std::string& scratch) const {
   if (!value) return nullptr;
   std::ostringstream out;
   const char* before = "";
@@ -139,7 +76,7 @@ const char* ListAtt::str_val(AttWord value, std::string& scratch) const {
   return scratch.c_str();
 }
 
-AttWord ListAtt::make_val(IRSlist* form) const {
+AttWord ListOfVecsAtt::make_val(IRSlist* form) const {
   if (form->empty()) return 0;
   NestingGuard guard;
   if (!guard) return 0;
@@ -151,7 +88,7 @@ AttWord ListAtt::make_val(IRSlist* form) const {
   return word(value);
 }
 
-void ListAtt::pack(const AttVec* vec, StrBufs& out) const {
+void ListOfVecsAtt::pack(const AttVec* vec, StrBufs& out) const {
   constexpr int kMostPacked = 0x7fff;
   const AttVecList* value = object(get(vec));
   if (!value) return;
@@ -161,7 +98,7 @@ void ListAtt::pack(const AttVec* vec, StrBufs& out) const {
     if (value->at(i)) pack_nested(*value->at(i), out);
 }
 
-bool ListAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
+bool ListOfVecsAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
   if (end - p < 2) return false;
   int n = static_cast<std::int16_t>(load_be16(p));
   p += 2;
@@ -175,60 +112,71 @@ bool ListAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
   return true;
 }
 
-bool ListAtt::shows(AttWord value) const {
+bool ListOfVecsAtt::shows(AttWord value) const {
   return !value || !all_empty(*object(value));
 }
 
-void StackAtt::generalize(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  if (a->get(index) == b->get(index)) return;
-  NestingGuard guard;
-  if (!guard) return;
-  AttVecList& mine = *a->own_list(index);
-  const AttVecList& theirs = *object(b->get(index));
+void ListOfVecsAtt::modify_with(AttVecList& mine, const AttVecList& theirs) const {
+  int n = common_length(mine, theirs);
+  for (int i = 0; i < n; ++i)
+    if (AttVec* element = mine.own(i); element && theirs.at(i)) element->modify(*theirs.at(i));
+  for (int i = n, length = theirs.length(); i < length; ++i)
+    if (theirs.at(i)) mine.vecs.append(make_ref<AttVec>(*theirs.at(i)));
+}
+
+void ListAtt::generalize_with(AttVec* a, const AttVecList& theirs) const {
+  int n = theirs.length();
+  if (object(a->get(index))->length() != n)
+    a->undefine(index);
+  else
+    generalize_elements(*a->own<AttVecList>(index), theirs, n);
+}
+
+void ListAtt::subtract_from(AttVec* a, const AttVecList& theirs) const {
+  int n = theirs.length();
+  if (object(a->get(index))->length() != n) return;
+  AttVecList& mine = *a->own<AttVecList>(index);
+  subtract_elements(mine, theirs, n);
+  if (all_empty(mine)) a->undefine(index);
+}
+
+bool ListAtt::unify_with(AttVec* vec, int at, const AttVecList& theirs, bool store) const {
+  int n = theirs.length();
+  return object(get(vec))->length() == n && unify_elements(mine(vec, at, store), theirs, n, store);
+}
+
+Subsumption ListAtt::compare_with(const AttVecList& mine, const AttVecList& theirs) const {
+  if (mine.length() != theirs.length()) return Subsumption::incomparable;
+  return compare_elements(mine, theirs, mine.length());
+}
+
+void StackAtt::generalize_with(AttVec* a, const AttVecList& theirs) const {
+  AttVecList& mine = *a->own<AttVecList>(index);
   int n = common_length(mine, theirs);
   generalize_elements(mine, theirs, n);
   while (mine.length() > n) mine.vecs.pop_back();
 }
 
-void StackAtt::subtract(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  NestingGuard guard;
-  if (!guard) return;
-  AttVecList& mine = *a->own_list(index);
-  const AttVecList& theirs = *object(b->get(index));
+void StackAtt::subtract_from(AttVec* a, const AttVecList& theirs) const {
+  AttVecList& mine = *a->own<AttVecList>(index);
   subtract_elements(mine, theirs, common_length(mine, theirs));
 }
 
-int StackAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
-  if (!vec->has(at)) {
-    if (store) vec->set(at, value);
-    return 1;
-  }
-  AttWord current = get(vec);
-  if (!value || !current) return value == current;
-  if (value == current) return 1;
-  NestingGuard guard;
-  if (!guard) return 0;
-  AttVecList& mine = store ? *vec->own_list(at) : *object(current);
-  const AttVecList& theirs = *object(value);
-  int n = common_length(mine, theirs);
-  if (!unify_elements(mine, theirs, n, store)) return 0;
+bool StackAtt::unify_with(AttVec* vec, int at, const AttVecList& theirs, bool store) const {
+  AttVecList& own = mine(vec, at, store);
+  int n = common_length(own, theirs);
+  if (!unify_elements(own, theirs, n, store)) return false;
   if (store)
-    for (int i = n, length = theirs.length(); i < length; ++i) mine.vecs.append(theirs.vecs[i]);
-  return 1;
+    for (int i = n, length = theirs.length(); i < length; ++i) own.vecs.append(theirs.vecs[i]);
+  return true;
 }
 
-int StackAtt::compare(AttWord a, AttWord b) const {
-  if (!a || !b || a == b) return AttInterpreter::compare(a, b);
-  NestingGuard guard;
-  if (!guard) return subsume::kIncomparable;
-  const AttVecList& mine = *object(a);
-  const AttVecList& theirs = *object(b);
-  int result = compare_elements(mine, theirs, common_length(mine, theirs));
+Subsumption StackAtt::compare_with(const AttVecList& mine, const AttVecList& theirs) const {
+  Subsumption result = compare_elements(mine, theirs, common_length(mine, theirs));
   if (mine.length() == theirs.length()) return result;
-  int by_length = mine.length() > theirs.length() ? subsume::kMoreSpecific : subsume::kMoreGeneral;
-  if (result != subsume::kEqual && result != by_length) return subsume::kIncomparable;
+  Subsumption by_length =
+      mine.length() > theirs.length() ? Subsumption::more_specific : Subsumption::more_general;
+  if (result != Subsumption::equal && result != by_length) return Subsumption::incomparable;
   return by_length;
 }
 

@@ -42,49 +42,72 @@ void print_vectors(std::ostream& out, const AttVec& vec, const char* before) {
   vec.print(out);
 }
 
-void VecAtt::generalize(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::generalize(a, b);
-  if (a->get(index) == b->get(index)) return;
-  NestingGuard guard;
-  if (guard) a->own_vec(index)->generalize(*object(b->get(index)));
+template <class D, class Base>
+void NestedAtt<D, Base>::generalize(AttVec* a, const AttVec* b) const {
+  AttWord mine = a->get(this->index), theirs = b->get(this->index);
+  if (!mine || !theirs) return AttInterpreter::generalize(a, b);
+  if (mine == theirs) return;
+  if (NestingGuard guard; guard) derived().generalize_with(a, *this->object(theirs));
 }
 
-void VecAtt::subtract(AttVec* a, const AttVec* b) const {
-  if (a->get(index) == 0 || b->get(index) == 0) return AttInterpreter::subtract(a, b);
-  NestingGuard guard;
-  if (!guard) return;
-  if (compare(a->get(index), b->get(index)) == subsume::kEqual)
-    a->undefine(index);
-  else
-    a->own_vec(index)->subtract(*object(b->get(index)));
+template <class D, class Base>
+void NestedAtt<D, Base>::subtract(AttVec* a, const AttVec* b) const {
+  AttWord theirs = b->get(this->index);
+  if (!a->get(this->index) || !theirs) return AttInterpreter::subtract(a, b);
+  if (NestingGuard guard; guard) derived().subtract_from(a, *this->object(theirs));
 }
 
-int VecAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
-  if (!vec->has(at)) {
-    if (store) vec->set(at, value);
-    return 1;
-  }
-  AttWord current = get(vec);
-  if (!value || !current) return value == current;
-  if (value == current) return 1;
+template <class D, class Base>
+bool NestedAtt<D, Base>::unify(AttVec* vec, int at, AttWord value, bool store) const {
+  if (auto known = this->unify_outside(vec, at, value, store)) return *known;
+  if (value == this->get(vec)) return true;
   NestingGuard guard;
-  if (!guard) return 0;
-  AttVec* mine = store ? vec->own_vec(at) : object(current);
-  return mine->unify(*object(value), nullptr, store);
+  return guard && derived().unify_with(vec, at, *this->object(value), store);
 }
 
-void VecAtt::modify(AttVec* vec, int at, AttWord value) const {
+template <class D, class Base>
+void NestedAtt<D, Base>::modify(AttVec* vec, int at, AttWord value) const {
   AttWord current = vec->get(at);
   if (!value || !current) return vec->set(at, value);
   if (value == current) return;
   NestingGuard guard;
-  if (guard) vec->own_vec(at)->modify(*object(value));
+  if (guard) derived().modify_with(*vec->own<typename Base::Nested>(at), *this->object(value));
 }
 
-int VecAtt::compare(AttWord a, AttWord b) const {
+template <class D, class Base>
+Subsumption NestedAtt<D, Base>::compare(AttWord a, AttWord b) const {
   if (!a || !b || a == b) return AttInterpreter::compare(a, b);
   NestingGuard guard;
-  return guard ? object(a)->compare(*object(b)) : subsume::kIncomparable;
+  return guard ? derived().compare_with(*this->object(a), *this->object(b))
+               : Subsumption::incomparable;
+}
+
+template class NestedAtt<VecAtt, ComplexAtt<AttVec>>;
+template class NestedAtt<ListAtt, ListOfVecsAtt>;
+template class NestedAtt<StackAtt, ListOfVecsAtt>;
+
+void VecAtt::generalize_with(AttVec* a, const AttVec& theirs) const {
+  a->own<AttVec>(index)->generalize(theirs);
+}
+
+void VecAtt::subtract_from(AttVec* a, const AttVec& theirs) const {
+  AttWord mine = a->get(index);
+  if (object(mine) == &theirs || object(mine)->compare(theirs) == Subsumption::equal)
+    a->undefine(index);
+  else
+    a->own<AttVec>(index)->subtract(theirs);
+}
+
+bool VecAtt::unify_with(AttVec* vec, int at, const AttVec& theirs, bool store) const {
+  return mine(vec, at, store).unify(theirs, nullptr, store);
+}
+
+void VecAtt::modify_with(AttVec& mine, const AttVec& theirs) const {
+  mine.modify(theirs);
+}
+
+Subsumption VecAtt::compare_with(const AttVec& mine, const AttVec& theirs) const {
+  return mine.compare(theirs);
 }
 
 const char* VecAtt::str_val(AttWord value, std::string& scratch) const {

@@ -61,7 +61,7 @@ AttWord EnumAtt::get_val(const char* token) const {
 }
 
 // Kept: small-int-never-clashes
-int SmIntAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
+bool SmIntAtt::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (store && !vec->has(at)) vec->set(at, value);
   return 1;
 }
@@ -75,12 +75,12 @@ AttWord SmIntAtt::make_val(IRSlist* form) const {
   return number_in(value_text(form));
 }
 
-int IntAtt::compare(AttWord a, AttWord b) const {
+Subsumption IntAtt::compare(AttWord a, AttWord b) const {
   auto mine = static_cast<std::uint32_t>(a);
   auto theirs = static_cast<std::uint32_t>(b);
-  if (mine == theirs) return subsume::kEqual;
+  if (mine == theirs) return Subsumption::equal;
   // Kept: smaller-is-more-general
-  return mine < theirs ? subsume::kMoreGeneral : subsume::kMoreSpecific;
+  return mine < theirs ? Subsumption::more_general : Subsumption::more_specific;
 }
 
 const char* IntAtt::str_val(AttWord value, std::string& scratch) const {

@@ -43,7 +43,7 @@ class SmIntAtt : public AttClass<SmIntAtt, CharAtt> {
  public:
   static constexpr const char* kType = "SmIntAtt";
   static constexpr const char* kUsage = "0 to 255; never blocks unification, the first value stays";
-  int unify(AttVec* vec, int at, AttWord value, int store) const override;
+  bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override;
 };
@@ -53,7 +53,7 @@ class IntAtt : public AttClass<IntAtt, Long32Att> {
  public:
   static constexpr const char* kType = "IntAtt";
   static constexpr const char* kUsage = "a 32-bit integer";
-  int compare(AttWord a, AttWord b) const override;
+  Subsumption compare(AttWord a, AttWord b) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   AttWord make_val(IRSlist* form) const override { return get_val(value_text(form)); }
   AttWord get_val(const char* token) const override;

@@ -69,7 +69,7 @@ void EntAtt::init(World&, IRSlist* facets) {
   }
 }
 
-int EntAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
+bool EntAtt::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (!unifier || !vec->has(at)) return AttInterpreter::unify(vec, at, value, store);
   AttWord result = unifier(get(vec), value);
   if (result == 0) return 0;

@@ -33,7 +33,7 @@ class EntAtt : public AttClass<EntAtt, LongVAtt> {
     plain = false;
   }
   void init(World& world, IRSlist* facets) override;
-  int unify(AttVec* vec, int at, AttWord value, int store) const override;
+  bool unify(AttVec* vec, int at, AttWord value, bool store) const override;
   const char* str_val(AttWord value, std::string& scratch) const override;
   void pack(const AttVec*, StrBufs&) const override {}
   bool unpack(AttVec* vec, const char*& p, const char* end) const override;

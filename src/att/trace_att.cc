@@ -1,4 +1,4 @@
-// Attributes that remember what a displaced constituent left behind.
+// The attribute of displaced constituents.
 #include <algorithm>
 
 #include "att/attribute_type.h"
@@ -9,21 +9,16 @@
 
 namespace torvane {
 
-int TraceAtt::unify(AttVec* vec, int at, AttWord value, int store) const {
-  if (!vec->has(at)) {
-    if (store) vec->set(at, value);
-    return 1;
-  }
-  AttWord current = get(vec);
-  if (!value || !current) return value == current;
-  if (!store) return 1;
+bool TraceAtt::unify(AttVec* vec, int at, AttWord value, bool store) const {
+  if (auto known = unify_outside(vec, at, value, store)) return *known;
+  if (!store) return true;
   Ref<TraceChain> added(object(value));
   TraceChain* chain = vec->own_trace(at);
   // Pushed on the front one by one, they stand in reverse.
   const int n = added->records.count();
   for (int i = n; i-- > 0;) chain->records.append(added->records[i]);
   std::rotate(chain->records.begin(), chain->records.end() - n, chain->records.end());
-  return 1;
+  return true;
 }
 
 void TraceAtt::print(std::ostream& out, const AttVec* vec) const {

@@ -59,19 +59,6 @@ Value to_value(R result) {
   }
 }
 template <class A>
-A from_value(Value v) {
-  using T = std::remove_const_t<std::remove_pointer_t<A>>;
-  if constexpr (std::is_same_v<A, Value>) {
-    return v;
-  } else if constexpr (std::is_same_v<A, const char*>) {
-    return v.text();
-  } else if constexpr (std::is_integral_v<A>) {
-    return static_cast<A>(v.number());
-  } else {
-    return v.template as<T>();
-  }
-}
-template <class A>
 struct Pointee {
   using type = std::remove_const_t<std::remove_pointer_t<A>>;
 };
@@ -79,6 +66,18 @@ template <>
 struct Pointee<const char*> {
   using type = const char*;
 };
+template <class A>
+A from_value(Value v) {
+  if constexpr (std::is_same_v<A, Value>) {
+    return v;
+  } else if constexpr (std::is_same_v<A, const char*>) {
+    return v.text();
+  } else if constexpr (std::is_integral_v<A>) {
+    return static_cast<A>(v.number());
+  } else {
+    return v.template as<typename Pointee<A>::type>();
+  }
+}
 }  // namespace form_detail
 
 /// An adaptor from a T (by reference; a null or foreign input gives 0) to an R:

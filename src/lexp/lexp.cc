@@ -7,6 +7,7 @@
 #include "lexp/form.h"
 #include "shell/macro.h"
 #include "shell/object_factory.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"

@@ -16,6 +16,7 @@
 #include "shell/irslist.h"
 #include "shell/named_objects.h"
 #include "shell/streams.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
 

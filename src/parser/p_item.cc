@@ -53,7 +53,7 @@ int p_item_type() {
 
 bool equivalent(const PItem& a, const PItem& b, const LBitSet& visible) {
   return a._low == b._low && a._high == b._high &&
-         a._atts->compare(*b._atts, &visible) == subsume::kEqual;
+         a._atts->compare(*b._atts, &visible) == Subsumption::equal;
 }
 
 void stamp_roles(PItem& item) {

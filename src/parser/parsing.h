@@ -8,6 +8,7 @@
 #include "parser/dist_table.h"
 #include "parser/syntax_atts.h"
 #include "parser/torvane_parser.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 
 namespace torvane {

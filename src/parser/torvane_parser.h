@@ -16,11 +16,11 @@
 #include "parser/grammar.h"
 #include "parser/p_item.h"
 #include "parser/parse_forest.h"
-#include "shell/tokenizer.h"
 #include "support/name_table.h"
 
 namespace torvane {
 
+class TokenizerBase;
 class World;
 
 /// One record of the root table.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "shell/offers.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -59,6 +60,8 @@ bool Exec::may_enter(const char* source) {
   refuse_above_ = outermost_repeated(source);
   return false;
 }
+
+Exec::~Exec() = default;
 
 Exec::Exec(World& its_world, std::unique_ptr<TokenizerBase> given, char open, char close)
     : commands(1997),

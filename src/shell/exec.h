@@ -35,6 +35,7 @@ class Exec {
   /// With a null tokenizer, one with the classes of the configuration language.
   explicit Exec(World& its_world, std::unique_ptr<TokenizerBase> given = nullptr, char open = '(',
                 char close = ')');
+  ~Exec();
   Exec(const Exec&) = delete;
   Exec& operator=(const Exec&) = delete;
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/sanitizer.h"
@@ -428,6 +429,14 @@ char* next_item_in_text(const char*& cursor, StrBufs& strings) {
   messages() << "next_item: unmatched parenthesis\n";
   cursor += std::char_traits<char>::length(cursor);
   return nullptr;
+}
+
+IRSlistReader::IRSlistReader(bool double_byte) : tokenizer_(Tokenizer::make_default(double_byte)) {}
+IRSlistReader::~IRSlistReader() = default;
+
+// Kept: last-atom-unseen
+IRSlist* IRSlistReader::current() {
+  return tokenizer_->more_input ? &current_ : nullptr;
 }
 
 IRSlist* IRSlistReader::next() {

@@ -10,12 +10,14 @@
 #include <ostream>
 #include <string>
 
-#include "shell/tokenizer.h"
 #include "support/slist.h"
 #include "support/str_bufs.h"
 
 namespace torvane {
 
+class Stream;
+class Tokenizer;
+class TokenizerBase;
 class World;
 
 class IRSlist {
@@ -103,14 +105,14 @@ char* next_item_in_text(const char*& cursor, StrBufs& strings);
 /// Reads forms one by one from a text or a stream.
 class IRSlistReader {
  public:
-  explicit IRSlistReader(bool double_byte) : tokenizer_(Tokenizer::make_default(double_byte)) {}
+  explicit IRSlistReader(bool double_byte);
+  ~IRSlistReader();
   /// The next form; null at the end.
   IRSlist* next();
   IRSlist* start_string(const char* text);
   IRSlist* start_stream(Stream* stream);
   /// The form read last; null once the input has ended.
-  // Kept: last-atom-unseen
-  IRSlist* current() { return tokenizer_->more_input ? &current_ : nullptr; }
+  IRSlist* current();
   /// False where a closing parenthesis stood in the place of a form, which then is empty.
   bool found_form() const { return found_form_; }
   Tokenizer& tokenizer() { return *tokenizer_; }

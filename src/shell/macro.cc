@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "shell/offers.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/array.h"
 #include "support/messages.h"

@@ -3,6 +3,7 @@
 
 #include "shell/named_objects.h"
 #include "shell/offers.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/messages.h"
 #include "support/text.h"

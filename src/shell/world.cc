@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "shell/tokenizer.h"
 #include "support/messages.h"
 
 namespace torvane {

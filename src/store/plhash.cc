@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "shell/file_search.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "store/qhash.h"
 #include "support/big_endian.h"

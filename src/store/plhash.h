@@ -14,7 +14,6 @@
 #include <string>
 #include <vector>
 
-#include "shell/tokenizer.h"
 #include "store/qhash.h"
 #include "support/hash_table.h"
 #include "support/str_bufs.h"
@@ -22,6 +21,8 @@
 
 namespace torvane {
 
+class NamedObjects;
+class Tokenizer;
 class World;
 
 class PLHashIterator;

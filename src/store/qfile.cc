@@ -4,11 +4,15 @@
 #include <string>
 
 #include "shell/file_search.h"
+#include "store/page_file.h"
 #include "support/big_endian.h"
 #include "support/messages.h"
 #include "support/text.h"
 
 namespace torvane {
+
+QFile::QFile(int open_mode) : mode(open_mode), cached_pages(PageFile::usual_cached_pages()) {}
+QFile::~QFile() = default;
 
 int QFile::open(const char* name, long new_block_size) {
   close();
@@ -19,7 +23,7 @@ int QFile::open(const char* name, long new_block_size) {
   if (file->length() > 0) return load_header() ? 1 : refuse(name);
   // Nothing can become of an empty file that may not be written.
   if (read_only()) return refuse(name);
-  long size = std::clamp(new_block_size, 32L, static_cast<long>(kMostBytes) - 3);
+  long size = std::clamp(new_block_size, 32L, static_cast<long>(PageFile::kMostBytes) - 3);
   block_size = (static_cast<std::uint32_t>(size) + 3) / 4 * 4;
   end_pos = kHeaderBytes;
   dirty = 1;
@@ -127,7 +131,8 @@ std::uint32_t QFile::alloc(std::uint32_t size, RecordHeader& hdr) {
   hdr.blocks = (size - 1) / block_size + 1;
   std::uint64_t bytes = std::uint64_t{hdr.blocks} * block_size;
   dirty = 1;
-  std::uint32_t pos = bytes <= kMostBytes ? free_list.take(static_cast<std::uint32_t>(bytes)) : 0;
+  std::uint32_t pos =
+      bytes <= PageFile::kMostBytes ? free_list.take(static_cast<std::uint32_t>(bytes)) : 0;
   return pos != 0 ? pos : grow(bytes);
 }
 
@@ -135,10 +140,10 @@ std::uint32_t QFile::grow(std::uint64_t bytes) {
   std::uint64_t amount = std::max<std::uint64_t>(bytes, kGrowth);
   amount = (amount + block_size - 1) / block_size * block_size;
   // Near the limit only what is needed.
-  if (end_pos + amount > kMostBytes) amount = bytes;
-  if (end_pos + amount > kMostBytes) {
-    messages() << "The file " << file->path() << " cannot grow beyond " << kMostBytes << " bytes"
-               << std::endl;
+  if (end_pos + amount > PageFile::kMostBytes) amount = bytes;
+  if (end_pos + amount > PageFile::kMostBytes) {
+    messages() << "The file " << file->path() << " cannot grow beyond " << PageFile::kMostBytes
+               << " bytes" << std::endl;
     return 0;
   }
   if (file->failing() || !file->clear(end_pos, static_cast<std::uint32_t>(amount))) return 0;
@@ -159,7 +164,7 @@ void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
   if (blocks == 0 && is_open() && read_header(pos, hdr)) blocks = hdr.blocks;
   std::uint64_t wide = std::uint64_t{blocks} * block_size;
   // A wrong extent would offer live records as space.
-  if (!is_open() || wide > kMostBytes || (!read_only() && !extent_is_sound(pos, wide))) {
+  if (!is_open() || wide > PageFile::kMostBytes || (!read_only() && !extent_is_sound(pos, wide))) {
     complain_of_record();
     return;
   }
@@ -197,7 +202,7 @@ bool QFile::read_overflow_ref(std::uint32_t pos, OverflowRef& ovf) const {
 
 bool QFile::reserve(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, OverflowRef& ovf) {
   ovf = {};
-  if (read_only() || !is_open() || size > kMostBytes) return false;
+  if (read_only() || !is_open() || size > PageFile::kMostBytes) return false;
   bool fits = pos == 0 ? alloc_record(pos, size, hdr, ovf) : fit_record(pos, size, hdr, ovf);
   if (!fits) return false;
   hdr.size = size;
@@ -207,7 +212,8 @@ bool QFile::reserve(std::uint32_t& pos, std::uint32_t size, RecordHeader& hdr, O
 
 bool QFile::alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf) {
   RecordHeader scratch;
-  ovf.overflow_pos = bytes <= kMostBytes ? alloc(static_cast<std::uint32_t>(bytes), scratch) : 0;
+  ovf.overflow_pos =
+      bytes <= PageFile::kMostBytes ? alloc(static_cast<std::uint32_t>(bytes), scratch) : 0;
   ovf.overflow_blocks = scratch.blocks;
   hdr.flags &= static_cast<std::uint16_t>(~RecordHeader::kContiguous);
   return ovf.overflow_pos != 0;
@@ -278,7 +284,8 @@ std::uint32_t QFile::write_record(std::uint32_t pos, const char* data, std::size
   }
   RecordHeader hdr;
   OverflowRef ovf;
-  if (size > kMostBytes || !reserve(pos, static_cast<std::uint32_t>(size), hdr, ovf)) return 0;
+  if (size > PageFile::kMostBytes || !reserve(pos, static_cast<std::uint32_t>(size), hdr, ovf))
+    return 0;
   dirty = 1;
   return write_payload(pos, hdr, ovf, 0, data, hdr.size) ? pos : 0;
 }

@@ -12,11 +12,12 @@
 #include <memory>
 
 #include "store/free_list.h"
-#include "store/page_file.h"
 #include "support/big_endian.h"
 #include "support/str_bufs.h"
 
 namespace torvane {
+
+class PageFile;
 
 /// The 8 bytes at a record's position. `blocks` has 16 bits in the file.
 struct RecordHeader {
@@ -50,11 +51,11 @@ class QFile {
   static constexpr int kWritable = 2;
 
   /// `mode` is 1 for reading, 3 for reading and writing.
-  explicit QFile(int open_mode) : mode(open_mode) {}
+  explicit QFile(int open_mode);
   QFile(const QFile&) = delete;
   QFile& operator=(const QFile&) = delete;
   /// What was not synced is dropped.
-  virtual ~QFile() = default;
+  virtual ~QFile();
   /// Writes the free list and the header, and makes all changes since the last sync permanent.
   /// Nothing on a file that is read-only, not open or unchanged.
   virtual void sync();
@@ -98,11 +99,10 @@ class QFile {
   int dirty = 0;
   FreeList free_list;
   /// How much of the file stays in memory; counts from the next `open` on.
-  std::size_t cached_pages = PageFile::usual_cached_pages();
+  std::size_t cached_pages;
 
  protected:
   static constexpr std::uint32_t kHeaderBytes = 12;
-  static constexpr std::uint32_t kMostBytes = PageFile::kMostBytes;
 
   /// "Can't open NAME"; closed then. 0.
   int refuse(const char* name);

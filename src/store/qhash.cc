@@ -9,7 +9,9 @@
 
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
+#include "store/page_file.h"
 #include "support/hash.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -88,12 +90,12 @@ int QHash::open_file(const char* name, long new_block_size, long buckets, const 
 
 bool QHash::start_file(long buckets, const char* function_name) {
   std::size_t name_length = std::strlen(function_name);
-  constexpr long kMostBuckets = kMostBytes / 4;
-  if (buckets > kMostBuckets || name_length > kMostBytes / 4) return false;
+  constexpr long kMostBuckets = PageFile::kMostBytes / 4;
+  if (buckets > kMostBuckets || name_length > PageFile::kMostBytes / 4) return false;
   size = static_cast<std::uint32_t>(std::max(buckets, 1L));
   buckets_pos = kBucketsPos;
   std::uint64_t name_pos = std::uint64_t{kBucketsPos} + 4 * std::uint64_t{size} + 4;
-  if (name_pos + name_length + 3 > kMostBytes) return false;
+  if (name_pos + name_length + 3 > PageFile::kMostBytes) return false;
   auto length = static_cast<std::uint32_t>(name_length);
   auto at = static_cast<std::uint32_t>(name_pos);
   if (!write_word(kSizePos, size) || !file->clear(buckets_pos, 4 * size) ||
@@ -196,7 +198,7 @@ QHash::Match QHash::compare_in_place(std::uint32_t pos, const char* key,
 
 // Kept: inserted-twice
 std::uint32_t QHash::insert(const char* data, std::size_t length) {
-  if (read_only() || !is_open() || length > kMostBytes - kNextBytes ||
+  if (read_only() || !is_open() || length > PageFile::kMostBytes - kNextBytes ||
       !std::memchr(data, 0, length))
     return 0;
   std::uint32_t bucket = bucket_of(data);
@@ -216,7 +218,7 @@ std::uint32_t QHash::insert(const char* data, std::size_t length) {
 
 std::uint32_t QHash::update(std::uint32_t pos, const char* data, std::size_t length,
                             std::uint32_t next, int set_next) {
-  if (read_only() || !is_open() || length > kMostBytes - kNextBytes) return 0;
+  if (read_only() || !is_open() || length > PageFile::kMostBytes - kNextBytes) return 0;
   RecordHeader hdr;
   OverflowRef ovf;
   if (!reserve(pos, static_cast<std::uint32_t>(length) + kNextBytes, hdr, ovf)) return 0;

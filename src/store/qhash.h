@@ -6,12 +6,12 @@
 #include <cstdint>
 #include <string>
 
-#include "shell/named_objects.h"
-#include "shell/tokenizer.h"
 #include "store/qfile.h"
 
 namespace torvane {
 
+class NamedObjects;
+class TokenizerBase;
 class World;
 
 class QHash : public QFile {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "store/journal.h"
+#include "store/page_file.h"
 #include "store/qhash.h"
 #include "store/store_test.h"
 #include "support/big_endian.h"

@@ -4,9 +4,12 @@
 #include <string>
 #include <utility>
 
+#include "lex/lexicon/dict_on_disk.h"
+#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
+#include "store/qhash.h"
 #include "support/messages.h"
 #include "support/text.h"
 #include "wordsim/group_scores.h"

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "shell/irslist.h"
+#include "store/qhash.h"
 #include "support/text.h"
 
 namespace torvane {

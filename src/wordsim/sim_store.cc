@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "store/qhash.h"
 #include "support/big_endian.h"
 #include "support/messages.h"
 #include "wordsim/sim_word_db.h"

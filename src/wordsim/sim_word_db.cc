@@ -1,8 +1,14 @@
 #include "wordsim/sim_word_db.h"
 
+#include "lex/lexicon/dict_on_disk.h"
+#include "store/qhash.h"
 #include "wordsim/sim_source.h"
 
 namespace torvane {
+
+SimWordDb::SimWordDb(int size, int most_syns, float least_sim)
+    : Str2Id(size), max_syns(most_syns), min_sim(least_sim) {}
+SimWordDb::~SimWordDb() = default;
 
 SimRecord& SimWordDb::keep(std::unique_ptr<SimRecord> record) {
   int id = record->word;

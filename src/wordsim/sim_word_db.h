@@ -5,21 +5,22 @@
 
 #include <memory>
 
-#include "lex/lexicon/dict_on_disk.h"
 #include "shell/irslist.h"
 #include "shell/streams.h"
-#include "store/qhash.h"
 #include "store/str2id.h"
 #include "support/value.h"
 #include "wordsim/sim_record.h"
 
 namespace torvane {
 
+class DictOnDisk;
+class QHash;
+
 class SimWordDb : public Str2Id {
  public:
   /// `size` is that of the id table.
-  SimWordDb(int size, int most_syns, float least_sim)
-      : Str2Id(size), max_syns(most_syns), min_sim(least_sim) {}
+  SimWordDb(int size, int most_syns, float least_sim);
+  ~SimWordDb();
 
   /// The record of an id, loaded or made empty; null for an id out of range.
   SimRecord* get_record(int id);

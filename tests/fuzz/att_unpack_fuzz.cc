@@ -56,7 +56,7 @@ void read_input(const std::string& bytes) {
   AttVec second(type);
   while (p < end && first.unpack(p, end)) {
     check_round_trip(first, type);
-    second.unify(first, nullptr, 1);
+    second.unify(first, nullptr, true);
     first.compare(second);
     second.generalize(first);
     second.modify(first);

@@ -91,7 +91,7 @@ LexItem* LexAnalyzer::duplicate_of(const LexItem& item) const {
   for (LexItem* known : ending_at(item.high))
     if (known->low == item.low && known->meaning &&
         byte_compare(or_empty(known->root), or_empty(item.root)) == 0 &&
-        known->meaning->compare(item.meaning.get()) == subsume::kEqual)
+        known->meaning->compare(item.meaning.get()) == Subsumption::equal)
       return known;
   return nullptr;
 }

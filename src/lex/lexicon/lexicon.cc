@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "lex/lexicon/dict_on_disk.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -36,6 +37,8 @@ Lexicon::Lexicon(World& its_world, int size) : world_(its_world) {
   entries.rehash(bucket_count(size));
   not_found.rehash(bucket_count(size));
 }
+
+Lexicon::~Lexicon() = default;
 
 LexEntry* Lexicon::find(std::string_view key) const {
   auto it = entries.find(key);
@@ -173,7 +176,7 @@ LexEntry* Lexicon::read_entry(IRSlist* form, int no_dup) {
 bool Lexicon::add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry) {
   if (check_meanings)
     for (const Meaning* known : entry->meanings)
-      if (known->compare(meaning.get()) == subsume::kEqual) return false;
+      if (known->compare(meaning.get()) == Subsumption::equal) return false;
   entry->meanings.append(meaning.release());
   return true;
 }

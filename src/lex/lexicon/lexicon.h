@@ -11,12 +11,12 @@
 #include <unordered_set>
 #include <vector>
 
-#include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/endings.h"
 #include "lex/lexicon/lex_entry.h"
 
 namespace torvane {
 
+class DictOnDisk;
 class World;
 
 /// An entry, and the ending that led to it (null: none was taken off).
@@ -48,7 +48,7 @@ class Lexicon {
   virtual void print_entry(std::ostream& out, const LexEntry* entry);
   /// Takes the meaning; false (and dropped) if it is rejected as a duplicate.
   virtual bool add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry);
-  virtual ~Lexicon() = default;
+  virtual ~Lexicon();
 
   /// The entry, or null. Without a Pin it is valid until the next look-up, which may evict it.
   LexEntry* get_entry(const char* word);

@@ -1,6 +1,7 @@
 // The commands that make a lexicon, fill it and print it.
 #include <utility>
 
+#include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/lexicon.h"
 #include "lex/lexicon/lexicon_files.h"
 #include "lex/lexicon/offers.h"

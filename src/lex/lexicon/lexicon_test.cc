@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "lex/lexicon/dict_on_disk.h"
 #include "lex/lexicon/offers.h"
 #include "lexp/offers.h"
 #include "shell/world.h"

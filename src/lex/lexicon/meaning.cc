@@ -17,9 +17,9 @@ namespace {
 constexpr const char* kMeanings = "Meaning";
 }
 
-int Meaning::compare(const Meaning* other) const {
-  if (!other || byte_compare(type(), other->type()) != 0) return subsume::kNotComparable;
-  return subsume::kEqual;
+Subsumption Meaning::compare(const Meaning* other) const {
+  if (!other || byte_compare(type(), other->type()) != 0) return Subsumption::not_comparable;
+  return Subsumption::equal;
 }
 
 std::unique_ptr<Meaning> Meaning::make(World& world, IRSlist* form) const {
@@ -36,17 +36,17 @@ std::unique_ptr<Meaning> AVMeaning::clone() const {
   return std::make_unique<AVMeaning>(*this);
 }
 
-int AVMeaning::compare(const Meaning* other) const {
+Subsumption AVMeaning::compare(const Meaning* other) const {
   const AVMeaning* avm = as_avm(other);
-  return avm ? vec->compare(*avm->vec) : subsume::kNotComparable;
+  return avm ? vec->compare(*avm->vec) : Subsumption::not_comparable;
 }
 
-int AVMeaning::unifiable(const Meaning* other) const {
-  if (!other || byte_compare(type(), other->type()) != 0) return 0;
-  // Two kinds of one name but of different classes count as unifiable, as the code is not zero.
+bool AVMeaning::unifiable(const Meaning* other) const {
+  if (!other || byte_compare(type(), other->type()) != 0) return false;
+  // Two kinds of one name but of different classes count as unifiable.
   const AVMeaning* avm = as_avm(other);
   // Kept: foreign-avm-unifies
-  return avm ? vec->unifiable(*avm->vec) : subsume::kNotComparable;
+  return !avm || vec->unifiable(*avm->vec);
 }
 
 void AVMeaning::init(World&, IRSlist* form) {
@@ -61,15 +61,15 @@ std::unique_ptr<Meaning> StrMeaning::clone() const {
   return std::make_unique<StrMeaning>(*this);
 }
 
-int StrMeaning::compare(const Meaning* other) const {
+Subsumption StrMeaning::compare(const Meaning* other) const {
   if (!other || byte_compare(type(), other->type()) != 0 || is_avm(other))
-    return subsume::kNotComparable;
+    return Subsumption::not_comparable;
   const char* mine = kept_text();
   const char* theirs = other->kept_text();
   if (mine && theirs)
-    return byte_compare(mine, theirs) == 0 ? subsume::kEqual : subsume::kIncomparable;
-  if (!mine && !theirs) return subsume::kEqual;
-  return mine ? subsume::kMoreSpecific : subsume::kMoreGeneral;
+    return byte_compare(mine, theirs) == 0 ? Subsumption::equal : Subsumption::incomparable;
+  if (!mine && !theirs) return Subsumption::equal;
+  return mine ? Subsumption::more_specific : Subsumption::more_general;
 }
 
 void StrMeaning::init(World&, IRSlist* form) {

@@ -22,8 +22,10 @@ class Meaning {
   virtual void print(std::ostream&) const {}
   virtual std::unique_ptr<Meaning> clone() const = 0;
   /// -2 for another kind, else a code of `subsume`.
-  virtual int compare(const Meaning* other) const;
-  virtual int unifiable(const Meaning* other) const { return compare(other) == 0; }
+  virtual Subsumption compare(const Meaning* other) const;
+  virtual bool unifiable(const Meaning* other) const {
+    return compare(other) == Subsumption::equal;
+  }
   virtual void init(World&, IRSlist*) {}
   /// A clone, initialised from the form; null for a kind that works by side effect.
   virtual std::unique_ptr<Meaning> make(World& world, IRSlist* form) const;
@@ -55,8 +57,8 @@ class AVMeaning : public Meaning {
   const char* type() const override { return "avm"; }
   void print(std::ostream& out) const override;
   std::unique_ptr<Meaning> clone() const override;
-  int compare(const Meaning* other) const override;
-  int unifiable(const Meaning* other) const override;
+  Subsumption compare(const Meaning* other) const override;
+  bool unifiable(const Meaning* other) const override;
   void init(World& world, IRSlist* form) override;
   const AVMeaning* avm() const override { return this; }
 
@@ -81,7 +83,7 @@ class StrMeaning : public Meaning {
   const char* type() const override { return type_name; }
   void print(std::ostream& out) const override;
   std::unique_ptr<Meaning> clone() const override;
-  int compare(const Meaning* other) const override;
+  Subsumption compare(const Meaning* other) const override;
   void init(World& world, IRSlist* form) override;
   const char* kept_text() const override { return has_text ? text.c_str() : nullptr; }
 

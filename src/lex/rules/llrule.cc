@@ -82,10 +82,10 @@ void LLRule::act(const Ref<Match>& match, const Match* left, const Match* right)
   _action->eval(Value::of(whole.get()), type_id_of<Match>());
 }
 
-int LLRuleMeaning::compare(const Meaning* other) const {
+Subsumption LLRuleMeaning::compare(const Meaning* other) const {
   auto* rule_meaning = dynamic_cast<const LLRuleMeaning*>(other);
-  if (!rule_meaning) return subsume::kNotComparable;
-  return rule_meaning->rule == rule ? subsume::kEqual : subsume::kIncomparable;
+  if (!rule_meaning) return Subsumption::not_comparable;
+  return rule_meaning->rule == rule ? Subsumption::equal : Subsumption::incomparable;
 }
 
 void LLRuleMeaning::init(World& world, IRSlist* form) {

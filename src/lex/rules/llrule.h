@@ -41,7 +41,7 @@ class LLRuleMeaning : public Meaning {
   const char* type() const override { return "llrule"; }
   std::unique_ptr<Meaning> clone() const override { return std::make_unique<LLRuleMeaning>(*this); }
   /// The same rule is equal; two rules have nothing in common.
-  int compare(const Meaning* other) const override;
+  Subsumption compare(const Meaning* other) const override;
   void init(World& world, IRSlist* form) override;
 
   Ref<LLRule> rule;  ///< may be null

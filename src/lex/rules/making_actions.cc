@@ -89,8 +89,8 @@ class RetrieveLexItem : public Form<RetrieveLexItem, MakeLexItem> {
     for (LexItem* item : chart.ending_at(plan.high)) {
       if (!has_span(*item, plan.low, plan.high) || !item->meaning) continue;
       if (plan.root && byte_compare(or_empty(item->root), plan.root) != 0) continue;
-      int order = item->meaning->compare(plan.meaning);
-      if (order == subsume::kEqual || order == subsume::kMoreSpecific) return item;
+      Subsumption order = item->meaning->compare(plan.meaning);
+      if (order == Subsumption::equal || order == Subsumption::more_specific) return item;
     }
     return nullptr;
   }
