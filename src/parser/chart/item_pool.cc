@@ -42,17 +42,12 @@ struct ItemPool::Forgotten {
   ~Forgotten() { pool.recycle(items); }
 };
 
-void ItemPool::reset() {
-  if (lifetimes().expression_waits()) {
-    auto used = pool_.begin() + free_;
-    std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
-    forgotten->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
-    pool_.erase(used, pool_.end());
-    retire(std::move(forgotten), eras_.birth());
-  }
-  free_ = static_cast<int>(pool_.size());
-  eras_.renew();
-  items_made_ = 0;
+void ItemPool::set_aside() {
+  auto used = pool_.begin() + free_;
+  std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
+  forgotten->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
+  pool_.erase(used, pool_.end());
+  retire(std::move(forgotten), eras_.birth());
 }
 
 void ItemPool::recycle(std::vector<std::unique_ptr<PItem>>& items) {

@@ -20,10 +20,16 @@ class ItemPool {
   PItem* new_item(AttInterpreterList* att_type);
   /// Takes all items back. Those that an expression may still have stay what they are until it has
   /// ended.
-  void reset();
+  void reset() {
+    if (lifetimes().expression_waits()) set_aside();
+    free_ = static_cast<int>(pool_.size());
+    eras_.renew();
+    items_made_ = 0;
+  }
 
  private:
   struct Forgotten;
+  void set_aside();
   void recycle(std::vector<std::unique_ptr<PItem>>& items);
 
   std::vector<std::unique_ptr<PItem>> pool_;  // the free ones first

@@ -14,7 +14,7 @@ std::pair<int, int>& SpanLimits::span_limits(int word) {
   return spans_[index];
 }
 
-void SpanLimits::reset() {
+void SpanLimits::lift() {
   std::fill_n(spans_.begin(), limited_words_, kNone);
   limited_words_ = 0;
 }

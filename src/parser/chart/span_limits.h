@@ -15,10 +15,13 @@ class SpanLimits {
   bool span_allowed(int low, int high) const {
     return limits(low).second >= high && limits(high).first <= low;
   }
-  void reset();
+  void reset() {
+    if (limited_words_ > 0) lift();
+  }
 
  private:
   static const std::pair<int, int> kNone;
+  void lift();
   const std::pair<int, int>& limits(int word) const {
     auto index = static_cast<std::size_t>(word);
     return index < limited_words_ ? spans_[index] : kNone;

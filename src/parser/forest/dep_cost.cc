@@ -81,10 +81,6 @@ void DepCosts::set_bad_triples(std::istream& in) {
   }
 }
 
-void DepCosts::reset() {
-  if (shared_.debug_weight && _cost_cache) _cost_cache->clear();
-}
-
 /// How probable a distance (in words, at least 1) is for the relation.
 float DepCosts::distance_cost(int distance) {
   double p = shared_.distances(world_).probability(relation_.c_str(), distance);

@@ -57,7 +57,9 @@ class DepCosts {
   /// A set of triples that are never good.
   void set_bad_triples(std::istream& in);
   /// A new sentence begins.
-  void reset();
+  void reset() {
+    if (shared_.debug_weight && _cost_cache) _cost_cache->clear();
+  }
 
  private:
   float distance_cost(int distance);
