@@ -1,4 +1,5 @@
-(make-str-meaning-proto g)
+; Headers, dictionaries and indexes that are missing, cut off or damaged.
+(load base.lsp)
 (make-lexicon L 101)
 (link-lex-file L no.hdr)
 (link-lex-file L gone.hdr)

@@ -1,6 +1,5 @@
-(def-att-list syn)
-(make-str-meaning-proto g) (make-str-meaning-proto h)
 ; The condition of an ending asks for the root of its own candidate, and so on without end.
+(load base.lsp)
 (make-lexicon L 101 :ending-table
   ((:conditions ((again) (exec-commands (foreach (dogs) :eval (get-root L (ident)))
                                         (foreach (dogs) :eval (get-root L (ident))))))

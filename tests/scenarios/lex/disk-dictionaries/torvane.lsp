@@ -1,5 +1,5 @@
-(def-att-list syn)
-(make-str-meaning-proto g) (make-str-meaning-proto h)
+; Dictionaries on disk: entries come from those that are linked, as they are asked for.
+(load base.lsp)
 (make-lexicon L 101)
 (link-lex-file L sub/one.hdr)
 (link-lex-file L two.hdr)

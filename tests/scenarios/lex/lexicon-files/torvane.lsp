@@ -1,3 +1,4 @@
+; Files of entries: sorted, merged, combined, compared and selected from.
 (echo == sort-lex)
 (sort-lex jumble.txt -)
 (sort-lex jumble.txt sorted.txt)

@@ -1,3 +1,4 @@
+; An index is made anew if it is older than its dictionary or of another size.
 (system "touch -d 2020-01-01T00:00:00 lex.dat; touch -d 2020-01-01T00:00:01 lex.idx")
 (get-entry lex.hdr (dog cat))
 (echo == older than the dictionary)
