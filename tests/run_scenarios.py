@@ -22,7 +22,8 @@ What else a case may hold:
 
   make.py      runs first in the scratch folder, for inputs that are too large to be kept
   stdin.txt    the standard input; without it there is none
-  no-sentence  a marker: the run has no "sentense.dat"; else one with an empty line is made if there is none
+  sentense.dat the sentence; without it there is an empty one, and the run ends behind the start-up file
+  no-sentence  a marker: there is no sentence at all
   link-data    a marker: the project's data folder stands in the scratch folder as `data`
 
 With --write what the run gives is written into the .want files that a case has, or into stdout.want if the case
@@ -68,9 +69,11 @@ def prepare(case, scratch):
         (scratch / "data").symlink_to(PROJECT / "data")
     if (case / "make.py").exists():
         subprocess.run([sys.executable, case / "make.py"], cwd=scratch, check=True)
-    sentence = scratch / "sentense.dat"
+    sentence, start_up = scratch / "sentense.dat", scratch / "torvane.lsp"
     if not os.path.lexists(sentence) and not (case / "no-sentence").exists():
         sentence.write_bytes(b"\n")
+        if start_up.exists():
+            start_up.write_bytes(start_up.read_bytes() + b"\n(exit)\n")
 
 
 def results(run, scratch):

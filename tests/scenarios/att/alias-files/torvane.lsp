@@ -34,4 +34,3 @@
 (load-aliases folder)
 (load-aliases noise)
 (print-alias *)
-(exit)

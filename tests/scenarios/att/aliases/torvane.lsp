@@ -48,4 +48,3 @@
 ; one that covers nothing is in everything
 (alias empty (make-av ()))
 (eval (comp (attvec ((num pl))) (show)))
-(exit)

@@ -14,4 +14,3 @@
 (save-aliases "") (save-aliases out.dat (T)) (load-aliases "") (load-aliases missing T) (load-aliases (x) T)
 (def-att-set) (def-att-set T) (def-att-set Unknown s a) (def-att-set T s) (def-att-set T s a)
 (def-att-set nosuch) (def-att-set T s2 a (k) zz k) (def-att-set T (s3) a)
-(exit)

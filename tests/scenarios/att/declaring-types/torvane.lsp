@@ -41,4 +41,3 @@
 (defmacro flags () (flag f) (def-att-list U (flag u)) (flag g))
 (def-att-list F (flag h) (flags) (quote (flag lost)) (flag h))
 (eval (comp (attvec F (+f +g -h +u +lost)) (attvec2str) (print-str :suffix "\n")))
-(exit)

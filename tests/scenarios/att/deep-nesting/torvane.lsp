@@ -29,4 +29,3 @@
 ; what would be a tree of any size when it is written is cut in time
 (print-alias a40)
 (echo done)
-(exit)

@@ -44,4 +44,3 @@
 (eval (comp (int 5) (att-str-val a) (show)))
 (eval (comp (nil) (modify (+a)) (none)))
 (echo)
-(exit)

@@ -19,4 +19,3 @@
 (clear-alias T)
 (load-aliases t)
 (print-alias *)
-(exit)

@@ -61,4 +61,3 @@
       (modify ((n 2))))))
     (show) (comp (get-val copy) (show)))))
 (echo)
-(exit)

@@ -30,4 +30,3 @@
 (eval (comp (attvec ((v unknown +def) (fr (unknown) atom (+def)))) (show)))
 ; what is defined as none reads back as it prints
 (eval (comp (attvec ((cnt 0) (age 0) ~num ~cas ~txt ~ent ~v ~fr -def)) (show)))
-(exit)

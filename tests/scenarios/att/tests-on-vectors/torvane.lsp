@@ -30,4 +30,3 @@
 (defun f () (once))
 (eval (prog (f) (f)))
 (eval (while (comp (attvec (+def (cnt 1))) (and (defined (def)) (undefine (def)))) (comp (str round) (print-str :suffix "\n"))))
-(exit)

@@ -3,4 +3,3 @@
 (define-attribute clause StrValue)
 (def-tree-rules show (up (node (comp (parent (ident)) (is-nil))) (get-chunk)))
 (eval (read-and-modify-deps show (comp (str trees.txt) (open-file))))
-(exit)

@@ -14,4 +14,3 @@
 (system "python3 as_strings.py")
 (load strings.lsp)
 (flush strings.txt)
-(exit)

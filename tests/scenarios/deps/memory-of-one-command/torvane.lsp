@@ -23,4 +23,3 @@
 (defun peak () (exec-commands (system "grep -E 'VmSize|VmHWM' /proc/$PPID/status >> peaks")))
 (eval (prog (rounds (int 5000)) (sentences (int 100)) (comp (str few) (read-and-modify-deps keep (open-file))) (peak)))
 (eval (prog (rounds (int 50000)) (sentences (int 1000)) (comp (str many) (read-and-modify-deps keep (open-file))) (peak)))
-(exit)

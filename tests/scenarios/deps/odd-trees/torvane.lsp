@@ -22,4 +22,3 @@
 (defmacro read (text) (comp (str text) (str2deps (print-deps)) (is-nil) (int2str) (print-str :suffix " ")))
 (eval (comp (str "\n") (print-str)) (read "") (read " ") (read atom) (read ")") (read "()") (read "((a") (read "(:id s a (b c d e f") (read "((a \"b") (read "((a ; b))")
       (comp (str) (str2deps) (concat-depwords) (print-str :suffix "\n")))
-(exit)

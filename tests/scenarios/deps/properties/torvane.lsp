@@ -61,4 +61,3 @@
   (comp (at V) (set-prop (texts (nil))) (add-to-dep-prop-list texts (cat)) (add-to-dep-prop-list texts (str d)))
   (print-dep-tree))))
 (eval (read-and-modify-deps odd (comp (str odd.txt) (open-file))))
-(exit)

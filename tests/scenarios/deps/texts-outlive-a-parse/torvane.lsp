@@ -13,4 +13,3 @@
 (eval (comp (get-val kept)
   (prog (comp (node2minp) (prog (exec-commands (p3 "Two cats saw them.")) (print-str :prefix "held: " :suffix "\n")))
         (comp (cat) (print-str :suffix "\n")) (comp (get-val kept) (cat) (print-str :suffix "\n")))))
-(exit)

@@ -58,4 +58,3 @@
 (edit "the top over all" (comp (expand-node) (show (ident))))
 ; What the variable held is gone with its tree.
 (eval (comp (get-val other) (is-nil) (int2str) (print-str :suffix "\n")))
-(exit)

@@ -30,4 +30,3 @@
 (p3 "Anna sang, danced and laughed.")
 (p3 "He looked at and under the table.")
 (p3 "Blah of and the.")
-(exit)

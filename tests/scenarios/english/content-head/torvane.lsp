@@ -32,4 +32,3 @@
 (p3 "Anna sang, danced and laughed.")
 ; top
 (p3 "The dog slept")
-(exit)

@@ -35,4 +35,3 @@
 (p3 "The old man who lived in the small house near the river told the children a long story about a brave knight who fought a terrible dragon in the mountains.")
 ; What is skipped.
 (p3 "She opened the \"secret\" door.")
-(exit)

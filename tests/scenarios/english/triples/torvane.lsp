@@ -15,4 +15,3 @@
 (def-tree-rules content-head (down (node (is-dependency)) (write-triple)))
 (set-deps-modifier english-parser content-head)
 (p3 "What did she buy in Boston?")
-(exit)

@@ -19,4 +19,3 @@
   (if (eq (str a) (str a)) (exec-commands (echo wrong)) (exec-commands (echo apart)))
   (if (eq (int 3) (int 3)) (exec-commands (echo same)))
   (if (str (a)) (exec-commands (echo wrong)))))
-(exit)

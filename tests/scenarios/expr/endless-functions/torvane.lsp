@@ -11,4 +11,3 @@
 (defun for-each () (exec-commands (foreach (a b) :eval (for-each))))
 (foreach (a b c) :eval (for-each))
 (echo on)
-(exit)

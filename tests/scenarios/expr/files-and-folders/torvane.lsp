@@ -11,4 +11,3 @@
 (foreach (word) :eval (close-file))
 (eval (comp (output) (close-file)))
 (echo end)
-(exit)

@@ -24,4 +24,3 @@
 (defun typed ((x char*)) (get-val x (print-str :suffix "\n")))
 (eval (typed (str text)) (typed (int 3)))
 (foreach (y) :eval (typed (ident)))
-(exit)

@@ -7,4 +7,3 @@
 (foreach (w) :eval (comp (int 5) (in (a))))
 (foreach (w) :eval (int2str))
 (foreach (w) :eval (comp (int 3) (all-words (t))))
-(exit)

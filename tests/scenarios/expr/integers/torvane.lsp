@@ -18,4 +18,3 @@
   (comp (str-sim (nil) (str a)) (show))
   (comp (str-sim (nil) (nil)) (show))))
 (eval (show))
-(exit)

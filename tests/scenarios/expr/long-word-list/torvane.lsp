@@ -3,4 +3,3 @@
 (make-word-list long :hashsize 7 long.txt)
 (foreach (WORD500000 word1000000) :eval
   (if (in :wordlist long) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
-(exit)

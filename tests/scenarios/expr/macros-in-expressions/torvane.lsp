@@ -20,4 +20,3 @@
 (eval (half))
 (echo)
 (echo on)
-(exit)

@@ -23,4 +23,3 @@
 (foreach (a b) :eval (exec-commands (say x) (echo y)))
 (foreach (a) :eval (if (xor (t) (nil) (t)) (exec-commands (echo odd)) (exec-commands (echo even))))
 (eval (if (not) (exec-commands (echo zero))) (if (not (nil)) (exec-commands (echo never))))
-(exit)

@@ -10,4 +10,3 @@
 (flush nobody)
 (flush)
 (echo end)
-(exit)

@@ -17,4 +17,3 @@
   (pad "+\n") (pad "-\n" (output)) (print-str (output) :suffix "\n")))
 (foreach (w) :eval (prog (pad "+" :prefix "<" :suffix ">\n") (pad :suffix "\n" "-") (comp (pad "=" (output) :suffix "\n") (show))))
 (foreach (w) :eval (prog (flush-output) (comp (flush-output (output)) (show)) (print-str (nil) :suffix "\n")))
-(exit)

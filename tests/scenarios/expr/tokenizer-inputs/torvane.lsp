@@ -12,4 +12,3 @@
 (foreach ("zero ") :eval (first-of))
 (eval (set-tokenizer-string-input words (str "a text")))
 (eval (set-tokenizer-input (t) (input)) (set-tokenizer-string-input (nil) (str x)) (set-tokenizer-string-input))
-(exit)

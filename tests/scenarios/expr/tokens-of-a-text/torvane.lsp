@@ -7,4 +7,3 @@
   (comp (contain-tokens :tokenizer pieces (b--)) (contain-tokens :tokenizer pieces (b--)) (print-str :suffix "\n"))
   (comp (contain-tokens :tokenizer pieces (b)) (print-str :suffix "\n"))))
 (foreach (a) :eval (prog (comp (contain-tokens (a)) (print-str :suffix "\n")) (contain-tokens :tokenizer nobody (a))))
-(exit)

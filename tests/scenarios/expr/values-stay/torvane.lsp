@@ -37,4 +37,3 @@
 (eval (comp (get-val x) (is-nil) (truth)))
 (eval (comp (str ".") (sbnd (dot (ident)))))
 (eval (comp (get-val x) (is-nil) (truth)))
-(exit)

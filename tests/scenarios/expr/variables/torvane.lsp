@@ -16,4 +16,3 @@
 (eval (get-val any (print-str :suffix "\n")))
 (eval (setq) (setq unknown) (get-val) (get-val unknown (print-str :prefix "nothing: " :suffix "\n")))
 (let (x) (t))
-(exit)

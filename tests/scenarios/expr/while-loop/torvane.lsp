@@ -6,4 +6,3 @@
         (setq n (get-val n (-1)))))
 (eval (get-val line (print-str :suffix "\n")))
 (eval (get-val n (int2str (print-str :suffix "\n"))))
-(exit)

@@ -14,4 +14,3 @@
 (add-to-word-list nobody (a))
 (add-to-word-list)
 (foreach (a) :eval (prog (in nofile.txt) (in :wordlist nobody (a)) (suffix) (in :hashsize) (in :hashsize -5 (a)) (in ((b)))))
-(exit)

@@ -13,4 +13,3 @@
 (echo -- meanings)
 (foreach (a) :eval (avm)) (foreach (a) :eval (avm a)) (foreach (a) :eval (avm ((x) y))) (foreach (a) :eval (meaning-type))
 (foreach (a) :eval (comp (avm k x y) (meaning-type) (print-str :suffix "\n")))
-(exit)

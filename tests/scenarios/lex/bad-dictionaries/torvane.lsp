@@ -22,4 +22,3 @@
 (get-entry list.hdr (dog))
 (get-entry loop.hdr (dog))
 (get-entry zeros.hdr (dog))
-(exit)

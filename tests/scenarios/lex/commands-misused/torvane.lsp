@@ -23,4 +23,3 @@
 (make-avmeaning-proto) (make-avmeaning-proto a b) (make-avmeaning-proto (a) b)
 (make-str-meaning-proto) (make-str-meaning-proto a b) (make-str-meaning-proto k)
 (make-str-meaning-proto k) (make-str-meaning-proto phrases)
-(exit)

@@ -6,4 +6,3 @@
    (p s pl s again) (p "" base)))
 (lex L (dogs (g a)))
 (foreach (dogs) :eval (comp (get-root L) (print-str :suffix "\n")))
-(exit)

@@ -15,4 +15,3 @@
 (lex-entry L late)
 (echo == get-entry)
 (get-entry two.hdr (DOG "new york" "a b" nosuch cat) dog)
-(exit)

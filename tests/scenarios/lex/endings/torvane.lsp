@@ -21,4 +21,3 @@
 (make-lexicon unnamed 101 :ending-table nosuch)
 (lex named (dog (g a)))
 (foreach (dogs) :eval (comp (get-root named) (show-line)))
-(exit)

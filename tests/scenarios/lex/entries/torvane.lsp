@@ -22,4 +22,3 @@
 (diff out.txt again.txt -)
 (clear-lexicon L)
 (print-lex L -)
-(exit)

@@ -26,4 +26,3 @@
 (sort-lex nosuch.txt -)
 (rm-duplicates nosuch.txt -)
 (sort-lex - -)
-(exit)

@@ -15,4 +15,3 @@
 (items "the last word has a full stop of its own" (cat etc.))
 (items "brackets behind it" ("cat.)"))
 (items "words of nothing but stops" (cat . ...))
-(exit)

@@ -13,4 +13,3 @@
 (load sentence.lsp)
 (sort-lex long.lex sorted.txt)
 (merge-entries long.lex merged.txt)
-(exit)

@@ -13,4 +13,3 @@
 (items "a head alone" (give))
 (items "one that is not there" (lost and found))
 (items "one that leads back to its head" (a b))
-(exit)

@@ -20,4 +20,3 @@
 (foreach (x) :eval (get-val seen (root (prog (exec-commands (p2 nothing) (p2 at all)) (show-line)))))
 (p2 dog)
 (foreach (x) :eval (get-val seen (lexitem-meaning (prog (exec-commands (p2 nothing) (clear-lexicon L)) (meaning-type (show-line))))))
-(exit)

@@ -14,4 +14,3 @@
 (sentence "the first one is optional:" "set in")
 (sentence "no arguments, none asked for:" "run in")
 (sentence "one that is not asked for:" "run boys")
-(exit)

@@ -8,4 +8,3 @@
 (def-modifiers A (:head))
 (roots (A))
 (sentence "the argument of" "uh easy climb")
-(exit)

@@ -12,4 +12,3 @@
 (sentence "a verb with case:" "k m")
 (sentence "a verb that does not govern:" "g m")
 (sentence "a preposition:" "of m")
-(exit)

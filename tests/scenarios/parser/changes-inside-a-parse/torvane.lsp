@@ -7,4 +7,3 @@
 (roots (N))
 (sentence "three commands are refused:" "boy")
 (sentence "and again:" "boys")
-(exit)

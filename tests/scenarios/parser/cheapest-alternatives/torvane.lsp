@@ -14,4 +14,3 @@
 (roots (V) (N) (A (t) (int 50)) (X))
 (sentence "an empty object:" "see")
 (sentence "a cheap and a dear empty modifier, and a category over itself:" "big dog")
-(exit)

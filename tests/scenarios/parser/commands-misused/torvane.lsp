@@ -13,4 +13,3 @@
 (def-modifiers N (:head))
 (roots (N))
 (sentence "none of it does harm:" "boy")
-(exit)

@@ -14,4 +14,3 @@
 (sentence "an adjective:" "how see")
 (sentence "a noun of another kind:" "it see")
 (sentence "out of a clause:" "who think see")
-(exit)

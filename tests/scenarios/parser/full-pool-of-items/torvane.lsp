@@ -9,4 +9,3 @@
 (sentence "one head takes it over and over:" "boy big boy")
 (def-modifiers A (* (A (dep-type mod))) (:head))
 (sentence "it takes itself over and over:" "boy big boy")
-(exit)

@@ -10,4 +10,3 @@
 (def-modifiers N (* (N (dep-type left))) (:head) (* (N (dep-type right))))
 (load every-word-on-every-word.lsp)
 (sentence "after 1000 words of which each may hang on each other one:" "boy boy boy")
-(exit)

@@ -11,4 +11,3 @@
 (roots (N (shown N)) (Blocked (shown Blocked)) (Free (shown Free)))
 (sentence "the numbers differ:" "these boy")
 (sentence "the numbers agree:" "these boys")
-(exit)

@@ -14,4 +14,3 @@
 (sentence "+ without any:" "sleep in")
 (sentence "the position without a marker is empty:" "boy sleep big")
 (sentence "* twice:" "boy sleep in big old")
-(exit)

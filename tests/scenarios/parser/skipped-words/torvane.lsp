@@ -15,4 +15,3 @@
 (sentence "no guest:" "see never boys big")
 (sentence "an adjunct and one word:" "see soon boys")
 (sentence "skipped words:" "see oh oh boys")
-(exit)

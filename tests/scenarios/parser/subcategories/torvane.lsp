@@ -18,4 +18,3 @@
 (sentence "the head comes last:" "boys apples eat")
 (echo -- the nodes that were made and their links)
 (pn "^V" "^comp")
-(exit)

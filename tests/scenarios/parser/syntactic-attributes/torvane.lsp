@@ -5,4 +5,3 @@
 (def-category N) (roots (N))
 (echo -- a parse all the same)
 (p3 "boy")
-(exit)

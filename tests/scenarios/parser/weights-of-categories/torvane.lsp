@@ -8,4 +8,3 @@
 (roots (N))
 (sentence "one in the list, and one without:" "boy girl")
 (pn)
-(exit)

@@ -19,4 +19,3 @@
 (p3 "the old box ,")
 (echo -- a lost word)
 (p3 "the old box uh")
-(exit)

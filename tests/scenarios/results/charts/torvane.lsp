@@ -23,4 +23,3 @@
 (reset-parser)
 (pn)
 (li)
-(exit)

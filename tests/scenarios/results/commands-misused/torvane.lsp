@@ -21,4 +21,3 @@
 (reset-parser a (b)) (pn (a)) (pn "^Q$" (b)) (prlexitems a) (li (a))
 (echo -- and on)
 (p3 "boys")
-(exit)

@@ -6,4 +6,3 @@
 (echo -- in one)
 (double-byte 0)
 (p3 "big\195\169boy")
-(exit)

@@ -17,4 +17,3 @@
   (get-modifier-by-type x) (pitem-head-word) (pitem-preceding-word (str= x)) (pitem-following-word (str= x))
   (pitem-followed-by-or-end-with-word (t)) (include-following-word) (include-preceding-word)
   (pitem-add-weight 1) (head-first) (head-last) (set-trace-att-of-pred))))
-(exit)

@@ -25,4 +25,3 @@
 (p3 "the boy in")
 (echo -- a frame)
 (p3 "see boys")
-(exit)

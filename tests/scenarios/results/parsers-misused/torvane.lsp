@@ -25,4 +25,3 @@
   :default-percolating-attributes () :weights-of-words (int 0) :bad-triples triples.txt
   :empty-category E :lexical-analyzer analyser)
 (p3 "boys")
-(exit)

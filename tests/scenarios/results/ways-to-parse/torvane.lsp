@@ -24,4 +24,3 @@
 (p3 "")
 (echo -- joined words)
 (p3 "boy; boys")
-(exit)

@@ -25,4 +25,3 @@
 (p3 "boy er")
 (echo -- an unskipped one)
 (p3 "the boy uh")
-(exit)

@@ -11,4 +11,3 @@
 (sentence "one word:" "a Television (TV) set")
 (sentence "no long name:" "some words (UC)")
 (sentence "before the long name:" "(UC) University at California met")
-(exit)

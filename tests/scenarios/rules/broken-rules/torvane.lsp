@@ -19,4 +19,3 @@
 (debug-rules nothing 1)
 (run)
 (sentence "two rules are left:" "x")
-(exit)

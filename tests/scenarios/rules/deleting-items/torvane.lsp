@@ -18,4 +18,3 @@
   (all a (prog (say (str "delete-if, no condition")) (delete-if (int 0) (int 99)) (show-items))))
 (run)
 (sentence "from the last rule back:" "a b c d")
-(exit)

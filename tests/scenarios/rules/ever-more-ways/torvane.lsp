@@ -16,4 +16,3 @@
              (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))))
 (run)
 (load sentence.lsp)
-(exit)

@@ -10,4 +10,3 @@
 (sentence "after all of them were evaluated:" "a")
 (sentence "nothing:" "")
 (echo done)
-(exit)

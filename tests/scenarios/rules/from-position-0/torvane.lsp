@@ -18,4 +18,3 @@
           (show-items))))
 (run)
 (sentence "the whole sentence:" "A B")
-(exit)

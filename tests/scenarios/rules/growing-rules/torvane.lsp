@@ -12,4 +12,3 @@
 (debug-rules R)
 (debug-rules R "[^l]")
 (sentence "none is debugged that has an l:" "x")
-(exit)

@@ -22,4 +22,3 @@
 (sentence "without a vector:" "unsure")
 (clear-antecedent-list names)
 (sentence "forgotten:" "Smith saw IDH")
-(exit)

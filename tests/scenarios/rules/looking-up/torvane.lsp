@@ -12,4 +12,3 @@
 (sentence "hyphens:" "co-op x")
 (sentence "a phrase with hyphens:" "state-of-the-art")
 (sentence "a key with a hyphen:" "ice-cream")
-(exit)

@@ -29,4 +29,3 @@
   (nothing-before-the-first-word (seq (? (lexitem (t))) (lexitem (comp (root) (str= a)))) (show-span)))
 (run)
 (sentence "three words:" "a b c")
-(exit)

@@ -13,4 +13,3 @@
   (flag (:precondition (is-mixed-case)) (word-seq uh) (say (str "mixed again"))))
 (run)
 (sentence "no item in the sentence:" "both uh and")
-(exit)

@@ -11,4 +11,3 @@
 (clear-antecedent-list nobody)
 (clear-antecedent-list L)
 (eval (comp (str x) (exist-exact-match)))
-(exit)

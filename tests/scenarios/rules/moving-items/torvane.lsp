@@ -21,4 +21,3 @@
   (bye (word-seq c) (show-items)))
 (run)
 (sentence "three items of a like:" "a b c")
-(exit)

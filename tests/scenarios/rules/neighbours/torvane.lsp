@@ -28,4 +28,3 @@
     (comp (exist-overlapping-lexitem (int 2) (int 3) (pred (t))) (show-root)))))
 (run)
 (sentence "four words and a compound:" "a b c d")
-(exit)

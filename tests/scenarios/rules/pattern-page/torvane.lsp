@@ -3,4 +3,3 @@
 (load page.lsp)
 (run)
 (p3 "the old man saw Fido in New York")
-(exit)

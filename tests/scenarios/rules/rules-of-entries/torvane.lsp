@@ -30,4 +30,3 @@
 (sentence "a rule in place:" "a nine")
 (sentence "two rules:" "a ten b")
 (sentence "no rule:" "a eleven")
-(exit)

@@ -14,4 +14,3 @@
 (sentence "rules grow:" "x y")
 (debug-rules R)
 (sentence "again:" "x")
-(exit)

@@ -29,4 +29,3 @@
 (foreach (a) :eval (comp (token 1) (line)))
 (eval (sbnd))
 (eval (comp (sbnd (t)) (int2str) (line)))
-(exit)

@@ -11,4 +11,3 @@
   (bounds (seq :max 3 (word (t)) :min 1 and) (show-span)))
 (run)
 (sentence "two parts named alike:" "red and red wine")
-(exit)

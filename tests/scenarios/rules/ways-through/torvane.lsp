@@ -9,4 +9,3 @@
   (all-ways (seq :overlapping (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))) (nil)))
 (run)
 (sentence "a way among many:" "x x x x x x x")
-(exit)

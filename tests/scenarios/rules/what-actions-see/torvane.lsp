@@ -23,4 +23,3 @@
   (item (lexitem (t)) (prog (comp (litem) (show-root)) (yes-or-no (str "a component") ($ 1)))))
 (run)
 (sentence "whole and parts:" "big dog barks")
-(exit)

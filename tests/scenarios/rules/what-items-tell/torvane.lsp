@@ -23,4 +23,3 @@
   (tag-nothing (word-seq dogs) (prog (comp (litem) (set-cate (str n))))))
 (run)
 (sentence "endings, capitals, meanings:" "Dogs bank Bank of the West")
-(exit)

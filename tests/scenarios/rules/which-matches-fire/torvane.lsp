@@ -15,4 +15,3 @@
                                (delete-if (int 1) (int 2) (pred (t))))))
 (run)
 (sentence "one rule behind the other:" "a b")
-(exit)

@@ -6,4 +6,3 @@
 ((nosuch) 6)
 (() 7)
 (((quote (quote echo))) 8)
-(exit)

@@ -3,4 +3,3 @@
 (load heads.lsp)
 (load closed.lsp)
 (echo done)
-(exit)

@@ -3,4 +3,3 @@
 (help x*)
 (HELP "^\\?" "more" )
 (help (a))
-(exit)

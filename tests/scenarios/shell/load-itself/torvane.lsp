@@ -2,4 +2,3 @@
 (echo back)
 (load other.lsp)
 (load again.lsp)
-(exit)

@@ -2,4 +2,3 @@
 (load () (a b) missing.lsp folder good.lsp "")
 (LOAD good.lsp)
 (load "$(NOSUCH_VARIABLE)good.lsp" "good$(NONE).lsp$(NONE)" "$GOOD.lsp" "$(GOOD.lsp")
-(exit)

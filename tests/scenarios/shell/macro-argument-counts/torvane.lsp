@@ -16,4 +16,3 @@
 (pair 5 6)
 (debug-macro (x))
 (pair 7 8)
-(exit)

@@ -1,2 +1,1 @@
 (load big.lsp)
-(exit)

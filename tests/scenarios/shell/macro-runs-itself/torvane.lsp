@@ -7,4 +7,3 @@
 (twice 1)
 (other)
 (echo good)
-(exit)

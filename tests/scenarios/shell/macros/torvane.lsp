@@ -20,4 +20,3 @@
 (defmacro strange ((list) () (a b)) (echo list a b))
 (strange (1 2) (3) (4))
 ((quote show) 1 (2))
-(exit)

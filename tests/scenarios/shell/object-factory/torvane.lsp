@@ -5,4 +5,3 @@
 (objects "^(t|nil)$" "^LExp$")
 (objects nosuch nosuch)
 (objects (a) (b))
-(exit)

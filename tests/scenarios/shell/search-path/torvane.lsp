@@ -10,4 +10,3 @@
 (load where.lsp er.lsp)
 (set-search-path)
 (load where.lsp torvane2.lsp)
-(exit)

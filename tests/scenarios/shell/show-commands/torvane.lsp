@@ -8,4 +8,3 @@ atom
 (show-commands)
 (show-commands yes)
 (show-commands (1))
-(exit)

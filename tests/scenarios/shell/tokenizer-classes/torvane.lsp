@@ -7,4 +7,3 @@
 (def-tokenizer :name closers " \n" "" "" "\" <> {^}^ ^^ |" "^" "")
 (test-tokenizer closers closers.txt)
 (test-tokenizer config empty.txt)
-(exit)

@@ -18,4 +18,3 @@
 (double-byte :tokenizer)
 (double-byte :tokenizer nosuch 1)
 (double-byte :tokenizer one)
-(exit)

@@ -8,4 +8,3 @@
 (double-byte 0)
 (test-tokenizer plain in.txt)
 (test-tokenizer wide in.txt)
-(exit)

@@ -2,4 +2,3 @@
 (test-tokenizer t in.txt)
 (def-tokenizer :name bare " " "" "" "\"" "" "")
 (test-tokenizer bare bare.txt)
-(exit)

@@ -2,4 +2,3 @@
 (test-tokenizer s in.txt)
 (test-tokenizer s)
 (test-tokenizer s)
-(exit)

@@ -5,4 +5,3 @@
 (test-tokenizer s in.txt)
 (def-socket-tokenizer a b :name one :separator "")
 (test-tokenizer one -)
-(exit)

@@ -58,4 +58,3 @@
 (unlink-file db)
 (link-file db exact.hdr)
 (dump db)
-(exit)

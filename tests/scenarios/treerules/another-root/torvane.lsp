@@ -25,4 +25,3 @@
   (root (exist-match (node (parent (is-nil))) :action (insert-node (match) (get-val c))))
   (root (prog (cat (print-str :suffix "\n")) (all-children (prog (if (cat) (show)) (t))) (deps (print-deps)))))
 (eval (over-tree new-root))
-(exit)

@@ -11,4 +11,3 @@
   (exist-match) (first-child) (last-child) (is-leaf) (parent) (tree-root))))
 (eval (comp (str x) (prog (match) (forall-subtree-matches v (t)) (insert-node) (get-chunk) (print-attachment-points))))
 (eval (comp (nil) (prog (num-children) (match) (parent (ident)) (get-chunk) (print-attachment-points))))
-(exit)

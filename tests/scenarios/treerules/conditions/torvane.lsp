@@ -35,4 +35,3 @@
 (number "num-children that" (num-children (is-leaf)))
 (number "ancestor-of" (ancestor-of (first C) (ident)))
 (number "ancestor-of nothing" (xor (ancestor-of (nil) (ident)) (ancestor-of (ident) (nil)) (ancestor-of)))
-(exit)

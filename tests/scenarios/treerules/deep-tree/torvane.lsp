@@ -17,4 +17,3 @@
 (over moving short-path.txt)
 (def-tree-rules adopting (root (comp (exist-child) (exist-child) (exist-match (node (t)) :action (adopt-following (match))))))
 (over adopting fan.txt)
-(exit)

@@ -21,4 +21,3 @@
 (walk "turned with its child: " C (invert-dep (at D)))
 (walk "parent turned with its own: " D (invert-dep (parent (it))))
 (walk "away and back: " C (prog (detach-node (it)) (detach-node (it)) (append-node (it) (at G))))
-(exit)

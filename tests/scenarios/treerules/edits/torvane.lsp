@@ -26,4 +26,3 @@
 (edit "invert-dep G" (invert-dep (at G)))
 (edit "pre-head" (prog (if (pre-head (at B)) (say "B ")) (if (pre-head (at A)) (say "A ")) (if (pre-head (at X)) (say "X "))
   (invert-dep (at C)) (if (pre-head (at A)) (say "A ")) (at A)))
-(exit)

@@ -31,4 +31,3 @@
   (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (any) (n G)
   (n X) :max ? (n X)) (prog (child 1) (child 31) (child 32) (child 33))))
 (run many)
-(exit)

@@ -18,4 +18,3 @@
   (comp (forall-subtree-matches v (comp (get-val v) (is A))) (int2str) (print-str :suffix " "))
   (comp (forall-subtree-matches v 1 1 (comp (get-val v) (is D))) (int2str) (print-str :suffix " "))
   (comp (forall-subtree-matches v (comp (int2str) (print-str))) (int2str) (print-str)))))
-(exit)

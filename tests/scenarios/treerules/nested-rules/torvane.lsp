@@ -37,4 +37,3 @@
   (flat ((node (is C)) (node (is F))) (setq m (match)))
   (flat ((setq m (node (is C))) (node (comp (get-val m) (match (cat (print-str :suffix " ")))))) (say "flat")))
 (run flat-keeping)
-(exit)

@@ -10,4 +10,3 @@
 (over "left out of path" (up (path (n A) (cat) (n B)) (all)))
 (over "unknown part" (up (tree (is A) (nonsense) (n B)) (all)))
 (over "wrong input" (up (n A) (comp (match) (cat) (prog (node (t)) (tree (t)) (path (n A)) (t+ (any)) (attachment-points (t))))))
-(exit)

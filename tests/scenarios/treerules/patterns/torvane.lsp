@@ -21,4 +21,3 @@
 (over "treeu var" (up (treeu x (is A) (n B)) (var x)))
 (over "treeq" (up (treeq (is A) (n B) (n E)) (all)))
 (over "treeq: the rest is free" (up (treeq x (is A) (n C)) (prog (all) (var x))))
-(exit)

@@ -19,4 +19,3 @@
   (root (all-children (prog (show) (t)))))
 (run outer)
 (eval (comp (get-val other) (is-nil) (int2str) (print-str :suffix "\n")))
-(exit)

@@ -20,4 +20,3 @@
 (over "sites of E" (up (attachment-points (is E) (not (is C)) (is C)) (prog (print-attachment-points) (all))))
 (over "sites of the top" (root (if (attachment-points (t) (t) (t)) (say "a match"))))
 (over "sites without limits" (up (attachment-points (is D)) (all)))
-(exit)

@@ -12,4 +12,3 @@
   (if (comp (it) (is B)) (append-node (at C) (at A)) (append-node (at B) (at A)))))
 (run "endless children: " (root (comp (first A)
   (num-children (if (is B) (comp (tree-root) (first C) (to A)) (comp (tree-root) (first B) (to A)))))))
-(exit)

@@ -9,4 +9,3 @@
   (up (node (is A)) (comp (get-val w) (print-str)))
   (up (node x (is A)) (let (x) (prog (setq x (str inner)) (comp (get-val x) (print-str :suffix " "))))))
 (run scopes)
-(exit)

@@ -15,4 +15,3 @@
   (root (say "up from G: ")) (up shallow (any) (prog (say-node) (comp (match) (is G))))
   (root (say "nothing given: ")) (down shallow (any) (prog (say-node) (nil))))
 (run skips)
-(exit)

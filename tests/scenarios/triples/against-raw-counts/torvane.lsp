@@ -20,4 +20,3 @@
   (echo == features) (count-features db))
 (ask memory)
 (ask disk)
-(exit)

@@ -31,4 +31,3 @@
 (set-reldb tp counts)
 (populate-tripledb counts rels.txt deps.txt)
 (p3 "cook ate soup with spoon")
-(exit)

@@ -23,4 +23,3 @@
 (echo -- noise)
 (print-noise db)
 (print-noise db 0.01)
-(exit)

@@ -12,4 +12,3 @@
 (dump-tripledb db rels.out deps.out)
 (print-high-mutinfo db :min-mutinfo -200 :inv :output high.out)
 (echo done)
-(exit)

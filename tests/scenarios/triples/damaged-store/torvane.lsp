@@ -7,4 +7,3 @@
 (system "python3 damage.py")
 (load runs.lsp)
 (echo end)
-(exit)

@@ -29,4 +29,3 @@
 (dump full /dev/full)
 (get-total-count full)
 (st full a)
-(exit)

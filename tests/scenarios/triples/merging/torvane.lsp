@@ -54,4 +54,3 @@
 (get-total-count small)
 (del-tripledb-entry small nowhere.txt)
 (del-tripledb-entry nothing del.txt)
-(exit)

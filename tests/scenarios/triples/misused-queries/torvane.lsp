@@ -44,4 +44,3 @@
 (link-file full full.hdr)
 (st full a kept)
 (echo -- and on)
-(exit)

@@ -11,4 +11,3 @@
 (cmp-tripledb-entries db cider beer :color0 gray :color1 red :color2 blue)
 (cmp-tripledb-entries db beer nosuch)
 (cmp-tripledb-entries db)
-(exit)

@@ -34,4 +34,3 @@
 (link-file high high.hdr)
 (validate high)
 (st high eat apple)
-(exit)

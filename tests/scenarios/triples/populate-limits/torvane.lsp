@@ -11,4 +11,3 @@
 (populate-tripledb all nowhere.txt deps.txt)
 (populate-tripledb all rels.txt nowhere.txt)
 (populate-tripledb nodb rels.txt)
-(exit)

@@ -21,4 +21,3 @@
 (echo "as it was")
 (get-total-count db)
 (st db a s)
-(exit)

@@ -23,4 +23,3 @@
 (expand-using-group-sims sims N (cat dog pets nosuch))
 (expand-using-group-sims sims N (cat dog pets nosuch) :f-threshold 0.7)
 (expand-using-group-sims sims N (cat dog nosuch) :f-threshold 0.8)
-(exit)

@@ -9,4 +9,3 @@
 (get-grouped-sim-words sims two)
 (get-grouped-sim-words sims :words)
 (get-grouped-sim-words :words (two) nosims)
-(exit)

@@ -22,4 +22,3 @@
 (get-group-sims nosims N (dog))
 (expand-using-group-sims)
 (get-grouped-sim-words)
-(exit)

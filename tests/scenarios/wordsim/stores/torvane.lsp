@@ -24,4 +24,3 @@
 (get-sim added wolf dog)
 (make-simworddb reading :db good.hdr :src more.src)
 (get-sim reading dog wolf)
-(exit)

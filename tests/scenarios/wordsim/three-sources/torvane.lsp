@@ -17,4 +17,3 @@
 (echo == store)
 (make-simworddb from-store :db words.hdr)
 (ask from-store)
-(exit)

@@ -15,4 +15,3 @@
 (eval (comp (word-sim words (str N) (str dog) (str cat)) (show)))
 (eval (comp (word-sim sims (str N) (str dog) (str cat) (str cat)) (show)))
 (eval (comp (str "\n") (print-str)))
-(exit)
