@@ -1,10 +1,8 @@
+; Aliases saved in binary files and loaded again, over what is there and from files that are no such thing.
 (def-att-list I (defattribute a BinAtt) (defattribute k EnumAtt (allowable-values x y)))
 (def-att-list T
-  (defattribute def BinAtt)
-  (defattribute txt StrAtt)
-  (defattribute sub VecAtt (interpreter I))
-  (defattribute fr ListAtt (interpreter I))
-  (defattribute cnt IntAtt))
+  (defattribute def BinAtt) (defattribute txt StrAtt) (defattribute sub VecAtt (interpreter I))
+  (defattribute fr ListAtt (interpreter I)) (defattribute cnt IntAtt))
 (alias one (+def (txt "a (b)") (sub +a (k y)) (fr (-a) () ((k x))) (cnt -7)))
 (alias two (-def ~txt ~sub ~fr (cnt 0)))
 (alias other I (+a))
@@ -18,14 +16,14 @@
 (print-alias *)
 (set-att-itp-list I)
 (print-alias *)
-; what is there already stays
+(echo "-- what is there already stays")
 (load-aliases i)
-; a command file stands in for a missing binary one, and leaves the current type alone
+(echo "-- a command file stands in for a missing binary one, and leaves the current type alone")
 (load-aliases commands)
 (print-alias new)
 (eval (comp (attvec (+a)) (attvec2str) (print-str :suffix "\n")))
 (load-aliases nowhere)
-; a file that is shorter than before is not left with the rest of it
+(echo "-- a file that is shorter than before is not left with the rest of it")
 (clear-alias T)
 (save-aliases t.dat T)
 (clear-alias I)

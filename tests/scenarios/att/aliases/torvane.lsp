@@ -1,12 +1,11 @@
+; Aliases of vectors: how they are written, looked up, used and forgotten.
 (def-att-list I (defattribute a BinAtt) (defattribute k EnumAtt (allowable-values x y)))
 (def-att-list T
-  (defattribute def BinAtt)
-  (defattribute num EnumAtt (allowable-values sg pl))
-  (defattribute cas DisjAtt (allowable-values nom acc dat))
-  (defattribute fr ListAtt (interpreter I))
+  (defattribute def BinAtt) (defattribute num EnumAtt (allowable-values sg pl))
+  (defattribute cas DisjAtt (allowable-values nom acc dat)) (defattribute fr ListAtt (interpreter I))
   (defattribute cnt IntAtt))
 (defun show () (comp (attvec2str) (print-str :suffix "\n")))
-; every way to write one
+(echo "-- every way to write one")
 (alias plain (make-av ((num pl))))
 (alias typed I (+a (k y)))
 (alias bare (+def (num sg)))
@@ -17,10 +16,10 @@
 (print-alias plain)
 (print-alias typed)
 (print-alias nothing)
-; names have no case, and stand once
+(echo "-- names have no case, and stand once")
 (alias PLAIN ((num sg)))
 (alias plain I (+a))
-; an alias stands for all its values, and is used where the vector has them all
+(echo "-- an alias stands for all its values, and is used where the vector has them all")
 (eval (comp (attvec (plain (cas nom))) (show)))
 (eval (comp (attvec ((num pl) (cas nom acc))) (show)))
 (eval (comp (attvec (headed)) (show)))
@@ -32,7 +31,7 @@
 (eval (comp (attvec I (plain)) (show)))
 (alias nested (plain (cas nom)))
 (print-alias nested)
-; use does not change an alias
+(echo "-- use does not change an alias")
 (eval (comp (attvec (listed headed)) (unify ((fr ((k y)) (-a)))) (undefine (num))
   (insert-into-avlist fr (attvec I (-a))) (delete-from-avlist fr) (modify (-def (cnt 9))) (show)))
 (print-alias listed)
@@ -45,6 +44,6 @@
 (set-att-itp-list T)
 (print-alias *)
 (eval (comp (attvec ((num pl))) (show)))
-; one that covers nothing is in everything
+(echo "-- one that covers nothing is in everything")
 (alias empty (make-av ()))
 (eval (comp (attvec ((num pl))) (show)))

@@ -3,11 +3,11 @@
 (defun vec () (comp (attvec2str) (show)))
 (defun none () (comp (is-nil) (int2str (show))))
 (eval (comp (attvec (+a)) (attvec2str) (show)))
-(eval (comp (attvec ()) (defined (a)) (attvec2str) (show)))
 (eval (comp (att-set (a)) (none)))
 (eval (comp (attvec ()) (unify (+a)) (value a int) (int2str (show))))
 (eval (comp (attvec ()) (delete-from-avlist a) (attvec2str) (show)))
 (eval (comp (att-index a) (int2str (show))))
+(echo)
 (def-att-list T (defattribute a BinAtt) (defattribute k EnumAtt (allowable-values x y))
   (defattribute fr ListAtt))
 (defun all () (comp (attvec (+a (k x) (fr (+a)))) (prog
@@ -37,6 +37,7 @@
 (eval (comp (att-index T) (int2str (show))))
 (eval (comp (att-index Unknown a) (int2str (show))))
 (eval (comp (att-index T zz) (int2str (show))))
+(echo)
 ; an input of a known other type is refused, an unknown one that is no vector gives nothing
 (eval (comp (str text) (defined (a)) (none)))
 (eval (comp (str text) (attvec2str) (show)))

@@ -1,16 +1,9 @@
 ; Values that an attribute does not have, missing ones, ones of the wrong kind.
 (def-att-list T
-  (defattribute def BinAtt)
-  (defattribute num EnumAtt (allowable-values sg pl))
-  (defattribute cas DisjAtt (allowable-values nom acc))
-  (defattribute gen Disj8Att (allowable-values m f))
-  (defattribute cnt IntAtt)
-  (defattribute age SmIntAtt)
-  (defattribute txt StrAtt)
-  (defattribute ent EntAtt)
-  (defattribute v VecAtt)
-  (defattribute fr ListAtt)
-  (defattribute tr TraceAtt))
+  (defattribute def BinAtt) (defattribute num EnumAtt (allowable-values sg pl))
+  (defattribute cas DisjAtt (allowable-values nom acc)) (defattribute gen Disj8Att (allowable-values m f))
+  (defattribute cnt IntAtt) (defattribute age SmIntAtt) (defattribute txt StrAtt) (defattribute ent EntAtt)
+  (defattribute v VecAtt) (defattribute fr ListAtt) (defattribute tr TraceAtt))
 (defun show () (comp (attvec2str) (print-str :suffix "\n")))
 (eval (comp (attvec (def (num) (cnt))) (show)))
 (eval (comp (attvec ((def) (age) (cas) (gen) (txt))) (show)))
@@ -28,5 +21,5 @@
 (eval (comp (attvec (unknown (nothing 3) +def () +num)) (show)))
 (eval (comp (attvec (((x) y) +def)) (show)))
 (eval (comp (attvec ((v unknown +def) (fr (unknown) atom (+def)))) (show)))
-; what is defined as none reads back as it prints
+(echo "-- what is defined as none reads back as it prints")
 (eval (comp (attvec ((cnt 0) (age 0) ~num ~cas ~txt ~ent ~v ~fr -def)) (show)))
