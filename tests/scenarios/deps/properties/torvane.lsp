@@ -36,28 +36,9 @@
   (comp (at N) (del-prop texts))
   (comp (at V) (say-number (get-prop number)))
   (comp (deps) (save-deps (nil) (output stored.txt))))))
-(eval (read-and-modify-deps store (comp (str trees.txt) (open-file))))
+(eval (read-and-modify-deps store (comp (str barked.txt) (open-file))))
 (flush stored.txt)
+(echo)
+(echo -- read back)
 (def-tree-rules again (root (print-dep-tree)))
 (eval (read-and-modify-deps again (comp (str stored.txt) (open-file))))
-
-; Relations asserted of a tree.
-(declare-var rel)
-(def-tree-rules relate (root (prog
-  (add-rel-to-deps (make-rel near (a b) ("a b" "" 0.25) ((comp (at N) (node2word)) (int 3) (int 500)) ((nil) (cat) (str x)) atom ()))
-  (add-rel-to-deps (prog (setq rel (make-rel empty)) (get-val rel)))
-  (add-rel-to-deps (add-propvals (get-val rel) (x y)))
-  (add-rel-to-deps (add-propvals (get-val rel) (z (str "(") -2)) (say (cat)))
-  (add-rel-to-deps (add-propvals (nil) (x y)) (say (cat)))
-  (add-rel-to-deps (ident)) (add-rel-to-deps)
-  (comp (deps) (save-deps (nil) (output asserted.txt))))))
-(eval (read-and-modify-deps relate (comp (str trees.txt) (open-file))))
-(flush asserted.txt)
-(eval (read-and-modify-deps again (comp (str asserted.txt) (open-file))))
-
-; What `list` gives, a list behind an entry without a value; an empty category, a parent without one.
-(def-tree-rules odd (root (prog
-  (comp (at N) (set-prop (texts (list (cat) (str "b c") (int 3) (nil))) (texts (list)) (texts (int 3))))
-  (comp (at V) (set-prop (texts (nil))) (add-to-dep-prop-list texts (cat)) (add-to-dep-prop-list texts (str d)))
-  (print-dep-tree))))
-(eval (read-and-modify-deps odd (comp (str odd.txt) (open-file))))

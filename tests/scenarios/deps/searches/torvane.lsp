@@ -1,14 +1,10 @@
-; Nodes found from a node, and nodes moved. What would tie a tree into a ring, or take a node into
-; another tree, is refused.
+; Nodes found from a node, and what stands across words.
 (define-attribute ante DepTreeValue)
 (defmacro title (text) (comp (str text) (print-str :prefix "\n" :suffix ": ")))
 (defmacro at (word) (find-first-node (comp (node2minp) (str= word))))
 (defmacro show (what) (comp what (node2minp) (print-str :suffix " ")))
-(defun nodes () (prog (node2minp (print-str :prefix "(")) (all-children (prog (nodes) (t))) (comp (str ")") (print-str))))
-(defmacro tree () (prog (nodes) (comp (str "\n") (print-str))))
 (defmacro across (word cond)
   (comp (at word) (if (minimal-across cond) (str yes) (str no)) (print-str :prefix word :suffix " ")))
-
 (def-tree-rules found (root (prog
   (title "antecedents")
   (comp (at dogs) (show (get-antecedent (comp (cat) (str= T)))))
@@ -26,8 +22,7 @@
   (comp (at chase) (show (compatible-modifier (list (get-child obj)) (ident) (comp (cat) (str= V)))))
   (comp (at chase) (show (compatible-modifier (list (get-child obj)) (nil) (t))))
   (comp (at chase) (show (compatible-modifier (int 1) (ident) (t)))))))
-(eval (read-and-modify-deps found (comp (str trees.txt) (open-file))))
-
+(eval (read-and-modify-deps found (comp (str chase.txt) (open-file))))
 ; "," and "." hang on nothing. A test of words is an expression, or what an expression gives as one.
 (def-tree-rules around (root (prog
   (title "across")
@@ -35,26 +30,4 @@
   (across Ann (str= ",")) (across Ann (str= ".")) (across today (str= ",")) (across today (str= "."))
   (across saw (str= ",")) (across saw (str= ".")) (across John (nil)) (comp (minimal-across (t)) (print-str)))))
 (eval (read-and-modify-deps around (comp (str across.txt) (open-file))))
-
-(eval (comp (str "\n") (print-str)))
-(defmacro edit (name what)
-  (def-tree-rules name (root (prog (comp (str name) (print-str :suffix ": ")) what (tree))))
-  (eval (read-and-modify-deps name (comp (str trees.txt) (open-file)))))
-(edit "attached elsewhere" (comp (at today) (reattach-node (at cat)) (show (ident))))
-(edit "put in order" (comp (at big) (reattach-node (at chase)) (show (ident))))
-(edit "nowhere to go" (comp (at big) (reattach-node (nil)) (show (ident))))
-(edit "under itself" (comp (at cat) (reattach-node (ident)) (show (ident))))
-(edit "under its own child" (comp (at chase) (reattach-node (at the)) (show (ident))))
-(edit "the top under a node" (comp (reattach-node (at he)) (show (ident))))
-(declare-var other)
-(def-tree-rules inner (root (prog
-  (comp (at dog) (reattach-node (get-val other)) (show (ident)))
-  (comp (at dog) (print-words (get-val other))) (tree))))
-(edit "into another tree" (prog (setq other (at cat))
-  (read-and-modify-deps inner (comp (str other.txt) (open-file)))))
-(edit "over the right" (comp (at chase) (expand-node (comp (cat) (str= T))) (show (ident))))
-(edit "over all" (comp (at chase) (expand-node) (show (ident))))
-(edit "over nothing" (comp (at chase) (expand-node (nil)) (show (ident))))
-(edit "the top over all" (comp (expand-node) (show (ident))))
-; What the variable held is gone with its tree.
-(eval (comp (get-val other) (is-nil) (int2str) (print-str :suffix "\n")))
+(echo)
