@@ -1,3 +1,4 @@
+; What constants give: numbers, texts, named objects, and conditions.
 (def-tokenizer :name cutter " " "" "" "" "" "")
 (foreach (w) :eval (prog
   (comp (int 12abc) (int2str (print-str :suffix "\n")))

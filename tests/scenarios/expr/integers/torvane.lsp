@@ -1,3 +1,4 @@
+; Sums, comparisons and texts of integers, and how alike two texts are.
 (defun show () (int2str (print-str :suffix " ")))
 (foreach (w) :eval (prog
   (comp (int-sum (int 2) (int 3)) (show))

@@ -1,3 +1,4 @@
+; A list of a million words in a file.
 (foreach (word0 WORD500000 word999999 word1000000) :eval
   (if (in long.txt) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
 (make-word-list long :hashsize 7 long.txt)

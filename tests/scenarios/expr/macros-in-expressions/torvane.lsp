@@ -1,3 +1,4 @@
+; Macros that stand for forms or arguments; those that expand without end are given up.
 (defmacro bracketed (what) (print-str :prefix "[" what) (print-str :prefix "<" :suffix ">"))
 (defmacro opening () (output))
 (defmacro none ())

@@ -1,3 +1,4 @@
+; Texts rewritten by regular expressions. One that is not well formed ends the run.
 (defun show () (print-str :prefix "[" :suffix "] "))
 (foreach (banana "") :eval (prog
   (comp (reg-sub "a" "<&>") (show))

@@ -1,7 +1,8 @@
-; one file, one stream, whoever names it
+; One file, one stream, whoever names it.
 (foreach (a b) :eval (print-str (output report.txt) :suffix "\n"))
 (foreach (c) :eval (prog (print-str :prefix "> " (output report.txt)) (pad "\n" (output report.txt))))
 (flush report.txt)
+(echo -- the report up to here)
 (system "cat report.txt")
 (foreach (d) :eval (print-str (output report.txt) :suffix "\n"))
 (eval (output none/such.txt))
@@ -9,4 +10,3 @@
 (eval (input none/such.txt) (input) (input -) (output) (output -))
 (flush nobody)
 (flush)
-(echo end)

@@ -1,3 +1,4 @@
+; Whether the tokens that a tokenizer makes of a text are among some words.
 (def-tokenizer :name plain " " ";" "," "\"" "" "")
 (def-tokenizer :name pieces :separator "--")
 (foreach ("the quick, Fox; ran" "\"a fox\" here" "slow ox" "") :eval

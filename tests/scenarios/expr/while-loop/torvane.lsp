@@ -1,3 +1,4 @@
+; A loop over a variable.
 (declare-var n)
 (declare-var line)
 (eval (setq n (int 5)) (setq line (str "")))

@@ -1,7 +1,8 @@
+; Lists of words, in a form or by name, and endings that words have.
 (make-word-list colours :hashsize 20 (red Green) more.txt)
 (add-to-word-list COLOURS (blue))
 (foreach (RED green BLUE amber teal) :eval (comp (in :wordlist colours) (print-str :suffix "\n")))
-; a list of the form's own gives the input; with a size, its own copy
+(echo "-- a list of the form's own gives the input; with a size, its own copy")
 (foreach (RED) :eval (prog (comp (in (red)) (print-str :suffix "\n")) (comp (in :hashsize 5 (red)) (print-str :suffix "\n"))))
 (make-word-list exact :case-sensitive (Red red))
 (foreach (Red RED) :eval (if (in :wordlist exact) (print-str :suffix " yes\n") (print-str :suffix " no\n")))
