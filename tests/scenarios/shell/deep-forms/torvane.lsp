@@ -1,3 +1,4 @@
+; Forms of a million brackets, whole and cut off.
 (load balanced.lsp)
 (load open.lsp)
 (load heads.lsp)

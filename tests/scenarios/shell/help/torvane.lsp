@@ -1,5 +1,4 @@
+; The comments of commands whose names match.
 (help "^(echo|exit|quote|ec|system.)$")
-(? "^nosuch")
-(help x*)
-(HELP "^\\?" "more" )
-(help (a))
+(echo -- others)
+(? "^nosuch") (HELP "^\\?" "more" ) (help "^def-tok")

@@ -1,3 +1,4 @@
+; Files that load themselves and one another without end.
 (load again.lsp)
 (echo back)
 (load other.lsp)

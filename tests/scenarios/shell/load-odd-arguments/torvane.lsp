@@ -1,3 +1,4 @@
+; What load takes as names of files.
 (load)
 (load () (a b) missing.lsp folder good.lsp "")
 (LOAD good.lsp)

@@ -1,3 +1,4 @@
+; Macros that run themselves without end.
 (defmacro once () (once) (echo up))
 (defmacro twice (x) (twice x) (twice x))
 (defmacro other () (twice 1) (echo other))

@@ -1,3 +1,4 @@
+; Macros: their arguments in text, in lists and as names; macros in macros.
 (defmacro show (x (rest)) (echo x rest "x" x-y) (echo X))
 (show 1 (2 3))
 (show "a b" ("c;d" (e)))

@@ -1,7 +1,6 @@
-(classes)
+; The classes of named objects, and objects with their comments.
 (CLASSES "^LE" more)
+(echo -- forms)
 (objects "^(t|nil|prog1)$")
-(objects "^(t|nil)$" "^lexp$")
-(objects "^(t|nil)$" "^LExp$")
-(objects nosuch nosuch)
-(objects (a) (b))
+(echo -- of a class)
+(objects "^(t|nil)$" "^lexp$") (objects "^(t|nil)$" "^LExp$") (objects nosuch nosuch) (objects nosuch (b))

@@ -1,3 +1,4 @@
+; Files are looked for in the folders of the search path, first where the run stands.
 (load where.lsp)
 (set-search-path "one:two")
 (load where.lsp)

@@ -1,3 +1,4 @@
+; Commands of the shell.
 (echo before)
 (system "echo from the shell")
 (system)

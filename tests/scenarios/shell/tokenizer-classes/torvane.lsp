@@ -1,9 +1,13 @@
+; Which characters start a token, stand in one, or quote one, and what a quote may hold.
 (def-tokenizer :name config " \t\n\r" "();" "();," "\"" "\\" ";")
 (test-tokenizer config in.txt)
+(echo -- blanks alone)
 (def-tokenizer " " :name plain "" "" "" "" "")
 (test-tokenizer PLAIN plain.txt)
+(echo -- middle characters)
 (def-tokenizer :name middle " \n" "" "-." "" "" "")
 (test-tokenizer middle middle.txt)
+(echo -- quotes of two characters)
 (def-tokenizer :name closers " \n" "" "" "\" <> {^}^ ^^ |" "^" "")
 (test-tokenizer closers closers.txt)
 (test-tokenizer config empty.txt)

@@ -1,3 +1,4 @@
+; A tokenizer of sockets reads the standard input, whatever file is named.
 (def-socket-tokenizer :name s " \n" "" "" "" "" "")
 (test-tokenizer s in.txt)
 (test-tokenizer s)
