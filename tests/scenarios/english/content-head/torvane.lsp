@@ -1,9 +1,10 @@
 ; The content-head style: for each rule a sentence, and some in which several work together.
 (load data/torvane.lsp)
-(defun show () (prog (if (node2minp) (node2minp (print-str :prefix "("))) (if (rel) (rel (print-str :prefix " ")))
-                     (all-children (prog (comp (str " ") (print-str)) (show) (t))) (comp (str ")") (print-str))))
+(defmacro put (text) (comp (str text) (print-str (output trees.txt))))
+(defun show () (prog (if (node2minp) (node2minp (print-str :prefix "(" (output trees.txt))))
+  (if (rel) (rel (print-str :prefix " " (output trees.txt)))) (all-children (prog (put " ") (show) (t))) (put ")")))
 (load data/english/content-head.lsp)
-(def-tree-rules content-head (root (prog (show) (comp (str "\n\n") (print-str)))))
+(def-tree-rules content-head (root (prog (show) (put "\n"))))
 (set-deps-modifier english-parser content-head)
 ; gap, empty-node
 (p3 "What did she buy?")

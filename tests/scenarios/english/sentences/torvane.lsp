@@ -1,8 +1,9 @@
 ; A sentence for each construction: category, word and relation of every node of its tree.
 (load data/torvane.lsp)
-(defun show () (prog (cat (print-str :prefix "(" :suffix " ")) (if (node2minp) (node2minp (print-str))) (if (rel) (rel (print-str :prefix " ")))
-                     (all-children (prog (comp (str " ") (print-str)) (show) (t))) (comp (str ")") (print-str))))
-(def-tree-rules shown (root (prog (show) (comp (str "\n") (print-str)))))
+(defmacro put (text) (comp (str text) (print-str (output trees.txt))))
+(defun show () (prog (cat (print-str :prefix "(" :suffix " " (output trees.txt))) (if (node2minp) (node2minp (print-str (output trees.txt))))
+  (if (rel) (rel (print-str :prefix " " (output trees.txt)))) (all-children (prog (put " ") (show) (t))) (put ")")))
+(def-tree-rules shown (root (prog (show) (put "\n"))))
 (set-deps-modifier english-parser shown)
 ; Words: numbers, names, compounds, abbreviations, and what the lexicon lacks.
 (p3 "The World Health Organization (WHO) met.")
