@@ -1,16 +1,6 @@
 ; A preposition goes to the noun while nothing is known of words, and to the verb once counts say that people eat
 ; with something.
-(def-att-list syn
-  (defattribute args ListAtt) (defattribute cm BinAtt)
-  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
-  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np))
-  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
-  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
-  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
-  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
-  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np))
-  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
-(make-avmeaning-proto syn avm)
+(load syn.lsp)
 (make-lexicon words 101)
 (lex words
   (with (avm ((cat p) (pform with)))) (the (avm ((cat d)))) (cook (avm ((cat n)))) (soup (avm ((cat n))))
@@ -25,9 +15,9 @@
 (def-modifiers N (? (Det (dep-type det))) (:head) (* (P (dep-type mod))))
 (def-modifiers V (? (N (dep-type subj))) (:head) (? (N (dep-type obj))) (* (P (dep-type mod) (dep-weight 2))))
 (roots (V))
-(p3 "cook ate soup with spoon")
+(sentence "without counts:" "cook ate soup with spoon")
 (make-tripledb counts 101)
 (debug-weight 1)
 (set-reldb tp counts)
 (populate-tripledb counts rels.txt deps.txt)
-(p3 "cook ate soup with spoon")
+(sentence "with counts:" "cook ate soup with spoon")

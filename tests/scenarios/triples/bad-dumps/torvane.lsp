@@ -1,3 +1,4 @@
+; Dumps of lines that are cut, doubled, far too long, or of counts that make no sense.
 (make-tripledb db 3)
 (link-file db store.hdr rw)
 (populate-tripledb db rels.txt deps.txt)

@@ -1,3 +1,4 @@
+; Stores with one byte changed: whatever they make of it, the run goes on.
 (make-tripledb memory 7)
 (make-tripledb db 7)
 (make-tripledb whole 7)

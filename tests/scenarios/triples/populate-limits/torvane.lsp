@@ -1,9 +1,10 @@
+; Words and relations below a limit are left out.
 (make-tripledb db 101)
 (populate-tripledb db rels.txt deps.txt :min-freq 5 :min-info 0.01 :min-logl 1.1)
 (get-total-count db)
 (print-keys db)
 (st db only head heavy mod)
-(echo "the limits are back")
+(echo "-- the limits are back")
 (make-tripledb all 101)
 (populate-tripledb all rels.txt)
 (get-total-count all)
