@@ -1,3 +1,4 @@
+; The similarity of two words as an expression.
 (make-simworddb sims :src words.src :size -5 :max-syns 1)
 (make-lexicon words 11)
 (defun show () (int2str (print-str :suffix " ")))
