@@ -1,10 +1,7 @@
 ; What is wrong in a declaration is reported, and the rest of it stands.
 (def-att-list)
 (def-att-list (T))
-(defattribute)
-(defattribute a)
-(defattribute (a) BinAtt)
-(defattribute a NoAtt)
+(defattribute) (defattribute a) (defattribute (a) BinAtt) (defattribute a NoAtt)
 (def-att-list T
   (defattribute a BinAtt) (defattribute a EnumAtt (allowable-values x)) (defattribute c IntAtt (default 3))
   (defattribute)
@@ -26,10 +23,7 @@
 (make-av (+lost))
 (echo "-- the name of something else is no type")
 (def-lexicon-like x)
-(set-att-itp-list)
-(set-att-itp-list nowhere)
-(set-att-itp-list (T))
-(set-att-itp-list strcmp)
+(set-att-itp-list) (set-att-itp-list nowhere) (set-att-itp-list (T)) (set-att-itp-list strcmp)
 (eval (comp (attvec (+late)) (attvec2str) (print-str :suffix "\n")))
 (echo "-- a macro stands for what it expands to")
 (defmacro flag (name) (defattribute name BinAtt))

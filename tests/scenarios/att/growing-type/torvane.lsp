@@ -15,7 +15,4 @@
 (eval (comp (get-val kept) (modify ((v1 (s deep)) (s3 three))) (show)))
 (eval (comp (attvec (old (i1 3))) (show)))
 (eval (comp (attvec (-a (i1 3))) (contain (-a)) (show)))
-(save-aliases t.dat)
-(clear-alias T)
-(load-aliases t)
-(print-alias *)
+(save-aliases t.dat) (clear-alias T) (load-aliases t) (print-alias *)

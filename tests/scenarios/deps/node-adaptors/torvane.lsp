@@ -1,8 +1,6 @@
 ; What every adaptor gives for each node of a tree: the top that only holds the others, words, and an
 ; empty node.
-(print-deptree-weight 0)
-(print-governor 0)
-(define-attribute ante DepTreeValue)
+(print-deptree-weight 0) (print-governor 0) (define-attribute ante DepTreeValue)
 (defmacro show (what) (comp what (print-str :prefix "|")))
 (defmacro number (what) (comp what (int2str) (print-str :prefix "|")))
 (defmacro all-of-it ()

@@ -1,10 +1,7 @@
 ; Whatever the text of a tree is, every form takes what was read of it. The last tree of the file is
 ; cut off, and no tree.
-(print-deptree-weight 0)
-(define-attribute number IntValue)
-(define-attribute text StrValue)
-(define-attribute texts StrListValue)
-(define-attribute ante DepTreeValue)
+(print-deptree-weight 0) (define-attribute number IntValue) (define-attribute text StrValue)
+(define-attribute texts StrListValue) (define-attribute ante DepTreeValue)
 (defmacro quietly (what) (comp what (is-nil)))
 (def-tree-rules each (root (prog
   (comp (deps) (save-deps (nil) (output out.txt)))

@@ -8,5 +8,4 @@
 (eval (output none/such.txt))
 (foreach (lost) :eval (print-str (output none/such.txt)))
 (eval (input none/such.txt) (input) (input -) (output) (output -))
-(flush nobody)
-(flush)
+(flush nobody) (flush)

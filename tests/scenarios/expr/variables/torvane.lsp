@@ -1,8 +1,5 @@
 ; Variables and what they hold, their types, and those of a let.
-(declare-var word char*)
-(declare-var any)
-(declare-var)
-(declare-var any)
+(declare-var word char*) (declare-var any) (declare-var) (declare-var any)
 (eval (setq word (str first)) (setq any (int 3)))
 (echo "-- a let variable is a new one, empty until it is set")
 (eval (let (word) (get-val word (print-str :suffix "\n")) (setq word (int 1)) (get-val word (int2str (print-str :suffix "\n")))))

@@ -1,6 +1,5 @@
 ; A loop over a variable.
-(declare-var n)
-(declare-var line)
+(declare-var n) (declare-var line)
 (eval (setq n (int 5)) (setq line (str "")))
 (eval (while (get-val n)
         (setq line (format (get-val line) (get-val n (int2str))))

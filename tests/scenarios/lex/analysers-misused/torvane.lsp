@@ -1,6 +1,5 @@
 ; Analysers of lexicons and rules that do not exist, their markers, and roots and meanings without arguments.
-(make-lexicon L 101)
-(make-str-meaning-proto k)
+(make-lexicon L 101) (make-str-meaning-proto k)
 (make-lex-analyzer) (make-lex-analyzer A :lexicon) (make-lex-analyzer A :lexicon nosuch) (make-lex-analyzer A :lexicon (L))
 (make-lex-analyzer A :lexicon L :lexical-rules nosuch :hook (nosuch) :meaning-selector atom :suggested-sentence-length 99999999999)
 (make-lex-analyzer A :lexicon L) (make-lex-analyzer L :lexicon L) (make-lex-analyzer B :lexicon A)

@@ -1,6 +1,5 @@
 ; Files of entries: sorted, merged, combined, compared and selected from.
 (echo == sort-lex)
-(sort-lex jumble.txt -)
 (sort-lex jumble.txt sorted.txt)
 (echo == rm-duplicates)
 (rm-duplicates sorted.txt -)
@@ -19,7 +18,7 @@
 (echo == filter-entries)
 (make-str-meaning-proto g)
 (filter-entries ((reg-match "x") (print-str) (t)) other.txt filtered.txt)
-(filter-entries ((t) (meaning-type (print-str :suffix "\n")) (exec-commands (echo done))) other.txt filtered.txt)
+(filter-entries ((t) (meaning-type (print-str :suffix " ")) (exec-commands (echo done))) other.txt filtered.txt)
 (echo == a file that is cut off)
 (sort-lex cut.txt -)
 (sort-lex jumble.txt nowhere/x)

@@ -4,7 +4,6 @@
 (lex words (boy (avm ((cat n))) (freq NN 7.9 VB 3)) (girl (avm ((cat n)))))
 (def-rules tagging (nouns (lexitem (comp (att) (defined (cat)))) (comp (litem) (set-cate (str NN)))))
 (a-parser () (:lexical-rules tagging))
-(def-category N)
-(roots (N))
+(def-category N) (roots (N))
 (sentence "one in the list, and one without:" "boy girl")
 (pn)

@@ -1,7 +1,6 @@
 ; Every form of rules with odd arguments, on inputs of every kind. Nothing but messages comes of it.
 (load base.lsp)
-(make-antecedent-list names)
-(make-llrule LL (a ~ (lexitem (t))) (t))
+(make-antecedent-list names) (make-llrule LL (a ~ (lexitem (t))) (t))
 (lex L (a (avm ((cat n) (num sg))) (llrule LL)) (b (avm ((cat v)))) (c (avm ((cat n)))))
 (load rules.lsp)
 (run)

@@ -1,7 +1,6 @@
 ; Names of one sentence are known in the next ones.
 (load base.lsp)
-(make-antecedent-list names)
-(make-str-meaning-proto note)
+(make-antecedent-list names) (make-str-meaning-proto note)
 (lex L (unsure (note "no vector")) (john (avm ((cat n) (num sg)))) (corp (avm ((cat n) (num pl)))))
 (def-rules R
   (name (word-seq John Q Smith) (assert (make-lexitem (low) (high) (avm (avm ((cat n) (num sg)))))))

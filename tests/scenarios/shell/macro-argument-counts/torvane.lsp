@@ -4,7 +4,5 @@
 (defmacro) (defmacro (x) (y)) (defmacro atom params (echo from atom))
 (atom)
 (echo -- debugged)
-(debug-macro "*") (pair 1)
-(debug-macro PAIR) (pair x "y z")
-(debug-macro nosuch) (pair 5 6)
+(debug-macro "*") (pair 1) (debug-macro PAIR) (pair x "y z") (debug-macro nosuch) (pair 5 6)
 (debug-macro (x)) (pair 7 8)

@@ -1,7 +1,6 @@
 ; A sentence with one tree gets another root, and what comes later sees it.
 (load base.lsp)
-(print-deptree-weight 0)
-(print-governor 0)
+(print-deptree-weight 0) (print-governor 0)
 (def-tree-rules turned
   (down (node (is C)) (prog (invert-dep (match)) (t)))
   (down (tree (is A) (node (is C))) (invert-dep (match 1)))

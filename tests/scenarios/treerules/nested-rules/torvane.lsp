@@ -25,8 +25,7 @@
 (run renewed)
 ; A match lasts as long as its action, a node as long as its tree.
 (echo -- what a variable keeps)
-(declare-var m)
-(declare-var n)
+(declare-var m) (declare-var n)
 (def-tree-rules keeping
   (up (tree (is C) (node (is D))) (prog (setq m (list (ident))) (setq m (ident)) (setq n (match 1)) (say "in: ") (comp (get-val m) (match 1 (cat (print-str :suffix " "))))))
   (up (node (is E)) (prog (say "after: ") (comp (get-val m) (is-nil) (int2str) (print-str :suffix " "))

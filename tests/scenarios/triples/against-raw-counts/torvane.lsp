@@ -1,9 +1,7 @@
 ; Reports over mutual information, from a database in memory and from one on disk; check.py computes the same rows
 ; from the raw counts.
-(make-tripledb memory 101)
-(populate-tripledb memory main.rels main.deps :min-rel-freq 0)
-(make-tripledb disk 101)
-(link-file disk db.hdr rw)
+(make-tripledb memory 101) (populate-tripledb memory main.rels main.deps :min-rel-freq 0)
+(make-tripledb disk 101) (link-file disk db.hdr rw)
 (populate-tripledb disk main.rels main.deps :min-rel-freq 0)
 (defmacro ask (db)
   (echo == search) (search-tripledbs db w1 nosuch subj W7)

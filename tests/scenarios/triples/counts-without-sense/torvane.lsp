@@ -1,7 +1,5 @@
 ; Reports on counts that no corpus has.
-(make-tripledb bare 11)
-(populate-tripledb bare bare.rels)
-(make-tripledb odd 11)
+(make-tripledb bare 11) (populate-tripledb bare bare.rels) (make-tripledb odd 11)
 (populate-tripledb odd odd.rels odd.deps :min-rel-freq -9999)
 (echo -- entries) (st odd a b)
 (echo -- high) (print-high-mutinfo odd :background bare :min-mutinfo -200 :min-score -200 :min-count -9999)

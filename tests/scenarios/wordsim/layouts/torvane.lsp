@@ -1,6 +1,5 @@
 ; Similar words as forms and as pages, plain or in colours.
-(make-simworddb sims :src words.src)
-(simwords sims w ";" a)
+(make-simworddb sims :src words.src) (simwords sims w ";" a)
 (echo == plain)
 (get-grouped-sim-words sims :words (w nosuch))
 (echo == colours)

@@ -1,6 +1,5 @@
 ; Stores of similar words: read cut to a length, damaged, of another kind, made anew and added to.
-(make-simworddb good :db good.hdr)
-(simwords good DOG cat)
+(make-simworddb good :db good.hdr) (simwords good DOG cat)
 (echo == cut to two words)
 (make-simworddb short :db good.hdr :max-syns 2) (simwords short dog)
 (make-simworddb none :db good.hdr :max-syns 0) (simwords none dog)
