@@ -11,5 +11,4 @@
 (eval (open-file) (close-file) (open-file :write))
 (foreach (word) :eval (close-file))
 (eval (comp (output) (close-file)))
-(echo -- no file of nothing)
-(system "ls *.txt")
+(echo -- no file of nothing) (system "ls *.txt")

@@ -7,7 +7,7 @@
 (echo "-- a list of the form's own gives the input; with a size, its own copy")
 (foreach (RED) :eval (prog (comp (in (red)) (print-str :suffix " ")) (comp (in :hashsize 5 (red)) (print-str :suffix " "))))
 (echo)
-(echo -- with their case, and by endings)
+(echo "-- with their case, and by endings")
 (make-word-list exact :case-sensitive (Red red))
 (foreach (Red RED) :eval (if (in :wordlist exact) (print-str :suffix " yes, ") (print-str :suffix " no, ")))
 (foreach (cats DISHES kindness "" s nes) :eval (if (suffix (s es NESS)) (print-str :suffix " yes, ") (print-str :suffix " no, ")))

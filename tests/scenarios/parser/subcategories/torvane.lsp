@@ -16,5 +16,4 @@
 (sentence "an optional one is missing:" "boys give apples")
 (sentence "an optional one:" "boys give boys apples")
 (sentence "the head comes last:" "boys apples eat")
-(echo -- the nodes that were made and their links)
-(pn "^V" "^comp")
+(echo -- the nodes that were made and their links) (pn "^V" "^comp")

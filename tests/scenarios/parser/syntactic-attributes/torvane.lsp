@@ -3,5 +3,4 @@
 (lex words (boy (avm ((cat n)))))
 (a-parser () ())
 (def-category N) (roots (N))
-(echo -- a parse all the same)
-(p3 "boy")
+(echo -- a parse all the same) (p3 "boy")

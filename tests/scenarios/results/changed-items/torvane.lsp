@@ -15,7 +15,5 @@
 ; An item that lost the comma at its end has another span than its reading, and so no root of its own.
 (def-rules rules (whole (word-seq old box ",") (assert (make-lexitem (low) (high) (avm (avm ((cat n)))) :root whole)))
   (whole (word-seq old box uh) (assert (make-lexitem (low) (high) (avm (avm ((cat n)))) :root whole))))
-(echo -- a lost comma)
-(p3 "the old box ,")
-(echo -- a lost word)
-(p3 "the old box uh")
+(echo -- a lost comma) (p3 "the old box ,")
+(echo -- a lost word) (p3 "the old box uh")

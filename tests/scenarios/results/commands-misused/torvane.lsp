@@ -18,5 +18,4 @@
 (debug-weight (a)) (print-deptree-weight x) (print-governor)
 (def-torvane-parser)
 (reset-parser a (b)) (pn "^Q$" (b)) (prlexitems a) (li (a))
-(echo -- and on)
-(p3 "boys")
+(echo -- and on) (p3 "boys")

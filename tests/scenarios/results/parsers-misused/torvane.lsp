@@ -17,8 +17,7 @@
   :show-attributes (cat nope) :default-percolating-attributes (num nope)
   :weights-of-words (int 0) :lexical-analyzer analyser)
 (def-category N) (roots (N))
-(echo -- the last one made parses)
-(p3 "boys sleep")
+(echo -- the last one made parses) (p3 "boys sleep")
 (echo -- bad triples)
 (def-torvane-parser third :attribute-vector-type syn :lexical-attributes () :show-attributes ()
   :default-percolating-attributes () :weights-of-words (int 0) :bad-triples triples.txt

@@ -1,7 +1,7 @@
 ; Tests of two names, and commands of lists of names that are misused.
 (load base.lsp)
 (defmacro number (exp) (comp exp (int2str) (show)))
-(echo -- short forms and abbreviations, right and wrong)
+(echo "-- short forms and abbreviations, right and wrong")
 (eval (prog (number (matching-name (str "John Smith") (str "J. Smith"))) (number (matching-name (str "John Smith") (str "J.")))
             (number (abbrev-of (str "International Dog Houses") (str IDH)))
             (number (abbrev-of (str "International Dog Houses") (str Int))) (comp (str "\n") (print-str))))

@@ -17,7 +17,7 @@
               (and (token 1 (str= said)) (not (token 3)) (current-token (str= "."))))
         (int2str) (print-str :suffix " ")))
 (defun line () (print-str :suffix "\n"))
-(echo -- a full stop, what closes behind it, and a capital)
+(echo "-- a full stop, what closes behind it, and a capital")
 (foreach (Mr . Smith came . He " " saw . " " it ! ")" "'" Then he left . 3 . 5 ? Yes)
   :eval (step))
 (eval (comp (str "") (line)))

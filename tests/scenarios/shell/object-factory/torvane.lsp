@@ -1,6 +1,5 @@
 ; The classes of named objects, and objects with their comments.
 (CLASSES "^LE" more)
-(echo -- forms)
-(objects "^(t|nil|prog1)$")
+(echo -- forms) (objects "^(t|nil|prog1)$")
 (echo -- of a class)
 (objects "^(t|nil)$" "^lexp$") (objects "^(t|nil)$" "^LExp$") (objects nosuch nosuch) (objects nosuch (b))

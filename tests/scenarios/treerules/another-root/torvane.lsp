@@ -8,8 +8,7 @@
 (def-tree-rules turned-text
   (down (tree (is A) (node c (is C))) (prog (invert-dep (match 1)) (comp (match) (deps) (print-deps)))))
 (run turned)
-(echo -- as text)
-(eval (over-tree turned-text))
+(echo -- as text) (eval (over-tree turned-text))
 ; A root that has no parent may move.
 (echo -- the root moves)
 (def-tree-rules moved-root

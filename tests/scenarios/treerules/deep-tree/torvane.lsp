@@ -8,8 +8,7 @@
   (root (comp (exist-decendent (not (exist-child))) (tree-root) (num-children) (int2str) (print-str :suffix "\n")))
   (up (node (not (exist-child))) (detach-node (match)))
   (root (comp (num-children) (int2str) (print-str :suffix "\n"))))
-(echo -- in a line)
-(over deep path.txt)
+(echo -- in a line) (over deep path.txt)
 (echo -- side by side)
 (over deep fan.txt)
 (def-tree-rules moving

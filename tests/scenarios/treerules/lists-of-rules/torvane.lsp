@@ -18,14 +18,12 @@
   (up shallow :name first :comments "says the leaves" (node (not (exist-child))) (say-node))
   (down :comments "says (the) \"top\"" :name second (node (is A)) (say-node))
   (root :name third (say-node)))
-(echo -- names and comments)
-(run named)
+(echo -- names and comments) (run named)
 ; A condition that makes no match never fires; one that does may be of any form.
 (def-tree-rules odd-conditions
   (up (cat) (say-node)) (up (t) (say-node)) (down (exist-child (t)) (say-node)) (up) (up (any)) (flat)
   (root (say "or: ")) (up (or (node (is B)) (node (is G))) (say-node)))
-(echo -- odd conditions)
-(run odd-conditions)
+(echo -- odd conditions) (run odd-conditions)
 ; A name that means something else, or stands already as something else.
 (make-lexicon tok 11)
 (def-tree-rules tok (root (say "none ")))

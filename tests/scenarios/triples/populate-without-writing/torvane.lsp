@@ -9,5 +9,4 @@
 (copy db memory)
 (reconstruct db more.txt)
 (sort-links db) (unlink-file db) (link-file db one.hdr)
-(echo "-- as it was")
-(get-total-count db) (st db a s)
+(echo "-- as it was") (get-total-count db) (st db a s)

@@ -7,5 +7,4 @@
 (make-avg-entry full :words (a c) :mi-threshold -200 :name kept
   :require (exec-commands (unlink-file full) (make-tripledb made-too)))
 (st full a kept)
-(echo -- from the file)
-(link-file full full.hdr) (st full a kept)
+(echo -- from the file) (link-file full full.hdr) (st full a kept)
