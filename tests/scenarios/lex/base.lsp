@@ -1,6 +1,7 @@
-; What the cases share: kinds of meanings, and a parser that shows its items.
+; What the cases share: kinds of meanings, an empty lexicon, and a parser that shows its items.
 (def-att-list syn)
 (make-str-meaning-proto g) (make-str-meaning-proto h)
+(make-lexicon L 101)
 (defmacro a-parser ((words))
   (make-lex-analyzer A words)
   (def-torvane-parser P :attribute-vector-type syn :lexical-attributes () :show-attributes ()

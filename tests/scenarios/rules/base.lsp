@@ -1,12 +1,12 @@
 ; What the cases share: an empty lexicon, a parser for a set of rules, and functions that show what they are given.
 (load syn.lsp)
 (make-lexicon L 101 :ending-table ((p "" bare) (p s s)))
-; A parser whose analyser has the rules R.
-(defmacro run ()
-  (make-lex-analyzer A :lexicon L :lexical-rules R)
-  (def-torvane-parser P :attribute-vector-type syn :lexical-attributes (lexitem) :show-attributes (cat)
-    :default-percolating-attributes () :weights-of-words (int 1) :lexical-analyzer A)
-  (init-attributes))
+; A parser with the rules R, to which the cases add.
+(def-rules R)
+(make-lex-analyzer A :lexicon L :lexical-rules R)
+(def-torvane-parser P :attribute-vector-type syn :lexical-attributes (lexitem) :show-attributes (cat)
+  :default-percolating-attributes () :weights-of-words (int 1) :lexical-analyzer A)
+(init-attributes)
 
 (defun show () (print-str :prefix " " :suffix ","))
 (defun say (text) (comp (get-val text) (show)))

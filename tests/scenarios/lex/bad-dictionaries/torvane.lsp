@@ -1,6 +1,6 @@
 ; Headers, dictionaries and indexes that are missing, cut off or damaged.
 (load base.lsp)
-(make-lexicon L 101) (link-lex-file L no.hdr) (link-lex-file L gone.hdr)
+(link-lex-file L no.hdr) (link-lex-file L gone.hdr)
 (link-lex-file L folder.hdr) (link-lex-file L zero.hdr) (link-lex-file L empty.hdr)
 (link-lex-file L nowhere.hdr) (link-lex-file L itself.hdr) (link-lex-file L binary.hdr)
 (link-lex-file L torvane.lsp) (link-lex-file L .) (lex-entry L dog)

@@ -1,8 +1,7 @@
 ; What entries become, and how they are printed.
 (load base.lsp)
 (def-att-list of-entries (defattribute cat EnumAtt (allowable-values n v)) (defattribute pl BinAtt))
-(make-avmeaning-proto of-entries avm) (make-lexicon L 101)
-(lex L (give (avm ((cat v) -pl)) (nosuch x) (g take) (phrases (give up) (card , gift)))
+(make-avmeaning-proto of-entries avm) (lex L (give (avm ((cat v) -pl)) (nosuch x) (g take) (phrases (give up) (card , gift)))
   (give up (g stop)) (York , New (g city)) (Give (g again)) (1,000 (g number))
   (don't (h "not so")) ("a;b" (g x)) (wÃ¶rter (g words)) ((g no) key) () atom)
 (print-lex L)

@@ -1,6 +1,5 @@
 ; Words with a marker of tags or of the focus, and the full stop of the last word.
 (load base.lsp)
-(make-lexicon L 101)
 (lex L (dog (g noun) (h verb)) (*dog (g starred)) (cat (g pet)) (etc. (g and-so-on)) (. (g stop)) (dog/n (g whole)))
 ; Every item whose meaning is of the kind g is a noun.
 (def-rules R (nouns dog (exist-lexitem (low) (high)

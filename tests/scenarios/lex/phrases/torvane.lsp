@@ -1,6 +1,5 @@
 ; Phrases of several words, as entries of their own and as parts of one.
 (load base.lsp)
-(make-lexicon L 101)
 (lex L (give (g give)) (give up (g stop)) (give up on (g despair)) (York , New (g city)) (b c , x a (g both))
   (look x-ray up (g hyphen)) (do don't (g apostrophe)) (lost (phrases (lost and found)))
   (a (g one) (phrases (a) (a b))) (a b (g two) (phrases (a b) (a))))

@@ -1,7 +1,6 @@
 ; Expressions that run while the items of an entry are made take the lexicon away from under them.
 (load base.lsp)
-(declare-var seen) (make-lexicon L 101)
-(lex L (dog (g noun) (h verb)) (dog days (g summer)) (cat (g pet)) (cat nap (g sleep)))
+(declare-var seen) (lex L (dog (g noun) (h verb)) (dog days (g summer)) (cat (g pet)) (cat nap (g sleep)))
 (a-parser (:lexicon L
   :meaning-selector (prog (setq seen (ident)) (exec-commands (clear-lexicon L) (parse cat) (reset-parser)) (meaning-type (show-line)) (t))
   :hook (prog (exec-commands (lex L (dog (g again)) (dog nap (g more)))) (root (print-str :prefix "hook " :suffix "\n")))))

@@ -5,7 +5,6 @@
   (put (avm ((cat v) (node VT) (args ((cat n)) ((cat p) (pform in))))))
   (set (avm ((cat v) (node VT) (args ((cat n) +opt) ((cat p))))))
   (run (avm ((cat v) (node VT)))))
-(a-parser () ())
 (def-category VT) (def-category N) (def-category P)
 (def-modifiers VT (:head) (? (N (dep-type obj) (check-arg 0))) (? (P (dep-type loc) (check-arg 1))))
 (roots (VT))

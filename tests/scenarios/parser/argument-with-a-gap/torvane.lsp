@@ -3,7 +3,7 @@
 (lex words
   (uh (avm ((cat j)))) (easy (avm ((cat a) (args ((cat v) (move ((slash np))))))))
   (climb (avm ((cat v) (move ((slash np) (role obj)))))))
-(a-parser (move) ())
+(default-percolating-atts (move))
 (def-category V (visible-atts (cat move))) (def-category Conn) (def-category A)
 (def-modifiers A (:head))
 (roots (A))

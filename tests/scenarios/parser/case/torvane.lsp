@@ -3,7 +3,7 @@
 (lex words
   (h (avm ((cat v)))) (k (avm ((cat v) +cm))) (g (avm ((cat v) -govern))) (m (avm ((cat n) -cm)))
   (of (avm ((cat p) -cm))))
-(a-parser (cm) ())
+(default-percolating-atts (cm))
 (def-category N (visible-atts (cm))) (def-category P) (def-category V)
 (def-modifiers V (:head) (? (N (dep-type obj))))
 (def-modifiers P (:head) (? (N (dep-type obj) (percolate ()))))

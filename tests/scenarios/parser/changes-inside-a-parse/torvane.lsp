@@ -1,7 +1,6 @@
 ; What runs inside a parse cannot start another, nor change the network.
 (load base.lsp)
 (lex words (boy (avm ((cat n) (num sg)))) (boys (avm ((cat n) (num pl)))))
-(a-parser () ())
 (def-category N (full-pitem-cond
   (or (exec-commands (p boy) (reset-parser) (def-modifiers N (:head) (? (N)))) (t))))
 (roots (N))

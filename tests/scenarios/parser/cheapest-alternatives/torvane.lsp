@@ -2,10 +2,9 @@
 ; cheapest is taken.
 (load base.lsp)
 (lex words (see (avm ((cat v)))) (dog (avm ((cat n)))) (big (avm ((cat a)))))
-(def-rules empty (right (word-seq see) (insert-empty-category (low) (avm (avm ((cat n))))))
+(def-rules R (right (word-seq see) (insert-empty-category (low) (avm (avm ((cat n))))))
   (left (word-seq dog) (prog (insert-empty-category (int 1) (avm (avm ((cat d)))))
                              (insert-empty-category (int 1) (avm (avm ((cat p))))))))
-(a-parser () (:lexical-rules empty))
 (def-category A) (def-category Det) (def-category P) (def-category N) (def-category V) (def-category X)
 (def-modifiers V (:head) (? (N (dep-type obj) (dep-weight -3.3))))
 (def-modifiers N (? (Det (dep-type dear) (dep-weight 3)) (P (dep-type cheap) (dep-weight -3))) (:head))

@@ -1,7 +1,6 @@
 ; Commands of a grammar with what they do not expect.
 (load base.lsp)
 (lex words (boy (avm ((cat n) (num sg)))))
-(a-parser () ())
 (def-category) (def-category (a b)) (def-modifiers) (def-modifiers Nix (:head)) (def-subcat) (def-subcat X)
 (def-subclass) (def-subclass Nix (A)) (def-conj-constraints) (def-conj-constraints N (dep-weight 3))
 (visible-atts (num)) (conj-atts) (modifier-cond (t)) (dep-type x) (check-slash wh) (percolate (num)) (roots)

@@ -4,7 +4,7 @@
   (who (avm ((cat n) (check wh)))) (it (avm ((cat n)))) (how (avm ((cat a) (check wh))))
   (see (avm ((cat v) (move ((slash wh) (role obj) (cat n))))))
   (think (avm ((cat v) (node VC)))))
-(a-parser (cat move) ())
+(default-percolating-atts (cat move))
 (def-category N) (def-category A) (def-category V (visible-atts (cat move))) (def-category VC (visible-atts (cat move)))
 (def-modifiers VC (:head) ((V (dep-type comp))))
 (def-category Q)

@@ -1,8 +1,7 @@
 ; An empty item before the first word fills the pool of items: where the pool ends, the sentence does not.
 (load base.lsp)
 (lex words (boy (avm ((cat n)))) (big (avm ((cat a)))))
-(def-rules front (empty (word-seq boy) (insert-empty-category (int 0) (avm (avm ((cat a)))))))
-(a-parser () (:lexical-rules front))
+(def-rules R (empty (word-seq boy) (insert-empty-category (int 0) (avm (avm ((cat a)))))))
 (def-category A (visible-atts (cat))) (def-category N (visible-atts (cat)))
 (def-modifiers N (* (A (dep-type mod))) (:head))
 (roots (N))

@@ -1,7 +1,6 @@
 ; Sentences far beyond any that a grammar is written for do no harm to the next one.
 (load base.lsp)
 (lex words (boy (avm ((cat n)))) (big (avm ((cat a)))))
-(a-parser () ())
 (def-category A) (def-category N)
 (def-modifiers N (* (A (dep-type mod))) (:head) (* (A (dep-type mod))))
 (roots (N))

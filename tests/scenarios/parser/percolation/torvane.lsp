@@ -1,7 +1,7 @@
 ; Which attributes a link lets up, and in which order its commands count.
 (load base.lsp)
 (lex words (boy (avm ((cat n) (num sg)))) (boys (avm ((cat n) (num pl)))) (these (avm ((cat d) (num pl)))))
-(a-parser (num) ())
+(default-percolating-atts (num))
 (def-category Det (visible-atts (num cat nosuch))) (def-category N (visible-atts (num)))
 (def-category Up (visible-atts (num)))
 (def-modifiers N (? (Det (dep-type det))) (:head))

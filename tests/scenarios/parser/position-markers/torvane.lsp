@@ -3,7 +3,6 @@
 (lex words
   (the (avm ((cat d)))) (big (avm ((cat a)))) (old (avm ((cat a)))) (boy (avm ((cat n) (num sg))))
   (boys (avm ((cat n) (num pl)))) (in (avm ((cat p)))) (sleep (avm ((cat v)))))
-(a-parser () ())
 (def-category A) (def-category Det) (def-category P) (def-category Conn) (def-category N) (def-category V)
 (def-modifiers N (? (Det (dep-type det))) (* (A (dep-type mod))) (:head) (? (P (dep-type pp))))
 (def-modifiers V (+ (N (dep-type subj))) (:head) ((P (dep-type loc))) (* (A (dep-type mod))))

@@ -3,8 +3,7 @@
 (lex words
   (see (avm ((cat v)))) (boys (avm ((cat n)))) (big (avm ((cat a)))) (soon (avm ((cat p))))
   (never (avm ((cat p) -guest))))
-(def-rules skipping (skip-oh oh (skip (low))))
-(a-parser () (:lexical-rules skipping))
+(def-rules R (skip-oh oh (skip (low))))
 (def-category P) (def-category A) (def-category N) (def-category V) (def-category Adjunct)
 (def-subclass Adjunct (P))
 (def-modifiers N (:head) (? (A (dep-type mod))))

@@ -5,7 +5,6 @@
   (put (avm ((cat v) (args ((cat n) (role obj)) ((cat p) (role loc))))))
   (give (avm ((cat v) (args ((cat n) +opt (role iobj)) ((cat n) (role obj))))))
   (eat (avm ((cat v) +head_final (args ((cat n) (role obj)))))))
-(a-parser () ())
 (def-category N) (def-category P) (def-category Conn) (def-category V (subcat-atts (num)))
 (def-modifiers V (? (N (dep-type subj))) (:head))
 (roots (V))

@@ -6,7 +6,6 @@
   (behind (seq :front-to-back "(" (lexitem (t)) ")") (comp (abbrev-with-def (comp ($ 2) (meaning))) (show-root)))
   (nothing (seq "(" (lexitem (t)) ")") (yes-or-no (str "without a meaning") (abbrev-def)))
   (bye (seq :front-to-back (^) (word (t))) (show-items)))
-(run)
 (sentence "behind the long name:" "the University of California (UC) met")
 (sentence "one word:" "a Television (TV) set")
 (sentence "no long name:" "some words (UC)")

@@ -21,6 +21,5 @@
     (prog (add-components (litem) (int 1) (int 3) (pred (int-eq (lexitem-length) (int 1))))
           (yes-or-no (str "none of none") (combine-lexitems (nil) x (nil)))
           (show-items) (exec-commands (exit)))))
-(run)
 (sentence "a name and its parts:" "John Q Smith Jr")
 (echo never: the last rule has ended the run)

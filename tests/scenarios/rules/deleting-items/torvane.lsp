@@ -16,5 +16,4 @@
                     (delete-smaller (int 4) (int 1)) (delete-if (int 4) (int 1)) (delete-if (int 40) (int 90))
                     (delete-smaller (int 3) (int 3)) (show-items)))
   (all a (prog (say (str "delete-if, no condition")) (delete-if (int 0) (int 99)) (show-items))))
-(run)
 (sentence "from the last rule back:" "a b c d")

@@ -14,5 +14,4 @@
              (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))
              (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))
              (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))))
-(run)
 (load sentence.lsp)

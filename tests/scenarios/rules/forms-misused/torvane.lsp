@@ -3,7 +3,6 @@
 (make-antecedent-list names) (make-llrule LL (a ~ (lexitem (t))) (t))
 (lex L (a (avm ((cat n) (num sg))) (llrule LL)) (b (avm ((cat v)))) (c (avm ((cat n)))))
 (load rules.lsp)
-(run)
 (sentence "every rule:" "a (b) c - d")
 (load evaluations.lsp)
 (sentence "after all of them were evaluated:" "a")

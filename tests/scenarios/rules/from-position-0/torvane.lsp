@@ -16,5 +16,4 @@
           (delete-except (low) (high) (exist-lexitem (int 1) (int 1)))
           (set-low (exist-lexitem (int 1) (int 1)) (int 0))
           (show-items))))
-(run)
 (sentence "the whole sentence:" "A B")

@@ -3,7 +3,7 @@
 (def-rules R (one x (say (str one))) (two x (say (str two))))
 (def-rules r (three (seq x (? y)) (say (str three))))
 (insert-lex-rules R TWO (before-two x (say (str "before two"))) (and-this x (say (str "and this"))))
-(insert-lex-rules R () (last x (say (str last)))) (run) (debug-rules R t) (debug-rules R ^three)
+(insert-lex-rules R () (last x (say (str last)))) (debug-rules R t) (debug-rules R ^three)
 (debug-rules R last)
 (sentence "two are debugged:" "x y")
 (debug-rules R) (debug-rules R "[^l]")

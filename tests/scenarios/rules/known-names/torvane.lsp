@@ -13,7 +13,6 @@
   (again (seq (word-seq Q Smith)) (comp (find-prev-occ (low) (high) (named-obj names AntecedentList)) (att) (att-str-val num) (show)))
   (outside (whole-sentence) (yes-or-no (str "from the place before it") (find-prev-occ (low) (high) (named-obj names AntecedentList))))
   (show (seq :front-to-back (^) (word (t))) (show-items)))
-(run)
 (sentence "first:" "John Q Smith met International Dog Houses")
 (sentence "a part, and an abbreviation:" "Smith saw IDH")
 (sentence "two parts:" "Q Smith")

@@ -8,7 +8,6 @@
   (nowhere (word-seq x) (prog (look-up (int 0) (int 1)) (look-up (int 2) (int 1)) (look-up (low) (int 70))))
   (show (^) (t))
   (bye (seq :front-to-back (^) (word (t))) (show-items)))
-(run)
 (sentence "hyphens:" "co-op x")
 (sentence "a phrase with hyphens:" "state-of-the-art")
 (sentence "a key with a hyphen:" "ice-cream")

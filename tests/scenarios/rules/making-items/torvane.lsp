@@ -27,5 +27,4 @@
           (yes-or-no (str "no meaning") (insert-empty-category (int 2)))
           (show-items)))
   (nothing-before-the-first-word (seq (? (lexitem (t))) (lexitem (comp (root) (str= a)))) (show-span)))
-(run)
 (sentence "three words:" "a b c")

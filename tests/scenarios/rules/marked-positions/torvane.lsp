@@ -11,5 +11,4 @@
   (read (word-seq uh) (comp (analyzer) (set-mixed-case) (int2str) (show)))
   (case (word-seq uh) (analyzer (set-mixed-case yes)))
   (flag (:precondition (is-mixed-case)) (word-seq uh) (say (str "mixed again"))))
-(run)
 (sentence "no item in the sentence:" "both uh and")

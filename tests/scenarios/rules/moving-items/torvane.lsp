@@ -19,5 +19,4 @@
   (nothing (word-seq c) (prog (set-high (litem) (int 1)) (set-low (litem) (int 1)) (set-head (litem) (int 1))
                               (yes-or-no (str "assert of nothing") (assert (litem)))))
   (bye (word-seq c) (show-items)))
-(run)
 (sentence "three items of a like:" "a b c")

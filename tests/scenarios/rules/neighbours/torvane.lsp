@@ -26,5 +26,4 @@
     (comp (exist-overlapping-lexitem (int 3) (int 4) (pred (t))) (show-root))
     (comp (exist-overlapping-lexitem (int 1) (int 2) (pred (t))) (show-root))
     (comp (exist-overlapping-lexitem (int 2) (int 3) (pred (t))) (show-root)))))
-(run)
 (sentence "four words and a compound:" "a b c d")

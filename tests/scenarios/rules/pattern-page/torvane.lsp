@@ -1,5 +1,4 @@
 ; The pattern page shows what the program matches.
 (load base.lsp)
 (load page.lsp)
-(run)
 (p3 "the old man saw Fido in New York")

@@ -16,7 +16,6 @@
          (yes-or-no (str tried) (apply-llrule)))
   (no-item (word-seq zz) (yes-or-no (str "without an item") (apply-llrule)))
   (other-kind (lexitem (comp (root) (str= azz))) (yes-or-no (str "another kind") (apply-llrule))))
-(run)
 (sentence "words on its left:" "a zz one")
 (sentence "words on its right:" "two b c")
 (sentence "words on both sides:" "a three b")

@@ -10,7 +10,6 @@
   (empty (lexitem (t)) (prog (exec-commands (clear-lexicon L) (reset-parser) (p3 "not now")) (show-items)
                              (comp (litem) (show-root))))
   (later (lexitem (t)) (say (str "still there"))))
-(run)
 (sentence "rules grow:" "x y")
 (debug-rules R)
 (sentence "again:" "x")

@@ -9,5 +9,4 @@
   (asked (seq (lexitem (prog (comp (root) (print-str :prefix " " :suffix " asked,")) (nil))) (lexitem (comp (root) (str= and)))
               (lexitem (t))) (show-span))
   (bounds (seq :max 3 (word (t)) :min 1 and) (show-span)))
-(run)
 (sentence "two parts named alike:" "red and red wine")

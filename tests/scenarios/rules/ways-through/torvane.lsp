@@ -7,5 +7,4 @@
       (constraint (and ($ 1 (is-v)) ($ 2 (is-v)) ($ 3 (is-v)) ($ 4 (is-v)) ($ 5 (is-v)) ($ 6 (is-v)))))
     (show-span))
   (all-ways (seq :overlapping (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t)) (lexitem (t))) (nil)))
-(run)
 (sentence "a way among many:" "x x x x x x x")

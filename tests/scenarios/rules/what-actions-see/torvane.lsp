@@ -21,5 +21,4 @@
           (yes-or-no (str "and now") (comp (analyzer) (is-mixed-case)))
           (comp ($ -2) (show-span))))
   (item (lexitem (t)) (prog (comp (litem) (show-root)) (yes-or-no (str "a component") ($ 1)))))
-(run)
 (sentence "whole and parts:" "big dog barks")

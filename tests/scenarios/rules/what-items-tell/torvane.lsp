@@ -21,5 +21,4 @@
   (tagged (lexitem (comp (root) (str= name)))
           (prog (comp (litem) (set-cate (str NAME)) (show-root)) (show-items)))
   (tag-nothing (word-seq dogs) (prog (comp (litem) (set-cate (str n))))))
-(run)
 (sentence "endings, capitals, meanings:" "Dogs bank Bank of the West")

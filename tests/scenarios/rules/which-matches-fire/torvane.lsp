@@ -13,5 +13,4 @@
   (third-is-ignored a (say (str second)) (say (str wrong)))
   (deletes (lexitem (t)) (prog (yes-or-no (str gone) (comp (litem) (is-deleted)))
                                (delete-if (int 1) (int 2) (pred (t))))))
-(run)
 (sentence "one rule behind the other:" "a b")

@@ -1,15 +1,8 @@
 # A small corpus: triples with counts, as sorted rows of relations and of details.
 import collections
+import random
 
-state = 12345
-
-
-def below(n):
-    global state
-    state = (state * 1103515245 + 12345) % 2**31
-    return state // 65536 % n
-
-
+below = random.Random(1).randrange
 triples = collections.Counter()
 for _ in range(1500):
     head, relation, other = below(40), "subj obj mod of".split()[below(4)], below(40)
