@@ -34,7 +34,6 @@
 (defun dot (b) (prog (setq x (get-val b)) (get-val b (current-token (str= ".")))))
 (defun ends () (comp (sbnd (dot (ident)) : (t)) (truth)))
 (foreach (word . Next) :eval (ends))
-(eval (comp (get-val x) (is-nil) (truth)))
-(eval (comp (str ".") (sbnd (dot (ident)))))
+(eval (comp (get-val x) (is-nil) (truth)) (comp (str ".") (sbnd (dot (ident)))))
 (eval (comp (get-val x) (is-nil) (truth)))
 (echo)

@@ -1,3 +1,3 @@
 ; The comments of commands whose names match.
 (help "^(echo|exit|quote|ec|system.)$")
-(echo -- others) (? "^nosuch") (HELP "^\\?" "more" ) (help "^def-tok")
+(echo -- others) (? "^nosuch") (HELP "^\\?" "more" )

@@ -5,4 +5,3 @@
 (atom)
 (echo -- debugged)
 (debug-macro "*") (pair 1) (debug-macro PAIR) (pair x "y z") (debug-macro nosuch) (pair 5 6)
-(debug-macro (x)) (pair 7 8)

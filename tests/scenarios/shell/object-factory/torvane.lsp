@@ -2,4 +2,4 @@
 (CLASSES "^LE" more)
 (echo -- forms) (objects "^(t|nil|prog1)$")
 (echo -- of a class)
-(objects "^(t|nil)$" "^lexp$") (objects "^(t|nil)$" "^LExp$") (objects nosuch nosuch) (objects nosuch (b))
+(objects "^t$" "^lexp$") (objects "^t$" "^LExp$") (objects nosuch nosuch) (objects nosuch (b))

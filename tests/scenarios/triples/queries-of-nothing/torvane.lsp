@@ -1,7 +1,6 @@
 ; Queries that ask for what is not there, of databases that do not exist, are empty, or have no details.
 (make-lexicon words 11)
-(st) (search-tripledbs nosuch a) (print-high-mutinfo) (print-low-mutinfo words) (print-noise) (get-all-rels)
-(name-cluster-by-features) (print-tripledb-entry-in-html) (cmp-tripledb-entries)
+(st) (search-tripledbs nosuch a) (print-low-mutinfo words) (cmp-tripledb-entries)
 (echo -- empty)
 (make-tripledb empty 11)
 (st empty a (b) :rel) (print-high-mutinfo empty :background empty :words-only) (print-low-mutinfo empty)
