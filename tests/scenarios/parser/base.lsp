@@ -1,5 +1,4 @@
-; What the cases share: a parser with the lexicon `words` and the rules R, and a condition of roots that shows each
-; item.
+; What the cases share: a parser with the lexicon `words` and the rules R, and roots that show each item.
 (load syn.lsp)
 (make-lexicon words 101)
 (def-rules R)

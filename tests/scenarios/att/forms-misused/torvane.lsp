@@ -1,6 +1,5 @@
 ; Every form with nothing, an atom, one list, too much, and the wrong kind of input; with and without a type.
-(defun show () (print-str :suffix " "))
-(defun vec () (comp (attvec2str) (show)))
+(defun show () (print-str :suffix " ")) (defun vec () (comp (attvec2str) (show)))
 (defun none () (comp (is-nil) (int2str (show))))
 (eval (comp (attvec (+a)) (attvec2str) (show)) (comp (att-set (a)) (none)))
 (eval (comp (attvec ()) (unify (+a)) (value a int) (int2str (show))))

@@ -13,6 +13,5 @@
 (eval (comp (get-val kept) (prog (value i1 int (int2str (print-str :suffix "\n"))) (unify ((l1 (+a)) (e1 y) +b2 (i1 7) (d1 q))) (show))))
 (eval (comp (fixed) (unify2 (ident) (get-val kept)) (show)))
 (eval (comp (get-val kept) (modify ((v1 (s deep)) (s3 three))) (show)))
-(eval (comp (attvec (old (i1 3))) (show)))
-(eval (comp (attvec (-a (i1 3))) (contain (-a)) (show)))
+(eval (comp (attvec (old (i1 3))) (show)) (comp (attvec (-a (i1 3))) (contain (-a)) (show)))
 (save-aliases t.dat) (clear-alias T) (load-aliases t) (print-alias *)

@@ -1,10 +1,5 @@
 ; Vectors inside vectors, and lists of them from which vectors are taken and moved.
-(def-att-list I (defattribute a BinAtt) (defattribute k EnumAtt (allowable-values x y z)))
-(def-att-list O
-  (defattribute v VecAtt (interpreter I)) (defattribute fr ListAtt (interpreter I))
-  (defattribute to ListAtt (interpreter I)) (defattribute st StackAtt (interpreter I)) (defattribute n IntAtt))
-(defun show () (comp (attvec2str) (print-str :suffix " ")))
-(defmacro title (text) (eval (comp (str text) (print-str :prefix "\n-- " :suffix "\n"))))
+(load vectors.lsp)
 (title "as they are written")
 (eval (comp (attvec ((v +a (k x)) (n 1))) (show)) (comp (attvec ((v (+a (k x))) (n 1))) (show)))
 (eval (comp (attvec ((v) (fr) (st ()) (to () (+a)))) (show)))

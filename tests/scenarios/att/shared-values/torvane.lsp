@@ -1,9 +1,5 @@
 ; What was copied of a vector does not change with it, and a vector may be unified with its own part.
-(def-att-list I (defattribute a BinAtt) (defattribute k EnumAtt (allowable-values x y z)))
-(def-att-list O
-  (defattribute v VecAtt (interpreter I)) (defattribute fr ListAtt (interpreter I)) (defattribute n IntAtt))
-(defun show () (comp (attvec2str) (print-str :suffix " ")))
-(defmacro title (text) (eval (comp (str text) (print-str :prefix "\n-- " :suffix "\n"))))
+(load vectors.lsp)
 (title "a source is not changed by what is done to the vector that took its value")
 (defun src () (attvec ((fr (+a) ((k x))) (v (k y)))))
 (eval (comp (attvec ()) (unify2 (ident) (src)) (delete-from-avlist fr) (unify ((fr (-a))))

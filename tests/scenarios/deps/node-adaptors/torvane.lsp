@@ -1,5 +1,4 @@
-; What every adaptor gives for each node of a tree: the top that only holds the others, words, and an
-; empty node.
+; What every adaptor gives for each node of a tree: the wordless top, words, and an empty node.
 (print-deptree-weight 0) (print-governor 0) (define-attribute ante DepTreeValue)
 (defmacro show (what) (comp what (print-str :prefix "|")))
 (defmacro number (what) (comp what (int2str) (print-str :prefix "|")))

@@ -1,5 +1,4 @@
-; Whatever the text of a tree is, every form takes what was read of it. The last tree of the file is
-; cut off, and no tree.
+; Whatever the text of a tree is, every form takes what was read of it. The last one is cut off, and no tree.
 (print-deptree-weight 0) (define-attribute number IntValue) (define-attribute text StrValue)
 (define-attribute texts StrListValue) (define-attribute ante DepTreeValue)
 (defmacro quietly (what) (comp what (is-nil)))

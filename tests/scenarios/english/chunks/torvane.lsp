@@ -1,6 +1,5 @@
 ; Base noun phrases, verb groups, and what stands by itself.
-(load data/torvane.lsp)
-(load data/english/chunks.lsp)
+(load data/torvane.lsp) (load data/english/chunks.lsp)
 (set-deps-modifier english-parser chunks)
 ; What is in a noun phrase, and what is not.
 (p3 "All the king's very old horses slept.")

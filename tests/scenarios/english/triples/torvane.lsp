@@ -1,7 +1,5 @@
 ; Rows of relation, head and modifier, for the parser, and in the content-head style.
-(load data/torvane.lsp)
-(load data/english/content-head.lsp)
-(load data/english/triples.lsp)
+(load data/torvane.lsp) (load data/english/content-head.lsp) (load data/english/triples.lsp)
 (set-deps-modifier english-parser triples)
 (eval (setq triples-stream (comp (str rows.txt) (open-file :write))))
 (p3 "What did she buy in spite of the rain?") (p3 "They gave up at home.")

@@ -1,5 +1,4 @@
-; An empty modifier makes an alternative of its own head, and a category over itself one of its own part; the
-; cheapest is taken.
+; An empty modifier, or a category over itself, makes an alternative of an item; the cheapest is taken.
 (load base.lsp)
 (lex words (see (avm ((cat v)))) (dog (avm ((cat n)))) (big (avm ((cat a)))))
 (def-rules R (right (word-seq see) (insert-empty-category (low) (avm (avm ((cat n))))))

@@ -1,5 +1,4 @@
-; Every command of the parser without arguments, with an atom, a list, too many, and the wrong kind; first
-; without a parser.
+; Commands of the parser with too few or too many arguments, and of the wrong kind; first without a parser.
 (parse) (p a) (p2 a) (p3 a) (reparse a) (rp (a)) (reset-parser) (output-tree 1) (show-attributes a)
 (set-reldb a b) (set-deps-modifier a b) (pn a) (prlexitems) (li)
 (load base.lsp)

@@ -1,11 +1,6 @@
 ; What each form reads from an item.
 (load base.lsp)
-(defun show (name value)
-  (prog (comp (get-val name) (print-str :suffix "="))
-        (if (get-val value) (comp (get-val value) (print-str)) (comp (str none) (print-str)))
-        (comp (str " ") (print-str))))
-(defun number (name value) (show (get-val name) (comp (get-val value) (int2str))))
-(defun truth (name value) (show (get-val name) (if (get-val value) (str yes))))
+(load show.lsp)
 (defun show-item ()
   (prog (show (str words) (pitem-head-word))
         (number (str low) (pitem-low)) (number (str high) (pitem-high)) (number (str length) (pitem-length))

@@ -5,7 +5,6 @@
 (echo -- p2) (p2 boys)
 (echo -- p3) (p3 "boys")
 (echo -- reparse) (reparse :id x 1 (the ~ Det 2 det) :nogap 2 (boy ~ N *))
-(echo -- rp) (rp (1 (the ~ Det < boy) (boy)))
 (echo -- constituency)
 (output-tree 1)
 (p the boy)

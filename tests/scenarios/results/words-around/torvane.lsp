@@ -1,10 +1,6 @@
 ; The words around an item, past those that are skipped.
 (load base.lsp)
-(defun show (name value)
-  (prog (comp (get-val name) (print-str :suffix "="))
-        (if (get-val value) (comp (get-val value) (print-str)) (comp (str none) (print-str)))
-        (comp (str " ") (print-str))))
-(defun truth (name value) (show (get-val name) (if (get-val value) (str yes))))
+(load show.lsp)
 (lex words (er (avm ((cat j)))) ("," (avm ((cat j)))))
 (def-rules rules (skip-er er (skip (low))))
 (roots (N (prog

@@ -7,6 +7,5 @@
             (number (abbrev-of (str "International Dog Houses") (str Int))) (comp (str "\n") (print-str))))
 (make-antecedent-list names) (make-antecedent-list names)
 (eval (clear-ante-list names) (clear-ante-list nobody))
-(clear-antecedent-list nobody)
-(clear-antecedent-list L)
+(clear-antecedent-list nobody) (clear-antecedent-list L)
 (eval (comp (str x) (exist-exact-match)))

@@ -1,5 +1,4 @@
-; The top of the tree counts as first and last, the first match acts once, and a condition of another thing than a
-; node, or of nothing, is refused.
+; Conditions on the wordless top of a tree, on what is no node, and on nothing.
 (load base.lsp)
 (def-tree-rules top (root (prog
   (comp (and (first-child) (last-child)) (num-children) (int2str) (print-str :suffix " "))

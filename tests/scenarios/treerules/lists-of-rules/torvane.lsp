@@ -4,15 +4,11 @@
 (def-tree-rules MORE (Up (any) (say-node)) (sideways (any) (say-node)) atom () ((up) (any) (say-node)) (root (say "two ")))
 (echo "-- two lists, an empty list, an emptied list, and rules behind it")
 (run more)
-(def-tree-rules empty)
-(run empty)
-(clear-tree-rules more)
-(run more)
+(def-tree-rules empty) (run empty)
+(clear-tree-rules more) (run more)
 (def-tree-rules more (root (say "three ")))
 (run more)
-(clear-tree-rules nobody)
-(clear-tree-rules)
-(def-tree-rules)
+(clear-tree-rules nobody) (clear-tree-rules) (def-tree-rules)
 ; Names and comments come before the pattern. A root rule takes none.
 (def-tree-rules named
   (up shallow :name first :comments "says the leaves" (node (not (exist-child))) (say-node))

@@ -15,14 +15,11 @@
 (def-tree-rules emptied
   (up (node (cat)) (prog (say-node) (exec-commands (clear-tree-rules emptied)) (t)))
   (up (node (cat)) (say "never")))
-(run emptied)
-(run emptied)
+(run emptied) (run emptied)
 (def-tree-rules grows (root (exec-commands (def-tree-rules grows (root (say "later "))))))
-(run grows)
-(run grows)
+(run grows) (run grows)
 (def-tree-rules renewed (root (exec-commands (clear-tree-rules renewed) (def-tree-rules renewed (root (say "new "))))) (root (say "never")))
-(run renewed)
-(run renewed)
+(run renewed) (run renewed)
 ; A match lasts as long as its action, a node as long as its tree.
 (echo -- what a variable keeps)
 (declare-var m) (declare-var n)

@@ -1,5 +1,4 @@
-; Reports over mutual information, from a database in memory and from one on disk; check.py computes the same rows
-; from the raw counts.
+; Reports over mutual information, in memory and from disk; check.py computes them from the raw counts.
 (make-tripledb memory 101) (populate-tripledb memory main.rels main.deps :min-rel-freq 0)
 (make-tripledb disk 101) (link-file disk db.hdr rw)
 (populate-tripledb disk main.rels main.deps :min-rel-freq 0)

@@ -1,5 +1,4 @@
-; A preposition goes to the noun while nothing is known of words, and to the verb once counts say that people eat
-; with something.
+; A preposition goes to the noun by default, and to the verb once counts say so.
 (load syn.lsp)
 (make-lexicon words 101)
 (lex words

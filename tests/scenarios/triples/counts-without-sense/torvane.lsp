@@ -3,7 +3,6 @@
 (populate-tripledb odd odd.rels odd.deps :min-rel-freq -9999)
 (echo -- entries) (st odd a b)
 (echo -- high) (print-high-mutinfo odd :background bare :min-mutinfo -200 :min-score -200 :min-count -9999)
-(echo -- noise) (print-noise odd -1)
 (echo -- total) (print-total-mutinfo odd :rels r)
 (echo -- errors) (print-possible-errors odd)
 (echo -- centroid) (make-avg-entry odd :words (a b a) :mi-threshold -200 :spread -200)

@@ -5,5 +5,5 @@
 (get-sim long wide w199999) (get-sim long wide w0) (get-sim long deep a)
 (echo == dictionaries)
 (make-simworddb dicts :noun noun.hdr :min-sim 0 :max-syns 3)
-(simwords dicts dog none bare open odd nosims two minus endless nosuch (list))
+(simwords dicts dog none bare open odd nosims two minus nosuch (list))
 (make-simworddb all :noun noun.hdr :max-syns -1) (get-sim all endless w199999)

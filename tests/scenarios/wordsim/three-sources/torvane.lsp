@@ -1,10 +1,10 @@
 ; The same similar words from dictionaries, from a source, and from a store that was made of it.
 (defmacro ask (name db)
-  (echo == name) (simwords db dog nosuch) (get-sim db dog cat N) (get-sim db CAT "Big Cat" N) (get-sim db "big cat" dog N)
+  (echo == name) (get-sim db dog cat N) (get-sim db CAT "Big Cat" N) (get-sim db "big cat" dog N)
   (get-sim db trail dog) (get-sim db dog nosuch) (get-sim db dog) (get-group-sims db N (dog cat)))
 (make-simworddb from-dicts :noun noun.hdr :verb verb.hdr)
-(ask dictionaries from-dicts)
+(ask dictionaries from-dicts) (simwords from-dicts dog nosuch)
 (make-simworddb from-source :src words.src :db words.hdr :access rw)
 (ask source from-source)
 (make-simworddb from-store :db words.hdr)
-(ask store from-store)
+(ask store from-store) (simwords from-store dog nosuch)
