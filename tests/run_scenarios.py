@@ -9,9 +9,6 @@ without arguments. What is wanted of the run:
 
   stdout.want stderr.want  the whole stream, byte for byte
   NAME.want                the whole of the file NAME that the run leaves in the scratch folder
-  stdout.has   stderr.has  texts of which each occurs in a line of the stream, in this order
-  stdout.hasnt             texts that occur in no line of the stream
-  stdout.count             how many lines the stream has, those that repeat as well
   status.want              the exit status; 0 without this file
   check.py                 runs afterwards in the scratch folder, with the two streams as files
                            `stdout` and `stderr` in the folder that is its argument; 0 if all is well
@@ -40,6 +37,8 @@ import tempfile
 TIMEOUT = float(os.environ.get("SCENARIO_TIMEOUT", "120"))
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 TOPICS = PROJECT / "tests" / "scenarios"
+# The scripts of cases need no more of Python than starts fast.
+PYTHON = [sys.executable, "-S"]
 NOT_COPIED = {"check.py", "make.py", "no-sentence", "link-data"}
 # A sanitizer's verdict must not look like the status of a normal end.
 ENVIRONMENT = {"ASAN_OPTIONS": "exitcode=99", "UBSAN_OPTIONS": "exitcode=99:print_stacktrace=1",
@@ -59,7 +58,7 @@ def prepare(case, scratch):
     shared = [entry for folder in (case.parent.parent, case.parent) for entry in folder.iterdir()
               if entry.is_file()]
     for entry in [*shared, *case.iterdir()]:
-        if entry.name in NOT_COPIED or entry.suffix in (".want", ".has", ".hasnt", ".count"):
+        if entry.name in NOT_COPIED or entry.suffix == ".want":
             continue
         if entry.is_dir():
             shutil.copytree(entry, scratch / entry.name)
@@ -68,7 +67,7 @@ def prepare(case, scratch):
     if (case / "link-data").exists():
         (scratch / "data").symlink_to(PROJECT / "data")
     if (case / "make.py").exists():
-        subprocess.run([sys.executable, case / "make.py"], cwd=scratch, check=True)
+        subprocess.run([*PYTHON, case / "make.py"], cwd=scratch, check=True)
     sentence, start_up = scratch / "sentense.dat", scratch / "torvane.lsp"
     if not os.path.lexists(sentence) and not (case / "no-sentence").exists():
         sentence.write_bytes(b"\n")
@@ -109,35 +108,15 @@ def faults(case, result, scratch):
             yield f"{name} is\n{readable(data)}\nand not\n{readable(want)}"
             if name == "status":
                 yield f"stderr ends in\n{readable(result('stderr')[-3000:], 3000)}"
-    for name in ("stdout", "stderr"):
-        yield from old_faults(case, name, result(name))
     if (case / "check.py").exists():
         yield from failed_check(case, result, scratch)
-
-
-def lines_of(path):
-    return [line for line in path.read_bytes().split(b"\n") if line] if path.exists() else []
-
-
-def old_faults(case, name, data):
-    lines = iter(data.split(b"\n"))
-    for text in lines_of(case / f"{name}.has"):
-        if not any(text in line for line in lines):
-            yield f"{name} lacks, in this order: {readable(text)}\n{readable(data)}"
-            break
-    for text in lines_of(case / f"{name}.hasnt"):
-        if any(text in line for line in data.split(b"\n")):
-            yield f"{name} has: {readable(text)}"
-    count = case / f"{name}.count"
-    if count.exists() and int(count.read_text()) != data.count(b"\n"):
-        yield f"{name} has {data.count(10)} lines, not {count.read_text().strip()}"
 
 
 def failed_check(case, result, scratch):
     with tempfile.TemporaryDirectory(prefix="streams-") as folder:
         for name in ("stdout", "stderr"):
             (pathlib.Path(folder) / name).write_bytes(result(name))
-        check = subprocess.run([sys.executable, case / "check.py", folder], cwd=scratch, capture_output=True,
+        check = subprocess.run([*PYTHON, case / "check.py", folder], cwd=scratch, capture_output=True,
                                timeout=TIMEOUT)
     if check.returncode != 0:
         yield "check: " + readable(check.stdout + check.stderr)
