@@ -7,4 +7,4 @@
 (make-simworddb from-source :src words.src :db words.hdr :access rw)
 (ask source from-source)
 (make-simworddb from-store :db words.hdr)
-(ask store from-store) (simwords from-store dog nosuch)
+(ask store from-store)
