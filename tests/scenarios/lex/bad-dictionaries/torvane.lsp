@@ -1,7 +1,7 @@
 ; Headers, dictionaries and indexes that are missing, cut off or damaged.
 (load base.lsp)
-(link-lex-file L no.hdr) (link-lex-file L gone.hdr)
-(link-lex-file L folder.hdr) (link-lex-file L zero.hdr) (link-lex-file L empty.hdr)
+(link-lex-file L no.hdr) (link-lex-file L gone.hdr) (link-lex-file L folder.hdr)
+(link-lex-file L zero.hdr) (link-lex-file L empty.hdr)
 (link-lex-file L nowhere.hdr) (link-lex-file L itself.hdr) (link-lex-file L binary.hdr)
 (link-lex-file L torvane.lsp) (link-lex-file L .) (lex-entry L dog)
 (echo == still there)

@@ -13,5 +13,5 @@
   (include-preceding-word (t) (t)) (pitem-low (pitem-high)) (head-first x (y)) (node-name) (set-trace-att-of-pred x) (t))))
 (p3 "boy")
 (echo -- nothing)
-(eval (comp (int 0) (prog (pitem-attvec) (get-modifier-by-type x) (pitem-following-word (str= x)) (include-following-word)
+(eval (comp (int 0) (prog (pitem-attvec) (pitem-modifier) (get-modifier-by-type x) (pitem-following-word (str= x)) (include-following-word)
   (pitem-add-weight 1) (head-first) (set-trace-att-of-pred))))
