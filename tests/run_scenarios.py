@@ -1,29 +1,34 @@
 #!/usr/bin/env python3
-"""Runs the program on the cases of one topic and tells which do not hold.
+"""Runs the program on cases and tells which do not hold.
 
-usage: run_scenarios.py PROGRAM TOPIC_FOLDER [NAME_PART]
+usage: run_scenarios.py [--write] PROGRAM FOLDER...
 
-Each folder below TOPIC_FOLDER is a case. Its files, and the files beside the folders, which the cases
-share, are copied to a scratch folder and PROGRAM runs there, without arguments. What is wanted of the run:
+A FOLDER is a case, or a topic: a folder of cases, which are then all run. The files of a case are copied to a
+scratch folder, with those beside the case and beside its topic, which cases share, and PROGRAM runs there,
+without arguments. What is wanted of the run:
 
-  stdout.want  stderr.want    the whole stream, byte for byte
-  stdout.has   stderr.has     texts of which each occurs in a line of the stream, in this order
-  stdout.hasnt stderr.hasnt   texts that occur in no line of the stream
-  stdout.count stderr.count   how many lines the stream has, those that repeat as well
-  status.want                 the exit status; 0 without this file
-  check.py                    runs afterwards in the scratch folder, with the two streams as files
-                              `stdout` and `stderr` in the folder that is its argument; 0 if all is well
+  stdout.want stderr.want  the whole stream, byte for byte
+  NAME.want                the whole of the file NAME that the run leaves in the scratch folder
+  status.want              the exit status; 0 without this file
+  check.py                 runs afterwards in the scratch folder, with the two streams as files
+                           `stdout` and `stderr` in the folder that is its argument; 0 if all is well
+
+How long a parse took differs from run to run: behind ";; parse time:" a stream is taken to have a "~".
 
 What else a case may hold:
 
   make.py      runs first in the scratch folder, for inputs that are too large to be kept
   stdin.txt    the standard input; without it there is none
-  no-sentence  a marker: the run has no "sentense.dat"; else one with an empty line is made if there is none
+  sentense.dat the sentence; without it there is an empty one, and the run ends behind the start-up file
+  no-sentence  a marker: there is no sentence at all
   link-data    a marker: the project's data folder stands in the scratch folder as `data`
+
+With --write what the run gives is written into the .want files that a case has, or into stdout.want if the case
+states nothing yet. What changed is then to be read with `git diff`.
 """
-import concurrent.futures
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -31,16 +36,13 @@ import tempfile
 
 TIMEOUT = float(os.environ.get("SCENARIO_TIMEOUT", "120"))
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
-STREAMS = ("stdout", "stderr")
-NOT_COPIED = {f"{s}.{kind}" for s in STREAMS for kind in ("want", "has", "hasnt", "count")} | {
-    "status.want", "check.py", "make.py", "no-sentence", "link-data"}
+TOPICS = PROJECT / "tests" / "scenarios"
+# The scripts of cases need no more of Python than starts fast.
+PYTHON = [sys.executable, "-S"]
+NOT_COPIED = {"check.py", "make.py", "no-sentence", "link-data"}
 # A sanitizer's verdict must not look like the status of a normal end.
 ENVIRONMENT = {"ASAN_OPTIONS": "exitcode=99", "UBSAN_OPTIONS": "exitcode=99:print_stacktrace=1",
                **os.environ}
-
-
-def lines_of(path):
-    return [line for line in path.read_bytes().split(b"\n") if line] if path.exists() else []
 
 
 def readable(data, most=2000):
@@ -48,28 +50,15 @@ def readable(data, most=2000):
     return text if len(text) <= most else text[:most] + f"... ({len(data)} bytes)"
 
 
-def stream_faults(case, name, data):
-    """What a stream has that it must not have, or lacks."""
-    wanted = case / f"{name}.want"
-    if wanted.exists() and wanted.read_bytes() != data:
-        yield f"{name} is\n{readable(data)}\nand not\n{readable(wanted.read_bytes())}"
-    lines = iter(data.split(b"\n"))
-    for text in lines_of(case / f"{name}.has"):
-        if not any(text in line for line in lines):
-            yield f"{name} lacks, in this order: {readable(text)}\n{readable(data)}"
-            break
-    for text in lines_of(case / f"{name}.hasnt"):
-        if any(text in line for line in data.split(b"\n")):
-            yield f"{name} has: {readable(text)}"
-    count = case / f"{name}.count"
-    if count.exists() and int(count.read_text()) != data.count(b"\n"):
-        yield f"{name} has {data.count(10)} lines, not {count.read_text().strip()}"
+def timeless(stream):
+    return re.sub(rb"(?m)^(;; parse time:).*", rb"\1 ~", stream)
 
 
 def prepare(case, scratch):
-    shared = [entry for entry in case.parent.iterdir() if entry.is_file()]
+    shared = [entry for folder in (case.parent.parent, case.parent) for entry in folder.iterdir()
+              if entry.is_file()]
     for entry in [*shared, *case.iterdir()]:
-        if entry.name in NOT_COPIED:
+        if entry.name in NOT_COPIED or entry.suffix == ".want":
             continue
         if entry.is_dir():
             shutil.copytree(entry, scratch / entry.name)
@@ -78,27 +67,63 @@ def prepare(case, scratch):
     if (case / "link-data").exists():
         (scratch / "data").symlink_to(PROJECT / "data")
     if (case / "make.py").exists():
-        subprocess.run([sys.executable, case / "make.py"], cwd=scratch, check=True)
-    sentence = scratch / "sentense.dat"
+        subprocess.run([*PYTHON, case / "make.py"], cwd=scratch, check=True)
+    sentence, start_up = scratch / "sentense.dat", scratch / "torvane.lsp"
     if not os.path.lexists(sentence) and not (case / "no-sentence").exists():
         sentence.write_bytes(b"\n")
+        if start_up.exists():
+            start_up.write_bytes(start_up.read_bytes() + b"\n(exit)\n")
 
 
-def run_checks(case, scratch, streams):
-    script = case / "check.py"
-    if not script.exists():
-        return
+def results(run, scratch):
+    """What the run gave under a name, as bytes; none if it left no such file."""
+    streams = {"stdout": timeless(run.stdout), "stderr": timeless(run.stderr),
+               "status": b"%d\n" % run.returncode}
+
+    def result(name):
+        file = scratch / name
+        return streams.get(name, file.read_bytes() if file.is_file() else None)
+    return result
+
+
+def write(case, result):
+    stated = sorted(case.glob("*.want"))
+    if not stated and not (case / "check.py").exists():
+        stated = [case / "stdout.want"]
+    for want in stated:
+        data = result(want.stem)
+        if data is None:
+            yield f"{want.stem} is not there"
+        else:
+            want.write_bytes(data)
+
+
+def faults(case, result, scratch):
+    wanted = {want.stem: want.read_bytes() for want in sorted(case.glob("*.want"))}
+    for name, want in {"status": b"0\n", **wanted}.items():
+        data = result(name)
+        if data is None:
+            yield f"{name} is not there"
+        elif data != want:
+            yield f"{name} is\n{readable(data)}\nand not\n{readable(want)}"
+            if name == "status":
+                yield f"stderr ends in\n{readable(result('stderr')[-3000:], 3000)}"
+    if (case / "check.py").exists():
+        yield from failed_check(case, result, scratch)
+
+
+def failed_check(case, result, scratch):
     with tempfile.TemporaryDirectory(prefix="streams-") as folder:
-        for name, data in streams.items():
-            (pathlib.Path(folder) / name).write_bytes(data)
-        check = subprocess.run([sys.executable, script, folder], cwd=scratch, capture_output=True,
+        for name in ("stdout", "stderr"):
+            (pathlib.Path(folder) / name).write_bytes(result(name))
+        check = subprocess.run([*PYTHON, case / "check.py", folder], cwd=scratch, capture_output=True,
                                timeout=TIMEOUT)
     if check.returncode != 0:
         yield "check: " + readable(check.stdout + check.stderr)
 
 
-def run_case(program, case):
-    """The faults of one case, none if it holds."""
+def run_case(program, case, writing):
+    """What is wrong with a case, nothing if it holds."""
     with tempfile.TemporaryDirectory(prefix="scenario-", ignore_cleanup_errors=True) as folder:
         scratch = pathlib.Path(folder)
         prepare(case, scratch)
@@ -109,33 +134,31 @@ def run_case(program, case):
                                      timeout=TIMEOUT, env=ENVIRONMENT)
             except subprocess.TimeoutExpired:
                 return [f"did not end within {TIMEOUT:g} s"]
-        status = case / "status.want"
-        wanted = int(status.read_text()) if status.exists() else 0
-        faults = []
-        if run.returncode != wanted:
-            faults.append(f"status {run.returncode}, not {wanted}\n{readable(run.stderr[-3000:], 3000)}")
-        streams = dict(zip(STREAMS, (run.stdout, run.stderr)))
-        for name, data in streams.items():
-            faults.extend(stream_faults(case, name, data))
-        faults.extend(run_checks(case, scratch, streams))
-        return faults
+        result = results(run, scratch)
+        return list(write(case, result) if writing else faults(case, result, scratch))
+
+
+def cases_of(folder):
+    if folder.parent != TOPICS:
+        return [folder]
+    return sorted(entry for entry in folder.iterdir() if entry.is_dir())
 
 
 def main():
-    if len(sys.argv) not in (3, 4):
+    arguments = sys.argv[1:]
+    writing = arguments[:1] == ["--write"]
+    program, *folders = [pathlib.Path(name).resolve() for name in arguments[writing:]] or [None]
+    if not folders:
         sys.exit(__doc__)
-    program = pathlib.Path(sys.argv[1]).resolve()
-    topic = pathlib.Path(sys.argv[2]).resolve()
-    part = sys.argv[3] if len(sys.argv) == 4 else ""
-    cases = sorted(c for c in topic.iterdir() if c.is_dir() and part in c.name)
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        results = list(pool.map(lambda case: run_case(program, case), cases))
-    for case, faults in zip(cases, results):
-        for fault in faults:
-            print(f"{topic.name}/{case.name}: {fault}\n")
-    failed = sum(1 for faults in results if faults)
-    print(f"{len(cases) - failed} of {len(cases)} cases hold")
-    return 0 if cases and failed == 0 else 1
+    cases = [case for folder in folders for case in cases_of(folder)]
+    held = 0
+    for case in cases:
+        wrong = run_case(program, case, writing)
+        held += not wrong
+        for fault in wrong:
+            print(f"{case.parent.name}/{case.name}: {fault}\n")
+    print(f"{held} of {len(cases)} cases {'are written' if writing else 'hold'}")
+    return 0 if held == len(cases) > 0 else 1
 
 
 if __name__ == "__main__":

@@ -1,11 +1,8 @@
 ; Vectors inside vectors: read, unpacked and grown beyond every stack.
 (def-att-list T (defattribute l ListAtt) (defattribute v VecAtt) (defattribute i IntAtt)
   (defattribute m ListAtt))
-(load deep.lsp)
-(load-aliases packed)
-(declare-var x)
-(declare-var n)
-(declare-var y)
+(load deep.lsp) (load-aliases packed)
+(declare-var x) (declare-var n) (declare-var y)
 (eval (setq x (attvec (~l))))
 (eval (setq n (int 0)))
 (eval (comp (int 1) (while (int-gt (int 100000) (get-val n)) (prog
@@ -29,4 +26,3 @@
 ; what would be a tree of any size when it is written is cut in time
 (print-alias a40)
 (echo done)
-(exit)

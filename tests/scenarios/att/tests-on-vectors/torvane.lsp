@@ -1,18 +1,19 @@
+; Tests of a vector: what unifies with it, what it contains, and what is defined.
 (def-att-list T
-  (defattribute def BinAtt)
-  (defattribute num EnumAtt (allowable-values sg pl))
-  (defattribute cas DisjAtt (allowable-values nom acc dat))
-  (defattribute gen Disj8Att (allowable-values m f n))
+  (defattribute def BinAtt) (defattribute num EnumAtt (allowable-values sg pl))
+  (defattribute cas DisjAtt (allowable-values nom acc dat)) (defattribute gen Disj8Att (allowable-values m f n))
   (defattribute cnt IntAtt))
 (defun yes () (comp (str yes) (print-str :suffix " ")))
 (defun no () (comp (str no) (print-str :suffix " ")))
 (defun line () (comp (str "") (print-str :suffix "\n")))
 (defun v () (attvec (+def (cas nom acc) (gen m f) (cnt 4))))
+(echo -- unifiable)
 (eval (comp (v) (prog
   (if (unifiable ()) (yes) (no)) (if (unifiable (+def (num pl))) (yes) (no))
   (if (unifiable ((cas acc dat))) (yes) (no)) (if (unifiable ((cas dat))) (yes) (no))
   (if (unifiable (~cas)) (yes) (no)) (if (unifiable (-def)) (yes) (no))
   (line))))
+(echo -- contain)
 (eval (comp (v) (prog
   (if (contain ()) (yes) (no)) (if (contain (+def (cnt 4))) (yes) (no)) (if (contain (-def)) (yes) (no))
   (if (contain ((num sg))) (yes) (no)) (if (contain ((cas nom))) (yes) (no)) (if (contain ((cas nom acc))) (yes) (no))
@@ -20,14 +21,14 @@
   (if (contain ((cas nom) (gen m f n))) (yes) (no)) (if (contain ((cas dat))) (yes) (no))
   (if (contain ((cnt 5))) (yes) (no)) (if (contain ((cnt 3))) (yes) (no))
   (line))))
+(echo -- strict-unifiable)
 (eval (comp (v) (prog
   (if (strict-unifiable (num cnt) (+def)) (yes) (no)) (if (strict-unifiable (num) (+def)) (yes) (no))
   (if (strict-unifiable (cnt) (-def)) (yes) (no)) (if (strict-unifiable () ()) (yes) (no))
   (if (strict-unifiable T (def) ((num sg))) (yes) (no))
   (line))))
-; what is done to a constant vector stays done
+(echo "-- what is done to a constant vector stays done")
 (defun once () (comp (attvec (+def)) (prog (comp (attvec2str) (print-str :suffix "\n")) (unify ((num sg))) (undefine (def)))))
 (defun f () (once))
 (eval (prog (f) (f)))
 (eval (while (comp (attvec (+def (cnt 1))) (and (defined (def)) (undefine (def)))) (comp (str round) (print-str :suffix "\n"))))
-(exit)

@@ -1,11 +1,9 @@
-; The tree of every English sentence is written, read back from the file and from strings, and written
-; again.
+; The tree of every English sentence is written, and read back from the file and from strings.
 (define-attribute ante DepTreeValue)
 (load data/torvane.lsp)
 (defmacro saving (name file)
   (def-tree-rules name (root (comp (deps) (save-deps (att-set syn (cat vform agr)) (output file))))))
-(saving first first.txt)
-(saving second second.txt)
+(saving first first.txt) (saving second second.txt)
 (set-deps-modifier english-parser first)
 (load sentences.lsp)
 (flush first.txt)
@@ -14,4 +12,3 @@
 (system "python3 as_strings.py")
 (load strings.lsp)
 (flush strings.txt)
-(exit)

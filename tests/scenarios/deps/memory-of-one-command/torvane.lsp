@@ -1,10 +1,6 @@
 ; What is let go inside one long command is freed inside it: the memory after so many rounds is that after a tenth.
 (load data/torvane.lsp)
-(set-att-itp-list syn)
-(make-lexicon small 11)
-(declare-var n)
-(declare-var x)
-(declare-var d)
+(set-att-itp-list syn) (make-lexicon small 11) (declare-var n) (declare-var x) (declare-var d)
 (def-tree-rules keep (root (prog (comp (deps) (setq d)) (setq x (list (deps))))))
 (defun hand (p q) (setq x (get-val p)))
 (defun rounds (count)
@@ -23,4 +19,3 @@
 (defun peak () (exec-commands (system "grep -E 'VmSize|VmHWM' /proc/$PPID/status >> peaks")))
 (eval (prog (rounds (int 5000)) (sentences (int 100)) (comp (str few) (read-and-modify-deps keep (open-file))) (peak)))
 (eval (prog (rounds (int 50000)) (sentences (int 1000)) (comp (str many) (read-and-modify-deps keep (open-file))) (peak)))
-(exit)

@@ -1,8 +1,5 @@
-; What every adaptor gives for each node of a tree: the top that only holds the others, words, and an
-; empty node.
-(print-deptree-weight 0)
-(print-governor 0)
-(define-attribute ante DepTreeValue)
+; What every adaptor gives for each node of a tree: the wordless top, words, and an empty node.
+(print-deptree-weight 0) (print-governor 0) (define-attribute ante DepTreeValue)
 (defmacro show (what) (comp what (print-str :prefix "|")))
 (defmacro number (what) (comp what (int2str) (print-str :prefix "|")))
 (defmacro all-of-it ()
@@ -16,4 +13,3 @@
 ; A condition that never holds visits every node.
 (def-tree-rules each (root (find-first-node (prog (all-of-it) (nil)))))
 (eval (read-and-modify-deps each (input trees.txt)))
-(exit)

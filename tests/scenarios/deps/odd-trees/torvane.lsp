@@ -1,10 +1,6 @@
-; Whatever the text of a tree is, every form takes what was read of it. The last tree of the file is
-; cut off, and no tree.
-(print-deptree-weight 0)
-(define-attribute number IntValue)
-(define-attribute text StrValue)
-(define-attribute texts StrListValue)
-(define-attribute ante DepTreeValue)
+; Whatever the text of a tree is, every form takes what was read of it. The last one is cut off, and no tree.
+(print-deptree-weight 0) (define-attribute number IntValue) (define-attribute text StrValue)
+(define-attribute texts StrListValue) (define-attribute ante DepTreeValue)
 (defmacro quietly (what) (comp what (is-nil)))
 (def-tree-rules each (root (prog
   (comp (deps) (save-deps (nil) (output out.txt)))
@@ -22,4 +18,3 @@
 (defmacro read (text) (comp (str text) (str2deps (print-deps)) (is-nil) (int2str) (print-str :suffix " ")))
 (eval (comp (str "\n") (print-str)) (read "") (read " ") (read atom) (read ")") (read "()") (read "((a") (read "(:id s a (b c d e f") (read "((a \"b") (read "((a ; b))")
       (comp (str) (str2deps) (concat-depwords) (print-str :suffix "\n")))
-(exit)

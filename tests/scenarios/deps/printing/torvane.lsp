@@ -22,4 +22,3 @@
 (eval (read-and-modify-deps each (input trees.txt)))
 (flush tree.out)
 (system "cat tree.out")
-(exit)

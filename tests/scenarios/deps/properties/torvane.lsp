@@ -1,20 +1,13 @@
 ; Properties are stored, found, listed and deleted under the names that are defined, and only under
 ; those; they are written, and read back as they were.
-(print-deptree-weight 0)
-(print-governor 0)
-(define-attribute number IntValue)
-(define-attribute text StrValue)
-(define-attribute texts StrListValue)
-(define-attribute ante DepTreeValue)
-(define-attribute text IntValue)
-(define-attribute nothing NoSuchType)
-(define-attribute number-only)
-(define-attribute)
+(print-deptree-weight 0) (print-governor 0) (define-attribute number IntValue)
+(define-attribute text StrValue) (define-attribute texts StrListValue)
+(define-attribute ante DepTreeValue) (define-attribute text IntValue)
+(define-attribute nothing NoSuchType) (define-attribute number-only) (define-attribute)
 (defmacro at (cat-is) (find-first-node (comp (cat) (str= cat-is))))
 (defmacro say (what) (comp what (print-str :suffix "|")))
 (defmacro say-number (what) (comp what (int2str) (print-str :suffix "|")))
-(declare-var number int)
-(declare-var any)
+(declare-var number int) (declare-var any)
 (def-tree-rules store (root (prog
   (comp (at V) (set-prop (number 5) (number (int -6)) (text "two words") (text (cat) 0.5) (text "" (int 500))))
   (comp (at V) (set-prop (text (int 3)) (number (str 7)) (number (rel)) (nobody 1) ((str nobody) 1) ((nil) 1) atom () ((str text))))
@@ -36,29 +29,9 @@
   (comp (at N) (del-prop texts))
   (comp (at V) (say-number (get-prop number)))
   (comp (deps) (save-deps (nil) (output stored.txt))))))
-(eval (read-and-modify-deps store (comp (str trees.txt) (open-file))))
+(eval (read-and-modify-deps store (comp (str barked.txt) (open-file))))
 (flush stored.txt)
+(echo)
+(echo -- read back)
 (def-tree-rules again (root (print-dep-tree)))
 (eval (read-and-modify-deps again (comp (str stored.txt) (open-file))))
-
-; Relations asserted of a tree.
-(declare-var rel)
-(def-tree-rules relate (root (prog
-  (add-rel-to-deps (make-rel near (a b) ("a b" "" 0.25) ((comp (at N) (node2word)) (int 3) (int 500)) ((nil) (cat) (str x)) atom ()))
-  (add-rel-to-deps (prog (setq rel (make-rel empty)) (get-val rel)))
-  (add-rel-to-deps (add-propvals (get-val rel) (x y)))
-  (add-rel-to-deps (add-propvals (get-val rel) (z (str "(") -2)) (say (cat)))
-  (add-rel-to-deps (add-propvals (nil) (x y)) (say (cat)))
-  (add-rel-to-deps (ident)) (add-rel-to-deps)
-  (comp (deps) (save-deps (nil) (output asserted.txt))))))
-(eval (read-and-modify-deps relate (comp (str trees.txt) (open-file))))
-(flush asserted.txt)
-(eval (read-and-modify-deps again (comp (str asserted.txt) (open-file))))
-
-; What `list` gives, a list behind an entry without a value; an empty category, a parent without one.
-(def-tree-rules odd (root (prog
-  (comp (at N) (set-prop (texts (list (cat) (str "b c") (int 3) (nil))) (texts (list)) (texts (int 3))))
-  (comp (at V) (set-prop (texts (nil))) (add-to-dep-prop-list texts (cat)) (add-to-dep-prop-list texts (str d)))
-  (print-dep-tree))))
-(eval (read-and-modify-deps odd (comp (str odd.txt) (open-file))))
-(exit)

@@ -1,1 +1,2 @@
+; Without a parser the sentence is not parsed.
 (echo "no parser here")

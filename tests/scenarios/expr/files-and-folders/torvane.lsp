@@ -1,3 +1,4 @@
+; Files that expressions write, append to, and close.
 (foreach ("out/deep/a b.txt") :eval (print-str (open-file :write) :suffix "\n"))
 (foreach (content) :eval (write-to-file (str whole.txt)))
 (foreach (shorter) :eval (comp (write-to-file :mode append (str whole.txt)) (print-str :suffix "\n")))
@@ -10,5 +11,4 @@
 (eval (open-file) (close-file) (open-file :write))
 (foreach (word) :eval (close-file))
 (eval (comp (output) (close-file)))
-(echo end)
-(exit)
+(echo -- no file of nothing) (system "ls *.txt")

@@ -1,13 +1,11 @@
-; one file, one stream, whoever names it
+; One file, one stream, whoever names it.
 (foreach (a b) :eval (print-str (output report.txt) :suffix "\n"))
 (foreach (c) :eval (prog (print-str :prefix "> " (output report.txt)) (pad "\n" (output report.txt))))
 (flush report.txt)
+(echo -- the report up to here)
 (system "cat report.txt")
 (foreach (d) :eval (print-str (output report.txt) :suffix "\n"))
 (eval (output none/such.txt))
 (foreach (lost) :eval (print-str (output none/such.txt)))
 (eval (input none/such.txt) (input) (input -) (output) (output -))
-(flush nobody)
-(flush)
-(echo end)
-(exit)
+(flush nobody) (flush)

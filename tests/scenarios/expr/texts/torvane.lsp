@@ -1,3 +1,4 @@
+; Texts without their punctuation, parts, prefixes and endings; a null text.
 (defun show () (print-str :prefix "[" :suffix "] "))
 (foreach ("don't" "'tis" "well-known!" "") :eval (remove-punc (show)))
 (foreach ("A, b; c.") :eval (comp (remove-char ",;.") (inverse) (last-word) (show)))
@@ -6,15 +7,12 @@
   (comp (str-eq (ident) (str UNDOING)) (int2str (show)))
   (comp (strstr (ident) (str DO)) (int2str (show)))
   (comp (str-prefix (str UN) (ident)) (int2str (show)))
-  (comp (str-prefix (ident) (str un)) (int2str (show)))
-  (comp (str= "undoing") (int2str (show)))
-  (comp (stem-word) (show))
-  (comp (format "<" (ident) "|" (nil) (str ">")) (show))))
+  (comp (str-prefix (ident) (str un)) (int2str (show))) (comp (str= "undoing") (int2str (show)))
+  (comp (stem-word) (show)) (comp (format "<" (ident) "|" (nil) (str ">")) (show))))
 (foreach ("x1" "Running") :eval (stem-word (show)))
 (foreach ("" a) :eval (if (null-str) (exec-commands (echo null)) (exec-commands (echo text))))
-; a null text
+(echo "-- a null text")
 (foreach ((list)) :eval (prog (comp (null-str) (int2str (show))) (inverse (show)) (comp (format a (ident)) (show))
   (pad "+\n") (pad "-\n" (output)) (print-str (output) :suffix "\n")))
 (foreach (w) :eval (prog (pad "+" :prefix "<" :suffix ">\n") (pad :suffix "\n" "-") (comp (pad "=" (output) :suffix "\n") (show))))
 (foreach (w) :eval (prog (flush-output) (comp (flush-output (output)) (show)) (print-str (nil) :suffix "\n")))
-(exit)

@@ -1,10 +1,8 @@
-(def-att-list syn)
-(make-str-meaning-proto g) (make-str-meaning-proto h)
 ; The condition of an ending asks for the root of its own candidate, and so on without end.
-(make-lexicon L 101 :ending-table
-  ((:conditions ((again) (exec-commands (foreach (dogs) :eval (get-root L (ident)))
-                                        (foreach (dogs) :eval (get-root L (ident))))))
+(load base.lsp)
+(make-lexicon M 101 :ending-table
+  ((:conditions ((again) (exec-commands (foreach (dogs) :eval (get-root M (ident)))
+                                        (foreach (dogs) :eval (get-root M (ident))))))
    (p s pl s again) (p "" base)))
-(lex L (dogs (g a)))
-(foreach (dogs) :eval (comp (get-root L) (print-str :suffix "\n")))
-(exit)
+(lex M (dogs (g a)))
+(foreach (dogs) :eval (comp (get-root M) (print-str :suffix "\n")))

@@ -3,7 +3,7 @@ import sys
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
-import page
+import make as page
 
 found = page.reported((pathlib.Path(sys.argv[1]) / "stderr").read_text())
 examples = page.examples()

@@ -1,6 +1,4 @@
 ; The pattern page shows what the program matches.
 (load base.lsp)
 (load page.lsp)
-(load run.lsp)
 (p3 "the old man saw Fido in New York")
-(exit)

@@ -1,3 +1,4 @@
+; The name of a command may be what another command gives.
 ((quote echo) 1)
 (((quote quote) echo) 2)
 ((quote (a b)) 3)
@@ -6,4 +7,3 @@
 ((nosuch) 6)
 (() 7)
 (((quote (quote echo))) 8)
-(exit)

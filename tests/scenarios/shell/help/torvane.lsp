@@ -1,6 +1,3 @@
+; The comments of commands whose names match.
 (help "^(echo|exit|quote|ec|system.)$")
-(? "^nosuch")
-(help x*)
-(HELP "^\\?" "more" )
-(help (a))
-(exit)
+(echo -- others) (? "^nosuch") (HELP "^\\?" "more" )

@@ -1,3 +1,4 @@
+; Macros: their arguments in text, in lists and as names; macros in macros.
 (defmacro show (x (rest)) (echo x rest "x" x-y) (echo X))
 (show 1 (2 3))
 (show "a b" ("c;d" (e)))
@@ -20,4 +21,3 @@
 (defmacro strange ((list) () (a b)) (echo list a b))
 (strange (1 2) (3) (4))
 ((quote show) 1 (2))
-(exit)

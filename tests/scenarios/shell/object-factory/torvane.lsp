@@ -1,8 +1,5 @@
-(classes)
+; The classes of named objects, and objects with their comments.
 (CLASSES "^LE" more)
-(objects "^(t|nil|prog1)$")
-(objects "^(t|nil)$" "^lexp$")
-(objects "^(t|nil)$" "^LExp$")
-(objects nosuch nosuch)
-(objects (a) (b))
-(exit)
+(echo -- forms) (objects "^(t|nil|prog1)$")
+(echo -- of a class)
+(objects "^t$" "^lexp$") (objects "^t$" "^LExp$") (objects nosuch nosuch) (objects nosuch (b))

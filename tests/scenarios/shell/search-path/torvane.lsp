@@ -1,3 +1,4 @@
+; Files are looked for in the folders of the search path, first where the run stands.
 (load where.lsp)
 (set-search-path "one:two")
 (load where.lsp)
@@ -10,4 +11,3 @@
 (load where.lsp er.lsp)
 (set-search-path)
 (load where.lsp torvane2.lsp)
-(exit)

@@ -1,0 +1,1 @@
+; The sentence cannot be read.

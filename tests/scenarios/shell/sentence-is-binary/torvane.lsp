@@ -1,0 +1,1 @@
+; Every byte there is in the sentence.

@@ -1,0 +1,1 @@
+; A sentence of 20,000 words.

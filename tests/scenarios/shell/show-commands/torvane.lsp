@@ -1,3 +1,4 @@
+; Commands are shown on request before they run.
 (show-commands 1)
 (echo a (b "c d"))
 atom
@@ -8,4 +9,3 @@ atom
 (show-commands)
 (show-commands yes)
 (show-commands (1))
-(exit)

@@ -1,1 +1,2 @@
+; Without a sentence nothing runs.
 (echo never)

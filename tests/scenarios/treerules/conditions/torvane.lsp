@@ -1,10 +1,9 @@
 ; Each condition on each node of the tree: the letters are those of the node and of what it found.
 (load base.lsp)
-(defmacro at (letter) (find-first-node (is letter)))
+(defmacro first (letter) (find-first-node (is letter)))
 (defmacro on-each (text cond) (over text
   (down (node (cat)) (match (prog (cat (print-str)) (if cond (comp cond (cat (print-str :prefix ":"))) (say ":-")) (say " "))))))
 (defmacro number (text exp) (over text (down (node (cat)) (match (comp exp (int2str) (print-str :suffix " "))))))
-
 (on-each "exist-child" (exist-child (or (is E) (is F) (is G))))
 (on-each "exist-child, any" (exist-child))
 (on-each "all-children" (all-children (or (is D) (is G))))
@@ -34,18 +33,5 @@
 (on-each "get-node of nothing" (get-node (nil) (t)))
 (number "num-children" (num-children))
 (number "num-children that" (num-children (is-leaf)))
-(number "ancestor-of" (ancestor-of (at C) (ident)))
+(number "ancestor-of" (ancestor-of (first C) (ident)))
 (number "ancestor-of nothing" (xor (ancestor-of (nil) (ident)) (ancestor-of (ident) (nil)) (ancestor-of)))
-
-; The top of the tree counts as first and last, and the first match acts once.
-(def-tree-rules top (root (prog
-  (comp (and (first-child) (last-child)) (num-children) (int2str) (print-str :suffix " "))
-  (comp (at A) (exist-match (tree x (t) (node (t))) :action (prog (match (cat (print-str))) (match 1 (cat (print-str :suffix " "))))))
-  (comp (at F) (exist-match (node (is G)) :action (detach-node (match))))
-  (comp (at F) (num-children) (int2str) (print-str :suffix "\n")))))
-(eval (read-and-modify-deps top (comp (str tree.txt) (open-file))))
-(eval (comp (str x) (prog (all-children) (self-or-exist-ancestor) (exist-decendent) (exist-c-commander) (exist-c-commander-or-ancestor)
-  (exist-match) (first-child) (last-child) (is-leaf) (parent) (tree-root))))
-(eval (comp (str x) (prog (match) (forall-subtree-matches v (t)) (insert-node) (get-chunk) (print-attachment-points))))
-(eval (comp (nil) (prog (num-children) (match) (parent (ident)) (get-chunk) (print-attachment-points))))
-(exit)

@@ -8,11 +8,11 @@
   (root (comp (exist-decendent (not (exist-child))) (tree-root) (num-children) (int2str) (print-str :suffix "\n")))
   (up (node (not (exist-child))) (detach-node (match)))
   (root (comp (num-children) (int2str) (print-str :suffix "\n"))))
-(over deep path.txt)
+(echo -- in a line) (over deep path.txt)
+(echo -- side by side)
 (over deep fan.txt)
 (def-tree-rules moving
   (down (tree (rel) (node (t))) (invert-dep (match 1))))
 (over moving short-path.txt)
 (def-tree-rules adopting (root (comp (exist-child) (exist-child) (exist-match (node (t)) :action (adopt-following (match))))))
 (over adopting fan.txt)
-(exit)

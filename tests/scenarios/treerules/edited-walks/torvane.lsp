@@ -1,14 +1,5 @@
 ; Edits while a rule walks: the letters are the nodes that the rule came to, the brackets what is left.
-(defmacro is (letter) (comp (cat) (str= letter)))
-(defmacro at (letter) (comp (get-val it) (tree-root) (find-first-node (is letter))))
-(defmacro it () (get-val it))
-(defun show () (prog (cat (print-str :prefix "(")) (all-children (prog (show) (t))) (comp (str ")") (print-str))))
-(defmacro over (name rule)
-  (clear-tree-rules walk)
-  (def-tree-rules walk rule (root (prog (comp (str " ") (print-str)) (all-children (prog (show) (t))))))
-  (eval (prog (comp (str name) (print-str))
-              (read-and-modify-deps walk (comp (str tree.txt) (open-file))))))
-(defmacro run (name rule) (over name rule) (eval (comp (str "\n") (print-str))))
+(load walks.lsp)
 (defmacro act (letter exp) (prog (it) (comp (it) (cat) (print-str)) (if (comp (it) (is letter)) (prog exp (t)))))
 (defmacro walk (name letter exp)
   (over name (up (node it (cat)) (act letter exp)))
@@ -30,20 +21,3 @@
 (walk "turned with its child: " C (invert-dep (at D)))
 (walk "parent turned with its own: " D (invert-dep (parent (it))))
 (walk "away and back: " C (prog (detach-node (it)) (detach-node (it)) (append-node (it) (at G))))
-
-; Searches whose conditions edit.
-(defmacro first (letter) (find-first-node (is letter)))
-(defmacro to (letter) (reattach-node (comp (tree-root) (first letter))))
-(run "match detached: " (root (comp (first C) (exist-match (node (t)) :action (detach-node (match))))))
-(run "match under its child: " (root (comp (first C) (exist-match (tree (t) (node (t))) :action (append-node (match) (match 1))))))
-(run "children leave: " (root (comp (first A) (exist-child (comp (to G) (nil))))))
-(run "children stay: " (root (comp (first A) (num-children (to A)))))
-(run "the subtree leaves: " (root (exist-decendent (comp (to G) (nil)))))
-(run "pattern edits: " (up (tree (is A) (node (comp (to G) (nil))) (node (t))) (nil)))
-
-; What moves ahead of the walk again and again does not keep it going for ever.
-(run "endless: " (down (node it (or (is B) (is C)))
-  (if (comp (it) (is B)) (append-node (at C) (at A)) (append-node (at B) (at A)))))
-(run "endless children: " (root (comp (first A)
-  (num-children (if (is B) (comp (tree-root) (first C) (to A)) (comp (tree-root) (first B) (to A)))))))
-(exit)

@@ -1,15 +1,5 @@
-; Each edit on one tree, in brackets with the relations; what it gave stands before it.
+; Each edit on one tree. The action runs on a match of the wordless top, so that every other node may move.
 (load base.lsp)
-(print-deptree-weight 0)
-(print-governor 0)
-(defmacro at (letter) (comp (match) (find-first-node (is letter))))
-(defun show () (prog (cat (print-str :prefix "(")) (if (rel) (rel (print-str :prefix ":")))
-                     (all-children (prog (show) (t))) (say ")")))
-(defmacro on-match (cond name exp)
-  (def-tree-rules name
-    (up (node cond) (comp exp (if (ident) (if (cat) (cat (print-str :suffix " ")) (say "top ")) (say "- ")))))
-  (over name (root (all-children (prog (show) (t))))))
-; The action runs on a match of the wordless top, so that every other node may move.
 (defmacro edit (name exp) (on-match (not (cat)) name exp))
 (edit "inherit-children C" (inherit-children (at C)))
 (edit "adopt-following C" (adopt-following (at C)))
@@ -36,46 +26,3 @@
 (edit "invert-dep G" (invert-dep (at G)))
 (edit "pre-head" (prog (if (pre-head (at B)) (say "B ")) (if (pre-head (at A)) (say "A ")) (if (pre-head (at X)) (say "X "))
   (invert-dep (at C)) (if (pre-head (at A)) (say "A ")) (at A)))
-
-; A sentence with one tree gets another root, and what comes later sees it.
-(def-tree-rules turned
-  (down (node (is C)) (prog (invert-dep (match)) (t)))
-  (down (tree (is A) (node (is C))) (invert-dep (match 1)))
-  (root (show)))
-(def-tree-rules turned-text
-  (down (tree (is A) (node c (is C))) (prog (invert-dep (match 1)) (comp (match) (deps) (print-deps)))))
-(eval (prog (over-tree turned) (comp (str "\n") (print-str))))
-(eval (over-tree turned-text))
-
-; Edits that are refused leave the tree as it is. The node that the rule stands on keeps its place.
-(on-match (is C) "the match" (or (insert-before (match) (at E)) (insert-after (match) (at E)) (insert-node (match) (at E))
-  (append-node (match) (at E)) (inherit-children (match)) (invert-dep (match))))
-(on-match (is G) "beside or below itself" (or (append-node (at C) (at D)) (insert-node (at A) (at D)) (append-node (at C) (at C))
-  (insert-before (at C) (at C)) (insert-after (at C) (at D))))
-(on-match (is G) "the top" (or (append-node (comp (at A) (parent)) (at E)) (insert-after (comp (at A) (parent)) (at E))
-  (insert-before (at E) (comp (at A) (parent))) (invert-dep (at A)) (invert-dep (comp (at A) (parent)))))
-(on-match (is G) "no node" (or (insert-before (nil) (at E)) (insert-after (at E) (nil)) (insert-node (nil) (nil)) (append-node (at E))
-  (detach-node (nil)) (adopt-following) (inherit-children (nil)) (invert-dep (nil))
-  (insert-node (str x) (at A)) (append-node (at A) (int 7)) (detach-node (str x)) (set-rel (int 3) (str x))))
-; A root that has no parent may move; the tree then has another root.
-(def-tree-rules moved-root
-  (root (exist-match (node (is C)) :action (prog (invert-dep (nil)) (detach-node (match)))))
-  (root (all-children (prog (show) (t)))))
-(eval (over-tree moved-root))
-(declare-var c)
-(def-tree-rules new-root
-  (up (node (is C)) (setq c (comp (match) (ident))))
-  (up (node (is C)) (detach-node (match)))
-  (root (exist-match (node (parent (is-nil))) :action (insert-node (match) (get-val c))))
-  (root (prog (cat (print-str :prefix "\n")) (all-children (prog (if (cat) (show)) (t))) (deps (print-deps)))))
-(eval (over-tree new-root))
-; Two sentences do not share nodes.
-(declare-var other RSTree*)
-(def-tree-rules inner (up (node (is B)) (comp (append-node (get-val other) (match)) (is-nil) (int2str) (print-str)))
-  (up (node (is B)) (insert-before (match) (get-val other))) (up (node (is B)) (insert-after (get-val other) (match)))
-  (root (all-children (prog (show) (t)))))
-(def-tree-rules outer (up (node (is C)) (prog (setq other (match)) (over-tree inner)))
-  (root (all-children (prog (show) (t)))))
-(eval (over-tree outer))
-(eval (comp (get-val other) (is-nil) (int2str) (print-str :suffix "\n")))
-(exit)

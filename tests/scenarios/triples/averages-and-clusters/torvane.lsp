@@ -1,6 +1,5 @@
 ; What words have in common: their centroid, and names for clusters.
-(make-tripledb db 101)
-(populate-tripledb db rels.txt deps.txt :min-rel-freq 0)
+(make-tripledb db 101) (populate-tripledb db rels.txt deps.txt :min-rel-freq 0)
 (echo -- centroids)
 (make-avg-entry db :words (beer nosuch wine) :mi-threshold 0.2)
 (make-avg-entry db :words (beer wine stone) :mi-threshold -9 :spread 0.34 :pos N :recursive 1 :print-centroid 0)
@@ -23,4 +22,3 @@
 (echo -- noise)
 (print-noise db)
 (print-noise db 0.01)
-(exit)

@@ -11,7 +11,7 @@ for at in [*range(16, 44), *range(name_end, end)]:
     value = (0, 0xff, whole[at] ^ 1, whole[at] ^ 0x80)[at % 4]
     open(f"bad{at}.db", "wb").write(whole[:at] + bytes([value]) + whole[at + 1:])
     open(f"bad{at}.hdr", "w").write(f"bad{at}.db 64 7 strcasecmp")
-    runs.append(f"(link-file db bad{at}.hdr {'rw' if at % 8 == 0 else ''}) (st db a b C r s) (dump db out)\n"
+    runs.append(f"(link-file db bad{at}.hdr {'rw' if at % 8 == 0 else ''}) (st db a b C r s :output out) (dump db out)\n"
                 f"(dump-tripledb db out out2) (merge-tripledbs memory db)\n"
                 f"(populate-tripledb db two.txt two.deps) (del-tripledb-entry db two.deps)\n"
                 f"(unlink-file db)\n")

@@ -1,7 +1,5 @@
 ; Pages on words: a list with links, and two words side by side.
-(make-tripledb db 101)
-(link-file db db.hdr rw)
-(populate-tripledb db rels.txt deps.txt)
+(make-tripledb db 101) (link-file db db.hdr rw) (populate-tripledb db rels.txt deps.txt)
 (print-tripledb-entry-in-html db :words (beer nosuch) :url "<a href=/cgi-bin/find?" :index-url /index
   :codes ((-V:obj:N "what one does with it") (N:with:N unused) (short)))
 (echo "")
@@ -11,4 +9,3 @@
 (cmp-tripledb-entries db cider beer :color0 gray :color1 red :color2 blue)
 (cmp-tripledb-entries db beer nosuch)
 (cmp-tripledb-entries db)
-(exit)

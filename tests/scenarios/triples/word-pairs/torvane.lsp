@@ -1,6 +1,5 @@
 ; How two words are related, which triples of a list are the likeliest of their words, and which look like mistakes.
-(make-tripledb db 101)
-(link-file db db.hdr rw)
+(make-tripledb db 101) (link-file db db.hdr rw)
 (populate-tripledb db rels.txt deps.txt :min-rel-freq 0)
 (echo -- all)
 (get-all-rels db cook soup)
@@ -20,4 +19,3 @@
 (print-possible-errors db)
 (print-possible-errors db :rels (V:subj:N))
 (print-possible-errors db :wordset classes.txt)
-(exit)

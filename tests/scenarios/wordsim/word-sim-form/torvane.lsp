@@ -1,5 +1,5 @@
-(make-simworddb sims :src words.src :size -5 :max-syns 1)
-(make-lexicon words 11)
+; The similarity of two words as an expression.
+(make-simworddb sims :src words.src :size -5 :max-syns 1) (make-lexicon words 11)
 (defun show () (int2str (print-str :suffix " ")))
 (eval (comp (word-sim sims (str N) (str dog) (str cat)) (show)))
 (eval (comp (word-sim SIMS (str N) (str cat) (str DOG)) (show)))
@@ -15,4 +15,3 @@
 (eval (comp (word-sim words (str N) (str dog) (str cat)) (show)))
 (eval (comp (word-sim sims (str N) (str dog) (str cat) (str cat)) (show)))
 (eval (comp (str "\n") (print-str)))
-(exit)

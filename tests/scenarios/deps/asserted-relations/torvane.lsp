@@ -1,0 +1,18 @@
+; Relations asserted of a tree are written and read with it.
+(print-deptree-weight 0) (print-governor 0)
+(defmacro at (cat-is) (find-first-node (comp (cat) (str= cat-is))))
+(defmacro say (what) (comp what (print-str :suffix "|")))
+(define-attribute text StrValue)
+(def-tree-rules again (root (print-dep-tree)))
+(declare-var rel)
+(def-tree-rules relate (root (prog
+  (add-rel-to-deps (make-rel near (a b) ("a b" "" 0.25) ((comp (at N) (node2word)) (int 3) (int 500)) ((nil) (cat) (str x)) atom ()))
+  (add-rel-to-deps (prog (setq rel (make-rel empty)) (get-val rel)))
+  (add-rel-to-deps (add-propvals (get-val rel) (x y)))
+  (add-rel-to-deps (add-propvals (get-val rel) (z (str "(") -2)) (say (cat)))
+  (add-rel-to-deps (add-propvals (nil) (x y)) (say (cat)))
+  (add-rel-to-deps (ident)) (add-rel-to-deps)
+  (comp (deps) (save-deps (nil) (output asserted.txt))))))
+(eval (read-and-modify-deps relate (comp (str barked.txt) (open-file))))
+(flush asserted.txt)
+(eval (read-and-modify-deps again (comp (str asserted.txt) (open-file))))

@@ -1,0 +1,33 @@
+; Nodes found from a node, and what stands across words.
+(define-attribute ante DepTreeValue)
+(defmacro title (text) (comp (str text) (print-str :prefix "\n" :suffix ": ")))
+(defmacro at (word) (find-first-node (comp (node2minp) (str= word))))
+(defmacro show (what) (comp what (node2minp) (print-str :suffix " ")))
+(defmacro across (word cond)
+  (comp (at word) (if (minimal-across cond) (str yes) (str no)) (print-str :prefix word :suffix " ")))
+(def-tree-rules found (root (prog
+  (title "antecedents")
+  (comp (at dogs) (show (get-antecedent (comp (cat) (str= T)))))
+  (comp (at dogs) (show (get-antecedent)))
+  (comp (at dogs) (show (get-antecedent (comp (cat) (str= Det)))))
+  (comp (at he) (show (get-antecedent (comp (cat) (str= A)))))
+  (comp (at the) (show (get-antecedent (t))))
+  (title "first nodes")
+  (comp (at the) (show (find-first-node (comp (cat) (str= N)))))
+  (comp (at the) (show (find-first-node (nil))))
+  (comp (at cat) (find-first-node (t) (rel)) (print-str :suffix " "))
+  (title "candidates")
+  (comp (at chase) (show (compatible-modifier
+    (list (get-child none) (get-child obj) (get-child subj) (int 7)) (ident) (comp (cat) (str= N)))))
+  (comp (at chase) (show (compatible-modifier (list (get-child obj)) (ident) (comp (cat) (str= V)))))
+  (comp (at chase) (show (compatible-modifier (list (get-child obj)) (nil) (t))))
+  (comp (at chase) (show (compatible-modifier (int 1) (ident) (t)))))))
+(eval (read-and-modify-deps found (comp (str chase.txt) (open-file))))
+; "," and "." hang on nothing. A test of words is an expression, or what an expression gives as one.
+(def-tree-rules around (root (prog
+  (title "across")
+  (across John (str= ",")) (across John (str= saw)) (across John (pred (str= ",")))
+  (across Ann (str= ",")) (across Ann (str= ".")) (across today (str= ",")) (across today (str= "."))
+  (across saw (str= ",")) (across saw (str= ".")) (across John (nil)) (comp (minimal-across (t)) (print-str)))))
+(eval (read-and-modify-deps around (comp (str across.txt) (open-file))))
+(echo)

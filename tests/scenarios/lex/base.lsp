@@ -1,0 +1,11 @@
+; What the cases share: kinds of meanings, an empty lexicon, and a parser that shows its items.
+(def-att-list syn)
+(make-str-meaning-proto g) (make-str-meaning-proto h)
+(make-lexicon L 101)
+(defmacro a-parser ((words))
+  (make-lex-analyzer A words)
+  (def-torvane-parser P :attribute-vector-type syn :lexical-attributes () :show-attributes ()
+    :default-percolating-attributes () :weights-of-words (nil) :lexical-analyzer A)
+  (output-tree 1))
+(defmacro items (what (words)) (echo == what) (p2 words) (li))
+(defmacro show-line () (print-str :suffix "\n"))

@@ -1,0 +1,15 @@
+; Words with a marker of tags or of the focus, and the full stop of the last word.
+(load base.lsp)
+(lex L (dog (g noun) (h verb)) (*dog (g starred)) (cat (g pet)) (etc. (g and-so-on)) (. (g stop)) (dog/n (g whole)))
+; Every item whose meaning is of the kind g is a noun.
+(def-rules R (nouns dog (exist-lexitem (low) (high)
+  (pred (and (lexitem-meaning (meaning-type (reg-match "g"))) (set-cate (str n)) (nil))))))
+(a-parser (:lexicon L :lexical-rules R))
+(items "no marker" (dog/n *dog))
+(set-lex-analyzer-pos-marker A /)
+(items "a marker of tags" (dog/n dog/x/n dog/))
+(set-lex-analyzer-pos-marker A "") (set-lex-analyzer-focus-marker A *)
+(items "a marker of the focus" (*cat * cat.))
+(items "the last word has a full stop of its own" (cat etc.))
+(items "brackets behind it" ("cat.)"))
+(items "words of nothing but stops" (cat . ...))

@@ -1,0 +1,15 @@
+; A position that answers to an argument of the head.
+(load base.lsp)
+(lex words
+  (boys (avm ((cat n)))) (in (avm ((cat p))))
+  (put (avm ((cat v) (node VT) (args ((cat n)) ((cat p) (pform in))))))
+  (set (avm ((cat v) (node VT) (args ((cat n) +opt) ((cat p))))))
+  (run (avm ((cat v) (node VT)))))
+(def-category VT) (def-category N) (def-category P)
+(def-modifiers VT (:head) (? (N (dep-type obj) (check-arg 0))) (? (P (dep-type loc) (check-arg 1))))
+(roots (VT))
+(sentence "both arguments:" "put boys in")
+(sentence "the first one is missing:" "put in")
+(sentence "the first one is optional:" "set in")
+(sentence "no arguments, none asked for:" "run in")
+(sentence "one that is not asked for:" "run boys")

@@ -1,0 +1,16 @@
+; A displaced constituent is found by a mask, and leaves its role to a trace.
+(load base.lsp)
+(lex words
+  (who (avm ((cat n) (check wh)))) (it (avm ((cat n)))) (how (avm ((cat a) (check wh))))
+  (see (avm ((cat v) (move ((slash wh) (role obj) (cat n))))))
+  (think (avm ((cat v) (node VC)))))
+(default-percolating-atts (cat move))
+(def-category N) (def-category A) (def-category V (visible-atts (cat move))) (def-category VC (visible-atts (cat move)))
+(def-modifiers VC (:head) ((V (dep-type comp))))
+(def-category Q)
+(def-modifiers Q (? (N (dep-type front)) (A (dep-type front))) (:head (V) (VC)))
+(roots (Q (or (comp (pitem-attvec) (attvec2str move) (print-str :prefix " move")) (t))))
+(sentence "a noun in front:" "who see")
+(sentence "an adjective:" "how see")
+(sentence "a noun of another kind:" "it see")
+(sentence "out of a clause:" "who think see")

@@ -1,0 +1,10 @@
+; An empty item before the first word fills the pool of items: where the pool ends, the sentence does not.
+(load base.lsp)
+(lex words (boy (avm ((cat n)))) (big (avm ((cat a)))))
+(def-rules R (empty (word-seq boy) (insert-empty-category (int 0) (avm (avm ((cat a)))))))
+(def-category A (visible-atts (cat))) (def-category N (visible-atts (cat)))
+(def-modifiers N (* (A (dep-type mod))) (:head))
+(roots (N))
+(sentence "one head takes it over and over:" "boy big boy")
+(def-modifiers A (* (A (dep-type mod))) (:head))
+(sentence "it takes itself over and over:" "boy big boy")

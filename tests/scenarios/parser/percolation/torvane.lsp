@@ -1,0 +1,13 @@
+; Which attributes a link lets up, and in which order its commands count.
+(load base.lsp)
+(lex words (boy (avm ((cat n) (num sg)))) (boys (avm ((cat n) (num pl)))) (these (avm ((cat d) (num pl)))))
+(default-percolating-atts (num))
+(def-category Det (visible-atts (num cat nosuch))) (def-category N (visible-atts (num)))
+(def-category Up (visible-atts (num)))
+(def-modifiers N (? (Det (dep-type det))) (:head))
+(def-modifiers Up (:head (N)))
+(def-category Blocked) (def-modifiers Blocked (? (Det (block (num)))) (:head (N)))
+(def-category Free) (def-modifiers Free (? (Det (block (num)) (percolate (num)))) (:head (N)))
+(roots (N (shown N)) (Blocked (shown Blocked)) (Free (shown Free)))
+(sentence "the numbers differ:" "these boy")
+(sentence "the numbers agree:" "these boys")

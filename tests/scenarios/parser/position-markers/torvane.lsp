@@ -1,0 +1,15 @@
+; What the markers of a position mean: none (once), "?" (optional), "*" (any number), "+" (at least one).
+(load base.lsp)
+(lex words
+  (the (avm ((cat d)))) (big (avm ((cat a)))) (old (avm ((cat a)))) (boy (avm ((cat n) (num sg))))
+  (boys (avm ((cat n) (num pl)))) (in (avm ((cat p)))) (sleep (avm ((cat v)))))
+(def-category A) (def-category Det) (def-category P) (def-category Conn) (def-category N) (def-category V)
+(def-modifiers N (? (Det (dep-type det))) (* (A (dep-type mod))) (:head) (? (P (dep-type pp))))
+(def-modifiers V (+ (N (dep-type subj))) (:head) ((P (dep-type loc))) (* (A (dep-type mod))))
+(roots (N (shown N)) (V (shown V)))
+(sentence "each position once:" "the big boy in")
+(sentence "out of order, and one too many:" "big the boy in in")
+(sentence "+ twice:" "boy boys sleep in")
+(sentence "+ without any:" "sleep in")
+(sentence "the position without a marker is empty:" "boy sleep big")
+(sentence "* twice:" "boy sleep in big old")

@@ -1,0 +1,16 @@
+; What may stand between a head and its modifier: an adjunct where the position says so, and words that are skipped.
+(load base.lsp)
+(lex words
+  (see (avm ((cat v)))) (boys (avm ((cat n)))) (big (avm ((cat a)))) (soon (avm ((cat p))))
+  (never (avm ((cat p) -guest))))
+(def-rules R (skip-oh oh (skip (low))))
+(def-category P) (def-category A) (def-category N) (def-category V) (def-category Adjunct)
+(def-subclass Adjunct (P))
+(def-modifiers N (:head) (? (A (dep-type mod))))
+(def-modifiers V (:head) (? :skip-adjunct (N (dep-type obj))))
+(roots (V))
+(sentence "an adjunct:" "see soon boys big")
+(sentence "an adjunct between commas:" "see , soon , boys big")
+(sentence "no guest:" "see never boys big")
+(sentence "an adjunct and one word:" "see soon boys")
+(sentence "skipped words:" "see oh oh boys")

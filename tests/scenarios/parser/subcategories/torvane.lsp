@@ -1,0 +1,18 @@
+; Nodes made for what a word's entry asks for.
+(load base.lsp)
+(lex words
+  (uh (avm ((cat j)))) (boys (avm ((cat n)))) (apples (avm ((cat n)))) (in (avm ((cat p))))
+  (put (avm ((cat v) (args ((cat n) (role obj)) ((cat p) (role loc))))))
+  (give (avm ((cat v) (args ((cat n) +opt (role iobj)) ((cat n) (role obj))))))
+  (eat (avm ((cat v) +head_final (args ((cat n) (role obj)))))))
+(def-category N) (def-category P) (def-category Conn) (def-category V (subcat-atts (num)))
+(def-modifiers V (? (N (dep-type subj))) (:head))
+(roots (V))
+(echo -- nodes before the first sentence)
+(pn "^V")
+(sentence "all that is asked for:" "boys put apples in")
+(sentence "an argument is missing:" "boys put in")
+(sentence "an optional one is missing:" "boys give apples")
+(sentence "an optional one:" "boys give boys apples")
+(sentence "the head comes last:" "boys apples eat")
+(echo -- the nodes that were made and their links) (pn "^V" "^comp")

@@ -1,0 +1,25 @@
+; A parser's keywords: what is required, what is unknown, and which parser is current.
+(load base.lsp)
+(echo -- nothing given)
+(def-torvane-parser bare)
+(p a b)
+(p3 "a b")
+(pn)
+(li)
+(echo -- unknown names)
+(def-torvane-parser odd :attribute-vector-type nosuch :lexical-attributes (a) :show-attributes b
+  :default-percolating-attributes ((c) d) :weights-of-words x :lexical-analyzer tp
+  :bad-triples nosuch.dat :hashtable-size -5)
+(def-category A) (def-category D) (def-category N) (def-category P) (def-category V)
+(pn)
+(echo -- the name is taken)
+(def-torvane-parser tp :attribute-vector-type syn :lexical-attributes (lexitem nope)
+  :show-attributes (cat nope) :default-percolating-attributes (num nope)
+  :weights-of-words (int 0) :lexical-analyzer analyser)
+(def-category N) (roots (N))
+(echo -- the last one made parses) (p3 "boys sleep")
+(echo -- bad triples)
+(def-torvane-parser third :attribute-vector-type syn :lexical-attributes () :show-attributes ()
+  :default-percolating-attributes () :weights-of-words (int 0) :bad-triples triples.txt
+  :empty-category E :lexical-analyzer analyser)
+(p3 "boys")

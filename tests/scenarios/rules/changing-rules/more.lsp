@@ -1,2 +1,0 @@
-(echo loaded)
-(def-rules R3 (from-file y (nil)))

@@ -1,0 +1,10 @@
+; A set grows at its end or before a rule; debugging shows each rule with all its matches.
+(load base.lsp)
+(def-rules R (one x (say (str one))) (two x (say (str two))))
+(def-rules r (three (seq x (? y)) (say (str three))))
+(insert-lex-rules R TWO (before-two x (say (str "before two"))) (and-this x (say (str "and this"))))
+(insert-lex-rules R () (last x (say (str last)))) (debug-rules R t) (debug-rules R ^three)
+(debug-rules R last)
+(sentence "two are debugged:" "x y")
+(debug-rules R) (debug-rules R "[^l]")
+(sentence "none is debugged that has an l:" "x")

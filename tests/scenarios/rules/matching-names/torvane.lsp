@@ -1,0 +1,11 @@
+; Tests of two names, and commands of lists of names that are misused.
+(load base.lsp)
+(defmacro number (exp) (comp exp (int2str) (show)))
+(echo "-- short forms and abbreviations, right and wrong")
+(eval (prog (number (matching-name (str "John Smith") (str "J. Smith"))) (number (matching-name (str "John Smith") (str "J.")))
+            (number (abbrev-of (str "International Dog Houses") (str IDH)))
+            (number (abbrev-of (str "International Dog Houses") (str Int))) (comp (str "\n") (print-str))))
+(make-antecedent-list names) (make-antecedent-list names)
+(eval (clear-ante-list names) (clear-ante-list nobody))
+(clear-antecedent-list nobody) (clear-antecedent-list L)
+(eval (comp (str x) (exist-exact-match)))

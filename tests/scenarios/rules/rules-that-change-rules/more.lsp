@@ -1,0 +1,2 @@
+(eval (say (str loaded)))
+(def-rules R (from-file y (nil)))

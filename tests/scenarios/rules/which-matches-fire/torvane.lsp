@@ -1,0 +1,16 @@
+; Which matches of a rule fire, and what a later rule sees of an earlier one.
+(load base.lsp)
+(lex L (a (avm ((cat n)))) (b (avm ((cat n))) (avm ((cat v)))))
+(def-rules R
+  (joined-too-early (lexitem (comp (root) (str= ab))) (say (str wrong)))
+  (join (seq (lexitem (comp (root) (str= a))) (lexitem (comp (att) (att-str-val cat) (str= n))))
+        (assert (make-lexitem (low) (high) (comp ($ 1) (meaning)) :root ab)))
+  (first-of-an-end (lexitem (t)) (show-span))
+  (every (:act-on-all-matches) (lexitem (t)) (show-span))
+  (guarded (:precondition (set-mixed-case)) (:act-on-all-matches) a (say (str guarded)))
+  (not-guarded a (:precondition (nil)) (say (str wrong)))
+  (no-action a)
+  (third-is-ignored a (say (str second)) (say (str wrong)))
+  (deletes (lexitem (t)) (prog (yes-or-no (str gone) (comp (litem) (is-deleted)))
+                               (delete-if (int 1) (int 2) (pred (t))))))
+(sentence "one rule behind the other:" "a b")

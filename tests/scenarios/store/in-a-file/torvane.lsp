@@ -1,0 +1,11 @@
+; A store is made by who may write, searched, profiled, and dumped into files.
+(make-tripledb db 7) (link-file db small.hdr RW)
+(echo -- keys in any case)
+(populate-tripledb db small.txt) (s db dog DOG owl (list) yak)
+(validate db) (profile db 3) (sort-links db) (s db emu)
+(echo "-- dumped on the screen, and three times into a file")
+(dump db (ident)) (dump db () dump1.txt) (dump db dump2.txt) (dump db no/such/folder) (dump db dump3.txt (ident))
+(system "cmp dump1.txt dump2.txt; cmp dump1.txt dump3.txt")
+(echo -- from files)
+(populate db nowhere.txt) (reconstruct db nowhere.txt) (reconstruct db small.txt)
+(unlink-file db) (get-total-count db) (s db dog)

@@ -1,0 +1,10 @@
+; Commands of a store that has no file, or that does not exist.
+(make-tripledb db 7)
+(echo -- without a file)
+(get-total-count db) (s db dog) (dump db) (sync db) (validate db) (profile db) (print-free-list db) (sort-links db)
+(unlink-file db)
+(echo -- no such store)
+(s nodb dog) (s) (dump nodb) (copy nodb db) (copy db nodb)
+(echo -- no such file)
+(link-file db nowhere.hdr) (link-file db) (link-file db cut.hdr rw) (link-file db small.hdr)
+(system "ls *.db 2> /dev/null")

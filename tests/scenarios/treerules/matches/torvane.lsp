@@ -1,0 +1,20 @@
+; A match stands in one place only; what its variables and numbers stand for.
+(load base.lsp)
+(declare-var show)
+(defmacro all () (prog (say "(") (forall-subtree-matches v (comp (get-val v) (cat) (print-str))) (say ")")))
+(defmacro var (v) (comp (get-val v) (cat) (print-str :prefix "=")))
+(over "twice" (up (tree (setq show (n A)) (get-val show) (get-val show)) (all)))
+(over "kept" (up (n C) (prog (setq show (ident)) (comp (get-val show) (match) (cat) (print-str)))))
+(over "over" (up (n F) (comp (get-val show) (is-nil) (int2str) (print-str))))
+(defun name-of (m) (get-val m (match 1 (cat (print-str)))))
+(over "handed on" (up (tree (is C) (n D)) (name-of (ident))))
+; No binding is undone: a failed attempt leaves its last one behind.
+(over "left bound" (up (tree (is A) (tree (node x (t)) (n G))) (prog (var x))))
+(over "bound by the failed" (up (or (tree (is A) (node x (is E)) (n X)) (n A)) (var x)))
+(over "numbers" (up (tree (is A) (n B)) (prog (match 2) (match 0) (match -1) (match 1 1) (match x) (match 99999999999999999999) (match) (forall-subtree-matches v 3 (t)))))
+(over "through" (up (path (n A) (n C) (n D)) (prog (match 1 1 (cat (print-str)) (rel (print-str))) (match 1 (cat (print-str))))))
+(over "forall" (up (path (n A) (n C) (n D)) (prog
+  (comp (forall-subtree-matches v 1 (comp (get-val v) (cat) (print-str))) (int2str) (print-str :suffix " "))
+  (comp (forall-subtree-matches v (comp (get-val v) (is A))) (int2str) (print-str :suffix " "))
+  (comp (forall-subtree-matches v 1 1 (comp (get-val v) (is D))) (int2str) (print-str :suffix " "))
+  (comp (forall-subtree-matches v (comp (int2str) (print-str))) (int2str) (print-str)))))

@@ -1,0 +1,12 @@
+; What has the wrong type is told when it is read, and never matches.
+(load base.lsp)
+(defmacro all () (prog (say "(") (forall-subtree-matches v (comp (get-val v) (cat) (print-str))) (say ")")))
+(over "no match in t+" (up (t+ (cat)) (all)))
+(over "no match in t?" (up (t? (is A)) (all)))
+(over "no match in t*" (up (t* (exist-child (t))) (all)))
+(over "no match in tree" (up (tree (is A) (is B)) (all)))
+(over "no match in treeq" (up (treeq (is A) (cat)) (all)))
+(over "no match, optional" (up (tree (is A) (t? (cat)) (n B)) (prog (child 1) (child 2))))
+(over "left out of path" (up (path (n A) (cat) (n B)) (all)))
+(over "unknown part" (up (tree (is A) (nonsense) (n B)) (all)))
+(over "wrong input" (up (n A) (comp (match) (cat) (prog (node (t)) (tree (t)) (path (n A)) (t+ (any)) (attachment-points (t))))))

@@ -1,0 +1,11 @@
+; Rules that edit their tree: what is left is shown in brackets.
+(defmacro is (letter) (comp (cat) (str= letter)))
+(defmacro at (letter) (comp (get-val it) (tree-root) (find-first-node (is letter))))
+(defmacro it () (get-val it))
+(defun show () (prog (cat (print-str :prefix "(")) (all-children (prog (show) (t))) (comp (str ")") (print-str))))
+(defmacro over (name rule)
+  (clear-tree-rules walk)
+  (def-tree-rules walk rule (root (prog (comp (str " ") (print-str)) (all-children (prog (show) (t))))))
+  (eval (prog (comp (str name) (print-str))
+              (read-and-modify-deps walk (comp (str tree.txt) (open-file))))))
+(defmacro run (name rule) (over name rule) (eval (comp (str "\n") (print-str))))

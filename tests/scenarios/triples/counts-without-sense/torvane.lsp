@@ -1,0 +1,12 @@
+; Reports on counts that no corpus has.
+(make-tripledb bare 11) (populate-tripledb bare bare.rels) (make-tripledb odd 11)
+(populate-tripledb odd odd.rels odd.deps :min-rel-freq -9999)
+(echo -- entries) (st odd a b)
+(echo -- high) (print-high-mutinfo odd :background bare :min-mutinfo -200 :min-score -200 :min-count -9999)
+(echo -- total) (print-total-mutinfo odd :rels r)
+(echo -- errors) (print-possible-errors odd)
+(echo -- centroid) (make-avg-entry odd :words (a b a) :mi-threshold -200 :spread -200)
+(echo -- features) (count-features odd)
+(print-low-mutinfo odd :max inf :output low.txt) (get-all-rels odd a b :output rels.txt)
+(name-cluster-by-features odd :words (a)) (cmp-tripledb-entries odd a a)
+(echo)

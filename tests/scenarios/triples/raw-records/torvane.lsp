@@ -1,0 +1,11 @@
+; Copies of the raw records, whatever their ids mean in the other file, leave stores that work on.
+(make-tripledb one 7) (link-file one one.hdr rw) (populate-tripledb one one.txt one.deps)
+(make-tripledb two 7) (link-file two two.hdr rw) (populate-tripledb two two.txt two.deps)
+(make-tripledb memory 7) (merge-tripledbs memory one)
+(copy one one) (merge one two) (get-total-count one)
+(copy two one) (get-total-count two) (validate two)
+(dump two copied.txt) (dump-tripledb two rels.txt deps.txt)
+(merge one memory) (copy one memory) (merge memory one) (copy memory one) (validate one) (dump one merged.txt)
+(populate-tripledb one two.txt two.deps) (merge-tripledbs one two) (del-tripledb-entry one one.deps)
+(unlink-file one) (link-file one one.hdr) (validate one) (dump one last.txt)
+(echo done)
