@@ -5,9 +5,13 @@
 #include <string>
 
 #include "att/attributes.h"
+#include "att/offers.h"
 #include "lex/chart/lex_analyzer.h"
+#include "lex/chart/offers.h"
 #include "lex/lexicon/lexicon.h"
+#include "lex/lexicon/offers.h"
 #include "lexp/lexp.h"
+#include "lexp/offers.h"
 #include "parser/forms/parser_commands.h"
 #include "parser/torvane_parser.h"
 
@@ -23,12 +27,10 @@ class TestGrammar {
  public:
   /// The attributes that the tests use, a parser for sentences of these words, and the text.
   explicit TestGrammar(const std::string& text, const std::vector<const char*>& words = {}) {
-    register_attribute_types(world);
-    register_attribute_commands(world);
-    register_core_forms(world);
-    register_constant_forms(world);
-    register_lexicon_commands(world);
-    register_lex_analyzer_commands(world);
+    using namespace offers;
+    enter_all(world,
+              {&scalar_atts, &text_atts, &disjunction_atts, &list_atts, &trace_att, &att_commands,
+               &control_forms, &constants, &meaning, &lexicon_commands, &lex_analyzer_commands});
     register_parser_commands(world);
     register_init_attributes(world);
     world.interpreter.prompt = false;
