@@ -1,6 +1,7 @@
 // The process: one line of text in, its dependency tree out.
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 #include "engine/engine.h"
@@ -54,6 +55,11 @@ int run() {
 
 }  // namespace torvane
 
-int main() {
+// Arguments are for people; start-up files know of none.
+int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::cout << "torvane " TORVANE_VERSION "\n";
+    return EXIT_SUCCESS;
+  }
   return torvane::run_on_large_stack(torvane::kStackSize, torvane::run);
 }
