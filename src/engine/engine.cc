@@ -8,7 +8,7 @@ Engine::Engine() : Engine(World::Console::of_process()) {}
 
 Engine::Engine(const World::Console& console) : world_(console) {
   WorldScope here(world_);
-  for (const Registration& row : registrations()) row.enter(world_);
+  for (const Offer* offer : registrations()) offer->enter(world_);
 }
 
 void Engine::start(const char* data_dir) {

@@ -196,19 +196,4 @@ constexpr Prototype function(const char* name, const char* usage, const char* do
           }};
 }
 
-/// Enters a form at once, where a file has no table yet.
-template <class D>
-void register_form(World& world, const char* doc = nullptr, const char* name = D::kName) {
-  register_lexp(world, std::make_unique<D>(), name, doc);
-}
-template <class D>
-void register_pure_form(World& world, const char* doc = nullptr) {
-  register_lexp(world, within_input(std::make_unique<D>()), D::kName, doc);
-}
-template <auto fn>
-void register_function(World& world, const char* name, const char* doc = nullptr) {
-  Prototype row = function<fn>(name, nullptr, doc);
-  row.enter(world, row);
-}
-
 }  // namespace torvane

@@ -1,10 +1,9 @@
 // The commands by which a grammar file builds the network of the current parser.
 #include "parser/forms/att_names.h"
-#include "parser/forms/parser_commands.h"
+#include "parser/forms/offers.h"
 #include "parser/forms/positions.h"
 #include "parser/grammar/contract.h"
 #include "parser/parsing.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 
 namespace torvane {
@@ -225,7 +224,8 @@ constexpr Command kCommands[] = {
     {"conj-atts", conj_atts,
      "(conj-atts (att1 ... attn) (att1' ... attn')) the conjuncts must have identical values for "
      "att1 ... attn and consistent values of att1' ... attn'."},
-    {"def-conj-constraints", def_conj_constraints, nullptr},
+    {"def-conj-constraints", def_conj_constraints, nullptr,
+     "`(def-conj-constraints CATEGORY COMMAND ...)` commands for the link that joins conjuncts"},
     {"full-pitem-cond", set_category_cond<&GCate::_full_cond>,
      "(full-pitem-cond LExp) if a pitem satisfies this condition, it is considered to be complete "
      "and sent to parent nodes."},
@@ -252,18 +252,19 @@ constexpr Command kCommands[] = {
     {"dep-weight", dep_weight,
      "(dep-weight weight) assign a weight to a dependency relation (this command must be part of "
      "def-modifiers command)."},
-    {"percolate", percolate, nullptr},
-    {"block", block, nullptr},
+    {"percolate", percolate, nullptr,
+     "`(percolate (att ...))` the link copies exactly these attributes"},
+    {"block", block, nullptr, "`(block (att ...))` the link does not copy these attributes"},
     {"check-slash", check_slash,
      "(check-slash att1 att2) att1 and att2 are values of checker attribute"},
-    {"default-percolating-atts", default_percolating_atts, nullptr},
+    {"default-percolating-atts", default_percolating_atts, nullptr,
+     "`(default-percolating-atts (att ...))` the attributes that links copy unless they say "
+     "otherwise"},
     {"roots", roots, "(roots (CATEGORY1 COND1) (CATEGORY2 COND2) ...)"},
 };
 
 }  // namespace
 
-void register_grammar_commands(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::grammar_commands{kCommands};
 
 }  // namespace torvane

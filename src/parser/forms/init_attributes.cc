@@ -2,10 +2,9 @@
 #include <cstring>
 
 #include "att/attributes.h"
-#include "parser/forms/parser_commands.h"
+#include "parser/forms/offers.h"
 #include "parser/grammar/contract.h"
 #include "parser/parsing.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 #include "support/messages.h"
 
@@ -62,10 +61,13 @@ Value init_attributes(World& world, IRSlist*) {
   return Value();
 }
 
+constexpr Command kCommands[] = {
+    {"init-attributes", init_attributes, nullptr,
+     "`(init-attributes)` looks up the attributes of the type `syn` that the parser uses"},
+};
+
 }  // namespace
 
-void register_init_attributes(World& world) {
-  world.interpreter.define("init-attributes", init_attributes, nullptr);
-}
+constinit const Offer offers::init_attributes{kCommands};
 
 }  // namespace torvane

@@ -1,13 +1,12 @@
-#include "parser/forms/parser_commands.h"
-
+// The commands that parse a sentence, and those that show what the parser made of it.
 #include <chrono>
 #include <vector>
 
 #include "parser/forms/item_text.h"
+#include "parser/forms/offers.h"
 #include "parser/parsing.h"
 #include "parser/sentence_tree.h"
 #include "parser/torvane_parser.h"
-#include "shell/exec.h"
 #include "shell/world.h"
 #include "support/regexp.h"
 
@@ -133,18 +132,12 @@ constexpr Command kCommands[] = {
     {"pn", print_nodes, "(pn category)"},
     {"prlexitems", print_lexitems, "(prlexitems) print the lexical items."},
     {"li", print_lexitems, "(li) print the lexical items."},
-    {"debug-weight", set_debug_weight, nullptr},
+    {"debug-weight", set_debug_weight, nullptr,
+     "`(debug-weight 0 or 1)` shows the costs of dependencies on the error stream"},
 };
 
 }  // namespace
 
-void register_parser_commands(World& world) {
-  register_grammar_commands(world);
-  world.interpreter.define(kCommands);
-  register_parser_definition(world);
-  register_p_item_forms(world);
-  register_word_walk_forms(world);
-  register_lexitem_forms(world);
-}
+constinit const Offer offers::parser_commands{kCommands};
 
 }  // namespace torvane

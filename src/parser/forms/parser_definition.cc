@@ -8,11 +8,10 @@
 #include "att/text_atts.h"
 #include "deps/trees.h"
 #include "parser/forms/att_names.h"
-#include "parser/forms/parser_commands.h"
+#include "parser/forms/offers.h"
 #include "parser/grammar/contract.h"
 #include "parser/parsing.h"
 #include "parser/torvane_parser.h"
-#include "shell/exec.h"
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
@@ -142,8 +141,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-void register_parser_definition(World& world) {
-  world.interpreter.define(kCommands);
-}
+constinit const Offer offers::parser_definition{kCommands};
 
 }  // namespace torvane

@@ -4,7 +4,6 @@
 #include <sstream>
 #include <string>
 
-#include "att/attributes.h"
 #include "att/offers.h"
 #include "lex/chart/lex_analyzer.h"
 #include "lex/chart/offers.h"
@@ -12,8 +11,9 @@
 #include "lex/lexicon/offers.h"
 #include "lexp/lexp.h"
 #include "lexp/offers.h"
-#include "parser/forms/parser_commands.h"
+#include "parser/forms/offers.h"
 #include "parser/torvane_parser.h"
+#include "shell/world.h"
 
 namespace torvane {
 
@@ -28,11 +28,10 @@ class TestGrammar {
   /// The attributes that the tests use, a parser for sentences of these words, and the text.
   explicit TestGrammar(const std::string& text, const std::vector<const char*>& words = {}) {
     using namespace offers;
-    enter_all(world,
-              {&scalar_atts, &text_atts, &disjunction_atts, &list_atts, &trace_att, &att_commands,
-               &control_forms, &constants, &meaning, &lexicon_commands, &lex_analyzer_commands});
-    register_parser_commands(world);
-    register_init_attributes(world);
+    enter_all(world, {&scalar_atts, &text_atts, &disjunction_atts, &list_atts, &trace_att,
+                      &att_commands, &control_forms, &constants, &meaning, &lexicon_commands,
+                      &lex_analyzer_commands, &grammar_commands, &parser_definition, &pitem_forms,
+                      &word_walk_forms, &init_attributes});
     world.interpreter.prompt = false;
     world.interpreter.load_string(
         "(def-att-list syn (defattribute cat EnumAtt (allowable-values a c d i j n p v))"

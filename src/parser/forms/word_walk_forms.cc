@@ -1,6 +1,6 @@
 // The forms that look at the words of an item and around it, past the words that are skipped.
 #include "lexp/form.h"
-#include "parser/forms/parser_commands.h"
+#include "parser/forms/offers.h"
 #include "parser/torvane_parser.h"
 
 namespace torvane {
@@ -38,6 +38,7 @@ class Words {
 
 struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-head-word";
+  static constexpr const char* kUsage = "`(pitem-head-word [exp])` the item's words";
   Value step(PItem& item) const {
     LexAnalyzer* lex = Words(this->world(), item).lex();
     // Kept: head-word-is-all-words
@@ -47,6 +48,8 @@ struct PItemHeadWord : Adaptor<PItemHeadWord, PItem, Value, const char*> {
 
 struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char*> {
   static constexpr const char* kName = "pitem-preceding-word";
+  static constexpr const char* kUsage =
+      "`(pitem-preceding-word [exp])` the nearest word before the item that is not skipped";
   Value step(PItem& item) const {
     Words words(this->world(), item);
     return words.value(words.word(words.before(item._low)));
@@ -56,6 +59,8 @@ struct PItemPrecedingWord : Adaptor<PItemPrecedingWord, PItem, Value, const char
 /// The condition is the next step; it also says whether the last word of the item itself will do.
 struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
   static constexpr const char* kName = "pitem-following-word";
+  static constexpr const char* kUsage =
+      "`(pitem-following-word [:no-skip] [cond])` the next word that is not skipped";
   PItemFollowingWord() {
     in_type = type_id_of<PItem>();
     mid_type = type_id_of<const char*>();
@@ -107,6 +112,9 @@ struct WordForm : Form<D> {
 
 struct PItemFollowedByOrEndWithWord : WordForm<PItemFollowedByOrEndWithWord> {
   static constexpr const char* kName = "pitem-followed-by-or-end-with-word";
+  static constexpr const char* kUsage =
+      "`(pitem-followed-by-or-end-with-word [:no-skip] cond)` the item ends the sentence, or a "
+      "word at its end passes";
   bool apply(const PItem& item, const Words& words) const {
     // Kept: followed-by-end
     for (int i = item._high; i <= words.last(); ++i) {
@@ -120,6 +128,8 @@ struct PItemFollowedByOrEndWithWord : WordForm<PItemFollowedByOrEndWithWord> {
 
 struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
   static constexpr const char* kName = "include-following-word";
+  static constexpr const char* kUsage =
+      "`(include-following-word [cond])` the item takes in the next word";
   bool apply(PItem& item, const Words& words) const {
     int i = words.behind(item._high, false);
     // Kept: include-following-is-true
@@ -130,6 +140,8 @@ struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
 
 struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   static constexpr const char* kName = "include-preceding-word";
+  static constexpr const char* kUsage =
+      "`(include-preceding-word)` the item takes in the word before it";
   bool apply(PItem& item, const Words& words) const {
     int i = words.before(item._low);
     // Kept: include-preceding-unasked
@@ -138,15 +150,14 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   }
 };
 
+constexpr Prototype kForms[] = {
+    form<PItemHeadWord>(),        form<PItemPrecedingWord>(),
+    form<PItemFollowingWord>(),   form<PItemFollowedByOrEndWithWord>(),
+    form<IncludeFollowingWord>(), form<IncludePrecedingWord>(),
+};
+
 }  // namespace
 
-void register_word_walk_forms(World& world) {
-  register_form<PItemHeadWord>(world);
-  register_form<PItemPrecedingWord>(world);
-  register_form<PItemFollowingWord>(world);
-  register_form<PItemFollowedByOrEndWithWord>(world);
-  register_form<IncludeFollowingWord>(world);
-  register_form<IncludePrecedingWord>(world);
-}
+constinit const Offer offers::word_walk_forms{kForms};
 
 }  // namespace torvane
