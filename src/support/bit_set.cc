@@ -51,10 +51,7 @@ LBitSet::LBitSet(int nbits) {
 }
 
 LBitSet& LBitSet::operator=(const LBitSet& other) {
-  if (other.rep_) ++other.rep_->refcount;
-  drop();
-  rep_ = other.rep_;
-  return *this;
+  return *this = LBitSet(other);
 }
 
 LBitSet& LBitSet::operator=(LBitSet&& other) noexcept {
