@@ -103,7 +103,9 @@ void AttVec::operator delete(void* block, std::size_t bytes) {
   BlockPool::give(block, BlockPool::words_for(bytes));
 }
 
-// Vectors nest as deep as a grammar lets them grow, far deeper than the stack.
+// Vectors nest as deep as a grammar lets them grow, far deeper than the stack: below a certain
+// depth they wait until the outer ones are freed. Depth and list are a thread's own, since they
+// limit the use of its stack.
 void AttVec::destroy(AttVec* vec) {
   constexpr int kMostNested = 100;
   static thread_local int depth = 0;

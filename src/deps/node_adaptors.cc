@@ -8,7 +8,6 @@
 #include "deps/node_extent.h"
 #include "deps/offers.h"
 #include "deps/props.h"
-#include "lexp/scratch_text.h"
 
 namespace torvane {
 
@@ -162,13 +161,12 @@ struct NameOfDependency : DepTreeComponent<D, Text> {
   Value component(DepTree& node) const {
     const DepTree* parent = node.parent();
     if (!parent || !node._rel) return Value();
-    ScratchText text;
-    text.add(name_part(parent->_cat));
-    text.add(D::kJoin);
-    text.add(node._rel);
-    text.add(':');
-    text.add(name_part(node._cat));
-    return Value::made_text(text.view());
+    std::string text(name_part(parent->_cat));
+    text += D::kJoin;
+    text += node._rel;
+    text += ':';
+    text += name_part(node._cat);
+    return Value::made_text(text);
   }
 };
 

@@ -10,14 +10,14 @@ bool RSTree::can_take(const RSTree* child) const {
 }
 
 void RSTree::insert_behind(Cell* cell, RSTree* child) {
-  ++edits_;
+  ++lifetimes().tree_edits;
   child->_parent = this;
   ++child->places_;
   List::insert_after(cell, child);
 }
 
 void RSTree::remove_behind(Cell* before) {
-  ++edits_;
+  ++lifetimes().tree_edits;
   RSTree* child = value_of(before->next);
   if (--child->places_ == 0) child->_parent = nullptr;
   remove_after(before);
@@ -109,7 +109,7 @@ bool RSTree::is_ancestor_of(const RSTree* node) const {
 }
 
 void RSTree::unlink_all() {
-  ++edits_;
+  ++lifetimes().tree_edits;
   clear();
   _parent = nullptr;
   places_ = 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "support/lifetime.h"
 #include "support/slist.h"
 #include "support/value.h"
 
@@ -77,8 +78,8 @@ class RSTree : protected RSlist<RSTree> {
 
   /// The cell of a child; null if it is none. O(1) for the last one.
   Cell* cell_of(const RSTree* child) const;
-  /// Grows with every change of any tree.
-  static std::uint64_t edits() { return edits_; }
+  /// Grows with every change of any tree of the world that runs.
+  static std::uint64_t edits() { return lifetimes().tree_edits; }
 
  protected:
   /// Behind the cell (null: in front); the caller has tested the child.
@@ -93,7 +94,6 @@ class RSTree : protected RSlist<RSTree> {
   void remove_behind(Cell* before);
 
   std::int32_t places_ = 0;  // how often the parent lists this node
-  static inline constinit thread_local std::uint64_t edits_ = 0;
 };
 
 namespace tags {

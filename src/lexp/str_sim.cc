@@ -1,6 +1,7 @@
 // How alike two words are, by the trigrams that they share.
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -35,18 +36,21 @@ Trigrams make_trigrams(std::string_view word) {
   return all;
 }
 
-// Each word's trigrams are made once in a thread.
-const Trigrams& trigrams(std::string_view word) {
-  static thread_local std::unordered_map<std::string, Trigrams, BytesHash, std::equal_to<>> cache;
-  auto place = cache.find(word);
-  if (place == cache.end()) place = cache.emplace(word, make_trigrams(word)).first;
-  return place->second;
-}
+// Makes each word's trigrams once.
+class TrigramCache {
+ public:
+  const Trigrams& of(std::string_view word) {
+    auto place = made_.find(word);
+    if (place == made_.end()) place = made_.emplace(word, make_trigrams(word)).first;
+    return place->second;
+  }
+
+ private:
+  std::unordered_map<std::string, Trigrams, BytesHash, std::equal_to<>> made_;
+};
 
 // The Dice coefficient on the trigrams of two words, from 0 to 1000.
-int trigram_similarity(const char* a, const char* b) {
-  const Trigrams& left = trigrams(a);
-  const Trigrams& right = trigrams(b);
+int trigram_similarity(const Trigrams& left, const Trigrams& right) {
   float shared = 0;
   float total = 0;
   auto x = left.begin();
@@ -72,8 +76,12 @@ class StrSim : public Form<StrSim, BinaryFunc> {
     const char* left = a.eval(input, type).text();
     const char* right = b.eval(input, type).text();
     if (!left || !right) return Value::integer(!left && !right ? 1000 : 0);
-    return Value::integer(trigram_similarity(left, right));
+    return Value::integer(trigram_similarity(trigrams_->of(left), trigrams_->of(right)));
   }
+
+ private:
+  // Shared by all forms of a world, since they are copies of one.
+  std::shared_ptr<TrigramCache> trigrams_ = std::make_shared<TrigramCache>();
 };
 
 constexpr Prototype kForms[] = {

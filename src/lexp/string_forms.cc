@@ -5,13 +5,19 @@
 
 #include "lexp/form.h"
 #include "lexp/offers.h"
-#include "lexp/scratch_text.h"
 #include "support/stemmer.h"
 #include "support/text.h"
 
 namespace torvane {
 
 namespace {
+
+// The rest of a text from `rest` on, with the life of the whole.
+Value rest_of_text(Value whole, const char* rest) {
+  const TypeTag* tag = whole.tag();
+  bool by_start = tag == &tags::name || tag == &tags::held_text;
+  return Value::of_text(rest, by_start ? tags::buffer_text : *tag);
+}
 
 bool same_letter(char a, char b) {
   return lower(a) == lower(b);
@@ -31,10 +37,9 @@ class InverseStr : public TextAdaptor<InverseStr> {
   static constexpr const char* kName = "inverse";
   static constexpr const char* kUsage = "`(inverse [exp])` the text reversed";
   Value step(const char* text, Value) {
-    ScratchText reversed;
-    reversed.add(text);
-    std::reverse(reversed.data(), reversed.data() + reversed.view().size());
-    return Value::made_text(reversed.view());
+    std::string reversed = text;
+    std::reverse(reversed.begin(), reversed.end());
+    return Value::made_text(reversed);
   }
 };
 
@@ -44,10 +49,8 @@ class StemWord : public TextAdaptor<StemWord> {
   static constexpr const char* kName = "stem-word";
   static constexpr const char* kUsage = "`(stem-word [exp])` the stem of an English word";
   Value step(const char* text, Value input) {
-    ScratchText word;
-    word.add(text);
-    word.add('\0');
-    return stem(word.data()) ? Value::made_text(word.data()) : input;
+    std::string word = text;
+    return stem(word.data()) ? Value::made_text(word.c_str()) : input;
   }
 };
 
@@ -73,16 +76,16 @@ class RemovePunc : public TextAdaptor<RemovePunc> {
   static constexpr const char* kUsage =
       "`(remove-punc [exp])` the text without punctuation but \"-\", and without a clitic";
   Value step(const char* text, Value) {
-    ScratchText kept;
+    std::string kept;
     bool in_word = false;
     for (; *text; ++text) {
       // Kept: remove-punc-cuts
       if (*text == '\'' && in_word) break;
       if (is_punct(*text) && *text != '-') continue;
-      kept.add(*text);
+      kept += *text;
       in_word = !is_space(*text);
     }
-    return Value::made_text(kept.view());
+    return Value::made_text(kept);
   }
 };
 
@@ -99,11 +102,11 @@ class RemoveChar : public TextAdaptor<RemoveChar> {
   }
   Value step(const char* text, Value) {
     if (!given_) return Value();
-    ScratchText kept;
+    std::string kept;
     for (; *text; ++text) {
-      if (chars_.find(*text) == std::string::npos) kept.add(*text);
+      if (chars_.find(*text) == std::string::npos) kept += *text;
     }
-    return Value::made_text(kept.view());
+    return Value::made_text(kept);
   }
 
  private:
@@ -264,15 +267,15 @@ class FormatStr : public Form<FormatStr> {
     }
   }
   Value eval(Value input, int type) override {
-    ScratchText joined;
+    std::string joined;
     for (const Part& part : parts_) {
       if (part.is_literal) {
-        joined.add(part.literal);
+        joined += part.literal;
       } else if (const char* text = part.exp.eval(input, type).text()) {
-        joined.add(text);
+        joined += text;
       }
     }
-    return Value::made_text(joined.view());
+    return Value::made_text(joined);
   }
 
  private:

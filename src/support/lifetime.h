@@ -70,6 +70,9 @@ class Lifetimes {
   /// What ends a thing when its time has come.
   using End = void (*)(std::intptr_t word);
 
+  /// How many edits the trees that live here had: a walk asks whether there were more.
+  std::uint64_t tree_edits = 0;
+
   /// The moment. Whoever is born remembers it.
   std::uint64_t now() const { return clock_; }
   /// A copy of a text, until the turn in hand ends.

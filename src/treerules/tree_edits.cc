@@ -82,9 +82,9 @@ Value append_node(TreeMatch* match, RSTree* node, RSTree* parent) {
   return Value();
 }
 
-Value detach_node(TreeMatch* match, RSTree* node) {
+Value detach_node(World& world, TreeMatch* match, RSTree* node) {
   if (!node || !node->_parent) return Value::of(node);
-  if (is_match_root(match, node)) remove_from_walk(node);
+  if (is_match_root(match, node)) remove_from_walk(world, node);
   if (node->_parent) node->detach();
   return Value::of(node);
 }

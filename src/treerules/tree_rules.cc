@@ -9,6 +9,7 @@
 #include "deps/tree_walk.h"
 #include "lexp/expressions.h"
 #include "lexp/variables.h"
+#include "shell/world.h"
 #include "support/messages.h"
 #include "support/text.h"
 #include "treerules/tree_patterns.h"
@@ -18,23 +19,31 @@ namespace {
 
 /// The walk whose action runs, and where it stands. Rules that an action runs have walks of their
 /// own, after which the outer one counts again.
-class CurrentIterator {
+class CurrentWalk : public WorldPart {
  public:
-  CurrentIterator(Iterator& walk, RSTree* node) : outer_(std::exchange(current, {&walk, node})) {}
-  ~CurrentIterator() { current = outer_; }
-  CurrentIterator(const CurrentIterator&) = delete;
-  CurrentIterator& operator=(const CurrentIterator&) = delete;
+  static constexpr Place kPlace = treerules;
 
-  struct Place {
+  struct Standing {
     Iterator* walk = nullptr;
     RSTree* node = nullptr;
   };
-  static thread_local Place current;
+  Standing standing;
+};
+
+/// Makes a walk the current one while it lives.
+class StandOn {
+ public:
+  StandOn(World& world, Iterator& walk, RSTree* node)
+      : current_(world.part<CurrentWalk>()),
+        outer_(std::exchange(current_.standing, {&walk, node})) {}
+  ~StandOn() { current_.standing = outer_; }
+  StandOn(const StandOn&) = delete;
+  StandOn& operator=(const StandOn&) = delete;
 
  private:
-  Place outer_;
+  CurrentWalk& current_;
+  CurrentWalk::Standing outer_;
 };
-thread_local CurrentIterator::Place CurrentIterator::current;
 
 /// What a rule's expressions declare is the rule's own.
 class VariableScope {
@@ -74,6 +83,9 @@ class StructuralRule : public TreeRule {
  protected:
   template <class Walk>
   void run(RSTree* tree);
+
+ private:
+  World* world_ = nullptr;
 };
 
 /// A node after its children.
@@ -113,6 +125,7 @@ class FlatRule : public TreeRule {
 };
 
 void StructuralRule::init(World& world, IRSlist* args) {
+  world_ = &world;
   TreeRule::init(world, args);
   VariableScope scope(world);
   cond = make_condition(world, args->nth(0));
@@ -127,7 +140,7 @@ void StructuralRule::run(RSTree* tree) {
     MatchScope matches;
     Value match = cond.eval(Value::of(node), type_id_of<RSTree>());
     if (!match.as<TreeMatch>()) continue;
-    CurrentIterator current(walk, node);
+    StandOn current(*world_, walk, node);
     if (action.eval(match, type_id_of<TreeMatch>()) && shallow) walk.skip();
     round.next();
   }
@@ -234,8 +247,8 @@ void FlatRule::apply(RSTree* tree) {
 
 }  // namespace
 
-void remove_from_walk(RSTree* node) {
-  auto& current = CurrentIterator::current;
+void remove_from_walk(World& world, RSTree* node) {
+  const CurrentWalk::Standing& current = world.part<CurrentWalk>().standing;
   if (current.walk && current.node == node) current.walk->remove();
 }
 

@@ -33,6 +33,6 @@ std::unique_ptr<TreeRule> make_tree_rule(World& world, IRSlist* form);
 
 /// Takes a node out of its tree by the walk of the rule whose action runs, if the walk stands on
 /// it; does nothing otherwise.
-void remove_from_walk(RSTree* node);
+void remove_from_walk(World& world, RSTree* node);
 
 }  // namespace torvane

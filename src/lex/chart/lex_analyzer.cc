@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "lex/lexicon/lexical.h"
 #include "shell/world.h"
 #include "support/messages.h"
 
@@ -129,7 +128,6 @@ void LexAnalyzer::analyze() {
   if (pos_marker)
     for (int i = 1; i <= last_position(); ++i)
       if (pos_tags.at_or_zero(i)) prune_by_tag(i);
-  if (lexical(world()).debug) print(world().out());
   analyzing = false;
 }
 

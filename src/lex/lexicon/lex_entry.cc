@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "lex/lexicon/lexical.h"
 #include "lex/lexicon/offers.h"
+#include "shell/world.h"
 #include "support/messages.h"
 
 namespace torvane {
@@ -15,13 +15,21 @@ constexpr int kFewPhrases = 32;
 
 constexpr int kMostPhraseWords = 255;
 
+/// The entry whose meanings are being read in a world: where `phrases` adds to.
+class EntryInReading : public WorldPart {
+ public:
+  static constexpr Place kPlace = lex;
+
+  LexEntry* entry = nullptr;
+};
+
 /// Works by side effect: its forms are the phrases of the entry that is being read.
 class PhraseMeaning : public Meaning {
  public:
   const char* type() const override { return "phrases"; }
   std::unique_ptr<Meaning> clone() const override { return std::make_unique<PhraseMeaning>(); }
   std::unique_ptr<Meaning> make(World& world, IRSlist* form) const override {
-    LexEntry* current_entry = lexical(world).current_entry;
+    LexEntry* current_entry = world.part<EntryInReading>().entry;
     if (!current_entry) return nullptr;
     for (const IRSlist* item : form->items) {
       Heading heading = parse_heading(*item);
@@ -111,7 +119,7 @@ bool LexEntry::has_phrase(const std::string& phrase_key) {
 }
 
 CurrentEntry::CurrentEntry(World& world, LexEntry* entry)
-    : current_(lexical(world).current_entry), outer_(std::exchange(current_, entry)) {}
+    : current_(world.part<EntryInReading>().entry), outer_(std::exchange(current_, entry)) {}
 
 CurrentEntry::~CurrentEntry() {
   current_ = outer_;

@@ -1,8 +1,8 @@
 #include "lex/rules/abbreviations.h"
 
 #include <algorithm>
+#include <iterator>
 
-#include "lex/lexicon/lexical.h"
 #include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
@@ -15,13 +15,14 @@ namespace {
 // How far a spelled-out name reaches from the abbreviation.
 constexpr int kMostWords = 10;
 
-bool may_be_passed_over(World& world, const char* word) {
-  ExpPtr& small_word = lexical(world).small_word;
-  if (!small_word)
-    small_word = LExp::get_exp_from_text(
-        world, "(in (about among as at but by for from in into of off on out to up with -))");
-  return small_word &&
-         holds(*small_word.get(), Value::buffer_text(word), type_id_of<const char*>());
+// What a spelled-out name may pass over.
+constexpr const char* kSmallWords[] = {"about", "among", "as", "at",   "but",  "by",
+                                       "for",   "from",  "in", "into", "of",   "off",
+                                       "on",    "out",   "to", "up",   "with", "-"};
+
+bool may_be_passed_over(const char* word) {
+  return std::any_of(std::begin(kSmallWords), std::end(kSmallWords),
+                     [word](const char* small) { return same_word(word, small); });
 }
 
 std::string letters_of(const char* abbreviation) {
@@ -64,13 +65,13 @@ class SpellWalk {
   std::vector<bool> used_;
 };
 
-bool spells(World& world, const std::vector<const char*>& words, std::size_t first,
-            std::size_t count, const std::string& letters, SpelledAt side) {
+bool spells(const std::vector<const char*>& words, std::size_t first, std::size_t count,
+            const std::string& letters, SpelledAt side) {
   SpellWalk walk(letters);
   std::size_t far = side == SpelledAt::end ? 0 : count - 1;
   for (std::size_t i = 0; i < count; ++i) {
     const char* word = words[first + i];
-    walk.step(word, i != far && may_be_passed_over(world, word));
+    walk.step(word, i != far && may_be_passed_over(word));
   }
   return walk.all_used();
 }
@@ -116,7 +117,7 @@ LexItem* abbrev_def(Match* match, Meaning* meaning) {
   const char* abbreviation = chart.word(p + 1);
   if (!abbreviation || match->high < p + 1 || match->high > chart.last_position()) return nullptr;
   auto words = words_between(chart, std::max(1, p - kMostWords), p - 1);
-  int k = spelled_out(chart.world(), words, abbreviation, SpelledAt::end);
+  int k = spelled_out(words, abbreviation, SpelledAt::end);
   if (k == 0) return nullptr;
   return make_definition(chart, {p - k, match->high, p - k, p - 1, p + 1, p - 1}, meaning);
 }
@@ -129,7 +130,7 @@ LexItem* abbrev_with_def(Match* match, Meaning* meaning) {
   const char* abbreviation = chart.word(p - 1);
   if (!abbreviation || match->low > p - 1 || match->low < 1) return nullptr;
   auto words = words_between(chart, p + 1, std::min(chart.last_position(), p + kMostWords));
-  int k = spelled_out(chart.world(), words, abbreviation, SpelledAt::start);
+  int k = spelled_out(words, abbreviation, SpelledAt::start);
   if (k == 0) return nullptr;
   return make_definition(chart, {match->low, p + k, p + 1, p + k, p - 1, p + k}, meaning);
 }
@@ -144,13 +145,12 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-int spelled_out(World& world, const std::vector<const char*>& words, const char* abbreviation,
-                SpelledAt side) {
+int spelled_out(const std::vector<const char*>& words, const char* abbreviation, SpelledAt side) {
   std::string letters = letters_of(abbreviation);
   if (letters.empty()) return 0;
   for (std::size_t count = words.size(); count > 0; --count) {
     std::size_t first = side == SpelledAt::end ? words.size() - count : 0;
-    if (spells(world, words, first, count, letters, side)) return static_cast<int>(count);
+    if (spells(words, first, count, letters, side)) return static_cast<int>(count);
   }
   return 0;
 }

@@ -24,11 +24,13 @@ constexpr const char* kKind = "llrule";
 // One side of a context as a sequence; null for an empty side.
 std::unique_ptr<LPattern> make_side(World& world, IRSlist& side) {
   if (side.empty()) return nullptr;
-  static char head[] = "seq";
+  char head[] = "seq";
   auto atom = std::make_unique<IRSlist>();
   atom->atom = head;
   side.push_front(std::move(atom));
-  return make_pattern(world, &side);
+  std::unique_ptr<LPattern> pattern = make_pattern(world, &side);
+  side.clear();  // no atom outlives its text
+  return pattern;
 }
 
 }  // namespace
