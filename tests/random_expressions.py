@@ -15,13 +15,14 @@ import os
 import pathlib
 import random
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
 TIMEOUT = float(os.environ.get("SCENARIO_TIMEOUT", "60"))
-BASE = pathlib.Path(__file__).resolve().parent / "scenarios" / "results" / "base.lsp"
+SCENARIOS = pathlib.Path(__file__).resolve().parent / "scenarios"
 # Leaks are not looked for: a list that a variable holds may come to hold itself.
 ENVIRONMENT = {"ASAN_OPTIONS": "exitcode=99:detect_leaks=0", "UBSAN_OPTIONS": "exitcode=99:print_stacktrace=1", **os.environ}
 
@@ -61,7 +62,8 @@ def read_forms(page):
 def run(program, folder, text):
     (folder / "torvane.lsp").write_text(text)
     (folder / "sentense.dat").write_text("the boy sleep\n")
-    (folder / "base.lsp").write_bytes(BASE.read_bytes())
+    for shared in ("syn.lsp", "results/base.lsp"):
+        shutil.copy(SCENARIOS / shared, folder)
     (folder / "store.hdr").write_text("store.db 64 2 strcasecmp\n")
     (folder / "counts.txt").write_text("boy\t \tfreq\t3\nsee\t \tfreq\t4\n")
     try:

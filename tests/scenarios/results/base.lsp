@@ -1,15 +1,5 @@
 ; What the cases share: attributes, words, and a parser over a small network.
-(def-att-list syn
-  (defattribute args ListAtt) (defattribute cm BinAtt)
-  (defattribute cat EnumAtt (allowable-values a c d i j n p v))
-  (defattribute cform StrAtt) (defattribute check DisjAtt (allowable-values wh np))
-  (defattribute control BinAtt) (defattribute govern BinAtt) (defattribute guest BinAtt)
-  (defattribute head_final BinAtt) (defattribute last_conj BinAtt) (defattribute lexitem EntAtt)
-  (defattribute move ListAtt) (defattribute node StrAtt) (defattribute opt BinAtt)
-  (defattribute pform StrAtt) (defattribute rare BinAtt) (defattribute ref StrAtt)
-  (defattribute role StrAtt) (defattribute slash DisjAtt (allowable-values wh np))
-  (defattribute trace TraceAtt) (defattribute num EnumAtt (allowable-values sg pl)))
-(make-avmeaning-proto syn avm)
+(load syn.lsp)
 (make-lexicon words 101)
 (lex words
   (the (avm ((cat d)))) (big (avm ((cat a)))) (old (avm ((cat a)))) (in (avm ((cat p) (pform in))))
