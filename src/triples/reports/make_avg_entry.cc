@@ -27,6 +27,7 @@ std::vector<TripleDbInfo*> find_members(World& world, TripleDb& db, const IRSlis
 bool is_satisfied(const ExpPtr& condition, const std::vector<SharedFeature>& features) {
   if (!condition) return true;
   std::vector<std::string> words;
+  words.reserve(features.size());
   for (const SharedFeature& feature : features) words.emplace_back(feature.word);
   return std::any_of(words.begin(), words.end(), [&](const std::string& word) {
     return passes(condition, Value::buffer_text(word.c_str()), type_id_of<const char*>());
