@@ -242,7 +242,8 @@ bool QFile::fit_record(std::uint32_t pos, std::uint32_t size, RecordHeader& hdr,
   std::int64_t excess =
       std::int64_t{size} + RecordHeader::kBytes - static_cast<std::int64_t>(extent);
   if (hdr.contiguous() && excess <= 0) return true;
-  if (extent < 2 * (RecordHeader::kBytes + OverflowRef::kBytes)) return complain_of_record();
+  if (extent < std::uint64_t{2} * (RecordHeader::kBytes + OverflowRef::kBytes))
+    return complain_of_record();
   if (hdr.contiguous())
     return alloc_overflow(static_cast<std::uint64_t>(excess) + OverflowRef::kBytes, hdr, ovf);
   auto ref_pos = static_cast<std::uint32_t>(pos + extent - OverflowRef::kBytes);

@@ -10,7 +10,7 @@ namespace torvane {
 namespace {
 
 // What must be left for the calls between two guards and for the way out.
-constexpr std::size_t kReserve = (kAddressSanitizer ? 3 : 2) * 1024 * 1024;
+constexpr std::size_t kReserve = std::size_t{kAddressSanitizer ? 3 : 2} << 20;
 
 std::uintptr_t find_floor() {
   pthread_attr_t attributes;

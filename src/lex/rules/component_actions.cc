@@ -28,6 +28,8 @@ LexItem* add_component(Match* match, LexItem* item, LexItem* part, const char* r
 
 // The longest of the fitting items that end at a position and start in the span.
 LexItem* longest_ending(const LexAnalyzer& chart, int end, Word low, Value cond) {
+  // A copy, since a condition may change the chart.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const Slist<LexItem*> items = chart.ending_at(end);
   LexItem* longest = nullptr;
   for (LexItem* item : items) {

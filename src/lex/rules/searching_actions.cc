@@ -12,7 +12,9 @@ namespace {
 // How many end positions a covering item is looked for at.
 constexpr int kCoveringReach = 7;
 
+// Of a copy, since a test may change the chart.
 template <class Test>
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 LexItem* first_where(Slist<LexItem*> items, Test test) {
   for (LexItem* item : items)
     if (test(item)) return item;
