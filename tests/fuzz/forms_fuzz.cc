@@ -1,6 +1,7 @@
 // Forms from any bytes, and back: what is written must read as it was.
 #include "fuzz_input.h"
 #include "shell/irslist.h"
+#include "shell/tokenizer.h"
 
 namespace torvane {
 
