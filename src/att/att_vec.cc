@@ -258,7 +258,8 @@ inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, 
 
 // The attributes `bits` of word w. The binary ones are one operation, but what stands behind the
 // first failure in index order must stay as it is.
-inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, bool store) {
+template <bool store>
+inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits) {
   const std::uint32_t mine = defined.word(w);
   const std::uint32_t binary = bits & interpreters->binary_atts.word(w);
   const std::uint32_t clash = binary & mine & (bin_values.word(w) ^ other.bin_values.word(w));
@@ -285,6 +286,15 @@ inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits, b
   return ok;
 }
 
+template <bool store>
+inline bool AttVec::unify_words(const AttVec& other, const LBitSet* mask) {
+  for (int w = 0; w < other.defined.word_count(); ++w) {
+    std::uint32_t bits = masked(other.defined, mask, w);
+    if (bits && !unify_word<store>(other, w, bits)) return false;
+  }
+  return true;
+}
+
 // Kept: failed-unify-stays
 bool AttVec::unify(const AttVec& other, const LBitSet* mask, bool store) {
   if (interpreters != other.interpreters || !interpreters) return nothing_in(other.defined, mask);
@@ -292,12 +302,9 @@ bool AttVec::unify(const AttVec& other, const LBitSet* mask, bool store) {
     if (this != &other) take_values(other);
     return true;
   }
+  if (!store) return unify_words<false>(other, mask);
   Hold hold(other);
-  for (int w = 0; w < other.defined.word_count(); ++w) {
-    std::uint32_t bits = masked(other.defined, mask, w);
-    if (bits && !unify_word(other, w, bits, store)) return false;
-  }
-  return true;
+  return unify_words<true>(other, mask);
 }
 
 // Visits what `other` defines (within the mask); nothing if the types differ.

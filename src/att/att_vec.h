@@ -128,7 +128,10 @@ class AttVec : public Counted<AttVec> {
 
  private:
   AttWord word_at(const AttSlot& slot) const;
-  bool unify_word(const AttVec& other, int w, std::uint32_t bits, bool store);
+  template <bool store>
+  bool unify_words(const AttVec& other, const LBitSet* mask);
+  template <bool store>
+  bool unify_word(const AttVec& other, int w, std::uint32_t bits);
   bool unify_slot(const AttVec& other, int index, bool is_defined, bool store);
   template <class T>
   T* own_value(int index, Holds what);

@@ -84,15 +84,16 @@ Value SBnd::eval(Value input, int input_type) {
   const char* text = input.text();
   // A condition could lead back here through a defined function.
   if (!text || _states.empty() || stepping_) return Value::integer(kNoBoundary);
+  std::string_view token = text;
   stepping_ = true;
-  copy_ = Value::made_text(text);
-  int result = step(text);
+  copy_ = Value::made_text(token);
+  int result = step(token);
   stepping_ = false;
   return Value::integer(result);
 }
 
 // A token that ends a failed run is tried once more, since it may begin a new one.
-int SBnd::step(const std::string& token) {
+int SBnd::step(std::string_view token) {
   _token = token;
   ++_token_count;
   if (_filter && !holds(_filter)) return kNoBoundary;

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "lexp/form.h"
@@ -56,7 +57,7 @@ class SBnd : public Form<SBnd> {
 
   static bool read_marker(const char* text, Marker& marker);
   void read_state(World& world, IRSlist& form, Marker marker);
-  int step(const std::string& token);
+  int step(std::string_view token);
   std::optional<int> try_token();
   std::optional<int> step_in_bracket(State& state);
   void go_to(int s);

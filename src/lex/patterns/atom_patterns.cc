@@ -124,6 +124,7 @@ class CollectLexItems : public PatternOf<CollectLexItems, AtomicPat> {
     LexAnalyzer& chart = run.analyzer;
     int last = chart.last_position();
     std::vector<Ref<Match>> parts;
+    parts.reserve(static_cast<std::size_t>(std::max(last, 0)));
     for (int i = last; i >= 1; --i) {
       const Slist<LexItem*> items = chart.ending_at(i);
       for (LexItem* item : items) {

@@ -1,6 +1,8 @@
 #include "lex/patterns/match.h"
 
 #include <algorithm>
+#include <climits>
+#include <numeric>
 #include <utility>
 
 namespace torvane {
@@ -44,12 +46,7 @@ void Match::destroy(Match* match) {
 }
 
 Ref<Match> Match::make(LexAnalyzer* in, int from, int to, LexItem* about) {
-  Match* match = new Match;
-  match->analyzer = in;
-  match->low = from;
-  match->high = to;
-  match->item = about;
-  return Ref<Match>(match);
+  return Ref<Match>(new Match(in, from, to, about));
 }
 
 Ref<Match> Match::empty_at(LexAnalyzer* in, Anchor anchor, int pos) {
@@ -134,13 +131,37 @@ bool MatchList::has_span(int low, int high) const {
                      [=](const Ref<Match>& m) { return m->low == low && m->high == high; });
 }
 
+// By counting, since many matches start at few places.
+void MatchList::sort_by_start() {
+  int first = INT_MAX;
+  int last = INT_MIN;
+  for (const Ref<Match>& match : matches_) {
+    if (match->is_empty()) continue;
+    first = std::min(first, match->low);
+    last = std::max(last, match->low);
+  }
+  auto place = [=](const Match& m) {
+    return static_cast<std::size_t>(m.is_empty() ? last - first + 1 : m.low - first);
+  };
+  std::vector<std::size_t> next(static_cast<std::size_t>(last - first) + 3);
+  for (const Ref<Match>& match : matches_) ++next[place(*match) + 1];
+  std::partial_sum(next.begin(), next.end(), next.begin());
+  std::vector<Ref<Match>> sorted = SpareStorage::take();
+  sorted.resize(matches_.size());
+  for (Ref<Match>& match : matches_) sorted[next[place(*match)]++].swap(match);
+  matches_.swap(sorted);
+  sorted.clear();
+  SpareStorage::give(std::move(sorted));
+}
+
 void MatchList::finish() {
   if (!std::is_sorted(begin(), end(), before)) {
     if (matches_.size() <= kFewMatches) {
-      for (auto i = matches_.begin(); i != matches_.end(); ++i)
-        std::rotate(std::upper_bound(matches_.begin(), i, *i, before), i, i + 1);
+      for (auto i = matches_.begin() + 1; i != matches_.end(); ++i)
+        if (before(*i, i[-1]))
+          std::rotate(std::upper_bound(matches_.begin(), i, *i, before), i, i + 1);
     } else {
-      std::stable_sort(matches_.begin(), matches_.end(), before);
+      sort_by_start();
     }
   }
   if (keep_ == Keep::all) return;
