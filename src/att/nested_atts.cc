@@ -1,6 +1,7 @@
 // What nested attributes share: facets, printing, and the attribute of one vector.
 #include "att/nested_atts.h"
 
+#include <bit>
 #include <sstream>
 
 #include "att/attribute_type.h"
@@ -42,6 +43,48 @@ void print_vectors(std::ostream& out, const AttVec& vec, const char* before) {
   vec.print(out);
 }
 
+namespace {
+
+// A value that is unified with itself stays as it is, but for the traces in it, to which their own
+// records are added. Traces stand in displaced constituents, so that few vectors tell; aliases that
+// use one another can be as a tree of any size, but have none.
+constexpr int kMostLookedAt = 1000;
+
+bool has_trace(const AttVecList& list, int& left);
+
+bool has_trace(const AttVec& vec, int& left) {
+  if (--left < 0 || !vec.interpreters) return false;
+  const AttInterpreterList& type = *vec.interpreters;
+  for (int w = 0; w < vec.defined.word_count(); ++w)
+    for (std::uint32_t bits = vec.defined.word(w) & type.counted_atts.word(w); bits;
+         bits &= bits - 1) {
+      const int index = w * 32 + std::countr_zero(bits);
+      const AttWord value = vec.get(index);
+      if (!value) continue;
+      const Holds holds = type.slots[index].holds;
+      if (holds == Holds::trace) return true;
+      if (holds == Holds::vec && has_trace(*reinterpret_cast<const AttVec*>(value), left))
+        return true;
+      if (holds == Holds::list && has_trace(*reinterpret_cast<const AttVecList*>(value), left))
+        return true;
+    }
+  return false;
+}
+
+bool has_trace(const AttVecList& list, int& left) {
+  for (const Ref<AttVec>& vec : list.vecs)
+    if (vec && has_trace(*vec, left)) return true;
+  return false;
+}
+
+template <class T>
+bool grows_by_itself(const T& value) {
+  int left = kMostLookedAt;
+  return has_trace(value, left);
+}
+
+}  // namespace
+
 template <class D, class Base>
 void NestedAtt<D, Base>::generalize(AttVec* a, const AttVec* b) const {
   AttWord mine = a->get(this->index), theirs = b->get(this->index);
@@ -60,7 +103,7 @@ void NestedAtt<D, Base>::subtract(AttVec* a, const AttVec* b) const {
 template <class D, class Base>
 bool NestedAtt<D, Base>::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (auto known = this->unify_outside(vec, at, value, store)) return *known;
-  if (value == this->get(vec)) return true;
+  if (value == this->get(vec) && !(store && grows_by_itself(*this->object(value)))) return true;
   NestingGuard guard;
   return guard && derived().unify_with(vec, at, *this->object(value), store);
 }

@@ -62,7 +62,6 @@ class CountedAtt : public LongVAtt {
 template <class T>
 class ComplexAtt : public CountedAtt<T> {
  public:
-  ComplexAtt() { this->plain = true; }
   void init(World& world, IRSlist* facets) override;
   void print(std::ostream& out, const AttVec* vec) const override;
 

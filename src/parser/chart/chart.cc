@@ -49,8 +49,9 @@ Chart::Items* Chart::new_cell(int column, int word_index) {
   auto index = static_cast<std::size_t>(word_index);
   if (index >= rows_.size()) rows_.resize(index + 1);
   Row& row = rows_[index];
-  // A row that is too narrow is of an earlier sentence, and empty.
-  if (column >= row.columns) {
+  // The network is as it is while a sentence is parsed: a row that is too narrow is of an earlier
+  // one, and empty.
+  if (row.columns < grammar_.column_count()) {
     row.columns = grammar_.column_count() + kSpareColumns;
     row.cells = std::make_unique<Items[]>(static_cast<std::size_t>(row.columns));
   }

@@ -83,5 +83,20 @@ TEST(Merge, AnAdjunctGoesBelowTheHeadAsAGuest) {
   EXPECT_EQ(merged->_head_child->_head_child, verb);
 }
 
+// Not even where both share the list already: each unification adds the records once more.
+TEST(Merge, TracesGrowWhenTheyMeetThemselves) {
+  TestGrammar made("(def-category V)");
+  PItem* item = made.item({"V", 1, 1, "(move ((slash np) (role obj)))"});
+  stamp_roles(*item);
+  Ref<AttVec> copy = make_ref<AttVec>(*item->_atts);
+  for (const char* wanted : {"((move ((slash np) (trace (obj) (obj)))))",
+                             "((move ((slash np) (trace (obj) (obj) (obj)))))"}) {
+    ASSERT_TRUE(copy->unify(*item->_atts, nullptr, true));
+    std::ostringstream out;
+    copy->print(out);
+    EXPECT_EQ(out.str(), wanted);
+  }
+}
+
 }  // namespace
 }  // namespace torvane

@@ -100,5 +100,19 @@ TEST(ParseRun, ConjunctsAreJoined) {
   }
 }
 
+// The words of a sentence may have brought more frames than the chart had columns for.
+TEST(ParseRun, ItemsStayWhereTheChartGrows) {
+  TestGrammar made("(def-category N) (def-category V) (def-modifiers V (? (N)) (:head))");
+  deliver(made, {{"N", 1, 1}, {"V", 2, 2}});
+  made.parser().reset();
+  std::string frames = "(def-category W)";
+  for (int i = 0; i < 50; ++i)
+    frames += "(def-subcat W" + std::to_string(i) + " W (:head) ((N)) ((N)))";
+  made.world.interpreter.load_string(frames.c_str());
+  deliver(made, {{"N", 1, 1}, {"V", 2, 2}, {"W49", 2, 2}});
+  EXPECT_EQ(made.spans("V"), "1-2 2-2 ");
+  EXPECT_EQ(made.spans("W49"), "2-2 ");
+}
+
 }  // namespace
 }  // namespace torvane
