@@ -1,9 +1,6 @@
 // The counted values of list and trace attributes, and the tags under which values of vectors
 // travel.
-#include <mutex>
-
 #include "att/att_vec.h"
-#include "support/name_table.h"
 #include "support/pool.h"
 
 namespace torvane {
@@ -103,16 +100,6 @@ Ref<TraceChain> TraceChain::make() {
 void TraceChain::destroy(TraceChain* chain) {
   chain->records.clear();
   give(chain, room_of(*chain));
-}
-
-const char* intern_string(const char* text) {
-  if (!text) return nullptr;
-  static std::mutex mutex;
-  static NameTable<bool> strings(1997, byte_compare);
-  std::lock_guard lock(mutex);
-  auto* entry = strings.find(text);
-  if (!entry) entry = strings.insert(text, true);
-  return entry->key;
 }
 
 }  // namespace torvane

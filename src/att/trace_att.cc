@@ -36,7 +36,7 @@ const char* TraceAtt::str_val(AttWord value, std::string& scratch) const {
   for (const TraceRecord& record : object(value)->records) {
     if (!scratch.empty()) scratch += ' ';
     scratch += '(';
-    append_quoted(scratch, or_empty(record.role), QuoteComma::yes);
+    append_quoted(scratch, or_empty(record.role.c_str()), QuoteComma::yes);
     scratch += ')';
   }
   return scratch.c_str();
