@@ -25,8 +25,8 @@ constexpr TypeTag vec_tag() {
   return tag;
 }
 
-// Emptied lists and chains wait with their room, 3 MB of it at most. Sentences of 40 words have some
-// of more than 60 elements: a parse that is to allocate nothing needs those too.
+// Emptied lists and chains wait with their room, 3 MB of it at most. Sentences of 40 words have
+// some of more than 60 elements: a parse that is to allocate nothing needs those too.
 template <class T>
 using Spare = Spares<std::unique_ptr<T>, 2500>;
 constexpr int kMostRoom = 160;
