@@ -10,21 +10,6 @@ namespace torvane {
 
 namespace {
 
-template <class T>
-constexpr TypeTag counted_tag(const char* name) {
-  TypeTag tag{name};
-  tag.life = Life::counted;
-  tag.retain = [](Word word) { reinterpret_cast<const T*>(word)->retain(); };
-  tag.release = [](Word word) { reinterpret_cast<const T*>(word)->release(); };
-  return tag;
-}
-
-constexpr TypeTag vec_tag() {
-  TypeTag tag = counted_tag<AttVec>("AttVec*");
-  tag.era_of = [](Word word) { return reinterpret_cast<const AttVec*>(word)->era.get(); };
-  return tag;
-}
-
 // Emptied lists and chains wait with their room, 3 MB of it at most. Sentences of 40 words have
 // some of more than 60 elements: a parse that is to allocate nothing needs those too.
 template <class T>
@@ -47,7 +32,8 @@ void give(T* object, Array<Element>& elements) {
 }  // namespace
 
 namespace tags {
-constinit const TypeTag att_vec = vec_tag();
+constinit const TypeTag att_vec =
+    counted_tag<AttVec>("AttVec*", [](const AttVec& vec) { return vec.era.get(); });
 constinit const TypeTag att_vec_list = counted_tag<AttVecList>("AttVecList*");
 constinit const TypeTag trace_chain = counted_tag<TraceChain>("TraceChain*");
 }  // namespace tags
