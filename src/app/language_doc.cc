@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/registrations.h"
+#include "engine/all_offers.h"
 #include "shell/offers.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -99,7 +99,7 @@ int write_reference() {
          "what `help` and `objects`\nprint. Commands run once, when their form is read; forms "
          "are compiled and evaluated on a value.\n";
   std::vector<const Offer*> all = {&offers::shell_commands};
-  all.insert(all.end(), registrations().begin(), registrations().end());
+  all.insert(all.end(), all_offers().begin(), all_offers().end());
   // By folder, in the order in which the folders come first.
   std::vector<std::string> folders;
   for (const Offer* offer : all)

@@ -69,11 +69,15 @@ const char* AttInterpreter::str_val(AttWord, std::string&) const {
 AttWord AttInterpreter::make_val(IRSlist* form) const {
   const char* text = form->is_atom() ? form->atom : form->nth_str_val(0);
   if (text && *text == '~') return 0;
-  messages() << "AttInterpreter " << name << " doesn't know how to make value: ";
-  if (form->is_atom())
-    form->print_item(messages());
+  return bad_form("AttInterpreter " + name + " doesn't know how to make value: ", *form);
+}
+
+AttWord AttInterpreter::bad_form(std::string_view complaint, const IRSlist& form) {
+  messages() << complaint;
+  if (form.is_atom())
+    form.print_item(messages());
   else
-    form->print(messages());
+    form.print(messages());
   messages() << '\n';
   return 0;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "att/att_vec.h"
 #include "support/text.h"
@@ -82,6 +83,8 @@ class AttInterpreter {
   bool plain = true;  ///< a word unifies with itself, and nothing changes
 
  protected:
+  /// Reports a form of which no value can be made; 0.
+  static AttWord bad_form(std::string_view complaint, const IRSlist& form);
   /// Reports a facet, or what else stands in its place, as not known.
   void unknown_facets(const IRSlist& facets) const;
 

@@ -32,8 +32,8 @@ class TwoVectors : public LExp {
   TwoVectors() { out_type = type_id_of<AttVec>(); }
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_att_type(world, *args);
-    a_ = get_exp(world, args->pop_front().get());
-    b_ = get_exp(world, args->pop_front().get());
+    a_ = take_exp(world, *args);
+    b_ = take_exp(world, *args);
     auto names = args->pop_front();
     masked_ = names != nullptr;
     if (masked_) mask_ = find_att_set(type, names.get());

@@ -42,7 +42,7 @@ class AttValPred : public Form<AttValPred, OneAtt> {
     value_type_ = expressions(world).types.id(result_type ? result_type : "AttVal");
     if (result_type) args->pop_front();
     find("AttValPred", take_att_type(world, *args), att_name.c_str());
-    if (auto form = args->pop_front()) exp_ = get_exp(world, form.get());
+    exp_ = take_exp(world, *args);
     out_type = exp_ ? exp_.out_type() : value_type_;
   }
 

@@ -11,6 +11,7 @@
 #include "shell/irslist.h"
 #include "support/array.h"
 #include "support/bit_set.h"
+#include "support/name.h"
 #include "support/ref.h"
 #include "support/str_bufs.h"
 #include "support/value.h"
@@ -176,9 +177,9 @@ class AttVecList : public Counted<AttVecList> {
 };
 
 /// One record of a TraceAtt value: the relation under which a displaced constituent stands, and the
-/// item that it belongs to. Roles are interned texts; the item is the parser's.
+/// item, the parser's, that it belongs to.
 struct TraceRecord {
-  const char* role;
+  Name role;
   void* item;
 };
 /// The value of a TraceAtt: a counted chain, newest first.
@@ -189,9 +190,5 @@ class TraceChain : public Counted<TraceChain> {
   static Ref<TraceChain> make();
   static void destroy(TraceChain* chain);
 };
-
-/// The one copy of a text that string attributes share, so that equal strings are one pointer; null
-/// for null. It lives as long as the process.
-const char* intern_string(const char* text);
 
 }  // namespace torvane

@@ -1,81 +1,39 @@
 // The counted values of list and trace attributes, and the tags under which values of vectors
 // travel.
-#include <mutex>
+#include <memory>
+#include <utility>
 
 #include "att/att_vec.h"
-#include "support/name_table.h"
 #include "support/pool.h"
 
 namespace torvane {
 
 namespace {
 
+// Emptied lists and chains wait with their room, 3 MB of it at most. Sentences of 40 words have
+// some of more than 60 elements: a parse that is to allocate nothing needs those too.
 template <class T>
-constexpr TypeTag counted_tag(const char* name) {
-  TypeTag tag{name};
-  tag.life = Life::counted;
-  tag.retain = [](Word word) { reinterpret_cast<const T*>(word)->retain(); };
-  tag.release = [](Word word) { reinterpret_cast<const T*>(word)->release(); };
-  return tag;
-}
-
-constexpr TypeTag vec_tag() {
-  TypeTag tag = counted_tag<AttVec>("AttVec*");
-  tag.era_of = [](Word word) { return reinterpret_cast<const AttVec*>(word)->era.get(); };
-  return tag;
-}
-
-// Emptied lists and chains wait with their room, so much of it in all.
-constexpr int kMostWaiting = 10000;
-constexpr int kMostRoom = 400000;
+using Spare = Spares<std::unique_ptr<T>, 2500>;
+constexpr int kMostRoom = 160;
 
 template <class T>
-struct Waiting {
-  Array<T*> objects;
-  int room = 0;
-  ~Waiting() {
-    for (T* object : objects) delete object;
-  }
-};
-template <class T>
-Waiting<T>& waiting() {
-  static thread_local Waiting<T> objects;
-  return objects;
+Ref<T> take() {
+  std::unique_ptr<T> spare = Spare<T>::take();
+  return Ref<T>(spare ? spare.release() : new T);
 }
 
-template <class T>
-Ref<T> take(int (*room)(const T&)) {
-  Waiting<T>& pool = waiting<T>();
-  if (pool.objects.empty()) return Ref<T>(new T);
-  T* object = pool.objects.back();
-  pool.objects.pop_back();
-  pool.room -= room(*object);
-  return Ref<T>(object);
-}
-
-template <class T>
-void give(T* object, int room) {
-  Waiting<T>& pool = waiting<T>();
-  if (!BlockPool::kRecycles || pool.objects.count() >= kMostWaiting ||
-      room > kMostRoom - pool.room) {
-    delete object;
-    return;
-  }
-  pool.room += room;
-  pool.objects.append(object);
-}
-
-int room_of(const AttVecList& list) {
-  return list.vecs.capacity();
-}
-int room_of(const TraceChain& chain) {
-  return chain.records.capacity();
+template <class T, class Element>
+void give(T* object, Array<Element>& elements) {
+  elements.clear();
+  std::unique_ptr<T> emptied(object);
+  if (elements.capacity() <= kMostRoom) Spare<T>::give(std::move(emptied));
 }
 
 }  // namespace
 
 namespace tags {
-constinit const TypeTag att_vec = vec_tag();
+constinit const TypeTag att_vec =
+    counted_tag<AttVec>("AttVec*", [](const AttVec& vec) { return vec.era.get(); });
 constinit const TypeTag att_vec_list = counted_tag<AttVecList>("AttVecList*");
 constinit const TypeTag trace_chain = counted_tag<TraceChain>("TraceChain*");
 }  // namespace tags
@@ -88,31 +46,19 @@ AttVec* AttVecList::own(int i) {
 }
 
 Ref<AttVecList> AttVecList::make() {
-  return take<AttVecList>(room_of);
+  return take<AttVecList>();
 }
 
 void AttVecList::destroy(AttVecList* list) {
-  list->vecs.clear();
-  give(list, room_of(*list));
+  give(list, list->vecs);
 }
 
 Ref<TraceChain> TraceChain::make() {
-  return take<TraceChain>(room_of);
+  return take<TraceChain>();
 }
 
 void TraceChain::destroy(TraceChain* chain) {
-  chain->records.clear();
-  give(chain, room_of(*chain));
-}
-
-const char* intern_string(const char* text) {
-  if (!text) return nullptr;
-  static std::mutex mutex;
-  static NameTable<bool> strings(1997, byte_compare);
-  std::lock_guard lock(mutex);
-  auto* entry = strings.find(text);
-  if (!entry) entry = strings.insert(text, true);
-  return entry->key;
+  give(chain, chain->records);
 }
 
 }  // namespace torvane

@@ -115,7 +115,7 @@ TEST_F(AttVecPackTest, NestedBytes) {
                 {"(~v ~fr ~st ~tr)", "fffefdfc07"}});
   Ref<AttVec> traced = vec("()");
   Ref<TraceChain> chain = TraceChain::make();
-  chain->records.append({intern_string("subj"), nullptr});
+  chain->records.append({Name("subj"), nullptr});
   traced->set(index("tr"), TraceAtt::word(chain.get()));
   expect_bytes(*traced, "0307", "(~tr)");
 }

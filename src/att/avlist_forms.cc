@@ -93,8 +93,7 @@ class AvListInsertion : public AvListForm {
   void init(World& world, IRSlist* args) override {
     AttInterpreterList* type = take_type(world, *args);
     att_ = take_att(type, *args);
-    auto form = args->pop_front();
-    exp_ = get_exp(world, form.get());
+    exp_ = take_exp(world, *args);
   }
 
  protected:

@@ -13,10 +13,10 @@ namespace torvane {
 namespace {
 
 const char* text_of(AttWord value) {
-  return reinterpret_cast<const char*>(value);
+  return Name::of_word(value).c_str();
 }
-AttWord interned(const char* text) {
-  return reinterpret_cast<AttWord>(intern_string(text));
+AttWord word_of(const char* text) {
+  return Name(text).word();
 }
 
 }  // namespace
@@ -34,12 +34,12 @@ const char* StrAtt::str_val(AttWord value, std::string&) const {
 }
 
 AttWord StrAtt::make_val(IRSlist* form) const {
-  if (!form->is_atom()) return interned(form->get_str_val());
-  return *form->atom == '~' ? 0 : interned(form->atom);
+  if (!form->is_atom()) return word_of(form->get_str_val());
+  return *form->atom == '~' ? 0 : word_of(form->atom);
 }
 
 AttWord StrAtt::get_val(const char* token) const {
-  return interned(token);
+  return word_of(token);
 }
 
 void StrAtt::pack(const AttVec* vec, StrBufs& out) const {
@@ -49,7 +49,7 @@ void StrAtt::pack(const AttVec* vec, StrBufs& out) const {
 bool StrAtt::unpack(AttVec* vec, const char*& p, const char* end) const {
   const void* zero = std::memchr(p, 0, static_cast<std::size_t>(end - p));
   if (!zero) return false;
-  set(vec, interned(p));
+  set(vec, word_of(p));
   p = static_cast<const char*>(zero) + 1;
   return true;
 }

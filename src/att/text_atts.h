@@ -7,7 +7,7 @@ namespace torvane {
 
 class World;
 
-/// An interned text: equal texts are one pointer.
+/// A text, kept as a `Name`.
 class StrAtt : public AttClass<StrAtt, LongVAtt> {
  public:
   static constexpr const char* kType = "StrAtt";

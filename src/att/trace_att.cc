@@ -36,7 +36,7 @@ const char* TraceAtt::str_val(AttWord value, std::string& scratch) const {
   for (const TraceRecord& record : object(value)->records) {
     if (!scratch.empty()) scratch += ' ';
     scratch += '(';
-    append_quoted(scratch, or_empty(record.role), QuoteComma::yes);
+    append_quoted(scratch, or_empty(record.role.c_str()), QuoteComma::yes);
     scratch += ')';
   }
   return scratch.c_str();
@@ -44,13 +44,7 @@ const char* TraceAtt::str_val(AttWord value, std::string& scratch) const {
 
 AttWord TraceAtt::make_val(IRSlist* form) const {
   if (form->empty() && (!form->is_atom() || *form->atom == '~')) return 0;
-  messages() << "TraceAtt::make_val(IRSlist*) fails with argument: ";
-  if (form->is_atom())
-    form->print_item(messages());
-  else
-    form->print(messages());
-  messages() << '\n';
-  return 0;
+  return bad_form("TraceAtt::make_val(IRSlist*) fails with argument: ", *form);
 }
 
 // Nothing was packed: that it was defined is all that is left.

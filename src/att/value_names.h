@@ -3,24 +3,25 @@
 
 #include "att/att_vec.h"
 #include "support/array.h"
+#include "support/name.h"
 
 namespace torvane {
 
 class ValueNames {
  public:
-  ValueNames() { names_.append("~"); }
+  ValueNames() { names_.append(Name("~")); }
   /// Takes the names from a facet, its head off; gives how many there are.
   int read(IRSlist& facet);
   /// The position of a name, -1 if it is none of them.
   int find(const char* name) const;
-  /// Name i, or null beyond the table. Names live for ever.
+  /// The text of name i, or null beyond the table.
   const char* at(AttWord i) const {
-    return i < static_cast<AttWord>(names_.count()) ? names_.begin()[i] : nullptr;
+    return i < static_cast<AttWord>(names_.count()) ? names_.begin()[i].c_str() : nullptr;
   }
   int count() const { return names_.count(); }
 
  private:
-  Array<const char*> names_;
+  Array<Name> names_;
 };
 
 }  // namespace torvane

@@ -18,16 +18,12 @@ void DepTree::add_child(DepTree* child) {
     return;
   }
   if (child->_parent) child->detach();
-  auto stands_behind = [child](const DepTree& other) {
+  auto stands_behind = [child](const RSTree* node) {
+    const auto& other = *static_cast<const DepTree*>(node);
     return child->_pos >= 0 && other._pos >= 0 ? other._pos > child->_pos
                                                : other._low > child->_high;
   };
-  Cell* before = nullptr;
-  for (Cell* cell = head(); cell; cell = cell == tail() ? nullptr : cell->next) {
-    if (stands_behind(*static_cast<DepTree*>(value_of(cell)))) break;
-    before = cell;
-  }
-  insert_behind(before, child);
+  insert_behind(place_before(stands_behind), child);
 }
 
 void DepTree::set_rel(const char* text) {

@@ -57,8 +57,7 @@ template <class D>
 class ByExpression : public DepTreeComponent<D, DepTree> {
  public:
   void init(World& world, IRSlist* args) override {
-    exp_ = LExp::get_exp(world, args->nth(0));
-    args->pop_front();
+    exp_ = LExp::take_exp(world, *args);
     LAdaptor::init(world, args);
   }
 

@@ -10,13 +10,7 @@
 
 namespace torvane {
 
-const TypeTag tags::deps{
-    "Deps*",
-    nullptr,
-    Life::counted,
-    [](Word word) { reinterpret_cast<const Deps*>(word)->retain(); },
-    [](Word word) { reinterpret_cast<const Deps*>(word)->release(); },
-};
+const TypeTag tags::deps = counted_tag<Deps>("Deps*");
 
 Deps::Deps(World& world) : world_(world) {
   take_number();

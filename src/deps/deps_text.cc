@@ -102,7 +102,7 @@ class TreeWriter {
         step.written = true;
         write_line(*step.node);
       } else if (child) {
-        step.cell = step.cell == step.node->tail() ? nullptr : step.cell->next;
+        step.cell = step.node->next_of(step.cell);
         path.push_back({child, child->head(), false});
       } else {
         path.pop_back();

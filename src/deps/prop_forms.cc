@@ -154,8 +154,7 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
 
   void init(World& world, IRSlist* args) override {
     name_ = PropName(trees(world).properties, or_empty(args->get_str_val()));
-    exp_ = get_exp(world, args->nth(0));
-    args->pop_front();
+    exp_ = take_exp(world, *args);
     LAdaptor::init(world, args);
   }
 

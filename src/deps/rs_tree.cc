@@ -41,13 +41,7 @@ void RSTree::append(RSTree* child) {
 }
 
 RSTree::Cell* RSTree::cell_before(const RSTree* child) const {
-  Cell* before = tail();
-  if (!before) return nullptr;
-  do {
-    if (value_of(before->next) == child) return before;
-    before = before->next;
-  } while (before != tail());
-  return nullptr;
+  return before_first([child](const RSTree* other) { return other == child; });
 }
 
 RSTree::Cell* RSTree::cell_of(const RSTree* child) const {

@@ -18,12 +18,8 @@ class RSlist : public Slist<T*> {
   /// Behind the last element that is not greater: `compare(element, value)` is <0, 0, >0.
   template <class Compare>
   void insert_sorted(T* value, Compare compare) {
-    typename Slist<T*>::Cell* cursor = nullptr;
-    for (auto* cell = this->head(); cell; cell = cell == this->tail() ? nullptr : cell->next) {
-      if (compare(Slist<T*>::value_of(cell), value) > 0) break;
-      cursor = cell;
-    }
-    this->insert_after(cursor, value);
+    auto is_greater = [&](T* element) { return compare(element, value) > 0; };
+    this->insert_after(this->place_before(is_greater), value);
   }
 };
 
@@ -41,6 +37,7 @@ class RSTree : protected RSlist<RSTree> {
   using Slist::end;
   using Slist::head;
   using Slist::length;
+  using Slist::next_of;
   using Slist::nth;
   using Slist::tail;
   using Slist::value_of;

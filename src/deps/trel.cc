@@ -7,9 +7,7 @@
 namespace torvane {
 
 namespace tags {
-const TypeTag trel{"TRel*", nullptr, Life::counted,
-                   [](Word word) { reinterpret_cast<const TRel*>(word)->retain(); },
-                   [](Word word) { reinterpret_cast<const TRel*>(word)->release(); }};
+const TypeTag trel = counted_tag<TRel>("TRel*");
 }
 
 void TRel::assert_in(Deps& deps) const {
@@ -77,8 +75,7 @@ class AddPropvals : public Form<AddPropvals, TRelForm> {
       "gives";
 
   void init(World& world, IRSlist* args) override {
-    rel_ = get_exp(world, args->nth(0));
-    args->pop_front();
+    rel_ = take_exp(world, *args);
     triples_ = read_triples(world, args);
   }
 
@@ -101,8 +98,7 @@ struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
       "node";
 
   void init(World& world, IRSlist* args) override {
-    rel_ = get_exp(world, args->nth(0));
-    args->pop_front();
+    rel_ = take_exp(world, *args);
     LAdaptor::init(world, args);
   }
 

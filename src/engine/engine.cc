@@ -1,6 +1,6 @@
 #include "engine/engine.h"
 
-#include "engine/registrations.h"
+#include "engine/all_offers.h"
 
 namespace torvane {
 
@@ -8,7 +8,7 @@ Engine::Engine() : Engine(World::Console::of_process()) {}
 
 Engine::Engine(const World::Console& console) : world_(console) {
   WorldScope here(world_);
-  for (const Offer* offer : registrations()) offer->enter(world_);
+  for (const Offer* offer : all_offers()) offer->enter(world_);
 }
 
 void Engine::start(const char* data_dir) {

@@ -45,6 +45,10 @@ class LExp {
 
   /// Compiles a form, consuming it. Null after a message if it is no expression.
   static std::unique_ptr<LExp> get_exp(World& world, IRSlist* form);
+  /// The same of the first item, taken off; null if there is none.
+  static std::unique_ptr<LExp> take_exp(World& world, IRSlist& args) {
+    return get_exp(world, args.pop_front().get());
+  }
   static std::unique_ptr<LExp> get_exp_from_text(World& world, const char* text);
 
  protected:

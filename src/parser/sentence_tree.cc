@@ -96,12 +96,8 @@ void SentenceNode::attach(SentenceNode* child) {
     children.append(child);
     return;
   }
-  Slist<SentenceNode*>::Cell* before = nullptr;
-  for (auto* cell = children.head(); cell; cell = cell == children.tail() ? nullptr : cell->next) {
-    if (Slist<SentenceNode*>::value_of(cell)->order > child->order) break;
-    before = cell;
-  }
-  children.insert_after(before, child);
+  auto stands_behind = [child](const SentenceNode* other) { return other->order > child->order; };
+  children.insert_after(children.place_before(stands_behind), child);
 }
 
 SentenceNode* SentenceTree::new_node() {

@@ -236,15 +236,9 @@ float IRSlist::nth_float_val(int n) const {
 
 // The cell of a keyword, and the one before it.
 Cell* IRSlist::find_keyword(const char* keyword, Cell*& before) const {
-  before = items.tail();
-  if (!before) return nullptr;
-  do {
-    Cell* cell = before->next;
-    const char* text = item_of(cell)->atom;
-    if (text && same_word(text, keyword)) return cell;
-    before = cell;
-  } while (before != items.tail());
-  return nullptr;
+  before = items.before_first(
+      [&](const IRSlist* item) { return item->atom && same_word(item->atom, keyword); });
+  return before ? before->next : nullptr;
 }
 
 std::unique_ptr<IRSlist> IRSlist::remove_after(Cell* before) {

@@ -11,13 +11,6 @@ namespace torvane {
 
 namespace {
 
-void retain_stream(Word word) {
-  reinterpret_cast<Stream*>(word)->retain();
-}
-void release_stream(Word word) {
-  reinterpret_cast<Stream*>(word)->release();
-}
-
 bool is_directory(const char* name) {
   struct stat status;
   return stat(name, &status) == 0 && S_ISDIR(status.st_mode);
@@ -26,7 +19,7 @@ bool is_directory(const char* name) {
 }  // namespace
 
 namespace tags {
-const TypeTag stream{"stream*", nullptr, Life::counted, retain_stream, release_stream};
+const TypeTag stream = counted_tag<Stream>("stream*");
 }
 
 bool Stream::good() const {

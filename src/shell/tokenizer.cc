@@ -108,6 +108,21 @@ void TokenizerBase::need_buffer() {
   buffer_capacity_ = buffer_size;
 }
 
+void TokenizerBase::start_input() {
+  more_input = true;
+  rollback_count = read_pos = buffer_len = 0;
+}
+
+int TokenizerBase::give_first(unsigned char& out) {
+  if (buffer_len > 0) {
+    out = static_cast<unsigned char>(buffer[0]);
+    return 1;
+  }
+  more_input = false;
+  out = 255;
+  return 0;
+}
+
 void TokenizerBase::set_string_input(const char* text, long length) {
   rollback_count = 0;
   if (!text) return;
@@ -336,19 +351,12 @@ int Tokenizer::fill(unsigned char& out) {
   } else if (!input) {
     buffer.reset();
   }
-  if (buffer_len > 0) {
-    out = static_cast<unsigned char>(buffer[0]);
-    return 1;
-  }
-  more_input = false;
-  out = 255;
-  return 0;
+  return give_first(out);
 }
 
 void Tokenizer::set_input(Stream* stream) {
   input = Ref<Stream>(stream);
-  more_input = true;
-  rollback_count = read_pos = buffer_len = 0;
+  start_input();
 }
 
 int SocketTokenizer::fill(unsigned char& out) {
@@ -362,20 +370,13 @@ int SocketTokenizer::fill(unsigned char& out) {
     } while (n < 0 && errno == EINTR);
     buffer_len = n < 1 ? 0 : static_cast<int>(n);
   }
-  if (buffer_len > 0) {
-    out = static_cast<unsigned char>(buffer[0]);
-    return 1;
-  }
-  more_input = false;
-  out = 255;
-  return 0;
+  return give_first(out);
 }
 
 void SocketTokenizer::set_input(Stream* stream) {
   no_input = !stream || !stream->is_standard() || !stream->in();
   fd = 0;
-  more_input = true;
-  rollback_count = read_pos = buffer_len = 0;
+  start_input();
 }
 
 }  // namespace torvane

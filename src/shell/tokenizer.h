@@ -94,6 +94,10 @@ class TokenizerBase {
  protected:
   /// Room for a refill of `buffer_size` bytes.
   void need_buffer();
+  /// What `fill` gives once it has filled the buffer, or has not.
+  int give_first(unsigned char& out);
+  /// Begins with an input of which nothing is read yet.
+  void start_input();
   int buffer_capacity_ = 0;
   int token_chunk_;
 

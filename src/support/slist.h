@@ -122,8 +122,30 @@ class Slist {
   }
   int length() const {
     int n = 0;
-    for (Cell* c = head(); c; c = c == tail_ ? nullptr : c->next) ++n;
+    for (Cell* c = head(); c; c = next_of(c)) ++n;
     return n;
+  }
+  /// The cell behind one of this list; null behind the last.
+  Cell* next_of(const Cell* cell) const { return cell == tail_ ? nullptr : cell->next; }
+  /// The cell before the first element that passes, in the ring: before the front it is the last
+  /// one. Null if no element passes.
+  template <class Test>
+  Cell* before_first(Test test) const {
+    Cell* before = tail_;
+    if (!before) return nullptr;
+    do {
+      if (test(value_of(before->next))) return before;
+      before = before->next;
+    } while (before != tail_);
+    return nullptr;
+  }
+  /// The cell behind which to insert what is to stand before the first element that passes, or at
+  /// the end if none does; null: the front.
+  template <class Test>
+  Cell* place_before(Test test) const {
+    Cell* before = before_first(test);
+    if (!before) return tail_;
+    return before == tail_ ? nullptr : before;
   }
   void clear() {
     if (!tail_) return;
@@ -141,16 +163,9 @@ class Slist {
   }
   /// Removes the first equal element; false if there is none.
   bool remove(T value) {
-    if (!tail_) return false;
-    Cell* before = tail_;
-    do {
-      if (value_of(before->next) == value) {
-        remove_after(before);
-        return true;
-      }
-      before = before->next;
-    } while (before != tail_);
-    return false;
+    Cell* before = before_first([&](T element) { return element == value; });
+    if (before) remove_after(before);
+    return before != nullptr;
   }
   bool contains(T value) const {
     for (T v : *this)
@@ -177,13 +192,12 @@ class Slist {
     other.tail_ = nullptr;
   }
   /// Walks a list sorted ascending: `compare(element, key)` is <0, 0, >0. True on a hit, with the
-  /// hit in
-  /// `*found`; `cursor` is the last cell that is smaller (null: the front), where a new one
+  /// hit in `*found`; `cursor` is the last cell that is smaller (null: the front), where a new one
   /// belongs.
   template <class Key, class Compare>
   bool find_sorted(const Key& key, Compare compare, Cell*& cursor, T* found = nullptr) const {
     cursor = nullptr;
-    for (Cell* c = head(); c; c = c == tail_ ? nullptr : c->next) {
+    for (Cell* c = head(); c; c = next_of(c)) {
       int order = compare(value_of(c), key);
       if (order == 0) {
         if (found) *found = value_of(c);

@@ -48,6 +48,22 @@ struct TypeTag {
   Era* era = nullptr;  ///< of a tag that stands in an era: that of everything with the tag
 };
 
+/// The tag of a class of counted things (Counted). Things that belong to an era say to which:
+///   Era* era_of(const T& thing)
+template <class T>
+constexpr TypeTag counted_tag(const char* name) {
+  TypeTag tag{.name = name, .life = Life::counted};
+  tag.retain = [](Word word) { reinterpret_cast<const T*>(word)->retain(); };
+  tag.release = [](Word word) { reinterpret_cast<const T*>(word)->release(); };
+  return tag;
+}
+template <class T, class EraOf>
+constexpr TypeTag counted_tag(const char* name, EraOf) {
+  TypeTag tag = counted_tag<T>(name);
+  tag.era_of = [](Word word) -> Era* { return EraOf()(*reinterpret_cast<const T*>(word)); };
+  return tag;
+}
+
 /// The tag of T. A class that can be a value specialises this with
 ///   static const TypeTag& tag();      the tag
 ///   using Base = B;                   the outermost base whose pointer the word holds (T itself if

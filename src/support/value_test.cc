@@ -24,20 +24,11 @@ struct Shared : Counted<Shared> {
   Era* era = nullptr;
 };
 
-Shared* shared(Word word) {
-  return reinterpret_cast<Shared*>(word);
-}
-
 constexpr TypeTag kThing{"Thing*"};
 constexpr TypeTag kDerived{"Derived*", &kThing};
 constexpr TypeTag kPassing{"Passing*", nullptr, Life::transient};
-constexpr TypeTag kShared{"Shared*",
-                          nullptr,
-                          Life::counted,
-                          [](Word w) { shared(w)->retain(); },
-                          [](Word w) { shared(w)->release(); },
-                          nullptr,
-                          [](Word w) { return shared(w)->era; }};
+constexpr TypeTag kShared =
+    counted_tag<Shared>("Shared*", [](const Shared& shared) { return shared.era; });
 
 }  // namespace
 

@@ -41,24 +41,21 @@ class ChildWalk {
     if (patience_.sees_edits()) {
       go_on_after_edit();
     } else {
-      stand_on(cell_behind(cell_));
+      stand_on(parent_->next_of(cell_));
     }
   }
 
  private:
-  RSTree::Cell* cell_behind(RSTree::Cell* cell) const {
-    return cell == parent_->tail() ? nullptr : cell->next;
-  }
   void stand_on(RSTree::Cell* cell) {
     cell_ = cell;
     child_ = cell ? RSTree::value_of(cell) : nullptr;
-    RSTree::Cell* behind = cell ? cell_behind(cell) : nullptr;
+    RSTree::Cell* behind = cell ? parent_->next_of(cell) : nullptr;
     following_ = behind ? RSTree::value_of(behind) : nullptr;
   }
   void go_on_after_edit() {
     RSTree::Cell* cell = patience_.is_over() ? nullptr : parent_->cell_of(child_);
     if (cell) {
-      stand_on(cell_behind(cell));
+      stand_on(parent_->next_of(cell));
     } else {
       stand_on(following_ && !patience_.is_over() ? parent_->cell_of(following_) : nullptr);
     }

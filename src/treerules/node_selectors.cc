@@ -12,8 +12,7 @@ class NodeArg : public LExp {
  public:
   NodeArg() { out_type = type_id_of<RSTree>(); }
   void init(World& world, IRSlist* args) override {
-    node_ = get_exp(world, args->nth(0));
-    args->pop_front();
+    node_ = take_exp(world, *args);
     if (!node_) in_type = type_id_of<RSTree>();
   }
   Value eval(Value input, int type) override {

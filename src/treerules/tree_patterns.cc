@@ -151,8 +151,7 @@ class BranchCond : public Form<BranchCond, RTPat> {
 
 void BranchCond::init(World& world, IRSlist* args) {
   take_var(world, args);
-  head = get_exp(world, args->nth(0));
-  args->pop_front();
+  head = take_exp(world, *args);
   for (IRSlist* item : args->items) {
     auto exp = get_exp(world, item);
     if (!exp) continue;

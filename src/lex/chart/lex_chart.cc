@@ -22,13 +22,12 @@ std::int16_t position(int n) {
 
 template <class GoesBefore>
 void insert_ordered(Slist<LexItem*>& list, LexItem* item, GoesBefore goes_before) {
-  Slist<LexItem*>::Cell* previous = list.tail();
-  if (previous && goes_before(item, list.back())) {
-    previous = nullptr;
-    for (auto* cell = list.head(); !goes_before(item, list.value_of(cell)); cell = cell->next)
-      previous = cell;
+  if (list.empty() || !goes_before(item, list.back())) {
+    list.append(item);
+    return;
   }
-  list.insert_after(previous, item);
+  auto stands_behind = [&](const LexItem* other) { return goes_before(item, other); };
+  list.insert_after(list.place_before(stands_behind), item);
 }
 
 /// Calls `visit(item, depth)` for an item and all its components, depth first.

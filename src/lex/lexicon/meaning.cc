@@ -112,7 +112,7 @@ Value make_avmeaning_proto(World& world, IRSlist* form) {
 Value make_str_meaning_proto(World& world, IRSlist* form) {
   if (form->length() != 1) return Value();
   const char* kind = form->get_str_val();
-  if (kind) add_kind(world, kind, std::make_unique<StrMeaning>(intern_string(kind)), nullptr);
+  if (kind) add_kind(world, kind, std::make_unique<StrMeaning>(Name(kind)), nullptr);
   return Value();
 }
 

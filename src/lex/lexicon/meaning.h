@@ -79,15 +79,15 @@ inline bool is_avm(const Meaning* meaning) {
 /// A sense that is a text.
 class StrMeaning : public Meaning {
  public:
-  explicit StrMeaning(const char* kind) : type_name(kind) {}
-  const char* type() const override { return type_name; }
+  explicit StrMeaning(Name kind) : type_name(kind) {}
+  const char* type() const override { return type_name.c_str(); }
   void print(std::ostream& out) const override;
   std::unique_ptr<Meaning> clone() const override;
   Subsumption compare(const Meaning* other) const override;
   void init(World& world, IRSlist* form) override;
   const char* kept_text() const override { return has_text ? text.c_str() : nullptr; }
 
-  const char* type_name;  ///< lives for ever, shared by all of the kind
+  Name type_name;
   std::string text;
   bool has_text = false;
 };

@@ -8,14 +8,8 @@
 namespace torvane {
 
 namespace tags {
-constinit const TypeTag match{
-    "Match*",
-    nullptr,
-    Life::counted,
-    [](Word word) { reinterpret_cast<Match*>(word)->retain(); },
-    [](Word word) { reinterpret_cast<Match*>(word)->release(); },
-    nullptr,
-    [](Word word) { return reinterpret_cast<Match*>(word)->analyzer->eras.now(); }};
+constinit const TypeTag match =
+    counted_tag<Match>("Match*", [](const Match& its) { return its.analyzer->eras.now(); });
 }  // namespace tags
 
 namespace {

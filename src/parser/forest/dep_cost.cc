@@ -24,7 +24,7 @@ std::string_view root_word(const PItem& item) {
   std::string_view root = lexitem ? or_empty(lexitem->root) : "";
   if (root.starts_with('{')) root = root.substr(1, root.find('/') - 1);
   if (!root.empty()) return root;
-  const char* form = text_of(*item._atts, syntax_atts(*item._atts).cform);
+  const char* form = text_of(*item._atts, syntax_atts(*item._atts).cform).c_str();
   return form ? form : contract::kNoWord;
 }
 
@@ -59,7 +59,7 @@ HeadSide::HeadSide(const PItem& item)
     : word(root_word(item)),
       category(category_text(item)),
       preposition(is_preposition(*item._atts)),
-      pform(text_of(*item._atts, syntax_atts(*item._atts).pform)) {
+      pform(text_of(*item._atts, syntax_atts(*item._atts).pform).c_str()) {
   const LexItem* lexitem = lexitem_of(item);
   name = lexitem ? lexitem->role : nullptr;
   position = word_position(item, preposition);
@@ -123,17 +123,17 @@ float DepCosts::dep_cost(const HeadSide& head, const ModifierSide& modifier, con
   return value + by_distance;
 }
 
-const char* step_relation(const PItem& merged) {
+Name step_relation(const PItem& merged) {
   const SyntaxAtts& syn = syntax_atts(*merged._atts);
   const Link* link = merged._link;
   const AttVec& head = *merged._head_child->_atts;
   const AttVec& modifier = *merged._modifier->_atts;
-  const char* type = link ? link->type() : nullptr;
+  Name type = link ? link->type() : Name();
   if (is_preposition(modifier))
-    if (const char* pform = text_of(modifier, syn.pform)) return pform;
+    if (Name pform = text_of(modifier, syn.pform)) return pform;
   if (link && link->kind() == LinkKind::complement && list_of(head, syn.args)) {
     const AttVec* arg = argument_of(head, syn.args, link->position() - 1);
-    const char* role = arg ? text_of(*arg, syn.role) : nullptr;
+    Name role = arg ? text_of(*arg, syn.role) : Name();
     return role ? role : type;
   }
   const AttVecList* moved = list_of(head, syn.move);

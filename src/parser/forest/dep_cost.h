@@ -74,6 +74,6 @@ class DepCosts {
 };
 
 /// The relation of a merged item's modifier to its head.
-const char* step_relation(const PItem& merged);
+Name step_relation(const PItem& merged);
 
 }  // namespace torvane

@@ -244,12 +244,12 @@ float ParseForest::dependency_cost(const PItem& merged, const Chain& head_chain)
   return best;
 }
 
-float ParseForest::best_cost(const PItem& head, PItem* modifier, const char* relation) {
+float ParseForest::best_cost(const PItem& head, PItem* modifier, Name relation) {
   if (!modifier) return -1.0f;
   HeadSide head_side(head);
   float best = std::numeric_limits<float>::max();
   for (const ModifierSide& side : sides_of(*chain_of(modifier)))
-    best = std::min(best, costs_->dep_cost(head_side, side, relation));
+    best = std::min(best, costs_->dep_cost(head_side, side, relation.c_str()));
   return best;
 }
 

@@ -133,7 +133,7 @@ class ParseForest {
   TNode* tnode_of(Part part);
   float step_cost(const PItem& merged, const Chain& head);
   float dependency_cost(const PItem& merged, const Chain& head);
-  float best_cost(const PItem& head, PItem* modifier, const char* relation);
+  float best_cost(const PItem& head, PItem* modifier, Name relation);
   const std::vector<ModifierSide>& sides_of(Chain& chain);
   void collect(const RootRule& rule, const Chart& chart, int last);
   void add_root(PItem& item, const RootRule& rule);

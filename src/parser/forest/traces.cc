@@ -39,8 +39,8 @@ void add_traces_of_word(Deps& deps, DepTree& node, const LexItem& lexitem, const
   for (const TraceRecord& record : trace.records) {
     auto* item = static_cast<const PItem*>(record.item);
     bool names_it = item && lexitem_of(*item) == &lexitem;
-    if (names_it && record.role && !node.child_by_rel(record.role))
-      add_trace(deps, node, record.role, filler);
+    if (names_it && record.role && !node.child_by_rel(record.role.c_str()))
+      add_trace(deps, node, record.role.c_str(), filler);
   }
 }
 

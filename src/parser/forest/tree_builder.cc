@@ -49,7 +49,7 @@ DepTree* TreeBuilder::make_parts(TNode& tnode, WordTrees& words) {
 DepTree* TreeBuilder::make_subtree(const Derivation& entry, WordTrees& words) {
   DepTree* node = make_tree(*entry._child, words);
   if (!node) return nullptr;
-  if (entry._link && entry._link->type()) node->set_rel(entry._link->type());
+  if (entry._link && entry._link->type()) node->set_rel(entry._link->type().c_str());
   node->_weight += entry._local_cost;
   return node;
 }
@@ -57,7 +57,7 @@ DepTree* TreeBuilder::make_subtree(const Derivation& entry, WordTrees& words) {
 void TreeBuilder::take_part(DepTree& head, const Part& part, const PItem& item) {
   const SyntaxAtts& syn = syntax_atts(*item._atts);
   const AttVec* arg = argument_of(*item._atts, syn.args, part.argument);
-  if (const char* role = arg ? text_of(*arg, syn.role) : nullptr) part.node->set_rel(role);
+  if (Name role = arg ? text_of(*arg, syn.role) : Name()) part.node->set_rel(role.c_str());
   traces_.note_merge(head, *part.node, *part.merged);
   head.add_child(part.node);
 }

@@ -29,11 +29,6 @@ void run_commands(World& world, const IRSlist& form) {
     if (command->is_list()) world.interpreter.eval(*command);
 }
 
-ExpPtr take_exp(World& world, IRSlist* form) {
-  auto first = form->pop_front();
-  return first ? LExp::get_exp(world, first.get()) : nullptr;
-}
-
 /// The attributes of one argument, and of all arguments: one list, or bare names.
 AttSet get_atts(const TorvaneParser& parser, const IRSlist* names) {
   return read_atts(names, parser.grammar._att_type, "GCate::get_atts");
@@ -131,13 +126,13 @@ Value conj_atts(World& world, IRSlist* form) {
 
 template <ExpPtr GCate::*cond>
 Value set_category_cond(World& world, IRSlist* form) {
-  if (GCate* node = current_category(world)) node->*cond = take_exp(world, form);
+  if (GCate* node = current_category(world)) node->*cond = LExp::take_exp(world, *form);
   return Value();
 }
 
 template <ExpPtr Link::*cond>
 Value set_link_cond(World& world, IRSlist* form) {
-  if (Link* link = current_link(world)) link->*cond = take_exp(world, form);
+  if (Link* link = current_link(world)) link->*cond = LExp::take_exp(world, *form);
   return Value();
 }
 
@@ -196,8 +191,8 @@ Value roots(World& world, IRSlist* form) {
     GCate* node = parser->grammar.get_node(
         element->is_atom() ? element->atom : element->get_str_val(), false);
     if (!node) continue;
-    ExpPtr filter = take_exp(world, element);
-    ExpPtr penalty = take_exp(world, element);
+    ExpPtr filter = LExp::take_exp(world, *element);
+    ExpPtr penalty = LExp::take_exp(world, *element);
     parser->grammar._roots.push_back({node, std::move(filter), std::move(penalty)});
   }
   return Value();

@@ -65,8 +65,8 @@ void print_waiting(std::ostream& out, const TorvaneParser& parser, const GCate& 
   if (!wanted) return;
   for (int position = 0; position <= node.n_positions(); ++position)
     for (const Link* link : node.links_at(position)) {
-      if (!link->type() || !regexec(wanted.get(), link->type())) continue;
-      out << "Link: " << link->type() << '\n';
+      if (!link->type() || !regexec(wanted.get(), link->type().c_str())) continue;
+      out << "Link: " << link->type().c_str() << '\n';
       for (int word = 0; word < parser.chart.row_count(); ++word)
         print_items(out, parser, parser.chart.waiting_at(*link, word));
     }

@@ -49,17 +49,17 @@ struct GetModifierByType : Adaptor<GetModifierByType, PItem, PItem*> {
   static constexpr const char* kUsage =
       "`(get-modifier-by-type REL [exp])` the modifier of that relation";
   void init(World& world, IRSlist* args) override {
-    type_ = or_empty(args->get_str_val());
+    type_ = Name(or_empty(args->get_str_val()));
     LAdaptor::init(world, args);
   }
   PItem* step(PItem& item) const {
     for (PItem* x = &item; x->_head_child && x->_link; x = x->_head_child)
-      if (x->_link->type() && type_ == x->_link->type()) return x->_modifier;
+      if (x->_link->type() == type_) return x->_modifier;
     return nullptr;
   }
 
  private:
-  std::string type_;
+  Name type_;
 };
 
 struct PItemLow : Adaptor<PItemLow, PItem, int> {
@@ -84,7 +84,7 @@ struct PItemLength : Adaptor<PItemLength, PItem, int> {
 struct DepRelType : Adaptor<DepRelType, Link, Value, const char*> {
   static constexpr const char* kName = "deprel-type";
   static constexpr const char* kUsage = "`(deprel-type [exp])` the name of a relation";
-  Value step(Link& link) const { return Value::constant(link.type()); }
+  Value step(Link& link) const { return Value::constant(link.type().c_str()); }
 };
 
 /// A direct form on an item; 0 for anything else.
@@ -150,7 +150,7 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
         trace = TraceChain::make();
         store_att(*element, syn.trace, trace.get());
       }
-      const char* role = trace->records.empty() ? nullptr : trace->records[0].role;
+      Name role = trace->records.empty() ? Name() : trace->records[0].role;
       trace->records.insert_at(0, {role, item._head_child ? item._modifier : nullptr});
     }
     return Value::of(&item);

@@ -13,7 +13,9 @@
 #include "lexp/offers.h"
 #include "parser/forms/offers.h"
 #include "parser/torvane_parser.h"
+#include "shell/offers.h"
 #include "shell/world.h"
+#include "support/scratch_folder.h"
 
 namespace torvane {
 
@@ -25,25 +27,16 @@ struct TestItem {
 
 class TestGrammar {
  public:
-  /// The attributes that the tests use, a parser for sentences of these words, and the text.
+  /// The attributes that the scenarios share, a parser for sentences of these words, and the text.
   explicit TestGrammar(const std::string& text, const std::vector<const char*>& words = {}) {
     using namespace offers;
     enter_all(world, {&scalar_atts, &text_atts, &disjunction_atts, &list_atts, &trace_att,
-                      &att_commands, &control_forms, &constants, &meaning, &lexicon_commands,
-                      &lex_analyzer_commands, &grammar_commands, &parser_definition, &pitem_forms,
-                      &word_walk_forms, &init_attributes});
+                      &att_commands, &control_forms, &constants, &macro, &meaning,
+                      &lexicon_commands, &lex_analyzer_commands, &grammar_commands,
+                      &parser_definition, &pitem_forms, &word_walk_forms, &init_attributes});
     world.interpreter.prompt = false;
+    world.interpreter.load_string(bytes_of(TORVANE_SOURCE "/tests/scenarios/syn.lsp").c_str());
     world.interpreter.load_string(
-        "(def-att-list syn (defattribute cat EnumAtt (allowable-values a c d i j n p v))"
-        "  (defattribute num EnumAtt (allowable-values sg pl)) (defattribute cm BinAtt)"
-        "  (defattribute govern BinAtt) (defattribute guest BinAtt) (defattribute last_conj BinAtt)"
-        "  (defattribute slash DisjAtt (allowable-values wh np)) (defattribute move ListAtt)"
-        "  (defattribute check DisjAtt (allowable-values wh np)) (defattribute opt BinAtt)"
-        "  (defattribute args ListAtt) (defattribute trace TraceAtt) (defattribute control BinAtt)"
-        "  (defattribute head_final BinAtt) (defattribute rare BinAtt) (defattribute lexitem "
-        "EntAtt)"
-        "  (defattribute cform StrAtt) (defattribute pform StrAtt) (defattribute node StrAtt)"
-        "  (defattribute ref StrAtt) (defattribute role StrAtt))"
         "(make-lexicon words 11) (make-lex-analyzer analyser :lexicon words)"
         "(def-torvane-parser parser :attribute-vector-type syn :lexical-analyzer analyser"
         "  :lexical-attributes () :show-attributes () :default-percolating-attributes ()"

@@ -8,7 +8,7 @@ namespace {
 void append_node_name(const AttVec& vec, std::string& out) {
   const SyntaxAtts& syn = syntax_atts(vec);
   if (has_att(vec, syn.node)) {
-    out += or_empty(text_of(vec, syn.node));
+    out += or_empty(text_of(vec, syn.node).c_str());
     return;
   }
   const AttVecList* args = list_of(vec, syn.args);

@@ -20,7 +20,7 @@ LinkKind kind_of(const char* type) {
 }  // namespace
 
 void Link::set_type(const char* type) {
-  type_ = intern_string(type);
+  type_ = Name(type);
   kind_ = kind_of(type);
 }
 

@@ -5,6 +5,7 @@
 
 #include "lexp/lexp.h"
 #include "support/bit_set.h"
+#include "support/name.h"
 
 namespace torvane {
 
@@ -33,8 +34,8 @@ struct Link {
   bool _is_subclass = false;
   AttSet _percolate;  ///< attributes copied into the merged item
 
-  /// The relation's name, which lives for ever; null if none was given.
-  const char* type() const { return type_; }
+  /// The relation; no name if none was given.
+  Name type() const { return type_; }
   LinkKind kind() const { return kind_; }
   void set_type(const char* type);
 
@@ -53,7 +54,7 @@ struct Link {
   }
 
  private:
-  const char* type_ = nullptr;
+  Name type_;
   float weight_ = 1.0f;
   int column_ = -1;
   std::int16_t position_ = -1;

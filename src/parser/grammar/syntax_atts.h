@@ -51,9 +51,9 @@ inline AttVecList* list_of(const AttVec& vec, int att) {
 inline TraceChain* trace_of(const AttVec& vec, int att) {
   return reinterpret_cast<TraceChain*>(value_of(vec, att));
 }
-/// The text of a string attribute, null if undefined.
-inline const char* text_of(const AttVec& vec, int att) {
-  return reinterpret_cast<const char*>(value_of(vec, att));
+/// The text of a string attribute, no name if undefined.
+inline Name text_of(const AttVec& vec, int att) {
+  return Name::of_word(value_of(vec, att));
 }
 /// Stores a value, or nothing in a vector that cannot take it.
 inline void store_att(AttVec& vec, int att, AttWord value) {

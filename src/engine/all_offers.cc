@@ -1,4 +1,4 @@
-#include "engine/registrations.h"
+#include "engine/all_offers.h"
 
 #include "att/offers.h"
 #include "deps/offers.h"
@@ -19,7 +19,7 @@ namespace torvane {
 
 namespace {
 
-constexpr const Offer* kRegistrations[] = {
+constexpr const Offer* kAllOffers[] = {
     &offers::define_attribute,
     &offers::scalar_atts,
     &offers::text_atts,
@@ -119,8 +119,8 @@ constexpr const Offer* kRegistrations[] = {
 
 }  // namespace
 
-std::span<const Offer* const> registrations() {
-  return kRegistrations;
+std::span<const Offer* const> all_offers() {
+  return kAllOffers;
 }
 
 }  // namespace torvane

@@ -1,4 +1,4 @@
-// What every module adds to the configuration language of a world.
+// What every module adds to the configuration language of a world, in one row.
 #pragma once
 
 #include <span>
@@ -9,6 +9,6 @@ namespace torvane {
 
 /// What all files offer, in the order in which it is entered: that decides what is found first
 /// where names collide.
-std::span<const Offer* const> registrations();
+std::span<const Offer* const> all_offers();
 
 }  // namespace torvane
