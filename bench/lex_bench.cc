@@ -72,7 +72,7 @@ void disk_look_up(benchmark::State& state) {
   std::ofstream(dir / "lex.dat") << entries_text();
   std::ofstream(dir / "lex.hdr") << "lex.dat\n19997\nlex.idx\n(\n)\n";
   {
-    DictOnDisk dict(session(), (dir / "lex.hdr").c_str());
+    DictOnDisk dict(session().files, (dir / "lex.hdr").c_str());
     int i = 0;
     for (auto _ : state) {
       benchmark::DoNotOptimize(dict.get_entry(key(i).c_str()));

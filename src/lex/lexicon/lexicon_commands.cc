@@ -67,7 +67,7 @@ Value link_lex_file(World& world, IRSlist* form) {
   Lexicon* lexicon = take_lexicon(world, form);
   const char* header = lexicon ? form->get_str_val() : nullptr;
   if (!header) return Value();
-  auto dictionary = std::make_unique<DictOnDisk>(world, header);
+  auto dictionary = std::make_unique<DictOnDisk>(world.files, header);
   if (dictionary->good()) lexicon->dictionaries.push_back(std::move(dictionary));
   return Value();
 }

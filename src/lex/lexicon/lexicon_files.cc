@@ -259,7 +259,7 @@ Value select(World& world, IRSlist* form) {
 Value get_entry(World& world, IRSlist* form) {
   const char* header = form->get_str_val();
   if (!header) return Value();
-  DictOnDisk dictionary(world, header);
+  DictOnDisk dictionary(world.files, header);
   auto look_up = [&](const IRSlist& word) {
     const char* text = word.is_atom() ? dictionary.get_entry(word.atom) : nullptr;
     if (text) world.out() << text << '\n';

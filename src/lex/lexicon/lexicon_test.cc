@@ -98,7 +98,7 @@ TEST(Lexicon, AWordOfTheMemoryIsNotLookedForOnDisk) {
   folder.write("one.hdr", "one.dat 11 one.idx ( )");
   messages_of([&] {
     words.dictionaries.push_back(
-        std::make_unique<DictOnDisk>(words.world(), (folder / "one.hdr").c_str()));
+        std::make_unique<DictOnDisk>(words.world().files, (folder / "one.hdr").c_str()));
   });
   EXPECT_EQ(words.printed("dog"), "(dog\n (g mine)\n (phrases)\n )\n");
   EXPECT_EQ(words.printed("cat"), "(cat\n (g mine)\n (phrases (cat days))\n )\n");

@@ -34,7 +34,7 @@ float TripleDb::dependency_probability(const char* word1, const char* relation, 
   double n = total_count();
   if (!er) return probability(share(1, n));
 
-  int id = ids.get_id(relation, 0);
+  int id = ids.get_id(relation, false);
   const RelInfo* up = e2 ? e2->find_rel(-id) : nullptr;
   const RelInfo* down = e1 ? e1->find_rel(id) : nullptr;
   const WordCount* pair = down ? find_word(*this, *e1, *down, word2) : nullptr;

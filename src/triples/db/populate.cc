@@ -44,8 +44,7 @@ class RelationPass {
         take_relation(row);
     }
     finish_word();
-    db_.total = static_cast<float>(db_.total + relation_total_);
-    db_.mark_global_changed();
+    db_.add_to_total(relation_total_);
   }
 
  private:
@@ -68,12 +67,12 @@ class RelationPass {
     else if (std::strcmp(row.other(), "invFreq") == 0)
       inv_freq_ += count;
     else
-      classes_.append(ClassCount{db_.ids.get_id(row.other(), 1), count});
+      classes_.append(ClassCount{db_.ids.get_id(row.other(), true), count});
   }
 
   void take_relation(const TripleRowReader& row) {
     seen_relation_ = true;
-    int id = signed_id(row.relation(), db_.ids.get_id(base_name(row.relation()), 1));
+    int id = signed_id(row.relation(), db_.ids.get_id(base_name(row.relation()), true));
     float count = row.count();
     // Kept: total-counts-dropped-rows
     if (id > 0) relation_total_ += static_cast<double>(count);
@@ -162,8 +161,9 @@ class DetailPass {
   void start_relation(const char* relation) {
     relation_ = relation;
     const char* name = base_name(relation);
-    rel_ = db_.find_in_memory(name) ? entry_->find_rel(signed_id(relation, db_.ids.get_id(name, 0)))
-                                    : nullptr;
+    rel_ = db_.find_in_memory(name)
+               ? entry_->find_rel(signed_id(relation, db_.ids.get_id(name, false)))
+               : nullptr;
   }
 
   void take_triple(const TripleRowReader& row) {

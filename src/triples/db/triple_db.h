@@ -15,6 +15,8 @@
 
 namespace torvane {
 
+class World;
+
 /// What of a text is taken in by `populate`.
 struct PopulateLimits {
   float min_freq = 0.0F;
@@ -25,7 +27,7 @@ struct PopulateLimits {
 
 class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
  public:
-  TripleDb(long bucket_count, long id_bucket_count, int with_mutinfo);
+  TripleDb(long bucket_count, long id_bucket_count, bool with_mutinfo);
   ~TripleDb() override;
 
   void pack_global(StrBufs& buf) override;
@@ -43,7 +45,7 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   int clean_up_after = 0;       ///< 0: never
   std::string tmp_file_prefix;  ///< empty if none was set
   int dump_number = 0;
-  int save_mutinfo = 0;
+  bool save_mutinfo;      ///< with the counts in the store
   PopulateLimits limits;  ///< of the population that is running
   int populations = 0;    ///< how many there have been
 

@@ -101,7 +101,7 @@ void TripleDb::dump_and_clear(World& world) {
   // A store that is linked keeps its ids and its total; records on disk refer to them.
   if (has_file()) return;
   ids.clear();
-  total = pending = 0;
+  clear_total();
 }
 
 }  // namespace torvane
