@@ -138,7 +138,7 @@ void populate(const Corpus& texts) {
   fs::remove(texts.folder / "store.db");
   std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::write);
   std::ifstream rels(texts.folder / "rels.txt"), deps(texts.folder / "deps.txt");
-  db->populate_relations(rels);
+  db->populate_relations(rels, {});
   db->populate(deps);
 }
 

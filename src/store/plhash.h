@@ -113,9 +113,9 @@ class PLHash : public LHashTable {
   // Those that give a bool say whether all went well (a message tells what did not).
 
   /// Writes the global data as the record at `pos`; 0: as a new record.
-  virtual bool save_global(std::int32_t pos);
+  bool save_global(std::int32_t pos);
   /// Reads it from the first record. False if it is damaged.
-  virtual bool load_global();
+  bool load_global();
   virtual void pack_global(StrBufs& buf);
   virtual bool unpack_global(StrBufs& buf);
   /// Opens the disk file that a header names; `functions` as for a QHash. Above 0: an existing
@@ -132,14 +132,14 @@ class PLHash : public LHashTable {
   /// Reads the next record of a text into the buffer, packed; nothing at the end.
   virtual void read_entry(std::istream& in, StrBufs& buf);
   virtual void populate(std::istream& in);
-  virtual void reconstruct(std::istream& in);
+  void reconstruct(std::istream& in);
   /// Writes an entry and leaves it clean; without a writable file, or on failure, it stays as it
   /// is.
-  virtual void save_entry(PLHashEntry* entry);
-  virtual void merge(PLHash& other);
-  virtual void copy(PLHash& other);
-  virtual void sync();
-  virtual void clear();
+  void save_entry(PLHashEntry* entry);
+  void merge(PLHash& other);
+  void copy(PLHash& other);
+  void sync();
+  void clear();
   virtual ~PLHash();
 
   /// The entry of a key, from memory or disk, or null; `slot` is where a new one goes.

@@ -13,7 +13,7 @@ constinit const TypeTag match{
     [](Word word) { reinterpret_cast<Match*>(word)->retain(); },
     [](Word word) { reinterpret_cast<Match*>(word)->release(); },
     nullptr,
-    [](Word word) { return reinterpret_cast<Match*>(word)->analyzer->eras.now(); }};
+    [](Word word) { return reinterpret_cast<Match*>(word)->analyzer->era(); }};
 }  // namespace tags
 
 namespace {
@@ -44,12 +44,7 @@ void Match::destroy(Match* match) {
 }
 
 Ref<Match> Match::make(LexAnalyzer* in, int from, int to, LexItem* about) {
-  Match* match = new Match;
-  match->analyzer = in;
-  match->low = from;
-  match->high = to;
-  match->item = about;
-  return Ref<Match>(match);
+  return Ref<Match>(new Match(in, from, to, about));
 }
 
 Ref<Match> Match::empty_at(LexAnalyzer* in, Anchor anchor, int pos) {

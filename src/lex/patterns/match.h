@@ -42,11 +42,14 @@ class Match : public Counted<Match>, public Pooled<Match> {
   /// "[low,high]", with the components behind it in parentheses.
   void print(std::ostream& out) const;
 
-  LexItem* item = nullptr;         ///< may be null
-  std::int32_t low = 0, high = 0;  ///< an empty match has high = low - 1
-  LexAnalyzer* analyzer = nullptr;
+  LexItem* const item;           ///< may be null
+  const std::int32_t low, high;  ///< an empty match has high = low - 1
+  LexAnalyzer* const analyzer;
 
  private:
+  Match(LexAnalyzer* in, int from, int to, LexItem* about)
+      : item(about), low(from), high(to), analyzer(in) {}
+
   Ref<Match> part_;
   Ref<Match> rest_;
   std::int32_t count_ = 0;

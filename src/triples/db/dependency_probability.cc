@@ -50,8 +50,8 @@ float TripleDb::dependency_probability(const char* word1, const char* relation, 
              0.2 * share((t + c) * (t + d), b * r);
 
   for (TripleDbInfo* entry : {e1, er, e2})
-    if (entry) entry->last_used = serial;
-  if (clean_up_after > 0 && serial++ >= clean_up_after) CleanUp();
+    if (entry) entry->last_used = serial_;
+  if (clean_up_after > 0 && serial_++ >= clean_up_after) CleanUp();
   return probability(p);
 }
 

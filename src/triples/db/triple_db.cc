@@ -18,7 +18,7 @@ constexpr long kMostIdBuckets = 1L << 26;
 TripleDb::TripleDb(long bucket_count, long id_bucket_count, bool with_mutinfo)
     : TPLHash(bucket_count),
       ids(static_cast<int>(std::clamp(id_bucket_count, 1L, kMostIdBuckets))),
-      save_mutinfo(with_mutinfo) {}
+      save_mutinfo_(with_mutinfo) {}
 
 TripleDb::~TripleDb() {
   delete_all();  // the keys are in `ids`
@@ -28,7 +28,7 @@ void TripleDb::unlink_file() {
   PLHash::unlink_file();
   clear();
   ids.clear();
-  serial = 0;
+  serial_ = 0;
 }
 
 void TripleDb::print_entry(PLHashEntry* entry, std::ostream& out) {
@@ -51,13 +51,13 @@ void TripleDb::add_triple(const char* word1, int relation_id, const char* word2,
   load_details(*head);
   head->add_feature(relation_id, ids.get_id(word2, true), count, *this);
   head->mark_changed();
-  head->last_used = serial++;
+  head->last_used = serial_++;
   if (word2) {
     TripleDbInfo* other = get_entry(word2);
     load_details(*other);
     other->add_feature(-relation_id, ids.get_id(word1, true), count, *this);
     other->mark_changed();
-    other->last_used = serial;
+    other->last_used = serial_;
   }
   const char* relation = id_to_string(relation_id);
   if (!relation) return;
@@ -186,7 +186,7 @@ void TripleDb::CleanUp() {
   write();
   for (PLHashEntry* entry : dropped) delete_entry(entry);
   messages() << "CleanUp deleted " << deleted << " out of " << walked << '\n';
-  serial = half;
+  serial_ = half;
 }
 
 }  // namespace torvane

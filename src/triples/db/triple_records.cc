@@ -172,7 +172,7 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
     for (const WordCount& word : rel) {
       add_int(buf, ids.get_id(word.word, false));
       add_float(buf, word.freq);
-      if (save_mutinfo) add_float(buf, word.mi);
+      if (save_mutinfo_) add_float(buf, word.mi);
     }
   }
   std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
@@ -216,7 +216,7 @@ void TripleDb::load_details(TripleDbInfo& entry) {
   buf.reset();
   std::size_t length =
       has_file() ? file->read_record(static_cast<std::uint32_t>(entry.detail_pos), buf) : 0;
-  bool with_mutinfo = save_mutinfo;
+  bool with_mutinfo = save_mutinfo_;
   if (!unpack_details(entry, buf.object(), length, with_mutinfo) &&
       !unpack_details(entry, buf.object(), length, !with_mutinfo))
     entry.detail_pos = 0;
