@@ -43,7 +43,7 @@ void lexicon_load(benchmark::State& state) {
   for (auto _ : state) {
     Lexicon lexicon(session(), 19997);
     std::istringstream in(text);
-    lexicon.load(in, 1);
+    lexicon.load(in, true);
   }
   state.SetItemsProcessed(state.iterations() * kEntries);
 }
@@ -53,7 +53,7 @@ void lexicon_look_up(benchmark::State& state, bool hit) {
   bench_kinds();
   Lexicon lexicon(session(), 19997);
   std::istringstream in(entries_text());
-  lexicon.load(in, 1);
+  lexicon.load(in, true);
   std::vector<std::string> words;
   for (int i = 0; i < 1000; ++i) words.push_back(hit ? key(i * 17) : "miss" + std::to_string(i));
   std::size_t i = 0;
@@ -72,7 +72,7 @@ void disk_look_up(benchmark::State& state) {
   std::ofstream(dir / "lex.dat") << entries_text();
   std::ofstream(dir / "lex.hdr") << "lex.dat\n19997\nlex.idx\n(\n)\n";
   {
-    DictOnDisk dict(session(), (dir / "lex.hdr").c_str());
+    DictOnDisk dict(session().files, (dir / "lex.hdr").c_str());
     int i = 0;
     for (auto _ : state) {
       benchmark::DoNotOptimize(dict.get_entry(key(i).c_str()));

@@ -40,7 +40,7 @@ class Chart {
  private:
   void add(int low, int high, const std::string& root) {
     LexItem* item = analyzer.make_item(root.c_str(), nullptr, low, high, Slist<const char*>());
-    analyzer.add_item(item, 0);
+    analyzer.add_item(item, false);
   }
 };
 

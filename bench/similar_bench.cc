@@ -14,6 +14,7 @@
 #include <string>
 
 #include "bench/session.h"
+#include "store/header_file.h"
 #include "store/qhash.h"
 #include "wordsim/feature_overlap.h"
 #include "wordsim/group_scores.h"
@@ -59,18 +60,19 @@ struct Lists {
   std::unique_ptr<SimWordDb> open() const {
     if (!fs::exists(folder / "words.db")) {
       std::unique_ptr<SimWordDb> db = read();
-      db->attach_file(store(3));
+      db->attach_file(store(OpenMode::write));
       db->save();
     }
     auto db = std::make_unique<SimWordDb>(words, kPairs, 0.0F);
-    db->attach_file(store(1));
+    db->attach_file(store(OpenMode::read));
     return db;
   }
 
  private:
-  std::unique_ptr<QHash> store(int mode) const {
+  std::unique_ptr<QHash> store(OpenMode mode) const {
     auto hash = std::make_unique<QHash>(session().objects, mode);
-    hash->open_header(session(), (folder / "words.hdr").c_str());
+    HeaderFile header(session().files, (folder / "words.hdr").c_str(), false);
+    hash->open_header(header);
     return hash;
   }
 };

@@ -57,7 +57,7 @@ class OwnStore {
  public:
   static constexpr const char* kName = "own";
   bool open(const std::string& path, bool writable) {
-    hash_ = std::make_unique<QHash>(functions_, writable ? 3 : 1);
+    hash_ = std::make_unique<QHash>(functions_, writable ? OpenMode::write : OpenMode::read);
     hash_->open_file(path.c_str(), 32, kBuckets, "strcmp");
     return hash_->is_open();
   }
@@ -67,7 +67,7 @@ class OwnStore {
   bool find(const std::string& key) { return hash_->find(key.c_str(), found_) != 0; }
   bool update(const std::string& key, const std::string& value) {
     std::uint32_t pos = hash_->find(key.c_str(), found_);
-    return hash_->update(pos, pack(key, value), key.size() + 1 + value.size(), 0, 0) != 0;
+    return hash_->update(pos, pack(key, value), key.size() + 1 + value.size(), 0, false) != 0;
   }
   void sync() { hash_->sync(); }
 
@@ -263,8 +263,10 @@ void str2id(benchmark::State& state) {
   const Load many(0);
   for (auto _ : state) {
     Str2Id ids;
-    for (const std::string& key : many.keys) benchmark::DoNotOptimize(ids.get_id(key.c_str(), 1));
-    for (const std::string& key : many.keys) benchmark::DoNotOptimize(ids.get_id(key.c_str(), 0));
+    for (const std::string& key : many.keys)
+      benchmark::DoNotOptimize(ids.get_id(key.c_str(), true));
+    for (const std::string& key : many.keys)
+      benchmark::DoNotOptimize(ids.get_id(key.c_str(), false));
     state.counters["bytes_per_record"] =
         static_cast<double>(ids.bytes_reserved()) / static_cast<double>(many.keys.size());
   }

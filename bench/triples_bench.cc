@@ -20,6 +20,7 @@
 
 #include "bench/session.h"
 #include "shell/named_objects.h"
+#include "store/header_file.h"
 #include "triples/db/triple_db.h"
 
 namespace torvane {
@@ -126,17 +127,18 @@ const Corpus& corpus(std::int64_t size) {
   return *found;
 }
 
-std::unique_ptr<TripleDb> linked_db(const Corpus& texts, int mode) {
-  auto db = std::make_unique<TripleDb>(kBuckets, kIdBuckets, 0);
-  db->link_file(session(), (texts.folder / "store.hdr").c_str(), mode);
+std::unique_ptr<TripleDb> linked_db(const Corpus& texts, OpenMode mode) {
+  auto db = std::make_unique<TripleDb>(kBuckets, kIdBuckets, false);
+  HeaderFile header(session().files, (texts.folder / "store.hdr").c_str(), false);
+  db->link_file(session().objects, header, mode);
   return db;
 }
 
 void populate(const Corpus& texts) {
   fs::remove(texts.folder / "store.db");
-  std::unique_ptr<TripleDb> db = linked_db(texts, 3);
+  std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::write);
   std::ifstream rels(texts.folder / "rels.txt"), deps(texts.folder / "deps.txt");
-  db->populate_relations(rels);
+  db->populate_relations(rels, {});
   db->populate(deps);
 }
 
@@ -171,7 +173,7 @@ void triples_cold_own(benchmark::State& state) {
   const Corpus& texts = corpus(state.range(0));
   need_store(texts);
   for (auto _ : state) {
-    std::unique_ptr<TripleDb> db = linked_db(texts, 1);
+    std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::read);
     for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.sample.size()));
@@ -181,7 +183,7 @@ BENCHMARK(triples_cold_own)->Arg(1000000)->Unit(benchmark::kMillisecond);
 void triples_warm_own(benchmark::State& state) {
   const Corpus& texts = corpus(state.range(0));
   need_store(texts);
-  std::unique_ptr<TripleDb> db = linked_db(texts, 1);
+  std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::read);
   for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   std::size_t i = 0;
   for (auto _ : state) {
@@ -194,7 +196,7 @@ BENCHMARK(triples_warm_own)->Arg(1000000);
 void triple_count_own(benchmark::State& state) {
   const Corpus& texts = corpus(state.range(0));
   need_store(texts);
-  std::unique_ptr<TripleDb> db = linked_db(texts, 1);
+  std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::read);
   for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   std::size_t i = 0;
   for (auto _ : state) {
@@ -211,7 +213,7 @@ BENCHMARK(triple_count_own)->Arg(1000000);
 void dependency_probability(benchmark::State& state) {
   const Corpus& texts = corpus(state.range(0));
   need_store(texts);
-  std::unique_ptr<TripleDb> db = linked_db(texts, 1);
+  std::unique_ptr<TripleDb> db = linked_db(texts, OpenMode::read);
   for (const Triple& triple : texts.sample) read_word(*db, triple.head);
   std::size_t i = 0;
   for (auto _ : state) {

@@ -8,7 +8,9 @@
 #include <fstream>
 #include <iostream>
 
+#include "shell/file_search.h"
 #include "shell/world.h"
+#include "store/header_file.h"
 #include "support/text.h"
 #include "wordsim/triple_features.h"
 
@@ -17,12 +19,13 @@ namespace {
 constexpr long kMost = 200;
 constexpr float kLeastInformation = 0.5F;
 
-int build(const char* header, const char* source, long most, float least_information) {
+int build(const char* name, const char* source, long most, float least_information) {
   using namespace torvane;
   World world(World::Console::of_process());
-  TripleDb db(59999, 200011, 0);
-  if (db.link_file(world, header, 1) < 1) {
-    std::cerr << header << " names no database of triples\n";
+  TripleDb db(59999, 200011, false);
+  HeaderFile header(world.files, name, world.double_byte);
+  if (db.link_file(world.objects, header, OpenMode::read) < 1) {
+    std::cerr << name << " names no database of triples\n";
     return 1;
   }
   std::ofstream out(source, std::ios::binary);

@@ -58,7 +58,7 @@ int frequency_weight(const char* list, const char* word) {
 int category_weight(Lexicon* lexicon, const LexItem& item) {
   const LexEntry* entry = lexicon && item.entry_key ? lexicon->get_entry(item.entry_key) : nullptr;
   if (!entry) return kDefaultWeight;
-  for (const Meaning* meaning : entry->meanings)
+  for (const Meaning* meaning : entry->meanings())
     if (same_word(meaning->type(), contract::kFrequencies))
       if (auto* freq = dynamic_cast<const StrMeaning*>(meaning))
         return frequency_weight(freq->text.c_str(), item.category);
@@ -141,7 +141,8 @@ bool TorvaneParser::collect_items() {
       return;
     }
     if (lexitem->category && *lexitem->category)
-      lexitem->weight = static_cast<std::int16_t>(category_weight(grammar._lex->lexicon, *lexitem));
+      lexitem->weight =
+          static_cast<std::int16_t>(category_weight(grammar._lex->lexicon(), *lexitem));
     item->_weight += lexitem->weight;
     stamp_roles(*item);
     initial_.push_back({item, static_cast<int>(initial_.size())});

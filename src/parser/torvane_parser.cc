@@ -23,7 +23,7 @@ TorvaneParser* current_parser(World& world) {
 }
 
 bool refuse_while_parsing(World& world, const char* what, const LexAnalyzer* lex) {
-  bool busy = parsing(world).is_parsing() || (lex && lex->analyzing);
+  bool busy = parsing(world).is_parsing() || (lex && lex->is_analyzing());
   if (busy) messages() << what << ": a sentence is being parsed\n";
   return busy;
 }

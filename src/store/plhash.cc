@@ -4,10 +4,7 @@
 #include <bit>
 #include <cstdlib>
 
-#include "shell/file_search.h"
-#include "shell/tokenizer.h"
-#include "shell/world.h"
-#include "store/qhash.h"
+#include "store/header_file.h"
 #include "support/big_endian.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -18,6 +15,7 @@ namespace {
 
 // A table of more buckets than any store has entries would only cost memory.
 constexpr long kMostBuckets = 1L << 26;
+constexpr int kGlobalChunk = 1024;
 constexpr int kEntryChunk = 20000;
 constexpr int kReconstructChunk = 10000;
 
@@ -32,18 +30,17 @@ void not_defined(const char* operation) {
 
 }  // namespace
 
-LHashTable::LHashTable(DeleteEntry destroy, std::size_t bucket_count)
-    : delete_entry(destroy),
-      compare(compare_key),
-      size(bucket_count),
-      buckets(std::make_unique<PLHashEntry*[]>(bucket_count)) {}
+LHashTable::LHashTable(DeleteEntry drop_entry, std::size_t bucket_count)
+    : delete_entry_(drop_entry),
+      size_(bucket_count),
+      buckets_(std::make_unique<PLHashEntry*[]>(bucket_count)) {}
 
 PLHashEntry* LHashTable::find_in_memory(const char* key, Slot& slot) const {
   slot = nullptr;
   if (!key) return nullptr;
-  slot = &buckets[string_hash(key) % size];
+  slot = &buckets_[string_hash(key) % size_];
   for (; *slot; slot = &(*slot)->next) {
-    int order = compare(*slot, key);
+    int order = compare_key(*slot, key);
     if (order == 0) return *slot;
     if (order > 0) break;
   }
@@ -59,14 +56,15 @@ bool LHashTable::unlink(PLHashEntry* entry) {
 }
 
 void LHashTable::delete_all() {
-  for_each(delete_entry);
-  std::fill_n(buckets.get(), size, nullptr);
+  for_each(delete_entry_);
+  std::fill_n(buckets_.get(), size_, nullptr);
 }
 
-PLHash::PLHash(DeleteEntry destroy, long bucket_count)
-    : LHashTable(destroy, static_cast<std::size_t>(std::clamp(bucket_count, 1L, kMostBuckets))),
-      missing(
-          static_cast<int>(size), [](const char* key) { return string_hash(key); }, stricmp) {}
+PLHash::PLHash(DeleteEntry drop_entry, long buckets)
+    : LHashTable(drop_entry, static_cast<std::size_t>(std::clamp(buckets, 1L, kMostBuckets))),
+      missing_(
+          static_cast<int>(bucket_count()), [](const char* key) { return string_hash(key); },
+          stricmp) {}
 
 // Kept: unsynced-is-lost
 PLHash::~PLHash() = default;
@@ -80,60 +78,51 @@ bool PLHash::is_writable() const {
 }
 
 bool PLHash::save_global(std::int32_t pos) {
-  StrBufs buf(global_size);
+  StrBufs buf(kGlobalChunk);
   pack_global(buf);
   return is_writable() &&
          file->write_record(static_cast<std::uint32_t>(pos), buf.object(), buf.object_size()) > 0;
 }
 
 bool PLHash::load_global() {
-  StrBufs buf(global_size);
-  return has_file() && file->read_record(file->data_start, buf) > 0 && unpack_global(buf);
+  StrBufs buf(kGlobalChunk);
+  return has_file() && file->read_record(file->data_start(), buf) > 0 && unpack_global(buf);
 }
 
 void PLHash::pack_global(StrBufs& buf) {
-  total += pending;
-  pending = 0;
-  buf.add_be32(std::bit_cast<std::uint32_t>(total));
+  total_ += pending_;
+  pending_ = 0;
+  buf.add_be32(std::bit_cast<std::uint32_t>(total_));
 }
 
 bool PLHash::unpack_global(StrBufs& buf) {
   if (buf.object_size() < sizeof(std::uint32_t)) return false;
-  total = std::bit_cast<float>(load_be32(buf.object()));
+  total_ = std::bit_cast<float>(load_be32(buf.object()));
   return true;
 }
 
-int PLHash::link_stream(const NamedObjects& functions, int mode, const char* directory,
-                        Tokenizer& tokenizer) {
+int PLHash::link_file(const NamedObjects& functions, HeaderFile& header, OpenMode mode) {
+  if (!header.is_open()) return -1;
   if (has_file()) {
     // Entries know their places in the file that is linked now.
     sync();
     clear();
   }
   if (!file) file = std::make_unique<QHash>(functions, mode);
-  int result = file->open_from(directory, tokenizer);
+  int result = file->open_header(header);
   bool usable = file->is_open();
   if (usable && result == 0) save_global(0);
   if (usable && result > 0) usable = load_global();
-  global_changed_ = pending != 0;  // counted before there was a file
+  global_changed_ = pending_ != 0;  // counted before there was a file
   if (usable) return result;
   // A store without its global data cannot be read, and must not be written.
   file.reset();
   return 0;
 }
 
-int PLHash::link_file(World& world, const char* header, int mode) {
-  Ref<Stream> stream = world.files.open(header);
-  if (!stream) return -1;
-  std::string directory = world.files.found_dir();
-  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512, world.double_byte);
-  tokenizer.set_input(stream.get());
-  return link_stream(world.objects, mode, directory.c_str(), tokenizer);
-}
-
 void PLHash::unlink_file() {
   sync();
-  total = pending = 0;
+  clear_total();
   file.reset();
 }
 
@@ -183,7 +172,7 @@ void PLHash::save_entry(PLHashEntry* entry) {
   std::uint32_t pos = entry->pos == 0
                           ? file->insert(record_.object(), record_.object_size())
                           : file->update(static_cast<std::uint32_t>(std::abs(entry->pos)),
-                                         record_.object(), record_.object_size(), 0, 0);
+                                         record_.object(), record_.object_size(), 0, false);
   if (pos > 0) entry->pos = static_cast<std::int32_t>(pos);
 }
 
@@ -203,8 +192,8 @@ void PLHash::flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after
 
 void PLHash::merge(PLHash& other) {
   // Kept: merge-adds-totals-first
-  total += other.total;
-  pending += other.pending;
+  total_ += other.total_;
+  pending_ += other.pending_;
   if (!has_file()) {
     messages() << "PLHash::merge cannot open disk file\n";
     return;
@@ -231,8 +220,8 @@ void PLHash::merge(PLHash& other) {
 
 void PLHash::copy(PLHash& other) {
   if (&other == this) return;
-  total = other.total;
-  pending = other.pending;
+  total_ = other.total_;
+  pending_ = other.pending_;
   if (is_writable()) {
     mark_global_changed();
     // Kept: copy-does-not-look
@@ -253,7 +242,7 @@ void PLHash::insert_raw(PLHashIterator& walk, PLHash& other) {
 }
 
 void PLHash::sync() {
-  forget_missing();
+  clear_missing();
   if (!is_writable()) return;
   std::vector<PLHashEntry*> changed;
   for_each([&](PLHashEntry* entry) {
@@ -266,22 +255,22 @@ void PLHash::sync() {
     if (changed.size() >= kBatch) flush_entries(changed, false);
   });
   flush_entries(changed, false);
-  if (!file->dirty && !global_changed_) return;
-  if (save_global(static_cast<std::int32_t>(file->data_start))) global_changed_ = false;
+  if (!file->is_changed() && !global_changed_) return;
+  if (save_global(static_cast<std::int32_t>(file->data_start()))) global_changed_ = false;
   file->sync();
 }
 
 void PLHash::clear() {
   delete_all();
-  forget_missing();
+  clear_missing();
 }
 
 PLHashEntry* PLHash::find(const char* key, Slot& slot) {
   PLHashEntry* entry = find_in_memory(key, slot);
-  if (entry || !key || !has_file() || missing.find(key)) return entry;
+  if (entry || !key || !has_file() || missing_.find(key)) return entry;
   std::uint32_t pos = file->find(key, record_);
   if (pos == 0) {
-    missing.insert_at_cursor(missing_keys_.copy(key));
+    missing_.insert_at_cursor(missing_keys_.copy(key));
     return nullptr;
   }
   entry = v_unpack_entry(record_);
@@ -292,11 +281,16 @@ PLHashEntry* PLHash::find(const char* key, Slot& slot) {
 }
 
 void PLHash::add_count(float count) {
-  pending += count;
+  pending_ += count;
   mark_global_changed();
-  if (pending <= kMostPending) return;
-  total += pending;
-  pending = 0;
+  if (pending_ <= kMostPending) return;
+  total_ += pending_;
+  pending_ = 0;
+}
+
+void PLHash::add_to_total(double count) {
+  total_ = static_cast<float>(total_ + count);
+  mark_global_changed();
 }
 
 void PLHash::print_all(std::ostream& out) {
@@ -311,8 +305,8 @@ void PLHash::check_all() {
   if (has_file()) file->check_all();
 }
 
-void PLHash::forget_missing() {
-  missing.clear();
+void PLHash::clear_missing() {
+  missing_.clear();
   missing_keys_.reset();
 }
 

@@ -21,10 +21,8 @@
 
 namespace torvane {
 
+class HeaderFile;
 class NamedObjects;
-class Tokenizer;
-class World;
-
 class PLHashIterator;
 
 /// What every entry begins with.
@@ -46,11 +44,10 @@ struct PLHashEntry {
 class LHashTable {
  public:
   using DeleteEntry = void (*)(PLHashEntry* entry);
-  using Compare = int (*)(const PLHashEntry* entry, const char* key);
   /// The link at which a chain goes on: where a missing entry belongs.
   using Slot = PLHashEntry**;
 
-  LHashTable(DeleteEntry destroy, std::size_t bucket_count);
+  LHashTable(DeleteEntry drop_entry, std::size_t bucket_count);
   LHashTable(const LHashTable&) = delete;
   LHashTable& operator=(const LHashTable&) = delete;
 
@@ -62,55 +59,69 @@ class LHashTable {
   }
   /// Takes an entry out of its chain; the caller owns it then. False if it is not in the table.
   bool unlink(PLHashEntry* entry);
-  /// Destroys every entry.
+  /// The same for every entry of which `test(entry)` holds, in bucket order.
+  template <class Test>
+  void unlink_if(Test test) {
+    for (std::size_t i = 0; i < size_; ++i)
+      for (Slot slot = &buckets_[i]; *slot;) {
+        PLHashEntry* entry = *slot;
+        PLHashEntry* next = entry->next;
+        if (test(entry))
+          *slot = next;
+        else
+          slot = &entry->next;
+      }
+  }
+  void delete_entry(PLHashEntry* entry) const { delete_entry_(entry); }
   void delete_all();
   /// Calls `visit(entry)` in bucket order; it may change the entry, not the chain.
   template <class Visit>
   void for_each(Visit visit) const {
-    for (std::size_t i = 0; i < size; ++i)
-      for (PLHashEntry* entry = buckets[i]; entry;) {
+    for (std::size_t i = 0; i < size_; ++i)
+      for (PLHashEntry* entry = buckets_[i]; entry;) {
         PLHashEntry* next = entry->next;
         visit(entry);
         entry = next;
       }
   }
 
-  DeleteEntry delete_entry;
-  Compare compare;
-  std::size_t size;
-  std::unique_ptr<PLHashEntry*[]> buckets;
+  std::size_t bucket_count() const { return size_; }
 
  protected:
   ~LHashTable() { delete_all(); }
+
+ private:
+  friend class PLHashIterator;
+
+  DeleteEntry delete_entry_;
+  std::size_t size_;
+  std::unique_ptr<PLHashEntry*[]> buckets_;
 };
 
 class PLHash : public LHashTable {
  public:
   /// How many changed entries are gathered before they are written.
   static constexpr std::size_t kBatch = 20000;
-  /// Counts above this leave `pending` for `total`.
+  /// Beyond this sum counts that are pending go to the total.
   static constexpr float kMostPending = 10000.0F;
 
   /// With at least 1 bucket, and at most a sane number.
-  PLHash(DeleteEntry destroy, long bucket_count);
+  PLHash(DeleteEntry drop_entry, long bucket_count);
   PLHash(const PLHash&) = delete;
   PLHash& operator=(const PLHash&) = delete;
 
-  // In the order of the slots of a table of operations; those that give a bool say whether all went
-  // well (a message tells what did not).
+  // Those that give a bool say whether all went well (a message tells what did not).
 
   /// Writes the global data as the record at `pos`; 0: as a new record.
-  virtual bool save_global(std::int32_t pos);
+  bool save_global(std::int32_t pos);
   /// Reads it from the first record. False if it is damaged.
-  virtual bool load_global();
+  bool load_global();
   virtual void pack_global(StrBufs& buf);
   virtual bool unpack_global(StrBufs& buf);
-  /// Opens the disk file that a header names. Above 0: an existing file; 0: a new one, or failure.
-  virtual int link_stream(const NamedObjects& functions, int mode, const char* directory,
-                          Tokenizer& tokenizer);
-  /// The same from the header's name; -1 if the header cannot be opened.
-  virtual int link_file(World& world, const char* header, int mode);
-  /// Writes what changed and lets the disk file go.
+  /// Opens the disk file that a header names; `functions` as for a QHash. Above 0: an existing
+  /// file; 0: a new one, or failure; -1: the header is not open.
+  int link_file(const NamedObjects& functions, HeaderFile& header, OpenMode mode);
+  /// Writes what changed and drops the disk file.
   virtual void unlink_file();
   /// An empty buffer means that the entry cannot be written now.
   virtual void v_pack_entry(PLHashEntry* entry, StrBufs& buf);
@@ -121,14 +132,14 @@ class PLHash : public LHashTable {
   /// Reads the next record of a text into the buffer, packed; nothing at the end.
   virtual void read_entry(std::istream& in, StrBufs& buf);
   virtual void populate(std::istream& in);
-  virtual void reconstruct(std::istream& in);
+  void reconstruct(std::istream& in);
   /// Writes an entry and leaves it clean; without a writable file, or on failure, it stays as it
   /// is.
-  virtual void save_entry(PLHashEntry* entry);
-  virtual void merge(PLHash& other);
-  virtual void copy(PLHash& other);
-  virtual void sync();
-  virtual void clear();
+  void save_entry(PLHashEntry* entry);
+  void merge(PLHash& other);
+  void copy(PLHash& other);
+  void sync();
+  void clear();
   virtual ~PLHash();
 
   /// The entry of a key, from memory or disk, or null; `slot` is where a new one goes.
@@ -138,13 +149,15 @@ class PLHash : public LHashTable {
     return find(key, slot);
   }
   void add_count(float count);
+  /// Adds a count that is large at once.
+  void add_to_total(double count);
   /// Says that the global data and their record differ.
   void mark_global_changed() {
     global_changed_ = true;
-    if (file) file->dirty = 1;
+    if (file) file->mark_changed();
   }
   /// N: the grand total that is shown and that statistics use.
-  float total_count() const { return total + pending; }
+  float total_count() const { return total_ + pending_; }
   void print_all(std::ostream& out);
   void print_profile(int max);
   void check_all();
@@ -153,19 +166,15 @@ class PLHash : public LHashTable {
   bool has_file() const;
   bool is_writable() const;
 
-  float total = 0;
-  float pending = 0;
-  int global_size = 1024;
-  std::unique_ptr<QHash> file;
-  /// Keys known to be absent from the disk.
-  THashTableWithOrd<const char*, const char*> missing;
+  std::unique_ptr<QHash> file;  ///< null until one is linked
 
  protected:
-  void forget_missing();
+  void clear_missing();
+  void clear_total() { total_ = pending_ = 0; }
   /// Writes the entries in file order, and sorts the list so. Those that could not be written stay
   /// as they are.
   void write_in_order(std::vector<PLHashEntry*>& entries);
-  /// Writes the entries in file order; with `delete_after` they are destroyed then. Empties the
+  /// Writes the entries in file order; with `delete_after` they are deleted then. Empties the
   /// list.
   void flush_entries(std::vector<PLHashEntry*>& entries, bool delete_after);
 
@@ -173,7 +182,11 @@ class PLHash : public LHashTable {
   /// Adds the record that a walk over `other` stands on.
   void insert_raw(PLHashIterator& walk, PLHash& other);
 
+  float total_ = 0;
+  float pending_ = 0;            // not in `total_` yet: a small count is lost beside a large sum
   bool global_changed_ = false;  // the file's own flag goes when its links are sorted
+  /// Keys known to be absent from the disk.
+  THashTableWithOrd<const char*, const char*> missing_;
   StrBufs missing_keys_{4096};
   // Of the entry that is written or looked up; kept, since there are many.
   StrBufs record_{20000};

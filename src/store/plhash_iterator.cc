@@ -4,8 +4,8 @@
 namespace torvane {
 
 PLHashIterator::PLHashIterator(PLHash& table) : table_(table), on_disk_(table.has_file()) {
-  if (on_disk_ && table_.file->block_size > 0)
-    steps_left_ = table_.file->end_pos / table_.file->block_size;
+  if (on_disk_ && table_.file->block_size() > 0)
+    steps_left_ = table_.file->end_pos() / table_.file->block_size();
   next();
 }
 
@@ -18,7 +18,7 @@ void PLHashIterator::next() {
 
 void PLHashIterator::next_in_memory() {
   entry_ = entry_ ? entry_->next : nullptr;
-  while (!entry_ && bucket_ < table_.size) entry_ = table_.buckets[bucket_++];
+  while (!entry_ && bucket_ < table_.size_) entry_ = table_.buckets_[bucket_++];
 }
 
 // A record cannot be in two chains, so there are at most as many steps as blocks, however a damaged
@@ -28,7 +28,7 @@ void PLHashIterator::next_on_disk() {
   QHash& hash = *table_.file;
   while (!entry_ && steps_left_ > 0) {
     while (!chain_ || chain_->pos() == 0) {
-      if (bucket_ == hash.size) return;
+      if (bucket_ == hash.bucket_count()) return;
       chain_.emplace(hash, hash.get_bucket(bucket_++));
     }
     --steps_left_;

@@ -19,6 +19,8 @@ namespace torvane {
 
 class PageFile;
 
+enum class OpenMode : unsigned char { read, write };
+
 /// The 8 bytes at a record's position. `blocks` has 16 bits in the file.
 struct RecordHeader {
   static constexpr std::uint32_t kBytes = 8;
@@ -48,25 +50,22 @@ struct OverflowRef {
 
 class QFile {
  public:
-  static constexpr int kWritable = 2;
-
-  /// `mode` is 1 for reading, 3 for reading and writing.
-  explicit QFile(int open_mode);
+  explicit QFile(OpenMode mode);
   QFile(const QFile&) = delete;
   QFile& operator=(const QFile&) = delete;
   /// What was not synced is dropped.
-  virtual ~QFile();
+  ~QFile();
   /// Writes the free list and the header, and makes all changes since the last sync permanent.
   /// Nothing on a file that is read-only, not open or unchanged.
-  virtual void sync();
+  void sync();
 
   /// 1 for an existing file with content, whose own block size holds; 0 for a new one, and after
-  /// "Can't open NAME" (`file` is null then). Open again, the object starts afresh, and what was
+  /// "Can't open NAME" (it is not open then). Open again, the object starts afresh, and what was
   /// not synced is dropped.
   int open(const char* name, long block_size);
-  int read_only() const { return (mode & kWritable) == 0; }
-  int is_open() const { return file != nullptr; }
-  /// Lets the file go; what was not synced is dropped.
+  bool read_only() const { return mode_ == OpenMode::read; }
+  bool is_open() const { return file_ != nullptr; }
+  /// Drops the file, and what was not synced.
   void close();
 
   /// The position of enough fresh blocks for `size` bytes, their count in `hdr.blocks`; 0 on a
@@ -91,13 +90,17 @@ class QFile {
   /// "Free list: (POS, LENGTH) ...", on the error stream.
   void print_free_list() const;
 
-  int mode;
-  std::unique_ptr<PageFile> file;
-  std::uint32_t block_size = 0;
-  std::uint32_t end_pos = 0;
-  std::uint32_t data_start = 0;
-  int dirty = 0;
-  FreeList free_list;
+  std::uint32_t block_size() const { return block_size_; }
+  /// Where the allocated area ends, and where that of records begins.
+  std::uint32_t end_pos() const { return end_pos_; }
+  std::uint32_t data_start() const { return data_start_; }
+  const FreeList& free_list() const { return free_list_; }
+  /// No record was ever written.
+  bool has_no_records() const { return data_start_ == end_pos_; }
+  /// What was changed since the last sync; `mark_changed` says that something else is to be synced.
+  bool is_changed() const { return dirty_; }
+  void mark_changed() { dirty_ = true; }
+
   /// How much of the file stays in memory; counts from the next `open` on.
   std::size_t cached_pages;
 
@@ -117,9 +120,16 @@ class QFile {
                      std::uint32_t skip, const char* data, std::uint32_t size);
   /// How many payload bytes fit the primary extent; below 0 if that cannot hold a record.
   std::int64_t head_room(const RecordHeader& hdr) const {
-    std::int64_t bytes = std::int64_t{hdr.blocks} * block_size - RecordHeader::kBytes;
+    std::int64_t bytes = std::int64_t{hdr.blocks} * block_size_ - RecordHeader::kBytes;
     return hdr.contiguous() ? bytes : bytes - OverflowRef::kBytes;
   }
+
+  std::unique_ptr<PageFile> file_;
+  std::uint32_t block_size_ = 0;
+  std::uint32_t end_pos_ = 0;
+  std::uint32_t data_start_ = 0;
+  bool dirty_ = false;
+  FreeList free_list_;
 
  private:
   static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
@@ -137,6 +147,7 @@ class QFile {
   bool read_overflow_ref(std::uint32_t pos, OverflowRef& ovf) const;
   bool write_header(std::uint32_t pos, const RecordHeader& hdr);
 
+  OpenMode mode_;
   std::uint32_t tail_ref_pos_ = 0;  // of the overflow reference that `read_head` came to
 };
 

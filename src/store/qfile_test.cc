@@ -11,7 +11,7 @@ namespace {
 
 class QFileTest : public StoreTest {
  protected:
-  QFileTest() : file_(3) { file_.open(path().c_str(), 32); }
+  QFileTest() : file_(OpenMode::write) { file_.open(path().c_str(), 32); }
 
   std::uint32_t put(std::uint32_t pos, const std::string& data) {
     return file_.write_record(pos, data.data(), data.size());
@@ -30,7 +30,13 @@ class QFileTest : public StoreTest {
     return bytes_of(path()).substr(pos, n);
   }
 
-  QFile file_;
+  /// A file whose end a test can move.
+  struct MovableFile : QFile {
+    using QFile::end_pos_;
+    using QFile::free_list_;
+    using QFile::QFile;
+  };
+  MovableFile file_;
 };
 
 TEST_F(QFileTest, ContiguousRecordAndFreeList) {
@@ -76,11 +82,11 @@ TEST_F(QFileTest, SpilledRecordKeepsItsPlace) {
 
 TEST_F(QFileTest, OverflowInFrontOfTheLastRecord) {
   std::uint32_t first = put(0, std::string(127 * 32 - 8, 'x')), last = put(0, "y");
-  ASSERT_EQ(last + 32, file_.end_pos);
+  ASSERT_EQ(last + 32, file_.end_pos());
   file_.release(first, 0);
   std::string longer(3000, 'z');
   EXPECT_EQ(put(last, longer), last);
-  EXPECT_EQ(file_.end_pos, last + 32);
+  EXPECT_EQ(file_.end_pos(), last + 32);
   EXPECT_EQ(get(last), longer);
 }
 
@@ -133,14 +139,14 @@ TEST_F(QFileTest, WhatCannotBeOpened) {
   write_bytes(path("no-blocks"), bytes_from("0000000c 00000000 00000000"));
   write_bytes(path("cut"), bytes_from("0000100c 00000000 00000020"));
   for (const char* name : {"folder", "empty", "short", "no-blocks", "cut", "missing"}) {
-    QFile reader(1);
+    QFile reader(OpenMode::read);
     std::string full = path(name);
     EXPECT_EQ(messages_of([&] { EXPECT_EQ(reader.open(full.c_str(), 32), 0); }),
               "Can't open " + full + "\n");
     EXPECT_FALSE(reader.is_open());
   }
   // A file has one writer.
-  QFile second(3);
+  QFile second(OpenMode::write);
   messages_of([&] { second.open(path().c_str(), 32); });
   EXPECT_FALSE(second.is_open());
   file_.close();
@@ -165,7 +171,7 @@ TEST_F(QFileTest, DamagedRecordsAndFreeListsAreRefused) {
   };
   for (const auto& [at, bytes] : kDamage) {
     damage(at, bytes_from(bytes));
-    QFile reader(1);
+    QFile reader(OpenMode::read);
     ASSERT_EQ(reader.open(path("damaged").c_str(), 32), 1);
     StrBufs buf;
     EXPECT_EQ(messages_of([&] { EXPECT_EQ(reader.read_record(pos, buf), 0u); }),
@@ -175,7 +181,7 @@ TEST_F(QFileTest, DamagedRecordsAndFreeListsAreRefused) {
   // Free extents over the list itself, beyond the end, and over the header.
   for (const char* pair : {"0000000c 00000f00", "00000fff 7fffffff", "00000004 00000020"}) {
     damage(52, bytes_from(pair));
-    QFile writer(3);
+    QFile writer(OpenMode::write);
     EXPECT_EQ(messages_of([&] { writer.open(path("damaged").c_str(), 32); }),
               "Invalid magic number!\n");
   }
@@ -183,9 +189,9 @@ TEST_F(QFileTest, DamagedRecordsAndFreeListsAreRefused) {
 
 TEST_F(QFileTest, TheLastPositionIsTheLimit) {
   put(0, "kept");
-  file_.end_pos = 0x7fffffff / 32 * 32 - 32 * 10 + 12;
+  file_.end_pos_ = 0x7fffffff / 32 * 32 - 32 * 10 + 12;
   std::uint32_t first = 0;
-  file_.free_list.clear();
+  file_.free_list_.clear();
   std::string said = messages_of([&] {
     first = put(0, std::string(32 * 8, 'x'));
     EXPECT_EQ(put(0, std::string(32 * 8, 'x')), 0u);
@@ -206,7 +212,7 @@ TEST_F(QFileTest, FullDiskLeavesTheLastSync) {
   int status = status_of([&] {
     rlimit limit{20000, 20000};
     setrlimit(RLIMIT_FSIZE, &limit);
-    QFile file(3);
+    QFile file(OpenMode::write);
     file.cached_pages = 8;
     file.open(path().c_str(), 32);
     std::uint32_t changed = file.write_record(pos, "changed", 7);

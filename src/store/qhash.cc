@@ -7,10 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "shell/file_search.h"
 #include "shell/named_objects.h"
-#include "shell/tokenizer.h"
-#include "shell/world.h"
+#include "store/header_file.h"
 #include "store/page_file.h"
 #include "support/hash.h"
 #include "support/messages.h"
@@ -27,22 +25,6 @@ std::uint32_t padded(std::uint32_t pos) {
   return (pos + 3) / 4 * 4;
 }
 
-/// The next token of a header, without its quotes.
-bool header_token(TokenizerBase& tokenizer, std::string& out) {
-  const char* token = tokenizer.next_significant_token();
-  if (!token) return false;
-  out.assign(token, tokenizer.token_length());
-  if (out.empty() || out[0] != '"') return !out.empty();
-  out.erase(0, 1);
-  if (!out.empty() && out.back() == '"') out.pop_back();
-  return true;
-}
-
-bool header_number(TokenizerBase& tokenizer, long& out) {
-  std::string token;
-  return header_token(tokenizer, token) && scan_long(token.c_str(), out);
-}
-
 [[noreturn]] void abort_over(const char* what) {
   std::cout.flush();
   messages() << what << std::endl;
@@ -52,35 +34,22 @@ bool header_number(TokenizerBase& tokenizer, long& out) {
 
 }  // namespace
 
-int QHash::open_header(World& world, const char* header_name) {
-  Ref<Stream> stream = world.files.open(header_name);
-  if (!stream) return -1;
-  std::string directory = world.files.found_dir();
-  Tokenizer tokenizer(" \t\n\r", ";,", ";,", "\"", '\\', ';', 4096, 512, world.double_byte);
-  tokenizer.set_input(stream.get());
-  return open_from(directory.c_str(), tokenizer);
-}
-
-int QHash::open_from(const char* directory, TokenizerBase& tokenizer) {
+int QHash::open_header(HeaderFile& header) {
+  if (!header.is_open()) return -1;
   close();
   std::string name, function_name;
   long block = 0, buckets = 0;
   // Kept: short-header-is-silent
-  if (!header_token(tokenizer, name) || !header_number(tokenizer, block) ||
-      !header_number(tokenizer, buckets))
-    return 0;
-  bool named = header_token(tokenizer, function_name);
-  std::string path = or_empty(directory);
-  if (name[0] == kDirSeparator) path.clear();
-  if (!path.empty() && path.back() != kDirSeparator) path += kDirSeparator;
-  path += name;
-  return open_file(path.c_str(), block, buckets, named ? function_name.c_str() : nullptr);
+  if (!header.next(name) || !header.next_number(block) || !header.next_number(buckets)) return 0;
+  bool named = header.next(function_name);
+  return open_file(header.path_of(name).c_str(), block, buckets,
+                   named ? function_name.c_str() : nullptr);
 }
 
-int QHash::open_file(const char* name, long new_block_size, long buckets, const char* function_name,
-                     int) {
+int QHash::open_file(const char* name, long new_block_size, long buckets,
+                     const char* function_name) {
   int existing = QFile::open(name, new_block_size);
-  if (!file) return 0;
+  if (!file_) return 0;
   std::string function = or_empty(function_name);
   bool sound = existing ? load_file(function) : function_name && start_file(buckets, function_name);
   if (!sound) return refuse(name);
@@ -92,40 +61,40 @@ bool QHash::start_file(long buckets, const char* function_name) {
   std::size_t name_length = std::strlen(function_name);
   constexpr long kMostBuckets = PageFile::kMostBytes / 4;
   if (buckets > kMostBuckets || name_length > PageFile::kMostBytes / 4) return false;
-  size = static_cast<std::uint32_t>(std::max(buckets, 1L));
-  buckets_pos = kBucketsPos;
-  std::uint64_t name_pos = std::uint64_t{kBucketsPos} + 4 * std::uint64_t{size} + 4;
+  size_ = static_cast<std::uint32_t>(std::max(buckets, 1L));
+  buckets_pos_ = kBucketsPos;
+  std::uint64_t name_pos = std::uint64_t{kBucketsPos} + 4 * std::uint64_t{size_} + 4;
   if (name_pos + name_length + 3 > PageFile::kMostBytes) return false;
   auto length = static_cast<std::uint32_t>(name_length);
   auto at = static_cast<std::uint32_t>(name_pos);
-  if (!write_word(kSizePos, size) || !file->clear(buckets_pos, 4 * size) ||
-      !write_word(at - 4, length) || !file->write(at, function_name, length))
+  if (!write_word(kSizePos, size_) || !file_->clear(buckets_pos_, 4 * size_) ||
+      !write_word(at - 4, length) || !file_->write(at, function_name, length))
     return false;
   // The pad repeats the first letter of the name.
-  data_start = padded(at + length);
-  for (std::uint32_t pad = at + length; pad < data_start; ++pad)
+  data_start_ = padded(at + length);
+  for (std::uint32_t pad = at + length; pad < data_start_; ++pad)
     // Kept: pad-repeats-a-letter
-    if (!file->write(pad, function_name, 1)) return false;
-  end_pos = data_start;
+    if (!file_->write(pad, function_name, 1)) return false;
+  end_pos_ = data_start_;
   return true;
 }
 
 bool QHash::load_file(std::string& function_name) {
   char word[4];
-  if (!file->read(kSizePos, word, 4)) return false;
-  size = load_be32(word);
-  buckets_pos = kBucketsPos;
-  if (size == 0 || size > end_pos / 4) return false;
-  std::uint32_t name_pos = kBucketsPos + 4 * size + 4;
-  if (name_pos > end_pos || !file->read(name_pos - 4, word, 4)) return false;
+  if (!file_->read(kSizePos, word, 4)) return false;
+  size_ = load_be32(word);
+  buckets_pos_ = kBucketsPos;
+  if (size_ == 0 || size_ > end_pos_ / 4) return false;
+  std::uint32_t name_pos = kBucketsPos + 4 * size_ + 4;
+  if (name_pos > end_pos_ || !file_->read(name_pos - 4, word, 4)) return false;
   std::uint32_t length = load_be32(word);
-  if (length > end_pos - name_pos || padded(name_pos + length) > end_pos) return false;
+  if (length > end_pos_ - name_pos || padded(name_pos + length) > end_pos_) return false;
   function_name.resize(length);
-  if (!file->read(name_pos, function_name.data(), length)) return false;
-  data_start = padded(name_pos + length);
+  if (!file_->read(name_pos, function_name.data(), length)) return false;
+  data_start_ = padded(name_pos + length);
   // Space is taken only from a file whose blocks and free extents lie where records do.
-  return read_only() || ((end_pos - data_start) % block_size == 0 &&
-                         (free_list.empty() || free_list.front().pos >= data_start));
+  return read_only() || ((end_pos_ - data_start_) % block_size_ == 0 &&
+                         (free_list_.empty() || free_list_.front().pos >= data_start_));
 }
 
 void QHash::find_function(const std::string& name) {
@@ -135,24 +104,24 @@ void QHash::find_function(const std::string& name) {
     // Kept: unknown-comparison-ends-the-run
     std::exit(1);
   }
-  compare = found->compare;
+  compare_ = found->compare;
 }
 
 std::uint32_t QHash::bucket_of(const char* key) const {
-  return string_hash(key) % size;
+  return string_hash(key) % size_;
 }
 
 std::uint32_t QHash::get_bucket(std::uint32_t index) const {
-  if (!is_open() || index >= size) return 0;
+  if (!is_open() || index >= size_) return 0;
   std::size_t there;
-  const char* head = file->view(buckets_pos + 4 * index, there);  // a head never crosses a page
+  const char* head = file_->view(buckets_pos_ + 4 * index, there);  // a head never crosses a page
   return there >= 4 ? load_be32(head) : 0;
 }
 
 bool QHash::read_next(std::uint32_t pos, std::uint32_t& next) const {
   char bytes[RecordHeader::kBytes + kNextBytes];
   RecordHeader hdr;
-  if (!is_open() || pos < data_start || !file->read(pos, bytes, sizeof bytes)) return false;
+  if (!is_open() || pos < data_start_ || !file_->read(pos, bytes, sizeof bytes)) return false;
   hdr.load(bytes);
   next = load_be32(bytes + RecordHeader::kBytes);
   return hdr.valid();
@@ -169,7 +138,7 @@ std::uint32_t QHash::find(const char* key, StrBufs& buf) {
       if (read_record(at.pos(), buf) < kNextBytes) return 0;
       next = load_be32(buf.object());
       buf.drop_front(kNextBytes);
-      if (match == Match::yes || compare(key, buf.object()) == 0) return at.pos();
+      if (match == Match::yes || compare_(key, buf.object()) == 0) return at.pos();
       buf.reset();
     }
     at.go_to(next);
@@ -183,7 +152,7 @@ QHash::Match QHash::compare_in_place(std::uint32_t pos, const char* key,
                                      std::uint32_t& next) const {
   constexpr std::size_t kKeyAt = RecordHeader::kBytes + kNextBytes;
   std::size_t there;
-  const char* bytes = file->view(pos, there);
+  const char* bytes = file_->view(pos, there);
   if (there <= kKeyAt) return Match::unknown;
   RecordHeader hdr;
   hdr.load(bytes);
@@ -193,7 +162,7 @@ QHash::Match QHash::compare_in_place(std::uint32_t pos, const char* key,
   if (!hdr.valid() || shown <= 0 ||
       !std::memchr(bytes + kKeyAt, 0, static_cast<std::size_t>(shown)))
     return Match::unknown;
-  return compare(key, bytes + kKeyAt) == 0 ? Match::yes : Match::no;
+  return compare_(key, bytes + kKeyAt) == 0 ? Match::yes : Match::no;
 }
 
 // Kept: inserted-twice
@@ -212,17 +181,17 @@ std::uint32_t QHash::insert(const char* data, std::size_t length) {
   if (!reserve(pos, static_cast<std::uint32_t>(length) + kNextBytes, hdr, ovf)) return 0;
   bool written = write_word(pos + RecordHeader::kBytes, 0) &&
                  write_payload(pos, hdr, ovf, kNextBytes, data, hdr.size - kNextBytes);
-  std::uint32_t link = last == 0 ? buckets_pos + 4 * bucket : last + RecordHeader::kBytes;
+  std::uint32_t link = last == 0 ? buckets_pos_ + 4 * bucket : last + RecordHeader::kBytes;
   return written && write_word(link, pos) ? pos : 0;
 }
 
 std::uint32_t QHash::update(std::uint32_t pos, const char* data, std::size_t length,
-                            std::uint32_t next, int set_next) {
+                            std::uint32_t next, bool set_next) {
   if (read_only() || !is_open() || length > PageFile::kMostBytes - kNextBytes) return 0;
   RecordHeader hdr;
   OverflowRef ovf;
   if (!reserve(pos, static_cast<std::uint32_t>(length) + kNextBytes, hdr, ovf)) return 0;
-  dirty = 1;
+  dirty_ = true;
   if (set_next && !write_word(pos + RecordHeader::kBytes, next)) return 0;
   return write_payload(pos, hdr, ovf, kNextBytes, data, hdr.size - kNextBytes) ? pos : 0;
 }
@@ -231,20 +200,20 @@ void QHash::check_chain(std::uint32_t pos) const {
   ChainWalk at(*this, pos);
   while (at.pos() != 0) {
     std::uint32_t next = 0;
-    if (at.pos() >= end_pos) abort_over("out of bound");
+    if (at.pos() >= end_pos_) abort_over("out of bound");
     if (!read_next(at.pos(), next) || !at.advance(next)) abort_over("invalid header");
   }
 }
 
 void QHash::check_all() const {
-  for (std::uint32_t i = 0; is_open() && i < size; ++i) check_chain(get_bucket(i));
+  for (std::uint32_t i = 0; is_open() && i < size_; ++i) check_chain(get_bucket(i));
 }
 
 void QHash::print_profile(int max) const {
   if (!is_open()) return;
   std::vector<std::uint32_t> buckets_of(1);  // by length, as far as there are any
   std::uint64_t total = 0;
-  for (std::uint32_t i = 0; i < size; ++i) {
+  for (std::uint32_t i = 0; i < size_; ++i) {
     std::size_t length = 0;
     for (ChainWalk at(*this, get_bucket(i)); at.pos() != 0; at.next()) ++length;
     total += length;
@@ -265,17 +234,17 @@ void QHash::print_profile(int max) const {
 void QHash::sort_links() {
   if (read_only() || !is_open()) return;
   std::vector<std::uint32_t> chain;
-  for (std::uint32_t i = 0; i < size; ++i) {
+  for (std::uint32_t i = 0; i < size_; ++i) {
     chain.clear();
     ChainWalk at(*this, get_bucket(i));
     for (; at.pos() != 0; at.next()) chain.push_back(at.pos());
     if (at.damaged() || std::is_sorted(chain.begin(), chain.end())) continue;
     std::sort(chain.begin(), chain.end());
-    bool written = write_word(buckets_pos + 4 * i, chain[0]);
+    bool written = write_word(buckets_pos_ + 4 * i, chain[0]);
     for (std::size_t k = 0; k < chain.size() && written; ++k)
       written =
           write_word(chain[k] + RecordHeader::kBytes, k + 1 < chain.size() ? chain[k + 1] : 0);
-    dirty = 1;
+    dirty_ = true;
   }
   sync();
 }
@@ -299,7 +268,7 @@ bool ChainWalk::advance(std::uint32_t next_pos) {
     next_mark_ *= 2;
     return true;
   }
-  return pos_ != mark_ && steps_ <= hash_.end_pos / hash_.block_size;
+  return pos_ != mark_ && steps_ <= hash_.end_pos() / hash_.block_size();
 }
 
 void ChainWalk::give_up() {

@@ -10,9 +10,8 @@
 
 namespace torvane {
 
+class HeaderFile;
 class NamedObjects;
-class TokenizerBase;
-class World;
 
 class QHash : public QFile {
  public:
@@ -20,18 +19,15 @@ class QHash : public QFile {
   static constexpr std::uint32_t kNextBytes = 4;  ///< of the link in front of each payload
 
   /// `functions`: the named objects among which comparisons are; they outlive the hash.
-  QHash(const NamedObjects& functions, int open_mode) : QFile(open_mode), functions_(functions) {}
-  /// Takes the four tokens of a header and opens the data file, relative to `directory`; what
-  /// `open_file` gave, 0 if a token is missing. So 0 means new or failed: ask `is_open()`.
-  virtual int open_from(const char* directory, TokenizerBase& tokenizer);
+  QHash(const NamedObjects& functions, OpenMode mode) : QFile(mode), functions_(functions) {}
 
   /// 1 for an existing file, 0 for a new one or after a message (not open then). Block size, number
   /// of buckets and the name of the comparison count for a new file only. A comparison that is not
   /// among the named objects ends the process with status 1.
-  int open_file(const char* name, long block_size, long size, const char* function_name,
-                int flag = 0);
-  /// Opens what a header file along the search path names; -1 if there is no such header.
-  int open_header(World& world, const char* header_name);
+  int open_file(const char* name, long block_size, long size, const char* function_name);
+  /// Opens what a header names: takes its four tokens. What `open_file` gave, 0 if a token is
+  /// missing, -1 if the header is not open. So 0 means new or failed: ask `is_open()`.
+  int open_header(HeaderFile& header);
 
   /// The bucket of a key, and the first position of a bucket's chain.
   std::uint32_t bucket_of(const char* key) const;
@@ -48,7 +44,7 @@ class QHash : public QFile {
   /// Rewrites key and value of the record at `pos`, and its link if `set_next`. `pos`, or 0 if it
   /// cannot be written.
   std::uint32_t update(std::uint32_t pos, const char* data, std::size_t length, std::uint32_t next,
-                       int set_next);
+                       bool set_next);
   /// Walks the chain from `pos` and aborts the process, after "out of bound" or "invalid header",
   /// at a link that is not to a record.
   void check_chain(std::uint32_t pos) const;
@@ -59,9 +55,7 @@ class QHash : public QFile {
   /// Puts each chain in ascending order of positions, then syncs.
   void sort_links();
 
-  Compare compare = nullptr;
-  std::uint32_t buckets_pos = 0;
-  std::uint32_t size = 0;  ///< number of buckets
+  std::uint32_t bucket_count() const { return size_; }
 
  private:
   bool start_file(long buckets, const char* function_name);
@@ -72,6 +66,9 @@ class QHash : public QFile {
   Match compare_in_place(std::uint32_t pos, const char* key, std::uint32_t& next) const;
 
   const NamedObjects& functions_;
+  Compare compare_ = nullptr;
+  std::uint32_t buckets_pos_ = 0;
+  std::uint32_t size_ = 0;  // number of buckets
 };
 
 /// A walk along a chain: `for (ChainWalk at(hash, pos); at.pos() != 0; at.next())`. It ends, after

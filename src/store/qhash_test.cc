@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+#include "store/header_file.h"
 #include "store/store_test.h"
 
 namespace torvane {
@@ -11,7 +12,7 @@ namespace {
 
 class QHashTest : public StoreTest {
  protected:
-  QHashTest() : hash_(world_.objects, 3) { open_new("strcasecmp", 3); }
+  QHashTest() : hash_(world_.objects, OpenMode::write) { open_new("strcasecmp", 3); }
 
   void open_new(const char* function, long buckets, long block = 64) {
     hash_.close();
@@ -23,7 +24,7 @@ class QHashTest : public StoreTest {
     std::string data = packed(key, value);
     return hash_.insert(data.data(), data.size());
   }
-  std::uint32_t update(std::uint32_t pos, const std::string& data, int relink = 0) {
+  std::uint32_t update(std::uint32_t pos, const std::string& data, bool relink = false) {
     return hash_.update(pos, data.data(), data.size(), 0, relink);
   }
   /// The value of a key; "none" if there is no such key.
@@ -50,13 +51,17 @@ class QHashTest : public StoreTest {
     damaged_.open_file(path().c_str(), 0, 0, nullptr);
     ASSERT_TRUE(damaged_.is_open());
   }
+  int open_named_header(const char* name) {
+    HeaderFile header(world_.files, path(name).c_str(), world_.double_byte);
+    return hash_.open_header(header);
+  }
   int open_header(const std::string& text) {
     write_bytes(path("store.hdr"), text);
-    return hash_.open_header(world_, path("store.hdr").c_str());
+    return open_named_header("store.hdr");
   }
 
   QHash hash_;
-  QHash damaged_{world_.objects, 1};
+  QHash damaged_{world_.objects, OpenMode::read};
 };
 
 TEST_F(QHashTest, HeaderAndRecords) {
@@ -72,8 +77,8 @@ TEST_F(QHashTest, HeaderAndRecords) {
                        " 0000000a 0001 5555 000000ac 'cow' 00 'ox' 46*00"
                        " 0000000c 0001 5555 00000000 'Cow' 00 'calf' 44*00"));
   EXPECT_EQ(hash_.open_file(path().c_str(), 1, 1, "strcmp"), 1);
-  EXPECT_EQ(hash_.size, 3u);
-  EXPECT_EQ(hash_.data_start, 44u);
+  EXPECT_EQ(hash_.bucket_count(), 3u);
+  EXPECT_EQ(hash_.data_start(), 44u);
   EXPECT_EQ(value("HEN"), "coot");
 }
 
@@ -128,7 +133,7 @@ TEST_F(QHashTest, SortedChainsAscend) {
   EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end()));
   EXPECT_EQ(value("f"), "6");
   EXPECT_EQ(value("a"), std::string(40, 'a'));
-  EXPECT_EQ(hash_.dirty, 0);
+  EXPECT_FALSE(hash_.is_changed());
 }
 
 TEST_F(QHashTest, ValidationAbortsAtABadLink) {
@@ -178,16 +183,16 @@ TEST_F(QHashTest, WriterRefusesADamagedStore) {
 }
 
 TEST_F(QHashTest, HeaderFile) {
-  EXPECT_EQ(messages_of([&] { EXPECT_EQ(hash_.open_header(world_, "nowhere.hdr"), -1); }),
-            "The file nowhere.hdr cannot be opened\n");
+  EXPECT_EQ(messages_of([&] { EXPECT_EQ(open_named_header("nowhere.hdr"), -1); }),
+            "The file " + path("nowhere.hdr") + " cannot be opened\n");
   hash_.close();
   EXPECT_EQ(open_header("; where the data is\n\"data file.db\" 40\n0 \"strcmp\""), 0);
   ASSERT_TRUE(hash_.is_open());
-  EXPECT_EQ(hash_.block_size, 40u);
-  EXPECT_EQ(hash_.size, 1u);
+  EXPECT_EQ(hash_.block_size(), 40u);
+  EXPECT_EQ(hash_.bucket_count(), 1u);
   hash_.sync();
   EXPECT_EQ(open_header("\"data file.db\" 64 5"), 1);  // the rest is in the file
-  EXPECT_EQ(hash_.size, 1u);
+  EXPECT_EQ(hash_.bucket_count(), 1u);
   EXPECT_EQ(open_header(path("data file.db") + " 1 1 strcmp"), 0);  // two names
   EXPECT_EQ(open_header('"' + path("data file.db") + "\" 1 1 strcmp"), 1);
   for (const char* text : {"", "other.db", "other.db 64", "other.db 64 many strcmp",

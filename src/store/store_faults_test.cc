@@ -20,7 +20,7 @@ namespace {
 class Model {
  public:
   Model(const NamedObjects& functions, const std::string& path, unsigned seed)
-      : random_(seed), path_(path), hash_(functions, 3) {
+      : random_(seed), path_(path), hash_(functions, OpenMode::write) {
     hash_.cached_pages = 16;  // so that pages come and go, and are written before a sync
     reopen();
   }
@@ -73,12 +73,12 @@ class Model {
   }
   void check_any() { check(random_() % 64); }
   void reopen() {
-    std::uint32_t end = hash_.end_pos;
-    bool was_clean = hash_.is_open() && !hash_.dirty;
+    std::uint32_t end = hash_.end_pos();
+    bool was_clean = hash_.is_open() && !hash_.is_changed();
     hash_.open_file(path_.c_str(), 32, 7, "strcmp");
     ASSERT_TRUE(hash_.is_open());
     if (was_clean) {
-      EXPECT_EQ(hash_.end_pos, end);
+      EXPECT_EQ(hash_.end_pos(), end);
     }
     EXPECT_FALSE(std::filesystem::exists(path_ + "-journal"));
   }
@@ -134,41 +134,45 @@ class Model {
   /// Free extents and those of all records lie apart, the free ones in order and not touching.
   void check_extents() {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> extents;  // from, to
-    hash_.free_list.for_each([&](const FreeExtent& extent) {
+    hash_.free_list().for_each([&](const FreeExtent& extent) {
       EXPECT_TRUE(extents.empty() || extents.back().second < extent.pos);
       extents.emplace_back(extent.pos, extent.end());
     });
-    ASSERT_EQ(extents.size(), hash_.free_list.count());
-    for (std::uint32_t i = 0; i < hash_.size; ++i)
+    ASSERT_EQ(extents.size(), hash_.free_list().count());
+    for (std::uint32_t i = 0; i < hash_.bucket_count(); ++i)
       for (ChainWalk at(hash_, hash_.get_bucket(i)); at.pos() != 0; at.next())
         add_extents(at.pos(), extents);
     for (const auto& [pos, data] : now_.plain) add_extents(pos, extents);
     std::sort(extents.begin(), extents.end());
-    std::uint32_t end = hash_.data_start;
+    std::uint32_t end = hash_.data_start();
     for (auto [from, to] : extents) {
       ASSERT_GE(from, end);
       end = to;
     }
-    ASSERT_LE(end, hash_.end_pos);
+    ASSERT_LE(end, hash_.end_pos());
   }
   void add_extents(std::uint32_t pos,
                    std::vector<std::pair<std::uint32_t, std::uint32_t>>& extents) {
     char bytes[8];
     RecordHeader hdr;
-    ASSERT_TRUE(hash_.file->read(pos, bytes, 8));
+    ASSERT_TRUE(hash_.file_->read(pos, bytes, 8));
     hdr.load(bytes);
     ASSERT_TRUE(hdr.valid());
-    std::uint32_t end = pos + hdr.blocks * hash_.block_size;
+    std::uint32_t end = pos + hdr.blocks * hash_.block_size();
     extents.emplace_back(pos, end);
     if (hdr.contiguous()) return;
-    ASSERT_TRUE(hash_.file->read(end - 8, bytes, 8));
+    ASSERT_TRUE(hash_.file_->read(end - 8, bytes, 8));
     std::uint32_t overflow = load_be32(bytes);
-    extents.emplace_back(overflow, overflow + load_be32(bytes + 4) * hash_.block_size);
+    extents.emplace_back(overflow, overflow + load_be32(bytes + 4) * hash_.block_size());
   }
 
   std::mt19937 random_;
   std::string path_;
-  QHash hash_;
+  struct OpenedHash : QHash {
+    using QHash::file_;
+    using QHash::QHash;
+  };
+  OpenedHash hash_;
   Contents now_;
   Contents synced_;
 };
@@ -177,7 +181,7 @@ class StoreFaultsTest : public StoreTest {
  protected:
   /// A small store with records of every kind; its bytes.
   std::string sample() {
-    QHash hash(world_.objects, 3);
+    QHash hash(world_.objects, OpenMode::write);
     hash.open_file(path("sample").c_str(), 32, 5, "strcmp");
     for (int i = 0; i < 24; ++i) {
       std::string data = packed("key" + std::to_string(i), std::string(i * 5, 'v'));
@@ -209,7 +213,7 @@ class StoreFaultsTest : public StoreTest {
   /// comparison and a failed validation may end the process.
   void try_damaged(const std::string& bytes) {
     write_bytes(path(), bytes);
-    for (int mode : {1, 3}) {
+    for (OpenMode mode : {OpenMode::read, OpenMode::write}) {
       int status = status_of([&] {
         QHash hash(world_.objects, mode);
         hash.open_file(path().c_str(), 0, 0, nullptr);
@@ -229,7 +233,7 @@ class StoreFaultsTest : public StoreTest {
       } else if (refused && !bytes.empty()) {
         ASSERT_TRUE(said.ends_with("Can't open " + path() + "\n")) << said;
       }
-      ASSERT_TRUE((mode == 3 && !refused) || bytes_of(path()) == bytes);
+      ASSERT_TRUE((mode == OpenMode::write && !refused) || bytes_of(path()) == bytes);
     }
     std::filesystem::remove(path() + "-journal");
   }
@@ -282,7 +286,7 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
     ASSERT_EQ(pipe(reports), 0);
     pid_t writer = fork();
     if (writer == 0) {
-      QHash hash(world_.objects, 3);
+      QHash hash(world_.objects, OpenMode::write);
       hash.cached_pages = 8;
       hash.open_file(path().c_str(), 32, 11, "strcmp");
       for (int step = 1;; ++step) {
@@ -310,10 +314,10 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
 
     // A reader sees the same through the journal as a writer that puts the old pages back.
     std::string left = bytes_of(path());
-    for (int mode : {1, 3}) {
+    for (OpenMode mode : {OpenMode::read, OpenMode::write}) {
       QHash hash(world_.objects, mode);
       messages_of([&] { hash.open_file(path().c_str(), 32, 11, "strcmp"); });
-      ASSERT_TRUE(mode == 3 || bytes_of(path()) == left);
+      ASSERT_TRUE(mode == OpenMode::write || bytes_of(path()) == left);
       // The next sync may have been complete without the report of it.
       StrBufs buf;
       int held = hash.is_open() && hash.find(key(0).c_str(), buf) != 0
@@ -382,7 +386,7 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
   std::string before = sample();
   write_bytes(path(), before);
   {
-    QHash hash(world_.objects, 3);
+    QHash hash(world_.objects, OpenMode::write);
     hash.cached_pages = 8;
     hash.open_file(path().c_str(), 0, 0, nullptr);
     for (int i = 0; i < 100; ++i) hash.write_record(0, std::string(1000, 'x').c_str(), 1000);
@@ -399,7 +403,7 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
 
 TEST_F(StoreFaultsTest, FileThatIsCutWhileOpenReadsAsDamaged) {
   write_bytes(path(), sample());
-  QHash hash(world_.objects, 3);
+  QHash hash(world_.objects, OpenMode::write);
   hash.open_file(path().c_str(), 0, 0, nullptr);
   std::string data = packed("large", std::string(50000, 'x'));
   std::uint32_t pos = hash.insert(data.data(), data.size());

@@ -30,7 +30,7 @@ void Str2Id::rehash(int bits) {
   }
 }
 
-int Str2Id::get_id(const char* string, int create) {
+int Str2Id::get_id(const char* string, bool create) {
   if (!string) return 0;
   std::uint32_t hash = string_hash(string);
   for (std::uint32_t id = buckets_[bucket_of(hash)]; id != 0;) {
@@ -71,7 +71,7 @@ bool Str2Id::unpack(const char*& cursor, const char* end) {
     if (!zero) return false;
     const char* string = std::exchange(cursor, zero + 1);
     std::uint32_t hash = string_hash(string);
-    if (get_id(string, 0) == 0)
+    if (get_id(string, false) == 0)
       add(string, hash);
     else
       // Kept: duplicate-shifts-ids

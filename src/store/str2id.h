@@ -18,7 +18,7 @@ class Str2Id {
   explicit Str2Id(int size = 0);
 
   /// 0 for a null string, and for an unknown one unless `create`.
-  int get_id(const char* string, int create);
+  int get_id(const char* string, bool create);
   /// Null for id 0; an id that is not there is reported as an array's index is.
   const char* get_string(int id) const;
   /// One above the number of strings.

@@ -60,13 +60,11 @@ Value populate_tripledb(World& world, IRSlist* form) {
   const bool with_details = !form->empty();
   Ref<Stream> details = with_details ? world.files.open(form->get_str_val()) : Ref<Stream>();
   if (with_details && !details) return Value();
-  db->limits = limits;
-  db->populate_relations(*relations->in());
+  db->populate_relations(*relations->in(), limits);
   if (details)
-    db->populate(*details->in());
+    db->populate(*details->in(), limits);
   else
     db->sync();
-  db->limits = PopulateLimits();
   return Value();
 }
 

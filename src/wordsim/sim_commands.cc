@@ -8,6 +8,7 @@
 #include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
+#include "store/header_file.h"
 #include "store/qhash.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -48,14 +49,16 @@ void open_dictionaries(World& world, SimWordDb& db, IRSlist* form) {
   constexpr const char* kKeywords[kPartsOfSpeech] = {":noun", ":verb", ":adj/adv"};
   for (int pos = 0; pos < kPartsOfSpeech; ++pos)
     if (const char* header = text_option(form, kKeywords[pos]))
-      db.dicts[pos] = std::make_unique<DictOnDisk>(world, header);
+      db.dicts[pos] = std::make_unique<DictOnDisk>(world.files, header);
 }
 
 /// The store that a header names; null without one, or if it cannot be opened.
 std::unique_ptr<QHash> open_store(World& world, const char* header, const char* access) {
   if (!header) return nullptr;
-  auto store = std::make_unique<QHash>(world.objects, same_word(access, "rw") ? 3 : 1);
-  store->open_header(world, header);
+  OpenMode mode = same_word(access, "rw") ? OpenMode::write : OpenMode::read;
+  auto store = std::make_unique<QHash>(world.objects, mode);
+  HeaderFile file(world.files, header, world.double_byte);
+  store->open_header(file);
   if (!store->is_open()) store.reset();
   return store;
 }
@@ -69,7 +72,7 @@ void read_sources(World& world, SimWordDb& db, IRSlist* form) {
     if (!db.attach_file(std::move(store)))
       messages() << header << " is not a store of similar words\n";
   };
-  if (store && store->data_start != store->end_pos) attach();
+  if (store && !store->has_no_records()) attach();
   if (const char* source = text_option(form, ":src"))
     if (Ref<Stream> stream = world.files.open(source))
       db.read_source(stream.get(), world.double_byte);
@@ -139,7 +142,7 @@ class GroupQuery {
  public:
   GroupQuery(SimWordDb& db, int pos, const Slist<char*>& words, const LBitSet* scope)
       : db_(db), n_(words.length()), scores_(group_scores(db, scope, pos, words)) {
-    for (const char* word : words) asked_.set(db.get_id(word, 0));
+    for (const char* word : words) asked_.set(db.get_id(word, false));
     asked_.clear(0);
   }
 

@@ -78,7 +78,7 @@ void read_text_entry(SimWordDb& db, const char* entry, SimRecord& record, int po
   while (text.next_word(word)) {
     const float sim = text.next_number();
     record.sum[pos] += sim;
-    record.sims[pos].append({db.get_id(word.c_str(), 1), sim});
+    record.sims[pos].append({db.get_id(word.c_str(), true), sim});
     if (db.max_syns > 0 && record.sims[pos].count() >= db.max_syns) return;
     // Kept: last-below-min-sim-stays
     if (db.min_sim > 0 && sim < db.min_sim) return;
@@ -103,7 +103,7 @@ void read_pairs(SimWordDb& db, std::unique_ptr<IRSlist> list, SimRecord& record,
       open.push_back(std::move(item));
     } else {
       float sim = open.back()->get_float_val();
-      if (inserter.insert_sim(db.get_id(item->atom, 1), sim)) record.sum[pos] += sim;
+      if (inserter.insert_sim(db.get_id(item->atom, true), sim)) record.sum[pos] += sim;
     }
   }
   inserter.close();
@@ -115,7 +115,7 @@ LBitSet read_group(const IRSlist& group, SimWordDb& db, const SimPlaces& places,
   bool is_word = false;
   for (const IRSlist* item : group.items) {
     is_word = !is_word;
-    auto place = places.find(is_word ? db.get_id(item->atom, 0) : 0);
+    auto place = places.find(is_word ? db.get_id(item->atom, false) : 0);
     if (place != places.end()) set.set(place->second);
   }
   return set;
@@ -136,7 +136,7 @@ void read_groups(const IRSlist& rest, SimWordDb& db, SimRecord& record, int pos)
 void SimWordDb::read_entry(IRSlist& entry, SimInserter& inserter) {
   const char* word = entry.get_str_val();
   if (!word) return;
-  SimRecord& record = *get_record(get_id(word, 1));
+  SimRecord& record = *get_record(get_id(word, true));
   while (std::unique_ptr<IRSlist> list = entry.pop_front()) {
     int pos = list->empty() ? -1 : exact_pos_index(list->get_str_val());
     if (pos < 0) continue;

@@ -109,7 +109,7 @@ SimRecord* SimWordDb::load_from_file(const char* word) {
   const char* key = buf.object();
   const char* end = key + buf.object_size() - 1;
   const char* value = std::find(key, end, '\0') + 1;
-  auto record = std::make_unique<SimRecord>(get_id(key, 1));
+  auto record = std::make_unique<SimRecord>(get_id(key, true));
   int most = whole_lists_ ? std::numeric_limits<int>::max() : max_syns;
   if (value > end || !unpack_record(value, end, count(), most, *record)) {
     messages() << "SimWordDb: the record of " << word << " is damaged\n";
@@ -119,9 +119,9 @@ SimRecord* SimWordDb::load_from_file(const char* word) {
 }
 
 bool SimWordDb::attach_file(std::unique_ptr<QHash> store) {
-  if (store->data_start != store->end_pos) {
+  if (!store->has_no_records()) {
     StrBufs table(kTableChunk);
-    std::uint32_t size = store->read_record(store->data_start, table);
+    std::uint32_t size = store->read_record(store->data_start(), table);
     const char* cursor = table.object();
     const char* end = cursor + size;
     if (size == 0 || !unpack(cursor, end) || cursor != end) {
@@ -135,18 +135,18 @@ bool SimWordDb::attach_file(std::unique_ptr<QHash> store) {
 
 void SimWordDb::save() {
   if (!file || !file->is_open() || file->read_only()) return;
-  bool is_new = file->data_start == file->end_pos;
+  bool is_new = file->has_no_records();
   StrBufs packed(kTableChunk);
   pack(packed);
-  bool good =
-      file->write_record(is_new ? 0 : file->data_start, packed.object(), packed.object_size()) != 0;
+  bool good = file->write_record(is_new ? 0 : file->data_start(), packed.object(),
+                                 packed.object_size()) != 0;
   StrBufs old(kRecordChunk);
   for (int id = 1; good && id < records.count(); ++id) {
     if (!records[id]) continue;
     packed.abandon();
     pack_record(*records[id], get_string(id), packed);
     std::uint32_t pos = is_new ? 0 : file->find(get_string(id), old);
-    good = pos ? file->update(pos, packed.object(), packed.object_size(), 0, 0) != 0
+    good = pos ? file->update(pos, packed.object(), packed.object_size(), 0, false) != 0
                : file->insert(packed.object(), packed.object_size()) != 0;
   }
   file->sync();

@@ -19,18 +19,18 @@ SimRecord& SimWordDb::keep(std::unique_ptr<SimRecord> record) {
 SimRecord* SimWordDb::get_record(int id) {
   if (id < 1 || id >= count()) return nullptr;
   if (id < records.count() && records[id]) return records[id].get();
-  return load(get_string(id), 1);
+  return load(get_string(id), true);
 }
 
 SimRecord* SimWordDb::find_record(const char* word) {
-  int id = get_id(word, 0);
-  return id ? get_record(id) : load(word, 0);
+  int id = get_id(word, false);
+  return id ? get_record(id) : load(word, false);
 }
 
-SimRecord* SimWordDb::load(const char* word, int create) {
+SimRecord* SimWordDb::load(const char* word, bool create) {
   if (!word) return nullptr;
   SimRecord* record = file ? load_from_file(word) : load_from_dicts(word);
-  return record || !create ? record : &keep(std::make_unique<SimRecord>(get_id(word, 1)));
+  return record || !create ? record : &keep(std::make_unique<SimRecord>(get_id(word, true)));
 }
 
 SimRecord* SimWordDb::load_from_dicts(const char* word) {
@@ -38,7 +38,7 @@ SimRecord* SimWordDb::load_from_dicts(const char* word) {
   for (int pos = 0; pos < kPartsOfSpeech; ++pos) {
     const char* entry = dicts[pos] ? dicts[pos]->get_entry(word) : nullptr;
     if (!entry) continue;
-    if (!record) record = &keep(std::make_unique<SimRecord>(get_id(word, 1)));
+    if (!record) record = &keep(std::make_unique<SimRecord>(get_id(word, true)));
     read_text_entry(*this, entry, *record, pos);
   }
   return record;
@@ -46,7 +46,7 @@ SimRecord* SimWordDb::load_from_dicts(const char* word) {
 
 float SimWordDb::get_sim(const char* word1, const char* word2, int pos) {
   const SimRecord* r1 = find_record(word1);
-  int id2 = get_id(word2, 0);
+  int id2 = get_id(word2, false);
   if (!r1 || !id2) return 0;
   float sim = r1->find_sim(id2, pos);
   // Kept: sim-one-way-first

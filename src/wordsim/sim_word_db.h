@@ -28,7 +28,7 @@ class SimWordDb : public Str2Id {
   SimRecord* find_record(const char* word);
   /// Reads the record of a word that has none yet from the store, or else the dictionaries. One
   /// that is nowhere is made empty if `create`, else null.
-  SimRecord* load(const char* word, int create);
+  SimRecord* load(const char* word, bool create);
   /// The similarity of the second word in the first one's list, else of the first in the second's;
   /// 0 if neither has it. A `pos` that is none: the largest over all parts of speech.
   float get_sim(const char* word1, const char* word2, int pos);

@@ -57,7 +57,7 @@ void TripleFeatures::read_entry(TripleDbInfo& entry, TripleDb& db, float least_i
         item = static_cast<int>(items_.size());
         items_.push_back({quoted(entry.key), entries_, pos});
       }
-      overlap_.add(item, feature_of(rel.id, db.ids.get_id(other.word, 0)), information);
+      overlap_.add(item, feature_of(rel.id, db.ids.get_id(other.word, false)), information);
     }
   }
   ++entries_;

@@ -16,7 +16,7 @@ void read_input(const std::string& bytes) {
   scratch.write("lex.dat", rest.substr(index_size));
   std::filesystem::remove(scratch / "lex.idx");
   if (index_size > 0) scratch.write("lex.idx", rest.substr(0, index_size));
-  DictOnDisk dictionary(world(), (scratch / "lex.hdr").c_str());
+  DictOnDisk dictionary(world().files, (scratch / "lex.hdr").c_str());
   for (const char* key : {"", "a", "dog", "give up", "\xff"}) dictionary.get_entry(key);
 }
 

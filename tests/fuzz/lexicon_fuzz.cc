@@ -24,11 +24,11 @@ void read_input(const std::string& text) {
   (void)once;
   Lexicon lexicon(world(), 11);
   std::istringstream in(text);
-  lexicon.load(in, static_cast<int>(text.size() & 1));
+  lexicon.load(in, (text.size() & 1) != 0);
   std::string all = sorted(lexicon);
   Lexicon again(world(), 11);
   std::istringstream printed_in(all);
-  again.load(printed_in, 0);
+  again.load(printed_in, false);
   sorted(again);
   LexAnalyzer analyzer(&lexicon, 10);
   std::istringstream words(text);

@@ -37,7 +37,7 @@ void read_input(const std::string& text) {
   SimWordDb db(0, static_cast<int>(text.size() % 5), 0.1F);
   Ref<Stream> stream = Stream::from_text(text.data(), text.size());
   db.read_source(stream.get(), false);
-  SimRecord from_entry(db.get_id("w", 1));
+  SimRecord from_entry(db.get_id("w", true));
   for (int pos = 0; pos < kPartsOfSpeech; ++pos) read_text_entry(db, text.c_str(), from_entry, pos);
   SimRecord unpacked(1);
   if (unpack_record(text.data(), text.data() + text.size(), db.count(), db.max_syns, unpacked))

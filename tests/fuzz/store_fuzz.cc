@@ -32,10 +32,10 @@ void use(QHash& hash) {
   StrBufs buf;
   for (const char* key : {"", "a", "dog"}) hash.find(key, buf);
   hash.print_profile(4);
-  for (std::uint32_t i = 0; i < hash.size; ++i) {
+  for (std::uint32_t i = 0; i < hash.bucket_count(); ++i) {
     std::uint32_t pos = hash.get_bucket(i);
     hash.read_record(pos, buf);
-    hash.update(pos, "dog\0wolf", 8, 0, 0);
+    hash.update(pos, "dog\0wolf", 8, 0, false);
     hash.release(pos, 0);
   }
   std::string large("dog\0", 4);
@@ -51,7 +51,7 @@ void read_input(const std::string& bytes) {
   static const ScratchFolder scratch;
   if (bytes.size() < 3) return;
   scratch.write("store.db", make_store(bytes));
-  for (int mode : {1, 3}) {
+  for (OpenMode mode : {OpenMode::read, OpenMode::write}) {
     QHash hash(world().objects, mode);
     hash.open_file((scratch / "store.db").c_str(), 0, 0, nullptr);
     if (hash.is_open()) use(hash);

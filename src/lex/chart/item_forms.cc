@@ -128,7 +128,7 @@ class NoAlternativePred : public Form<NoAlternativePred> {
 struct IsDeleted : LexPred<IsDeleted, LexItem*> {
   static constexpr const char* kName = "is-deleted";
   static constexpr const char* kUsage = "`(is-deleted)` the item if it was deleted";
-  LexItem* step(LexItem& item) const { return item.deleted ? &item : nullptr; }
+  LexItem* step(LexItem& item) const { return item.is_deleted() ? &item : nullptr; }
 };
 
 struct GetSubLexItem : LexPred<GetSubLexItem, LexItem*> {

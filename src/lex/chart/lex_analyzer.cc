@@ -11,27 +11,27 @@ namespace torvane {
 const TypeTag tags::lex_item{.name = "LexItem*", .life = Life::sentence, .era_of = [](Word word) {
                                const LexAnalyzer* analyzer =
                                    reinterpret_cast<const LexItem*>(word)->analyzer;
-                               return analyzer ? analyzer->eras.now() : nullptr;
+                               return analyzer ? analyzer->era() : nullptr;
                              }};
 
-LexAnalyzer::LexAnalyzer(Lexicon* of, int sentence_length)
-    : suggested_length(std::clamp(sentence_length, 0, kMostWords)), lexicon(of) {
-  words.reserve(suggested_length);
-  gaps.reserve(suggested_length);
-  pos_tags.reserve(suggested_length);
-  all_items.reserve(6 * suggested_length);
+LexAnalyzer::LexAnalyzer(Lexicon* lexicon, int sentence_length) : lexicon_(lexicon) {
+  const int size = std::clamp(sentence_length, 0, kMostWords);
+  words_.reserve(size);
+  gaps_.reserve(size);
+  pos_tags_.reserve(size);
+  all_items_.reserve(6 * size);
 }
 
 void LexAnalyzer::add_sentinel() {
-  if (!words.empty()) return;
-  words.append(nullptr);
-  pos_tags.append(nullptr);
-  gaps.append(nullptr);
+  if (!words_.empty()) return;
+  words_.append(nullptr);
+  pos_tags_.append(nullptr);
+  gaps_.append(nullptr);
 }
 
 void LexAnalyzer::add_word(const char* text) {
   if (!text) return;
-  if (words.count() > kMostWords) {
+  if (words_.count() > kMostWords) {
     if (!overfull_)
       messages() << "The sentence has more than " << kMostWords << " words: the rest is left out\n";
     overfull_ = true;
@@ -40,25 +40,25 @@ void LexAnalyzer::add_word(const char* text) {
   add_sentinel();
   if (focus_marker && *text == focus_marker) {
     ++text;
-    focus.set(words.count());
+    focus_.set(words_.count());
   }
-  char* word = pool.copy(text);
+  char* word = pool_.copy(text);
   char* tag = pos_marker ? std::strchr(word, pos_marker) : nullptr;
   if (tag) *tag++ = '\0';
-  words.append(word);
-  while (gaps.count() < words.count()) gaps.append("");
-  pos_tags.append(tag);
+  words_.append(word);
+  while (gaps_.count() < words_.count()) gaps_.append("");
+  pos_tags_.append(tag);
 }
 
 void LexAnalyzer::add_gap(const char* text) {
   if (!text || overfull_) return;
   add_sentinel();
-  int next = words.count();
-  while (gaps.count() < next) gaps.append("");
-  if (gaps.count() > next)
-    gaps[next] = pool.concat(gaps[next], text);
+  int next = words_.count();
+  while (gaps_.count() < next) gaps_.append("");
+  if (gaps_.count() > next)
+    gaps_[next] = pool_.concat(gaps_[next], text);
   else
-    gaps.append(pool.copy(text));
+    gaps_.append(pool_.copy(text));
 }
 
 void LexAnalyzer::add_sentence(const IRSlist* sentence) {
@@ -71,47 +71,47 @@ void LexAnalyzer::add_sentence(const IRSlist* sentence) {
 }
 
 void LexAnalyzer::reset() {
-  if (analyzing) return;
-  mixed_case = 1;
-  for (LBitSet* set : {&focus, &first_conjunctions, &last_conjunctions, &adverbs, &skipped})
+  if (analyzing_) return;
+  mixed_case = true;
+  for (LBitSet* set : {&focus_, &first_conjunctions, &last_conjunctions, &adverbs, &skipped})
     set->reset();
-  ends_at.clear();
-  starts_at.clear();
-  words.clear();
-  gaps.clear();
-  pos_tags.clear();
+  ends_at_.clear();
+  starts_at_.clear();
+  words_.clear();
+  gaps_.clear();
+  pos_tags_.clear();
   overfull_ = false;
-  forget_items();
-  eras.renew();
+  drop_items();
+  eras_.renew();
 }
 
 // What an expression may still have of a sentence that is over.
-struct LexAnalyzer::Forgotten {
+struct LexAnalyzer::Dropped {
   LexAnalyzer& analyzer;
   StrBufs pool, join;
   Array<LexItem*> items;  // empty, and not used again for now
   std::vector<std::unique_ptr<Meaning>> meanings;
 
-  ~Forgotten() { analyzer.recycle(items); }
+  ~Dropped() { analyzer.recycle(items); }
 };
 
-void LexAnalyzer::forget_items() {
+void LexAnalyzer::drop_items() {
   std::vector<std::unique_ptr<Meaning>> meanings;
   const bool may_be_read = lifetimes().expression_waits();
-  for (LexItem* item : all_items) {
+  for (LexItem* item : all_items_) {
     if (may_be_read) meanings.push_back(std::move(item->meaning));
     item->clear();
   }
   if (may_be_read) {
-    std::unique_ptr<Forgotten> forgotten(
-        new Forgotten{*this, std::move(pool), std::move(join), all_items, std::move(meanings)});
-    retire(std::move(forgotten), eras.birth());
+    std::unique_ptr<Dropped> dropped(
+        new Dropped{*this, std::move(pool_), std::move(join_), all_items_, std::move(meanings)});
+    retire(std::move(dropped), eras_.birth());
   } else {
-    pool.reset();
-    join.reset();
-    recycle(all_items);
+    pool_.reset();
+    join_.reset();
+    recycle(all_items_);
   }
-  all_items.clear();
+  all_items_.clear();
 }
 
 void LexAnalyzer::recycle(const Array<LexItem*>& items) {
@@ -119,16 +119,16 @@ void LexAnalyzer::recycle(const Array<LexItem*>& items) {
 }
 
 void LexAnalyzer::analyze() {
-  if (analyzing) return;
-  analyzing = true;
+  if (analyzing_) return;
+  analyzing_ = true;
   split_last_word();
   need_positions(word_count() + 1);
   for (int i = 1; i <= last_position(); ++i) lookup(word(i), i, i);
   if (rules) rules->apply(*this);
   if (pos_marker)
     for (int i = 1; i <= last_position(); ++i)
-      if (pos_tags.at_or_zero(i)) prune_by_tag(i);
-  analyzing = false;
+      if (pos_tags_.at_or_zero(i)) prune_by_tag(i);
+  analyzing_ = false;
 }
 
 int LexAnalyzer::last_real_word() const {
@@ -144,28 +144,28 @@ int LexAnalyzer::last_real_word() const {
 void LexAnalyzer::split_last_word() {
   int p = last_real_word();
   // Kept: last-word-is-split
-  if (p == 0 || lexicon->get_entry(word(p))) return;
+  if (p == 0 || lexicon_->get_entry(word(p))) return;
   const char* text = word(p);
   std::size_t end = std::strlen(text);
   while (end > 1 && !is_alnum(text[end - 1])) --end;
   if (end == 1 || text[end] == '\0') return;
   insert_word(p + 1, text + end);
-  words[p] = pool.copy(std::string_view(text, end));
+  words_[p] = pool_.copy(std::string_view(text, end));
 }
 
 void LexAnalyzer::insert_word(int at, const char* text) {
   for (int i = last_position(); i >= at; --i) {
-    if (!focus.test(i)) continue;
-    focus.clear(i);
-    focus.set(i + 1);
+    if (!focus_.test(i)) continue;
+    focus_.clear(i);
+    focus_.set(i + 1);
   }
-  words.insert_at(at, pool.copy(text));
-  gaps.insert_at(at, "");
-  pos_tags.insert_at(at, nullptr);
+  words_.insert_at(at, pool_.copy(text));
+  gaps_.insert_at(at, "");
+  pos_tags_.insert_at(at, nullptr);
 }
 
 void LexAnalyzer::prune_by_tag(int position) {
-  const char* tag = pos_tags[position];
+  const char* tag = pos_tags_[position];
   std::vector<LexItem*> others;
   bool tagged = false;
   for (LexItem* item : ending_at(position)) {
@@ -183,12 +183,12 @@ const char* LexAnalyzer::surface(int low, int high) {
   if (low == high) return word(low);
   low = std::max(low, 1);
   high = std::min(high, last_position());
-  join.open();
+  join_.open();
   for (int i = low; i <= high; ++i) {
-    if (i > low && *gap(i)) join.add_char(' ');
-    join.add_string(word(i));
+    if (i > low && *gap(i)) join_.add_char(' ');
+    join_.add_string(word(i));
   }
-  return join.finish();
+  return join_.finish();
 }
 
 }  // namespace torvane

@@ -45,46 +45,49 @@ class LexAnalyzer {
   /// Enters an item into the chart; with `check_dup`, an item of the same span, root and meaning
   /// that is there already is given instead. Null, with nothing changed, for a null item or a span
   /// off the chart.
-  virtual LexItem* add_item(LexItem* item, int check_dup);
+  LexItem* add_item(LexItem* item, bool check_dup);
   /// A new item (not in the chart) with a clone of the meaning (may be null).
-  virtual LexItem* make_item(const char* root, const Meaning* meaning, int low, int high,
-                             const Slist<const char*>& affixes);
-  virtual void delete_item(LexItem* item);
+  LexItem* make_item(const char* root, const Meaning* meaning, int low, int high,
+                     const Slist<const char*>& affixes);
+  void delete_item(LexItem* item);
   /// Removes the items strictly inside the span.
-  virtual void delete_smaller(int low, int high);
-  /// Forgets the sentence. Nothing happens inside `analyze`.
-  virtual void reset();
-  virtual void print(std::ostream& out) const;
-  virtual void analyze();
+  void delete_smaller(int low, int high);
+  /// Leaves of the items that end at a position only the longest, and none that ends inside it,
+  /// from the end of the sentence. The others stay in the lists of their starts.
+  void keep_longest();
+  /// Drops the sentence. Nothing happens inside `analyze`.
+  void reset();
+  void print(std::ostream& out) const;
+  void analyze();
   /// Enters the items of one key for a span.
-  virtual void lookup(const char* word, int low, int high);
-  virtual ~LexAnalyzer() = default;
+  void lookup(const char* word, int low, int high);
 
-  World& world() const { return lexicon->world(); }
+  Lexicon* lexicon() const { return lexicon_; }
+  World& world() const { return lexicon_->world(); }
   void add_word(const char* text);
   void add_gap(const char* text);
   /// A blank gap and a word for each atom.
   void add_sentence(const IRSlist* sentence);
 
   /// Number of positions, the sentinel included; 0 before the first word.
-  int word_count() const { return words.count(); }
+  int word_count() const { return words_.count(); }
   /// The last word's position; 0 in an empty sentence.
-  int last_position() const { return words.count() > 0 ? words.count() - 1 : 0; }
+  int last_position() const { return words_.count() > 0 ? words_.count() - 1 : 0; }
   /// The word at a position, null outside 1 to the last.
-  const char* word(int i) const { return i > 0 ? words.at_or_zero(i) : nullptr; }
+  const char* word(int i) const { return i > 0 ? words_.at_or_zero(i) : nullptr; }
   /// The text before a word; empty outside the range.
-  const char* gap(int i) const { return or_empty(gaps.at_or_zero(i)); }
-  /// The text of a span, in the `join` buffer until the reset: of a single position the word (null
+  const char* gap(int i) const { return or_empty(gaps_.at_or_zero(i)); }
+  /// The text of a span, in a buffer until the reset: of a single position the word (null
   /// if there is none), else the words, with a blank where there was a gap.
   const char* surface(int low, int high);
   /// The items ending (starting) at a position, in chart order; empty outside the sentence.
-  const Slist<LexItem*>& ending_at(int i) const { return items_at(ends_at, i); }
-  const Slist<LexItem*>& starting_at(int i) const { return items_at(starts_at, i); }
+  const Slist<LexItem*>& ending_at(int i) const { return items_at(ends_at_, i); }
+  const Slist<LexItem*>& starting_at(int i) const { return items_at(starts_at_, i); }
   /// Calls `visit(item)` for every item of the chart: positions ascending, then the order of
-  /// ends_at.
+  /// their ends.
   template <class Visit>
   void for_each_item(Visit visit) const {
-    for (const Slist<LexItem*>& items : ends_at)
+    for (const Slist<LexItem*>& items : ends_at_)
       for (LexItem* item : items) visit(item);
   }
   /// A copy with its components copied deeply, not in the chart.
@@ -92,38 +95,30 @@ class LexAnalyzer {
   void print_item(std::ostream& out, const LexItem& item, int depth) const;
   /// Makes `part` a component of `item`, ordered by low. False if it would contain itself.
   bool add_component(LexItem* item, LexItem* part);
-  const char* pool_copy(const char* text) { return pool.copy(text); }
+  const char* pool_copy(const char* text) { return pool_.copy(text); }
   /// A text of the sentence, and a meaning of one of its items, as values.
-  Value text_value(const char* text) const { return eras.now()->text(text); }
-  Value meaning_value(const LexItem& item) const { return eras.now()->of(item.meaning.get()); }
+  Value text_value(const char* text) const { return eras_.now()->text(text); }
+  Value meaning_value(const LexItem& item) const { return eras_.now()->of(item.meaning.get()); }
 
-  std::int32_t suggested_length;
-  std::int32_t mixed_case = 1;
-  Array<const char*> words;
-  Array<const char*> gaps;  ///< the text before each word
-  Array<const char*> pos_tags;
+  /// Of the sentence.
+  Era* era() const { return eras_.now(); }
+  /// Inside `analyze`: a rule must not start another sentence.
+  bool is_analyzing() const { return analyzing_; }
+
+  bool mixed_case = true;
   char pos_marker = 0;
   char focus_marker = 0;
-  LBitSet focus;                           ///< positions whose word was marked
-  Array<LexItem*> all_items;               ///< every item made for the sentence
-  ChartRules* rules = nullptr;             ///< a named object, may be null
-  std::vector<Slist<LexItem*>> ends_at;    ///< by high; low descending, an empty item last
-  std::vector<Slist<LexItem*>> starts_at;  ///< by low; high descending, an empty item last
-  Lexicon* lexicon;
-  ExpPtr hook;              ///< on LexItem*
-  ExpPtr meaning_selector;  ///< on Meaning*
-  LBitSet first_conjunctions, last_conjunctions, adverbs, skipped;
-  StrBufs pool{4096};
-  StrBufs join{4096};
-  bool analyzing = false;  ///< inside analyze: a rule must not start another sentence
-  Eras eras;               ///< of the sentences
+  ChartRules* rules = nullptr;                                      ///< a named object, may be null
+  ExpPtr hook;                                                      ///< on LexItem*
+  ExpPtr meaning_selector;                                          ///< on Meaning*
+  LBitSet first_conjunctions, last_conjunctions, adverbs, skipped;  ///< marked positions
 
  private:
   struct Expansion;
 
   static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
   void add_sentinel();
-  void forget_items();
+  void drop_items();
   void recycle(const Array<LexItem*>& items);
   void need_positions(int count);
   void split_last_word();
@@ -141,8 +136,20 @@ class LexAnalyzer {
   void entry_items(const LexEntry& entry, int low, int high, Expansion& expansion);
   bool phrase_at(const PhraseRec& phrase, int position) const;
 
-  struct Forgotten;
+  struct Dropped;
 
+  Lexicon* lexicon_;
+  Array<const char*> words_;
+  Array<const char*> gaps_;  // the text before each word
+  Array<const char*> pos_tags_;
+  LBitSet focus_;                           // positions whose word was marked
+  Array<LexItem*> all_items_;               // every item made for the sentence
+  std::vector<Slist<LexItem*>> ends_at_;    // by high; low descending, an empty item last
+  std::vector<Slist<LexItem*>> starts_at_;  // by low; high descending, an empty item last
+  StrBufs pool_{4096};
+  StrBufs join_{4096};
+  bool analyzing_ = false;
+  Eras eras_;  // of the sentences
   std::deque<LexItem> item_pool_;
   std::vector<LexItem*> free_items_;
   bool overfull_ = false;  // words were refused

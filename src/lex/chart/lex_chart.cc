@@ -54,9 +54,9 @@ const Slist<LexItem*>& LexAnalyzer::items_at(const std::vector<Slist<LexItem*>>&
 
 void LexAnalyzer::need_positions(int count) {
   auto size = static_cast<std::size_t>(count);
-  if (ends_at.size() >= size) return;
-  ends_at.resize(size);
-  starts_at.resize(size);
+  if (ends_at_.size() >= size) return;
+  ends_at_.resize(size);
+  starts_at_.resize(size);
 }
 
 LexItem* LexAnalyzer::new_item() {
@@ -65,7 +65,7 @@ LexItem* LexAnalyzer::new_item() {
   free_items_.pop_back();
   *item = LexItem();
   item->analyzer = this;
-  all_items.append(item);
+  all_items_.append(item);
   return item;
 }
 
@@ -74,7 +74,7 @@ LexItem* LexAnalyzer::make_item(const char* root, const Meaning* meaning, int lo
   LexItem* item = new_item();
   item->low = item->head = position(low);
   item->high = position(high);
-  item->root = pool.copy(root);
+  item->root = pool_.copy(root);
   item->affixes = affixes;
   set_meaning(*item, meaning);
   return item;
@@ -82,7 +82,7 @@ LexItem* LexAnalyzer::make_item(const char* root, const Meaning* meaning, int lo
 
 void LexAnalyzer::set_meaning(LexItem& item, const Meaning* meaning) {
   item.meaning = meaning ? meaning->clone() : nullptr;
-  if (AttVec* vec = item.vec()) vec->era = Ref<Era>(eras.now());
+  if (AttVec* vec = item.vec()) vec->era = Ref<Era>(eras_.now());
 }
 
 LexItem* LexAnalyzer::duplicate_of(const LexItem& item) const {
@@ -95,9 +95,9 @@ LexItem* LexAnalyzer::duplicate_of(const LexItem& item) const {
   return nullptr;
 }
 
-LexItem* LexAnalyzer::add_item(LexItem* item, int check_dup) {
+LexItem* LexAnalyzer::add_item(LexItem* item, bool check_dup) {
   if (!item || item->low < 0 || item->high < 0 || item->high < item->low - 1) return nullptr;
-  item->deleted = 0;
+  item->deleted_ = false;
   if (check_dup)
     if (LexItem* known = duplicate_of(*item)) return known;
   if (hook)
@@ -111,13 +111,13 @@ LexItem* LexAnalyzer::add_item(LexItem* item, int check_dup) {
 
 void LexAnalyzer::link(LexItem* item) {
   need_positions(std::max(item->low, item->high) + 1);
-  item->chart_low = item->low;
-  item->chart_high = item->high;
-  insert_ordered(ends_at[static_cast<std::size_t>(item->high)], item,
+  item->chart_low_ = item->low;
+  item->chart_high_ = item->high;
+  insert_ordered(ends_at_[static_cast<std::size_t>(item->high)], item,
                  [](const LexItem* a, const LexItem* b) {
                    return !a->is_empty() && (b->is_empty() || a->low > b->low);
                  });
-  insert_ordered(starts_at[static_cast<std::size_t>(item->low)], item,
+  insert_ordered(starts_at_[static_cast<std::size_t>(item->low)], item,
                  [](const LexItem* a, const LexItem* b) { return a->high > b->high; });
 }
 
@@ -126,14 +126,14 @@ void LexAnalyzer::unlink(LexItem* item) {
   auto remove_from = [item](std::vector<Slist<LexItem*>>& chart, int i) {
     if (static_cast<std::size_t>(i) < chart.size()) chart[static_cast<std::size_t>(i)].remove(item);
   };
-  remove_from(ends_at, item->chart_high);
-  remove_from(starts_at, item->chart_low);
-  item->chart_low = item->chart_high = -1;
+  remove_from(ends_at_, item->chart_high_);
+  remove_from(starts_at_, item->chart_low_);
+  item->chart_low_ = item->chart_high_ = -1;
 }
 
 void LexAnalyzer::delete_item(LexItem* item) {
   if (!item) return;
-  item->deleted = 1;
+  item->deleted_ = true;
   unlink(item);
 }
 
@@ -146,6 +146,28 @@ void LexAnalyzer::delete_smaller(int low, int high) {
     const Slist<LexItem*> items = ending_at(i);
     for (LexItem* item : items)
       if (item->low > low || (item->low == low && item->high < high)) delete_item(item);
+  }
+}
+
+void LexAnalyzer::keep_longest() {
+  auto empty_end = [this](int end) {
+    Slist<LexItem*>& items = ends_at_[static_cast<std::size_t>(end)];
+    for (LexItem* item : items) item->chart_high_ = -1;
+    items.clear();
+  };
+  for (int i = last_position(); i >= 1;) {
+    LexItem* longest = nullptr;
+    for (LexItem* item : ending_at(i))
+      if (!longest || item->low < longest->low) longest = item;
+    if (!longest) {
+      --i;
+      continue;
+    }
+    empty_end(i);
+    ends_at_[static_cast<std::size_t>(i)].append(longest);
+    longest->chart_high_ = static_cast<std::int16_t>(i);
+    for (int k = i - 1; k >= longest->low; --k) empty_end(k);
+    i = longest->low <= i ? longest->low - 1 : i - 1;
   }
 }
 

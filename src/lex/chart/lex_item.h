@@ -19,9 +19,7 @@ class LexItem {
  public:
   std::int16_t high = 0, low = 0;  ///< inclusive span; an empty item has high = low - 1
   std::int16_t head = 0;           ///< position of the head word
-  std::int16_t deleted = 0;        ///< removed from the chart
   std::int16_t weight = 0;
-  Word reserved = 0;
   std::unique_ptr<Meaning> meaning;  ///< a clone, may be null
   Slist<const char*> affixes;        ///< names of endings, in the analyser's pool
   Slist<LexItem*> components;        ///< ordered by low
@@ -30,22 +28,29 @@ class LexItem {
   const char* category = nullptr;    ///< in the pool, may be null
   const char* entry_key = nullptr;  ///< in the pool: the key of the entry it came from, may be null
   LexAnalyzer* analyzer = nullptr;
-  std::int16_t chart_low = -1;   ///< where it stands in starts_at; -1: nowhere
-  std::int16_t chart_high = -1;  ///< where it stands in ends_at; -1: nowhere
 
   bool is_empty() const { return high < low; }
-  bool in_chart() const { return chart_low >= 0; }
+  bool in_chart() const { return chart_low_ >= 0; }
+  /// Taken out of the chart.
+  bool is_deleted() const { return deleted_; }
   /// Back to an item of no sentence, which no chart takes.
   void clear() {
     *this = LexItem();
     high = -1;
-    deleted = 1;
+    deleted_ = true;
   }
   /// The vector of an AVMeaning, else null.
   AttVec* vec() const {
     AVMeaning* avm = as_avm(meaning.get());
     return avm ? avm->vec.get() : nullptr;
   }
+
+ private:
+  friend class LexAnalyzer;
+
+  std::int16_t chart_low_ = -1;   // where it stands among those that start together; -1: nowhere
+  std::int16_t chart_high_ = -1;  // the same of those that end together
+  bool deleted_ = false;
 };
 
 namespace tags {

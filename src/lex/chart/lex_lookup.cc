@@ -35,15 +35,15 @@ struct LexAnalyzer::Expansion {
 
 void LexAnalyzer::lookup(const char* text, int low, int high) {
   if (!text || !*text) return;
-  Lexicon::Pin pin(*lexicon);
+  Lexicon::Pin pin(*lexicon_);
   std::vector<EntryReading> readings = std::move(readings_);
   readings.clear();
-  lexicon->get_entries(text, readings);
+  lexicon_->get_entries(text, readings);
   for (const EntryReading& reading : readings) {
     Expansion expansion;
-    if (reading.ending) expansion.affixes.append(reading.ending->name.c_str());
+    if (reading.ending) expansion.affixes.append(reading.ending->name().c_str());
     entry_items(*reading.entry, low, high, expansion);
-    for (LexItem* item : expansion.items) add_item(item, 1);
+    for (LexItem* item : expansion.items) add_item(item, true);
   }
   readings_ = std::move(readings);
 }
@@ -57,25 +57,25 @@ void LexAnalyzer::entry_items(const LexEntry& entry, int low, int high, Expansio
   static thread_local DepthLimit limit{"LexAnalyzer: phrases lead to phrases without end"};
   DepthGuard guard(limit);
   if (!guard) return;
-  if (!entry.phrases.empty() && !expansion.seen.insert({&entry, low, high}).second) return;
+  if (!entry.phrases().empty() && !expansion.seen.insert({&entry, low, high}).second) return;
 
   const char* root = nullptr;
   const char* key = nullptr;
-  for (const Meaning* meaning : entry.meanings) {
+  for (const Meaning* meaning : entry.meanings()) {
     if (!selects(entry, *meaning)) continue;
     if (!root) {
       std::string natural = natural_order(entry.key);
-      root = pool.copy(natural.c_str());
-      key = natural == entry.key ? root : pool.copy(entry.key.c_str());
+      root = pool_.copy(natural.c_str());
+      key = natural == entry.key ? root : pool_.copy(entry.key.c_str());
     }
     LexItem* item = make_item(nullptr, meaning, low, high, expansion.affixes);
     item->root = root;
     item->entry_key = key;
     expansion.items.push_back(item);
   }
-  for (const PhraseRec* phrase : entry.phrases) {
+  for (const PhraseRec* phrase : entry.phrases()) {
     if (!phrase_at(*phrase, low)) continue;
-    if (const LexEntry* found = lexicon->get_entry(phrase->key.c_str()))
+    if (const LexEntry* found = lexicon_->get_entry(phrase->key.c_str()))
       entry_items(*found, low - phrase->left, low + phrase->right, expansion);
     else
       messages() << "Phrasal entry '" << phrase->key << "' is not found\n";

@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "shell/file_search.h"
-#include "shell/world.h"
 #include "support/big_endian.h"
 #include "support/hash.h"
 #include "support/messages.h"
@@ -68,8 +67,8 @@ bool RandomFile::open(const std::string& path) {
   return is_open();
 }
 
-DictOnDisk::DictOnDisk(World& world, const char* header) {
-  if (header && open_dictionary(world.files, header)) open_index(world.files, header);
+DictOnDisk::DictOnDisk(FileSearch& files, const char* header) {
+  if (header && open_dictionary(files, header)) open_index(files, header);
 }
 
 bool DictOnDisk::open_dictionary(FileSearch& files, const char* header) {

@@ -12,7 +12,6 @@
 namespace torvane {
 
 class FileSearch;
-class World;
 
 /// A regular file for reading at any place. It has no state that an error could leave behind: a
 /// read past the end gives fewer bytes.
@@ -34,7 +33,7 @@ class DictOnDisk {
  public:
   /// Opens what a header file (found along the search path) names; every failure writes its message
   /// and leaves the object not good().
-  DictOnDisk(World& world, const char* header);
+  DictOnDisk(FileSearch& files, const char* header);
   bool good() const { return index_.is_open(); }
   /// The entry's text, in an internal buffer that the next call reuses; null if there is none.
   const char* get_entry(const char* key);

@@ -19,7 +19,7 @@ class DictOnDiskTest : public testing::Test {
   }
   /// The texts under a row of keys, joined by "/"; "-" for none.
   std::string look_up(std::initializer_list<const char*> keys) {
-    DictOnDisk dictionary(world, (folder / "lex.hdr").c_str());
+    DictOnDisk dictionary(world.files, (folder / "lex.hdr").c_str());
     std::string found;
     for (const char* key : keys) {
       const char* text = dictionary.get_entry(key);

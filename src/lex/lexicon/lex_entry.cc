@@ -94,15 +94,15 @@ bool Heading::check_length() const {
 }
 
 LexEntry::~LexEntry() {
-  for (Meaning* meaning : meanings) delete meaning;
-  for (PhraseRec* phrase : phrases) delete phrase;
+  for (Meaning* meaning : meanings_) delete meaning;
+  for (PhraseRec* phrase : phrases_) delete phrase;
 }
 
 void LexEntry::add_phrase(const Heading& heading) {
   if (!heading.check_length() || has_phrase(heading.key)) return;
   auto* phrase = new PhraseRec{static_cast<std::uint8_t>(heading.left),
                                static_cast<std::uint8_t>(heading.right), heading.key};
-  phrases.append(phrase);
+  phrases_.append(phrase);
   ++phrase_count_;
   if (phrase_keys_) phrase_keys_->insert(phrase->key);
 }
@@ -110,10 +110,10 @@ void LexEntry::add_phrase(const Heading& heading) {
 bool LexEntry::has_phrase(const std::string& phrase_key) {
   if (!phrase_keys_ && phrase_count_ >= kFewPhrases) {
     phrase_keys_ = std::make_unique<std::unordered_set<std::string_view, FoldHash, FoldEqual>>();
-    for (const PhraseRec* phrase : phrases) phrase_keys_->insert(phrase->key);
+    for (const PhraseRec* phrase : phrases_) phrase_keys_->insert(phrase->key);
   }
   if (phrase_keys_) return phrase_keys_->contains(phrase_key);
-  for (const PhraseRec* phrase : phrases)
+  for (const PhraseRec* phrase : phrases_)
     if (FoldEqual()(phrase->key, phrase_key)) return true;
   return false;
 }

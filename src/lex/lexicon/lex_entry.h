@@ -55,13 +55,14 @@ struct LexEntry {
 
   /// Adds the phrase unless one of that key is there, or it is too long.
   void add_phrase(const Heading& heading);
+  void add_meaning(std::unique_ptr<Meaning> meaning) { meanings_.append(meaning.release()); }
+  const Slist<Meaning*>& meanings() const { return meanings_; }
+  /// In order of definition.
+  const Slist<PhraseRec*>& phrases() const { return phrases_; }
 
-  Word reserved = 0;
   std::string key;
   std::int32_t stamp = 0;  ///< logical time of last use
   std::uint64_t birth = lifetimes().now();
-  Slist<Meaning*> meanings;      ///< owned
-  Slist<PhraseRec*> phrases;     ///< owned, in order of definition
   bool made_for_phrase = false;  ///< made to hold a phrase: the disk was not asked for it yet
 
   /// One of its meanings as a value.
@@ -71,9 +72,12 @@ struct LexEntry {
   }
 
  private:
-  mutable std::unique_ptr<Eras> eras_;  // of those values
   bool has_phrase(const std::string& phrase_key);
-  /// The keys of `phrases`, once they are many.
+
+  Slist<Meaning*> meanings_;            // owned
+  Slist<PhraseRec*> phrases_;           // owned
+  mutable std::unique_ptr<Eras> eras_;  // of the meanings' values
+  // The keys of the phrases, once they are many.
   std::unique_ptr<std::unordered_set<std::string_view, FoldHash, FoldEqual>> phrase_keys_;
   int phrase_count_ = 0;
 };

@@ -34,20 +34,24 @@ void each_form(World& world, std::istream& in, Visit visit) {
 }  // namespace
 
 Lexicon::Lexicon(World& its_world, int size) : world_(its_world) {
-  entries.rehash(bucket_count(size));
-  not_found.rehash(bucket_count(size));
+  entries_.rehash(bucket_count(size));
+  not_found_.rehash(bucket_count(size));
 }
 
 Lexicon::~Lexicon() = default;
 
+void Lexicon::add_dictionary(std::unique_ptr<DictOnDisk> dictionary) {
+  dictionaries_.push_back(std::move(dictionary));
+}
+
 LexEntry* Lexicon::find(std::string_view key) const {
-  auto it = entries.find(key);
-  return it == entries.end() ? nullptr : it->second.get();
+  auto it = entries_.find(key);
+  return it == entries_.end() ? nullptr : it->second.get();
 }
 
 LexEntry* Lexicon::insert(std::unique_ptr<LexEntry> entry) {
   LexEntry* raw = entry.get();
-  entries.emplace(raw->key, std::move(entry));
+  entries_.emplace(raw->key, std::move(entry));
   return raw;
 }
 
@@ -68,44 +72,44 @@ LexEntry* Lexicon::get_entry(const char* word) {
   LexEntry* entry = find(word);
   if (!entry) {
     // Kept: not-found-is-remembered
-    if (not_found.contains(std::string_view(word))) return nullptr;
+    if (not_found_.contains(std::string_view(word))) return nullptr;
     entry = load_from_disk(word);
     if (!entry) {
-      not_found.emplace(word);
+      not_found_.emplace(word);
       return nullptr;
     }
   } else if (entry->made_for_phrase) {
     load_from_disk(word);
     entry->made_for_phrase = false;
   }
-  entry->stamp = ++clock;
-  if (clock > clock_limit) evict();
+  entry->stamp = ++clock_;
+  if (clock_ > clock_limit) evict();
   return entry;
 }
 
 void Lexicon::evict() {
   std::int32_t half = clock_limit / 2;
-  for (auto it = entries.begin(); it != entries.end();) {
+  for (auto it = entries_.begin(); it != entries_.end();) {
     if (it->second->stamp > half) {
       it->second->stamp -= half;
       ++it;
     } else {
       dropped_.push_back(std::move(it->second));
-      it = entries.erase(it);
+      it = entries_.erase(it);
     }
   }
-  clock = half;
-  destroy_dropped();
+  clock_ = half;
+  end_dropped();
 }
 
 void Lexicon::clear() {
-  for (auto& [key, entry] : entries) dropped_.push_back(std::move(entry));
-  entries.clear();
-  not_found.clear();
-  destroy_dropped();
+  for (auto& [key, entry] : entries_) dropped_.push_back(std::move(entry));
+  entries_.clear();
+  not_found_.clear();
+  end_dropped();
 }
 
-void Lexicon::destroy_dropped() {
+void Lexicon::end_dropped() {
   if (pins_ > 0 || dropped_.empty()) return;
   for (std::unique_ptr<LexEntry>& entry : std::exchange(dropped_, {})) {
     std::uint64_t birth = entry->birth;
@@ -117,7 +121,7 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
   LexEntry* result = nullptr;
   const LexEntry* known = find(key);
   bool no_dup = !known || !known->made_for_phrase;
-  for (const auto& dictionary : dictionaries) {
+  for (const auto& dictionary : dictionaries_) {
     const char* text = dictionary->get_entry(key);
     if (!text) continue;
     // Taken out while in use: a meaning in the entry could load another.
@@ -133,7 +137,7 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
   return result;
 }
 
-void Lexicon::load(std::istream& in, int no_dup) {
+void Lexicon::load(std::istream& in, bool no_dup) {
   each_form(world_, in, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
 }
 
@@ -144,11 +148,11 @@ void Lexicon::load_unique(std::istream& in) {
 LexEntry* Lexicon::add_if_absent(IRSlist* form) {
   Heading heading = parse_heading(*form);
   LexEntry* entry = find(heading.key);
-  if (entry && heading.is_phrase && entry->meanings.empty()) entry = nullptr;
-  return entry ? entry : read_entry(form, 1);
+  if (entry && heading.is_phrase && entry->meanings().empty()) entry = nullptr;
+  return entry ? entry : read_entry(form, true);
 }
 
-LexEntry* Lexicon::read_entry(IRSlist* form, int no_dup) {
+LexEntry* Lexicon::read_entry(IRSlist* form, bool no_dup) {
   Heading heading = parse_heading(*form);
   if (heading.key.empty() || (heading.is_phrase && !heading.check_length())) return nullptr;
   LexEntry* entry = find(heading.key);
@@ -175,9 +179,9 @@ LexEntry* Lexicon::read_entry(IRSlist* form, int no_dup) {
 
 bool Lexicon::add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry) {
   if (check_meanings)
-    for (const Meaning* known : entry->meanings)
+    for (const Meaning* known : entry->meanings())
       if (known->compare(meaning.get()) == Subsumption::equal) return false;
-  entry->meanings.append(meaning.release());
+  entry->add_meaning(std::move(meaning));
   return true;
 }
 
@@ -188,12 +192,12 @@ void Lexicon::each_reading(const char* word, Visit visit) {
                                        1000};
   DepthGuard guard(limit);
   if (!guard || !word) return;
-  if (!ending_table) {
+  if (!ending_table_) {
     if (LexEntry* entry = get_entry(word)) visit(EntryReading{entry, nullptr});
     return;
   }
   // Kept: bare-word-needs-an-ending
-  for (EndingWalk walk(*ending_table, word); walk.current(); walk.next()) {
+  for (EndingWalk walk(*ending_table_, word); walk.current(); walk.next()) {
     const char* root = walk.current()->strip(word);
     LexEntry* entry = root ? get_entry(root) : nullptr;
     if (entry && !visit(EntryReading{entry, walk.current()})) return;
@@ -218,8 +222,8 @@ const char* Lexicon::get_root(const char* word) {
 
 std::vector<const LexEntry*> Lexicon::sorted_entries() const {
   std::vector<const LexEntry*> sorted;
-  sorted.reserve(entries.size());
-  for (const auto& [key, entry] : entries) sorted.push_back(entry.get());
+  sorted.reserve(entries_.size());
+  for (const auto& [key, entry] : entries_) sorted.push_back(entry.get());
   std::sort(sorted.begin(), sorted.end(), [](const LexEntry* a, const LexEntry* b) {
     return stricmp(a->key.c_str(), b->key.c_str()) < 0;
   });
@@ -235,21 +239,21 @@ void Lexicon::print_sorted(std::ostream& out) {
 }
 
 void Lexicon::print_all(std::ostream& out) {
-  for (const auto& [key, entry] : entries) print_entry(out, entry.get());
+  for (const auto& [key, entry] : entries_) print_entry(out, entry.get());
 }
 
 void Lexicon::print_entry(std::ostream& out, const LexEntry* entry) {
   std::string heading;
   append_quoted(heading, entry->key, QuoteComma::yes);
   out << '(' << heading << '\n';
-  for (const Meaning* meaning : entry->meanings) {
+  for (const Meaning* meaning : entry->meanings()) {
     // Kept: sense-prints-by-kind
     out << " (" << meaning->type() << ' ';
     meaning->print(out);
     out << ")\n";
   }
   out << " (phrases";
-  for (const PhraseRec* phrase : entry->phrases) out << " (" << phrase->key << ')';
+  for (const PhraseRec* phrase : entry->phrases()) out << " (" << phrase->key << ')';
   out << ")\n )\n";
 }
 

@@ -32,23 +32,23 @@ class Lexicon {
   Lexicon& operator=(const Lexicon&) = delete;
 
   /// Reads what every dictionary has under the key; the entry read last, or null.
-  virtual LexEntry* load_from_disk(const char* key);
+  LexEntry* load_from_disk(const char* key);
   /// Reads all entries of a stream.
-  virtual void load(std::istream& in, int no_dup);
-  virtual void load_unique(std::istream& in);
-  virtual std::unique_ptr<LexEntry> new_entry(const char* key);
-  virtual LexEntry* add_if_absent(IRSlist* form);
+  void load(std::istream& in, bool no_dup);
+  void load_unique(std::istream& in);
+  std::unique_ptr<LexEntry> new_entry(const char* key);
+  LexEntry* add_if_absent(IRSlist* form);
   /// Adds the form's entry, or its meanings to the entry of that key; with `no_dup` such an entry
   /// is reported and stays as it is. The entry; null if the form has no key.
-  virtual LexEntry* read_entry(IRSlist* form, int no_dup);
-  virtual void print_keys(std::ostream& out);
+  LexEntry* read_entry(IRSlist* form, bool no_dup);
+  void print_keys(std::ostream& out);
   /// By key, in the order of lexicon files.
-  virtual void print_sorted(std::ostream& out);
-  virtual void print_all(std::ostream& out);
-  virtual void print_entry(std::ostream& out, const LexEntry* entry);
+  void print_sorted(std::ostream& out);
+  void print_all(std::ostream& out);
+  void print_entry(std::ostream& out, const LexEntry* entry);
   /// Takes the meaning; false (and dropped) if it is rejected as a duplicate.
-  virtual bool add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry);
-  virtual ~Lexicon();
+  bool add_meaning(std::unique_ptr<Meaning> meaning, LexEntry* entry);
+  ~Lexicon();
 
   /// The entry, or null. Without a Pin it is valid until the next look-up, which may evict it.
   LexEntry* get_entry(const char* word);
@@ -57,9 +57,9 @@ class Lexicon {
   /// The key of the first entry so found (valid until the next look-up), or `word` itself.
   const char* get_root(const char* word);
   LexEntry* make_entry(const char* key, bool search_disk);
-  /// Forgets all entries, and which words were not found.
+  /// Drops all entries, and which words were not found.
   void clear();
-  bool has_endings() const { return ending_table != nullptr; }
+  bool has_endings() const { return ending_table_ != nullptr; }
 
   World& world() const { return world_; }
 
@@ -70,7 +70,7 @@ class Lexicon {
     explicit Pin(Lexicon& lexicon) : lexicon_(lexicon) { ++lexicon_.pins_; }
     ~Pin() {
       --lexicon_.pins_;
-      lexicon_.destroy_dropped();
+      lexicon_.end_dropped();
     }
     Pin(const Pin&) = delete;
     Pin& operator=(const Pin&) = delete;
@@ -79,25 +79,31 @@ class Lexicon {
     Lexicon& lexicon_;
   };
 
-  std::unordered_map<std::string_view, std::unique_ptr<LexEntry>, FoldHash, FoldEqual> entries;
-  std::unordered_set<std::string, FoldHash, FoldEqual> not_found;
-  bool check_meanings = false;
-  std::int32_t clock = 0;
+  /// A dictionary that is asked after those that are there.
+  void add_dictionary(std::unique_ptr<DictOnDisk> dictionary);
+  void set_endings(std::unique_ptr<EndingTable> table) { ending_table_ = std::move(table); }
+  std::size_t entry_count() const { return entries_.size(); }
+
+  bool check_meanings = false;  ///< a meaning that the entry has already is rejected
+  /// Beyond so many uses the entries that were not used lately are dropped.
   std::int32_t clock_limit = 1000000;
-  std::vector<std::unique_ptr<DictOnDisk>> dictionaries;
-  std::unique_ptr<EndingTable> ending_table;  ///< may be null
 
  private:
   LexEntry* find(std::string_view key) const;
   LexEntry* insert(std::unique_ptr<LexEntry> entry);
   void evict();
-  void destroy_dropped();
+  void end_dropped();
   std::vector<const LexEntry*> sorted_entries() const;
   /// Calls `visit(reading)` for each reading until it gives false.
   template <class Visit>
   void each_reading(const char* word, Visit visit);
 
   World& world_;
+  std::unordered_map<std::string_view, std::unique_ptr<LexEntry>, FoldHash, FoldEqual> entries_;
+  std::unordered_set<std::string, FoldHash, FoldEqual> not_found_;
+  std::int32_t clock_ = 0;  // counts the uses of entries
+  std::vector<std::unique_ptr<DictOnDisk>> dictionaries_;
+  std::unique_ptr<EndingTable> ending_table_;  // may be null
   int pins_ = 0;
   std::vector<std::unique_ptr<LexEntry>> dropped_;
   std::unique_ptr<IRSlistReader> disk_reader_;

@@ -22,8 +22,9 @@ Value make_lexicon(World& world, IRSlist* form) {
   if (!name) return Value();
   auto lexicon = std::make_unique<Lexicon>(world, static_cast<int>(form->get_long_val()));
   if (endings && endings->is_list()) {
-    lexicon->ending_table = std::make_unique<EndingTable>();
-    lexicon->ending_table->read(world, endings.get());
+    auto table = std::make_unique<EndingTable>();
+    table->read(world, endings.get());
+    lexicon->set_endings(std::move(table));
   } else if (endings) {
     // A table of its own name is looked up, but only a list gives a lexicon endings.
     // Kept: named-endings-ignored
@@ -36,7 +37,7 @@ Value lex(World& world, IRSlist* form) {
   Lexicon* lexicon = take_lexicon(world, form);
   if (!lexicon) return Value();
   // Kept: lex-adds-load-lex-reports
-  while (std::unique_ptr<IRSlist> item = form->pop_front()) lexicon->read_entry(item.get(), 0);
+  while (std::unique_ptr<IRSlist> item = form->pop_front()) lexicon->read_entry(item.get(), false);
   return Value();
 }
 
@@ -67,8 +68,8 @@ Value link_lex_file(World& world, IRSlist* form) {
   Lexicon* lexicon = take_lexicon(world, form);
   const char* header = lexicon ? form->get_str_val() : nullptr;
   if (!header) return Value();
-  auto dictionary = std::make_unique<DictOnDisk>(world, header);
-  if (dictionary->good()) lexicon->dictionaries.push_back(std::move(dictionary));
+  auto dictionary = std::make_unique<DictOnDisk>(world.files, header);
+  if (dictionary->good()) lexicon->add_dictionary(std::move(dictionary));
   return Value();
 }
 

@@ -259,7 +259,7 @@ Value select(World& world, IRSlist* form) {
 Value get_entry(World& world, IRSlist* form) {
   const char* header = form->get_str_val();
   if (!header) return Value();
-  DictOnDisk dictionary(world, header);
+  DictOnDisk dictionary(world.files, header);
   auto look_up = [&](const IRSlist& word) {
     const char* text = word.is_atom() ? dictionary.get_entry(word.atom) : nullptr;
     if (text) world.out() << text << '\n';
@@ -276,9 +276,9 @@ void filter_entry(World& world, LexEntry& entry, const ExpPtr (&tests)[3]) {
   const int entry_type = expressions(world).types.id(type_name_of<LexEntry>());
   Value value = Value::of(&entry);
   if (!passes(tests[0], value, entry_type)) return;
-  Slist<Meaning*> meanings = entry.meanings;
+  const Slist<Meaning*> meanings = entry.meanings();
   for (Meaning* meaning : meanings)
-    if (entry.meanings.contains(meaning))
+    if (entry.meanings().contains(meaning))
       tests[1].eval(entry.meaning_value(meaning), type_id_of<Meaning>());
   tests[2].eval(value, entry_type);
 }
@@ -299,7 +299,7 @@ Value filter_entries(World& world, IRSlist* form) {
     LexEntry entry;
     entry.key = heading.key;
     read_meanings(world, *item, entry, [&entry](std::unique_ptr<Meaning> meaning) {
-      entry.meanings.append(meaning.release());
+      entry.add_meaning(std::move(meaning));
     });
     // Kept: filter-entries-writes-nothing
     filter_entry(world, entry, tests);

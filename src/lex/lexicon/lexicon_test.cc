@@ -27,10 +27,10 @@ struct KindsWorld {
 };
 
 struct Words : KindsWorld, Lexicon {
-  explicit Words(const std::string& text = "", int no_dup = 0) : Lexicon(own_world, 101) {
+  explicit Words(const std::string& text = "", bool no_dup = false) : Lexicon(own_world, 101) {
     read(text, no_dup);
   }
-  void read(const std::string& text, int no_dup = 0) {
+  void read(const std::string& text, bool no_dup = false) {
     std::istringstream in(text);
     load(in, no_dup);
   }
@@ -47,7 +47,7 @@ TEST(Lexicon, DuplicatesMergeOrAreReported) {
   EXPECT_EQ(words.printed("dog"), "(dog\n (g a)\n (g a)\n (g b)\n (phrases)\n )\n");
   // The entry that was read as one word did not hide the phrase from its head.
   EXPECT_EQ(words.printed("give"), "(give\n (phrases (give up))\n )\n");
-  EXPECT_EQ(messages_of([&] { words.read("(DOG (g c)) (cat (g d)) (cat)", 1); }),
+  EXPECT_EQ(messages_of([&] { words.read("(DOG (g c)) (cat (g d)) (cat)", true); }),
             "Duplicate entry: DOG\nDuplicate entry: cat\n");
   EXPECT_EQ(words.printed("cat"), "(cat\n (g d)\n (phrases)\n )\n");
   words.check_meanings = true;
@@ -64,13 +64,11 @@ TEST(Lexicon, EvictionKeepsTheYoungerHalf) {
   look("a", 5);
   look("b", 1);
   look("nosuch", 20);  // a miss is no use of the clock
-  EXPECT_EQ(words.clock, 6);
   look("b", 4);
-  EXPECT_EQ(words.entries.size(), 3u);
+  EXPECT_EQ(words.entry_count(), 3u);
   look("b", 1);
   // At 11, `a` of stamp 5 and `c` that was never looked up are gone.
-  EXPECT_EQ(words.clock, 5);
-  EXPECT_EQ(words.entries.size(), 1u);
+  EXPECT_EQ(words.entry_count(), 1u);
   EXPECT_EQ(words.get_entry("b")->stamp, 6);
   EXPECT_EQ(words.get_entry("a"), nullptr);
 }
@@ -87,7 +85,7 @@ TEST(Lexicon, APinKeepsWhatIsDropped) {
     words.get_entry("dog");
   }
   EXPECT_EQ(entry->key, "dog");
-  EXPECT_EQ(entry->meanings.length(), 1);
+  EXPECT_EQ(entry->meanings().length(), 1);
 }
 
 TEST(Lexicon, AWordOfTheMemoryIsNotLookedForOnDisk) {
@@ -97,8 +95,8 @@ TEST(Lexicon, AWordOfTheMemoryIsNotLookedForOnDisk) {
   folder.write("one.dat", "(dog (g a)) (cat (g a))");
   folder.write("one.hdr", "one.dat 11 one.idx ( )");
   messages_of([&] {
-    words.dictionaries.push_back(
-        std::make_unique<DictOnDisk>(words.world(), (folder / "one.hdr").c_str()));
+    words.add_dictionary(
+        std::make_unique<DictOnDisk>(words.world().files, (folder / "one.hdr").c_str()));
   });
   EXPECT_EQ(words.printed("dog"), "(dog\n (g mine)\n (phrases)\n )\n");
   EXPECT_EQ(words.printed("cat"), "(cat\n (g mine)\n (phrases (cat days))\n )\n");

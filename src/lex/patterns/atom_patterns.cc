@@ -34,7 +34,7 @@ class LexItemPat : public PatternOf<LexItemPat, AtomicPat> {
     // The expression may change the chart.
     const Slist<LexItem*> items = at_end ? chart.ending_at(pos) : chart.starting_at(pos);
     for (LexItem* item : items) {
-      if (!passes_item(exp, item)) continue;
+      if (!passes_item(exp_, item)) continue;
       results.add(Match::make(&chart, at_end ? item->low : pos, at_end ? pos : item->high, item));
     }
     results.finish();
@@ -128,7 +128,7 @@ class CollectLexItems : public PatternOf<CollectLexItems, AtomicPat> {
     for (int i = last; i >= 1; --i) {
       const Slist<LexItem*> items = chart.ending_at(i);
       for (LexItem* item : items) {
-        if (item->low > i || !passes_item(exp, item)) continue;
+        if (item->low > i || !passes_item(exp_, item)) continue;
         parts.push_back(Match::make(&chart, item->low, item->high, item));
         i = item->low;
         break;

@@ -9,7 +9,7 @@ namespace torvane {
 
 namespace tags {
 constinit const TypeTag match =
-    counted_tag<Match>("Match*", [](const Match& its) { return its.analyzer->eras.now(); });
+    counted_tag<Match>("Match*", [](const Match& its) { return its.analyzer->era(); });
 }  // namespace tags
 
 namespace {

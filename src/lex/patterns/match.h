@@ -42,12 +42,12 @@ class Match : public Counted<Match>, public Pooled<Match> {
   /// "[low,high]", with the components behind it in parentheses.
   void print(std::ostream& out) const;
 
-  LexItem* item;           ///< may be null
-  std::int32_t low, high;  ///< an empty match has high = low - 1
-  LexAnalyzer* analyzer;
+  LexItem* const item;           ///< may be null
+  const std::int32_t low, high;  ///< an empty match has high = low - 1
+  LexAnalyzer* const analyzer;
 
  private:
-  Match(LexAnalyzer* in, std::int32_t from, std::int32_t to, LexItem* about)
+  Match(LexAnalyzer* in, int from, int to, LexItem* about)
       : item(about), low(from), high(to), analyzer(in) {}
 
   Ref<Match> part_;

@@ -33,16 +33,14 @@ class MultiPattern : public LPattern {
   /// Without `overlapping` the scan goes on beyond what it found. From the right it begins at the
   /// word count, where only the end of the sentence matches.
   void match(MatchRun& run, MatchList& results) const override {
-    run.start(reach);
-    if (front_to_back) {
+    run.start(reach());
+    if (front_to_back()) {
       match_forward(run, results);
     } else {
       match_backward(run, results);
     }
     run.limit(results);
   }
-
-  std::vector<PatternPtr> subs;
 
  protected:
   Reach parts_reach() const override {
@@ -51,13 +49,15 @@ class MultiPattern : public LPattern {
     return all;
   }
 
+  std::vector<PatternPtr> subs;
+
  private:
   void match_backward(MatchRun& run, MatchList& results) const {
     for (int i = run.analyzer.word_count(); i >= 1 && !run.is_full(results); --i) {
       MatchList here;
       find(run, Anchor::end, i, here);
       results.append(here);
-      if (overlapping) continue;
+      if (overlapping()) continue;
       for (const Ref<Match>& match : here)
         if (match->low < i) i = match->low;
     }
@@ -68,7 +68,7 @@ class MultiPattern : public LPattern {
       MatchList here;
       find(run, Anchor::start, i, here);
       results.append(here);
-      if (overlapping) continue;
+      if (overlapping()) continue;
       for (const Ref<Match>& match : here)
         if (match->high > i) i = match->high;
     }
@@ -86,8 +86,8 @@ class SeqPat : public PatternOf<SeqPat, MultiPattern> {
     auto last = std::find_if(subs.rbegin(), subs.rend(), reaches_out);
     steady_left_ = static_cast<int>(first - subs.begin());
     steady_right_ = static_cast<int>(last - subs.rbegin());
-    keeps_all_ = constraint || steady_left_ < size();
-    asks_early_ = constraint && constraint.reach() == Reach::input;
+    keeps_all_ = constraint() || steady_left_ < size();
+    asks_early_ = constraint() && constraint().reach() == Reach::input;
   }
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override {
     if (subs.empty()) return;

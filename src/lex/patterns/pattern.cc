@@ -24,11 +24,11 @@ LPattern* find_prototype(const ObjFactory& family, const char* head) {
 }  // namespace
 
 void LPattern::match(MatchRun& run, MatchList& results) const {
-  run.start(reach);
+  run.start(reach_);
   int last = run.analyzer.last_position();
   for (int i = 1; i <= last; ++i) {
     MatchList here;
-    if (front_to_back) {
+    if (front_to_back_) {
       find(run, Anchor::start, i, here);
     } else {
       find(run, Anchor::end, last + 1 - i, here);
@@ -39,7 +39,7 @@ void LPattern::match(MatchRun& run, MatchList& results) const {
 }
 
 void LPattern::match_at(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
-  run.start(reach);
+  run.start(reach_);
   find(run, anchor, pos, results);
   run.limit(results);
 }
@@ -48,11 +48,11 @@ bool LPattern::take_option(World& world, IRSlist* args) {
   IRSlist* front = args->nth(0);
   const char* word = front->is_atom() ? front->atom : front->nth_str_val(0);
   if (front->is_atom() && same_word(word, ":front-to-back")) {
-    front_to_back = true;
+    front_to_back_ = true;
   } else if (front->is_atom() && same_word(word, ":overlapping")) {
-    overlapping = true;
+    overlapping_ = true;
   } else if (front->is_list() && same_word(word, "constraint")) {
-    constraint = LExp::get_exp(world, front->nth(1));
+    constraint_ = LExp::get_exp(world, front->nth(1));
   } else {
     return false;
   }
@@ -69,16 +69,16 @@ bool LPattern::take_number(IRSlist* args, const char* keyword, long& number) {
 }
 
 bool LPattern::passes_constraint(Match& match) const {
-  return passes(constraint, Value::of(&match), type_id_of<Match>());
+  return passes(constraint_, Value::of(&match), type_id_of<Match>());
 }
 
 void AtomicPat::init(World& world, IRSlist* args) {
-  exp = LExp::get_exp(world, args->nth(0));
+  exp_ = LExp::get_exp(world, args->nth(0));
 }
 
 void WordPat::find(MatchRun& run, Anchor, int pos, MatchList& results) const {
   const char* word = run.analyzer.word(pos);
-  if (word && passes(exp, run.analyzer.text_value(word), type_id_of<const char*>()))
+  if (word && passes(exp_, run.analyzer.text_value(word), type_id_of<const char*>()))
     results.add(Match::make(&run.analyzer, pos, pos));
 }
 
@@ -90,8 +90,7 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
   }
   if (!form) return nullptr;
   if (form->is_atom()) {
-    auto word = std::make_unique<WordPat>();
-    word->exp = make_str_is(world, form->atom);
+    auto word = std::make_unique<WordPat>(make_str_is(world, form->atom));
     word->settle_reach();
     return word;
   }

@@ -31,14 +31,10 @@ class LPattern {
   /// Takes the arguments (the head is off already).
   virtual void init(World&, IRSlist*) {}
   /// Takes stock of its expressions, once all of them are there.
-  void settle_reach() { reach = std::max(constraint.reach(), parts_reach()); }
-
-  bool front_to_back = false;  ///< the scan goes from the first word to the last
-  bool overlapping = false;    ///< the scan looks inside earlier matches too
-  ExpPtr constraint;           ///< on Match*, may be null
+  void settle_reach() { reach_ = std::max(constraint_.reach(), parts_reach()); }
   /// What its expressions and those of its parts read and change. A pattern that stays within the
   /// input of its expressions gives at a position what the chart has there, whoever asks and when.
-  Reach reach = Reach::anything;
+  Reach reach() const { return reach_; }
 
  protected:
   virtual Reach parts_reach() const { return Reach::input; }
@@ -46,14 +42,24 @@ class LPattern {
   bool take_option(World& world, IRSlist* args);
   /// The same for a keyword with a number behind it.
   static bool take_number(IRSlist* args, const char* keyword, long& number);
-  /// What `produce` adds to a list, as far as it passes `constraint`.
+  /// What `produce` adds to a list, as far as it passes the constraint.
   template <class Produce>
   void add_constrained(MatchList& results, Produce produce) const;
 
   bool passes_constraint(Match& match) const;
+  const ExpPtr& constraint() const { return constraint_; }
+  /// The scan goes from the first word to the last.
+  bool front_to_back() const { return front_to_back_; }
+  /// The scan looks inside earlier matches too.
+  bool overlapping() const { return overlapping_; }
 
  private:
   void match_at(MatchRun& run, Anchor anchor, int pos, MatchList& results) const;
+
+  bool front_to_back_ = false;
+  bool overlapping_ = false;
+  ExpPtr constraint_;  // on Match*, may be null
+  Reach reach_ = Reach::anything;
 };
 
 namespace tags {
@@ -66,6 +72,7 @@ struct ValueTraits<LPattern> : TagOf<LPattern, tags::l_pattern> {};
 template <class D, class Base = LPattern>
 class PatternOf : public Base {
  public:
+  using Base::Base;
   std::unique_ptr<LPattern> clone() const override {
     return std::make_unique<D>(static_cast<const D&>(*this));
   }
@@ -85,7 +92,7 @@ class PatternPtr {
   }
   explicit operator bool() const { return pattern_ != nullptr; }
   LPattern* operator->() const { return pattern_.get(); }
-  Reach reach() const { return pattern_ ? pattern_->reach : Reach::input; }
+  Reach reach() const { return pattern_ ? pattern_->reach() : Reach::input; }
   /// The matches at a position; a part that is missing has none.
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const {
     if (pattern_) pattern_->find(run, anchor, pos, results);
@@ -98,16 +105,20 @@ class PatternPtr {
 /// A test of one position by an expression. No expression passes everything.
 class AtomicPat : public LPattern {
  public:
+  AtomicPat() = default;
+  explicit AtomicPat(ExpPtr exp) : exp_(std::move(exp)) {}
   void init(World& world, IRSlist* args) override;
-  ExpPtr exp;
 
  protected:
-  Reach parts_reach() const override { return exp.reach(); }
+  Reach parts_reach() const override { return exp_.reach(); }
+
+  ExpPtr exp_;
 };
 
 /// A word that satisfies the expression.
 class WordPat : public PatternOf<WordPat, AtomicPat> {
  public:
+  using PatternOf::PatternOf;
   void find(MatchRun& run, Anchor anchor, int pos, MatchList& results) const override;
 };
 
@@ -117,7 +128,7 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form);
 
 template <class Produce>
 void LPattern::add_constrained(MatchList& results, Produce produce) const {
-  if (!constraint) {
+  if (!constraint_) {
     produce(results);
     return;
   }

@@ -13,20 +13,21 @@ class OnePat : public LPattern {
   /// Options, then the part; what stands behind it is ignored.
   void init(World& world, IRSlist* args) override {
     bool has_sub = false;
+    long unused = 0;
     while (!args->empty()) {
       // Kept: min-and-max-do-nothing
-      if (take_option(world, args) || take_number(args, ":min", min) ||
-          take_number(args, ":max", max))
+      if (take_option(world, args) || take_number(args, ":min", unused) ||
+          take_number(args, ":max", unused))
         continue;
       std::unique_ptr<IRSlist> item = args->pop_front();
       if (!std::exchange(has_sub, true)) sub = make_pattern(world, item.get());
     }
   }
-  PatternPtr sub;
-  long min = 0, max = 0;  ///< read, and used by nothing
 
  protected:
   Reach parts_reach() const override { return sub.reach(); }
+
+  PatternPtr sub;
 };
 
 /// A word at which the part does not match.

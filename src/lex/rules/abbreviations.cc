@@ -100,7 +100,7 @@ LexItem* make_definition(LexAnalyzer& chart, const Definition& d, Meaning* meani
   spelled->role = chart.pool_copy("spellout");
   chart.add_component(whole, abbreviation);
   chart.add_component(whole, spelled);
-  return chart.add_item(whole, 1);
+  return chart.add_item(whole, true);
 }
 
 std::vector<const char*> words_between(const LexAnalyzer& chart, int low, int high) {

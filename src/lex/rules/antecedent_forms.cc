@@ -23,15 +23,15 @@ AntecedentList* find_list(World& world, IRSlist* form) {
 template <class D>
 class AnteListExp : public Form<D> {
  public:
-  void init(World& world, IRSlist* args) override { _list = find_list(world, args); }
-  AntecedentList* _list = nullptr;
+  void init(World& world, IRSlist* args) override { list_ = find_list(world, args); }
+  AntecedentList* list_ = nullptr;
 };
 
 struct ClearAnteList : AnteListExp<ClearAnteList> {
   static constexpr const char* kName = "clear-ante-list";
   static constexpr const char* kUsage = "`(clear-ante-list NAME)` empties an antecedent list; 0";
   Value eval(Value, int) override {
-    if (_list) _list->clear();
+    if (list_) list_->clear();
     return Value();
   }
 };
@@ -52,28 +52,28 @@ class AnteTest : public AnteListExp<D> {
   bool holds(Value input, int input_type) const {
     if (!this->accepts(input_type)) return false;
     const char* text = input.text();
-    return this->_list && text && static_cast<const D*>(this)->test(text);
+    return this->list_ && text && static_cast<const D*>(this)->test(text);
   }
 };
 
 struct ExistExactMatch : AnteTest<ExistExactMatch> {
   static constexpr const char* kName = "exist-exact-match";
   static constexpr const char* kUsage = "`(exist-exact-match NAME)` the text is stored as it is";
-  bool test(const char* text) const { return _list->find_exact(text) != nullptr; }
+  bool test(const char* text) const { return list_->find_exact(text) != nullptr; }
 };
 
 struct CoveredByAntecedent : AnteTest<CoveredByAntecedent> {
   static constexpr const char* kName = "covered-by-antecedent";
   static constexpr const char* kUsage =
       "`(covered-by-antecedent NAME)` the word stands in a stored name";
-  bool test(const char* text) const { return _list->covers_word(text); }
+  bool test(const char* text) const { return list_->covers_word(text); }
 };
 
 struct IsAbbrev : AnteTest<IsAbbrev> {
   static constexpr const char* kName = "is-abbrev";
   static constexpr const char* kUsage = "`(is-abbrev NAME)` the text abbreviates a stored name";
   IsAbbrev() { out_type = type_id_of<const char*>(); }
-  bool test(const char* text) const { return _list->find_abbrev(text) != nullptr; }
+  bool test(const char* text) const { return list_->find_abbrev(text) != nullptr; }
   Value eval(Value input, int input_type) override {
     return holds(input, input_type) ? input : Value();
   }
@@ -117,7 +117,7 @@ struct RegisterName : AnteListExp<RegisterName> {
   Value eval(Value input, int input_type) override {
     if (!accepts(input_type)) return Value();
     LexItem* item = input.as<LexItem>();
-    if (_list && item) _list->add(item->root, as_avm(item->meaning.get()), world().double_byte);
+    if (list_ && item) list_->add(item->root, as_avm(item->meaning.get()), world().double_byte);
     return Value::of(item);
   }
 };
@@ -130,7 +130,7 @@ LexItem* find_prev_occ(Match* match, Word low, Word high, AntecedentList* names)
   const char* name = chart.surface(span.low, span.high);
   const Meaning* meaning = names->find_matching(name);
   if (!meaning) return nullptr;
-  return chart.add_item(chart.make_item(name, meaning, span.low, span.high, {}), 1);
+  return chart.add_item(chart.make_item(name, meaning, span.low, span.high, {}), true);
 }
 
 Value make_antecedent_list(World& world, IRSlist* form) {

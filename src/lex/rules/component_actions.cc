@@ -50,7 +50,7 @@ LexItem* add_components(Match* match, LexItem* item, Word low, Word high, Value 
     i = part->low;
     widen(*whole, *part);
   }
-  return chart->add_item(whole, 1);
+  return chart->add_item(whole, true);
 }
 
 /// (combine-lexitems [role] exp [role] exp ...): a new item that begins as the first one and has
@@ -90,7 +90,7 @@ class CombineLexItems : public Form<CombineLexItems> {
       if (part.has_role) item->role = whole->analyzer->pool_copy(part.role.c_str());
       widen(*whole, *item);
     }
-    return whole ? Value::of(whole->analyzer->add_item(whole, 1)) : Value();
+    return whole ? Value::of(whole->analyzer->add_item(whole, true)) : Value();
   }
 
  private:

@@ -38,7 +38,7 @@ void delete_if(Match* match, Word low, Word high, Value cond) {
 
 void delete_except(Match* match, Word low, Word high, LexItem* kept) {
   LexAnalyzer* chart = match ? chart_of(match, kept) : nullptr;
-  if (!chart || kept->deleted) return;
+  if (!chart || kept->is_deleted()) return;
   delete_where(*chart, items_inside(*chart, low, high),
                [&](LexItem* item) { return item != kept; });
 }
@@ -59,31 +59,9 @@ void keep_tags(Match* match, Value cond) {
   });
 }
 
-// Leaves of each position's items only the longest, and nothing that ends inside those. The others
-// stay in the lists of their starts.
 // Kept: rm-non-max-does-not-delete
 void rm_non_max(Match* match) {
-  if (!match) return;
-  LexAnalyzer& chart = *match->analyzer;
-  auto empty_end = [&](int end) {
-    for (LexItem* item : chart.ends_at[static_cast<std::size_t>(end)]) item->chart_high = -1;
-    chart.ends_at[static_cast<std::size_t>(end)].clear();
-  };
-  for (int i = chart.last_position(); i >= 1;) {
-    LexItem* longest = nullptr;
-    for (LexItem* item : chart.ending_at(i))
-      if (!longest || item->low < longest->low) longest = item;
-    if (!longest) {
-      --i;
-      continue;
-    }
-    empty_end(i);
-    chart.ends_at[static_cast<std::size_t>(i)].append(longest);
-    longest->chart_high = static_cast<std::int16_t>(i);
-    WordSpan within(chart, longest->low, i - 1);
-    for (int k = within.high; k >= within.low; --k) empty_end(k);
-    i = longest->low <= i ? longest->low - 1 : i - 1;
-  }
+  if (match) match->analyzer->keep_longest();
 }
 
 constexpr Prototype kForms[] = {

@@ -22,8 +22,8 @@ LexItem* set_high(Match* match, LexItem* item, Word high) {
   if (!chart || high < item->low - 1 || high > chart->last_position()) return nullptr;
   chart->delete_item(item);
   item->high = to_int16(high);
-  LexItem* entered = chart->add_item(item, 1);
-  if (entered != item) item->deleted = 1;
+  LexItem* entered = chart->add_item(item, true);
+  if (entered != item) chart->delete_item(item);
   return entered;
 }
 
@@ -72,7 +72,7 @@ LexItem* set_lexitem_root(Match* match, LexItem* item, const char* root) {
 
 LexItem* assert_item(Match* match, LexItem* item) {
   LexAnalyzer* chart = chart_of(match, item);
-  return chart ? chart->add_item(item, 1) : nullptr;
+  return chart ? chart->add_item(item, true) : nullptr;
 }
 
 LexItem* duplicate_item(Match* match, LexItem* item) {

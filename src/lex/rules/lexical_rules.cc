@@ -13,27 +13,27 @@
 
 namespace torvane {
 
-Rule::Rule(World& world, IRSlist* form) : name(or_empty(form->get_str_val())) {
+Rule::Rule(World& world, IRSlist* form) : name_(or_empty(form->get_str_val())) {
   bool has_pattern = false;
   bool has_action = false;
   while (!form->empty()) {
     std::unique_ptr<IRSlist> item = form->pop_front();
     if (take_option(world, *item)) continue;
     if (!std::exchange(has_pattern, true)) {
-      pattern = make_pattern(world, item.get());
+      pattern_ = make_pattern(world, item.get());
     } else if (!std::exchange(has_action, true)) {
-      action = LExp::get_exp(world, item.get());
+      action_ = LExp::get_exp(world, item.get());
     }
   }
-  if (!has_pattern) messages() << "The lexical rule '" << name << "' has no pattern\n";
+  if (!has_pattern) messages() << "The lexical rule '" << name_ << "' has no pattern\n";
 }
 
 bool Rule::take_option(World& world, IRSlist& item) {
   const char* head = item.is_list() ? item.nth_str_val(0) : nullptr;
   if (same_word(head, ":precondition")) {
-    precondition = LExp::get_exp(world, item.nth(1));
+    precondition_ = LExp::get_exp(world, item.nth(1));
   } else if (same_word(head, ":act-on-all-matches")) {
-    act_on_all = true;
+    act_on_all_ = true;
   } else {
     return false;
   }
@@ -41,13 +41,13 @@ bool Rule::take_option(World& world, IRSlist& item) {
 }
 
 void Rule::apply(LexAnalyzer& analyzer) {
-  if (!passes(precondition, Value::of(&analyzer), type_id_of<LexAnalyzer>())) return;
-  if (debug) messages() << "\nLexical Rule: " << name << '\n';
-  if (!pattern) return;
+  if (!passes(precondition_, Value::of(&analyzer), type_id_of<LexAnalyzer>())) return;
+  if (debug) messages() << "\nLexical Rule: " << name_ << '\n';
+  if (!pattern_) return;
   MatchList matches;
   {
     MatchRun run(analyzer);
-    pattern->match(run, matches);
+    pattern_->match(run, matches);
   }
   fire(matches);
 }
@@ -65,10 +65,10 @@ void Rule::fire(MatchList& matches) {
     if (match->high != last_high) {
       last_low = match->low;
       last_high = match->high;
-    } else if (!act_on_all && match->low != last_low) {
+    } else if (!act_on_all_ && match->low != last_low) {
       continue;
     }
-    action.eval(Value::of(match.get()), type_id_of<Match>());
+    action_.eval(Value::of(match.get()), type_id_of<Match>());
     round.next();
   }
 }
@@ -76,9 +76,14 @@ void Rule::fire(MatchList& matches) {
 void LexRuleList::apply(LexAnalyzer& analyzer) {
   // An action may add rules to this very list.
   std::vector<Rule*> now;
-  now.reserve(rules.size());
-  for (const auto& rule : rules) now.push_back(rule.get());
+  now.reserve(rules_.size());
+  for (const auto& rule : rules_) now.push_back(rule.get());
   for (Rule* rule : now) rule->apply(analyzer);
+}
+
+void LexRuleList::insert(std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
+  rules_.insert(rules_.begin() + static_cast<std::ptrdiff_t>(at),
+                std::make_move_iterator(rules.begin()), std::make_move_iterator(rules.end()));
 }
 
 LexRuleList* find_rules(const World& world, const char* name) {
@@ -94,11 +99,6 @@ std::vector<std::unique_ptr<Rule>> read_rules(World& world, IRSlist* form) {
   return rules;
 }
 
-void insert_rules(LexRuleList& list, std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
-  list.rules.insert(list.rules.begin() + static_cast<std::ptrdiff_t>(at),
-                    std::make_move_iterator(rules.begin()), std::make_move_iterator(rules.end()));
-}
-
 Value def_rules(World& world, IRSlist* form) {
   const char* name = form->get_str_val();
   if (!name) return Value();
@@ -108,7 +108,7 @@ Value def_rules(World& world, IRSlist* form) {
                                                      "LexRuleList");
     if (!list) return Value();
   }
-  insert_rules(*list, list->rules.size(), read_rules(world, form));
+  list->insert(list->rules().size(), read_rules(world, form));
   return Value();
 }
 
@@ -120,13 +120,14 @@ Value insert_lex_rules(World& world, IRSlist* form) {
                << "' is not defined\n";
     return Value();
   }
-  auto at = list->rules.end();
+  const auto& rules = list->rules();
+  auto at = rules.end();
   if (const char* anchor = form->get_str_val()) {
-    at = std::find_if(list->rules.begin(), at,
-                      [&](const auto& rule) { return same_word(rule->name.c_str(), anchor); });
-    if (at == list->rules.end()) return Value();
+    at = std::find_if(rules.begin(), at,
+                      [&](const auto& rule) { return same_word(rule->name().c_str(), anchor); });
+    if (at == rules.end()) return Value();
   }
-  insert_rules(*list, static_cast<std::size_t>(at - list->rules.begin()), read_rules(world, form));
+  list->insert(static_cast<std::size_t>(at - rules.begin()), read_rules(world, form));
   return Value();
 }
 
@@ -140,9 +141,9 @@ Value debug_rules(World& world, IRSlist* form) {
   std::unique_ptr<regexp> names;
   if (const char* text = form->get_str_val())
     names = regcomp(text[0] == '^' ? text : ("^" + std::string(text)).c_str());
-  for (const auto& rule : list->rules)
+  for (const auto& rule : list->rules())
     // Kept: debug-rules-toggles
-    if (!names || regexec(names.get(), rule->name.c_str())) rule->debug = !rule->debug;
+    if (!names || regexec(names.get(), rule->name().c_str())) rule->debug = !rule->debug;
   return Value();
 }
 

@@ -20,16 +20,19 @@ class Rule {
 
   void apply(LexAnalyzer& analyzer);
 
-  PatternPtr pattern;  ///< null: the rule never fires
-  ExpPtr action;       ///< on Match*; null: nothing is done
-  std::string name;
-  ExpPtr precondition;      ///< on LexAnalyzer*, may be null
-  bool act_on_all = false;  ///< fires also for the shorter ones of matches with one end
-  bool debug = false;
+  const std::string& name() const { return name_; }
+
+  bool debug = false;  ///< tells what it matches
 
  private:
   bool take_option(World& world, IRSlist& item);
   void fire(MatchList& matches);
+
+  std::string name_;
+  PatternPtr pattern_;       // null: the rule never fires
+  ExpPtr action_;            // on Match*; null: nothing is done
+  ExpPtr precondition_;      // on LexAnalyzer*, may be null
+  bool act_on_all_ = false;  // fires also for the shorter ones of matches with one end
 };
 
 class LexRuleList final : public ChartRules {
@@ -38,7 +41,12 @@ class LexRuleList final : public ChartRules {
   /// run from the next sentence on.
   void apply(LexAnalyzer& analyzer) override;
 
-  std::vector<std::unique_ptr<Rule>> rules;
+  const std::vector<std::unique_ptr<Rule>>& rules() const { return rules_; }
+  /// Puts rules in front of the one at a place, or behind the last.
+  void insert(std::size_t at, std::vector<std::unique_ptr<Rule>> rules);
+
+ private:
+  std::vector<std::unique_ptr<Rule>> rules_;
 };
 
 /// The rules of a name, or null.

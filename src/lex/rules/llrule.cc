@@ -47,25 +47,25 @@ LLRule::LLRule(World& world, IRSlist* context, IRSlist* action) {
       side->append(std::move(item));
     }
   }
-  _left = make_side(world, left);
-  _right = make_side(world, right);
-  _action = LExp::get_exp(world, action);
+  left_ = make_side(world, left);
+  right_ = make_side(world, right);
+  action_ = LExp::get_exp(world, action);
 }
 
 bool LLRule::apply(const Ref<Match>& match) {
   DepthGuard guard(llrule_depth);
-  if (!guard || !_action || !has_context()) return false;
+  if (!guard || !action_ || !has_context()) return false;
   MatchList left;
   MatchList right;
   {
     MatchRun run(*match->analyzer);
-    if (_left) _left->match_end(run, match->low - 1, left);
-    if (_right) _right->match_start(run, match->high + 1, right);
+    if (left_) left_->match_end(run, match->low - 1, left);
+    if (right_) right_->match_start(run, match->high + 1, right);
   }
-  if ((_left && left.empty()) || (_right && right.empty())) return false;
-  if (!_right) {
+  if ((left_ && left.empty()) || (right_ && right.empty())) return false;
+  if (!right_) {
     for (const Ref<Match>& l : left) act(match, l.get(), nullptr);
-  } else if (!_left) {
+  } else if (!left_) {
     for (const Ref<Match>& r : right) act(match, nullptr, r.get());
   } else {
     for (const Ref<Match>& l : left)
@@ -81,7 +81,7 @@ void LLRule::act(const Ref<Match>& match, const Match* left, const Match* right)
   if (right) right->append_components(parts);
   Ref<Match> whole = Match::of_parts(match->analyzer, left ? left->low : match->low,
                                      right ? right->high : match->high, match->item, parts);
-  _action->eval(Value::of(whole.get()), type_id_of<Match>());
+  action_->eval(Value::of(whole.get()), type_id_of<Match>());
 }
 
 Subsumption LLRuleMeaning::compare(const Meaning* other) const {

@@ -17,16 +17,16 @@ class LLRule : public Counted<LLRule> {
   /// `(LEFT ... ~ RIGHT ...)` and the action; a null action makes a rule that does nothing.
   LLRule(World& world, IRSlist* context, IRSlist* action);
 
-  bool has_context() const { return _left || _right; }
+  bool has_context() const { return left_ || right_; }
   /// Whether the action ran.
   bool apply(const Ref<Match>& match);
 
  private:
   void act(const Ref<Match>& match, const Match* left, const Match* right);
 
-  PatternPtr _left;   ///< against what stands before the match; null: no test
-  PatternPtr _right;  ///< against what stands behind it; null: no test
-  ExpPtr _action;     ///< on Match*
+  PatternPtr left_;   ///< against what stands before the match; null: no test
+  PatternPtr right_;  ///< against what stands behind it; null: no test
+  ExpPtr action_;     ///< on Match*
 };
 
 namespace tags {

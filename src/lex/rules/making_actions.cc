@@ -109,7 +109,7 @@ LexItem* insert_empty_category(Match* match, Word pos, Meaning* meaning) {
     old->vec->generalize(*given->vec);
     return nullptr;
   }
-  return chart.add_item(chart.make_item("", meaning, end + 1, end, Slist<const char*>()), 1);
+  return chart.add_item(chart.make_item("", meaning, end + 1, end, Slist<const char*>()), true);
 }
 
 constexpr Prototype kForms[] = {

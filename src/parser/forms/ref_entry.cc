@@ -12,10 +12,10 @@ namespace {
 /// another.
 LexItem* ref_entry(Match*, LexItem* item) {
   if (!item || !item->root || !item->analyzer || !item->vec()) return item;
-  const LexEntry* entry = item->analyzer->lexicon->get_entry(item->root);
+  const LexEntry* entry = item->analyzer->lexicon()->get_entry(item->root);
   if (!entry) return item;
   AttVec& vec = *item->vec();
-  for (const Meaning* meaning : entry->meanings) {
+  for (const Meaning* meaning : entry->meanings()) {
     const AVMeaning* sense = as_avm(meaning);
     if (!sense) continue;
     const SyntaxAtts& syn = syntax_atts(*sense->vec);

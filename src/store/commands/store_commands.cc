@@ -2,9 +2,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/file_search.h"
 #include "shell/named_objects.h"
 #include "shell/world.h"
 #include "store/commands/offers.h"
+#include "store/header_file.h"
 #include "store/plhash.h"
 #include "support/messages.h"
 #include "support/text.h"
@@ -13,8 +15,6 @@ namespace torvane {
 
 namespace {
 
-constexpr int kReadOnly = 1;
-constexpr int kReadWrite = 3;
 constexpr long kProfileLengths = 50;
 constexpr long kMostProfileLengths = 1000000;
 
@@ -70,9 +70,10 @@ Value dump(World& world, IRSlist* form) {
 Value link_file(World& world, IRSlist* form) {
   PLHash* store = take_store(world, form);
   if (!store) return Value();
-  const char* header = form->get_str_val();
+  const char* name = form->get_str_val();
   bool writable = !form->empty() && same_word(form->get_str_val(), "rw");
-  store->link_file(world, header, writable ? kReadWrite : kReadOnly);
+  HeaderFile header(world.files, name, world.double_byte);
+  store->link_file(world.objects, header, writable ? OpenMode::write : OpenMode::read);
   return Value();
 }
 

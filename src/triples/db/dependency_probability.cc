@@ -34,7 +34,7 @@ float TripleDb::dependency_probability(const char* word1, const char* relation, 
   double n = total_count();
   if (!er) return probability(share(1, n));
 
-  int id = ids.get_id(relation, 0);
+  int id = ids.get_id(relation, false);
   const RelInfo* up = e2 ? e2->find_rel(-id) : nullptr;
   const RelInfo* down = e1 ? e1->find_rel(id) : nullptr;
   const WordCount* pair = down ? find_word(*this, *e1, *down, word2) : nullptr;
@@ -50,8 +50,8 @@ float TripleDb::dependency_probability(const char* word1, const char* relation, 
              0.2 * share((t + c) * (t + d), b * r);
 
   for (TripleDbInfo* entry : {e1, er, e2})
-    if (entry) entry->last_used = serial;
-  if (clean_up_after > 0 && serial++ >= clean_up_after) CleanUp();
+    if (entry) entry->last_used = serial_;
+  if (clean_up_after > 0 && serial_++ >= clean_up_after) CleanUp();
   return probability(p);
 }
 

@@ -42,7 +42,7 @@ class Statistics : public testing::Test {
     }
   }
 
-  TripleDb db{101, 101, 0};
+  TripleDb db{101, 101, false};
   std::map<Triple, double> counts;
 };
 

@@ -29,7 +29,8 @@ const char* base_name(const char* relation) {
 /// The first pass: what the relation file says of the word in hand.
 class RelationPass {
  public:
-  explicit RelationPass(TripleDb& db) : db_(db), population_(++db.populations) {}
+  RelationPass(TripleDb& db, const PopulateLimits& limits, int population)
+      : db_(db), limits_(limits), population_(population) {}
 
   void run(std::istream& in) {
     TripleRowReader row(in);
@@ -44,8 +45,7 @@ class RelationPass {
         take_relation(row);
     }
     finish_word();
-    db_.total = static_cast<float>(db_.total + relation_total_);
-    db_.mark_global_changed();
+    db_.add_to_total(relation_total_);
   }
 
  private:
@@ -68,16 +68,16 @@ class RelationPass {
     else if (std::strcmp(row.other(), "invFreq") == 0)
       inv_freq_ += count;
     else
-      classes_.append(ClassCount{db_.ids.get_id(row.other(), 1), count});
+      classes_.append(ClassCount{db_.ids.get_id(row.other(), true), count});
   }
 
   void take_relation(const TripleRowReader& row) {
     seen_relation_ = true;
-    int id = signed_id(row.relation(), db_.ids.get_id(base_name(row.relation()), 1));
+    int id = signed_id(row.relation(), db_.ids.get_id(base_name(row.relation()), true));
     float count = row.count();
     // Kept: total-counts-dropped-rows
     if (id > 0) relation_total_ += static_cast<double>(count);
-    if (!(word_total_ >= db_.limits.min_freq && count >= db_.limits.min_rel_freq)) return;
+    if (!(word_total_ >= limits_.min_freq && count >= limits_.min_rel_freq)) return;
     if (!entry_) make_entry();
     int place;
     RelInfo* rel = entry_->find_rel(id, place);
@@ -93,8 +93,7 @@ class RelationPass {
 
   void finish_word() {
     // Kept: word-without-relations-stays
-    if (has_word_ && !entry_ && (word_total_ >= db_.limits.min_freq || !seen_relation_))
-      make_entry();
+    if (has_word_ && !entry_ && (word_total_ >= limits_.min_freq || !seen_relation_)) make_entry();
   }
 
   // An entry of an earlier run is emptied first; one of this pass, met again because the rows are
@@ -117,6 +116,7 @@ class RelationPass {
   }
 
   TripleDb& db_;
+  const PopulateLimits limits_;
   const int population_;
   bool has_word_ = false;
   std::string word_;
@@ -133,7 +133,7 @@ class RelationPass {
 /// The second pass: the words under the relations that the first one made.
 class DetailPass {
  public:
-  explicit DetailPass(TripleDb& db) : db_(db) {}
+  DetailPass(TripleDb& db, const PopulateLimits& limits) : db_(db), limits_(limits) {}
 
   void run(std::istream& in) {
     TripleRowReader row(in);
@@ -162,8 +162,9 @@ class DetailPass {
   void start_relation(const char* relation) {
     relation_ = relation;
     const char* name = base_name(relation);
-    rel_ = db_.find_in_memory(name) ? entry_->find_rel(signed_id(relation, db_.ids.get_id(name, 0)))
-                                    : nullptr;
+    rel_ = db_.find_in_memory(name)
+               ? entry_->find_rel(signed_id(relation, db_.ids.get_id(name, false)))
+               : nullptr;
   }
 
   void take_triple(const TripleRowReader& row) {
@@ -183,8 +184,8 @@ class DetailPass {
 
   bool is_kept(const WordCount& word, float mi) const {
     // Kept: no-min-freq-keeps-all
-    if (db_.limits.min_freq == 0) return true;
-    return mi > db_.limits.min_info && log_likelihood(word, *rel_, db_) > db_.limits.min_logl;
+    if (limits_.min_freq == 0) return true;
+    return mi > limits_.min_info && log_likelihood(word, *rel_, db_) > limits_.min_logl;
   }
 
   void keep(const WordCount& word) {
@@ -210,6 +211,7 @@ class DetailPass {
   }
 
   TripleDb& db_;
+  const PopulateLimits limits_;
   bool has_word_ = false;
   std::string word_;
   TripleDbInfo* entry_ = nullptr;
@@ -243,12 +245,12 @@ float TripleRowReader::count() const {
   return std::fabs(value) <= static_cast<double>(FLT_MAX) ? static_cast<float>(value) : 0.0F;
 }
 
-void TripleDb::populate_relations(std::istream& in) {
-  RelationPass(*this).run(in);
+void TripleDb::populate_relations(std::istream& in, const PopulateLimits& limits) {
+  RelationPass(*this, limits, ++populations_).run(in);
 }
 
-void TripleDb::populate(std::istream& in) {
-  DetailPass(*this).run(in);
+void TripleDb::populate(std::istream& in, const PopulateLimits& limits) {
+  DetailPass(*this, limits).run(in);
   sync();
 }
 

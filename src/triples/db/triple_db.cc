@@ -15,10 +15,10 @@ constexpr long kMostIdBuckets = 1L << 26;
 
 }  // namespace
 
-TripleDb::TripleDb(long bucket_count, long id_bucket_count, int with_mutinfo)
+TripleDb::TripleDb(long bucket_count, long id_bucket_count, bool with_mutinfo)
     : TPLHash(bucket_count),
       ids(static_cast<int>(std::clamp(id_bucket_count, 1L, kMostIdBuckets))),
-      save_mutinfo(with_mutinfo) {}
+      save_mutinfo_(with_mutinfo) {}
 
 TripleDb::~TripleDb() {
   delete_all();  // the keys are in `ids`
@@ -28,7 +28,7 @@ void TripleDb::unlink_file() {
   PLHash::unlink_file();
   clear();
   ids.clear();
-  serial = 0;
+  serial_ = 0;
 }
 
 void TripleDb::print_entry(PLHashEntry* entry, std::ostream& out) {
@@ -39,7 +39,7 @@ TripleDbInfo* TripleDb::get_entry(const char* word) {
   Slot slot;
   TripleDbInfo* entry = find(word, slot);
   if (entry || !word) return entry;
-  entry = new TripleDbInfo(ids.get_string(ids.get_id(word, 1)));
+  entry = new TripleDbInfo(ids.get_string(ids.get_id(word, true)));
   link(slot, entry);
   return entry;
 }
@@ -49,15 +49,15 @@ void TripleDb::add_triple(const char* word1, int relation_id, const char* word2,
   add_count(count);
   TripleDbInfo* head = get_entry(word1);
   load_details(*head);
-  head->add_feature(relation_id, ids.get_id(word2, 1), count, *this);
+  head->add_feature(relation_id, ids.get_id(word2, true), count, *this);
   head->mark_changed();
-  head->last_used = serial++;
+  head->last_used = serial_++;
   if (word2) {
     TripleDbInfo* other = get_entry(word2);
     load_details(*other);
-    other->add_feature(-relation_id, ids.get_id(word1, 1), count, *this);
+    other->add_feature(-relation_id, ids.get_id(word1, true), count, *this);
     other->mark_changed();
-    other->last_used = serial;
+    other->last_used = serial_;
   }
   const char* relation = id_to_string(relation_id);
   if (!relation) return;
@@ -142,7 +142,7 @@ void TripleDb::merge_triples(TripleDb& source) {
     for (const RelInfo& rel : entry.rels) {
       const char* relation = source.id_to_string(rel.id);
       if (!relation) continue;
-      int id = ids.get_id(relation, 1);
+      int id = ids.get_id(relation, true);
       for (const WordCount& word : rel) triples.push_back({id, word.word, word.freq});
     }
     for (const Triple& triple : triples)
@@ -154,7 +154,7 @@ void TripleDb::merge_triples(TripleDb& source) {
 void TripleDb::CleanUp() {
   const int half = clean_up_after / 2;
   const bool writable = is_writable();
-  if (writable) forget_missing();
+  if (writable) clear_missing();
   std::vector<PLHashEntry*> dropped;
   std::vector<PLHashEntry*> unwritten;
   std::size_t walked = 0, deleted = 0;
@@ -172,23 +172,21 @@ void TripleDb::CleanUp() {
     }
     unwritten.clear();
   };
-  for (std::size_t i = 0; i < size; ++i)
-    for (Slot slot = &buckets[i]; *slot;) {
-      auto* entry = static_cast<TripleDbInfo*>(*slot);
-      ++walked;
-      if (entry->last_used > half) {
-        entry->last_used -= half;
-        slot = &entry->next;
-        continue;
-      }
-      *slot = entry->next;
-      ++deleted;
-      (writable && entry->pos <= 0 ? unwritten : dropped).push_back(entry);
+  unlink_if([&](PLHashEntry* of_word) {
+    auto* entry = static_cast<TripleDbInfo*>(of_word);
+    ++walked;
+    if (entry->last_used > half) {
+      entry->last_used -= half;
+      return false;
     }
+    ++deleted;
+    (writable && entry->pos <= 0 ? unwritten : dropped).push_back(entry);
+    return true;
+  });
   write();
   for (PLHashEntry* entry : dropped) delete_entry(entry);
   messages() << "CleanUp deleted " << deleted << " out of " << walked << '\n';
-  serial = half;
+  serial_ = half;
 }
 
 }  // namespace torvane

@@ -15,6 +15,8 @@
 
 namespace torvane {
 
+class World;
+
 /// What of a text is taken in by `populate`.
 struct PopulateLimits {
   float min_freq = 0.0F;
@@ -25,7 +27,7 @@ struct PopulateLimits {
 
 class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
  public:
-  TripleDb(long bucket_count, long id_bucket_count, int with_mutinfo);
+  TripleDb(long bucket_count, long id_bucket_count, bool with_mutinfo);
   ~TripleDb() override;
 
   void pack_global(StrBufs& buf) override;
@@ -35,17 +37,11 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   PLHashEntry* v_unpack_entry(StrBufs& buf) override;
   /// The layout of a search: key and counts, a row a relation, a row a word.
   void print_entry(PLHashEntry* entry, std::ostream& out) override;
-  /// The second pass of population: detail rows, for the words whose entries are in memory.
-  void populate(std::istream& in) override;
+  /// The second pass of population, without limits of its own.
+  void populate(std::istream& in) override { populate(in, PopulateLimits()); }
 
   Str2Id ids;
-  int serial = 0;               ///< counts the uses of entries, for `CleanUp`
-  int clean_up_after = 0;       ///< 0: never
-  std::string tmp_file_prefix;  ///< empty if none was set
-  int dump_number = 0;
-  int save_mutinfo = 0;
-  PopulateLimits limits;  ///< of the population that is running
-  int populations = 0;    ///< how many there have been
+  int clean_up_after = 0;  ///< how many uses of entries lie between two clean-ups; 0: never
 
   /// The entry of a word; a new one in memory if there is none. Null for a null word.
   TripleDbInfo* get_entry(const char* word);
@@ -65,13 +61,15 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   int feature_id(const char* name, bool create);
 
   /// The first pass of population: the rows of a relation file.
-  void populate_relations(std::istream& in);
+  void populate_relations(std::istream& in, const PopulateLimits& limits);
+  /// The second pass: detail rows, for the words whose entries are in memory.
+  void populate(std::istream& in, const PopulateLimits& limits);
   /// False, with a message, if a stream failed.
   bool dump(std::ostream& rel_stream, std::ostream& detail_stream);
   /// Drops what was not used lately. Only for moments when no entry is in use.
   void CleanUp();
   void dump_and_clear(World& world);
-  void set_tmp_file_prefix(const char* prefix) { tmp_file_prefix = prefix ? prefix : ""; }
+  void set_tmp_file_prefix(const char* prefix) { tmp_file_prefix_ = or_empty(prefix); }
   /// Adds every triple of another database.
   void merge_triples(TripleDb& source);
 
@@ -93,6 +91,11 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   void remove_word(TripleDbInfo& entry, RelInfo& rel, int index);
   void remove_one_way(const char* word1, int relation_id, const char* word2);
 
+  int serial_ = 0;               // counts the uses of entries
+  std::string tmp_file_prefix_;  // of dumps; empty if none was set
+  int dump_number_ = 0;
+  bool save_mutinfo_;  // with the counts in the store
+  int populations_ = 0;
   StrBufs details_{128000};  // of the entry that is read or written; kept, since there are many
 };
 

@@ -90,18 +90,18 @@ bool TripleDb::dump(std::ostream& rel_stream, std::ostream& detail_stream) {
 }
 
 void TripleDb::dump_and_clear(World& world) {
-  std::string number = std::to_string(dump_number);
+  std::string number = std::to_string(dump_number_);
   messages() << "CleanUp " << number << '\n';
-  Ref<Stream> rels = world.make_ostream((tmp_file_prefix + "tmprels." + number).c_str());
-  Ref<Stream> details = world.make_ostream((tmp_file_prefix + "tmpdeps." + number).c_str());
+  Ref<Stream> rels = world.make_ostream((tmp_file_prefix_ + "tmprels." + number).c_str());
+  Ref<Stream> details = world.make_ostream((tmp_file_prefix_ + "tmpdeps." + number).c_str());
   if (!rels || !details || !dump(*rels->out(), *details->out())) return;
   clear();
-  serial = 0;
-  ++dump_number;
+  serial_ = 0;
+  ++dump_number_;
   // A store that is linked keeps its ids and its total; records on disk refer to them.
   if (has_file()) return;
   ids.clear();
-  total = pending = 0;
+  clear_total();
 }
 
 }  // namespace torvane

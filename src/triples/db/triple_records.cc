@@ -86,11 +86,11 @@ bool TripleDb::unpack_global(StrBufs& buf) {
 // An entry that was made before there was a store gets the strings and ids of the store's table,
 // which go on where that ends.
 void TripleDb::move_to_ids(TripleDbInfo& entry, const Str2Id& old) {
-  auto text = [&](const char* word) { return ids.get_string(ids.get_id(word, 1)); };
+  auto text = [&](const char* word) { return ids.get_string(ids.get_id(word, true)); };
   auto number = [&](int id) {
     const int base = std::abs(id);
     if (base == 0 || base >= old.count()) return id;
-    const int now = ids.get_id(old.get_string(base), 1);
+    const int now = ids.get_id(old.get_string(base), true);
     return id < 0 ? -now : now;
   };
   auto by_id = [](const auto& a, const auto& b) { return a.id < b.id; };
@@ -129,7 +129,7 @@ PLHashEntry* TripleDb::v_unpack_entry(StrBufs& buf) {
   FieldReader fields(buf.object(), buf.object_size());
   const char* key = fields.take_text();
   if (!fields.ok()) return nullptr;
-  auto entry = std::make_unique<TripleDbInfo>(ids.get_string(ids.get_id(key, 1)));
+  auto entry = std::make_unique<TripleDbInfo>(ids.get_string(ids.get_id(key, true)));
   entry->freq = fields.take_float();
   entry->invFreq = fields.take_float();
   entry->info = fields.take_float();
@@ -170,9 +170,9 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
   for (const RelInfo& rel : entry.rels) {
     add_int(buf, rel.word_count());
     for (const WordCount& word : rel) {
-      add_int(buf, ids.get_id(word.word, 0));
+      add_int(buf, ids.get_id(word.word, false));
       add_float(buf, word.freq);
-      if (save_mutinfo) add_float(buf, word.mi);
+      if (save_mutinfo_) add_float(buf, word.mi);
     }
   }
   std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
@@ -216,7 +216,7 @@ void TripleDb::load_details(TripleDbInfo& entry) {
   buf.reset();
   std::size_t length =
       has_file() ? file->read_record(static_cast<std::uint32_t>(entry.detail_pos), buf) : 0;
-  bool with_mutinfo = save_mutinfo != 0;
+  bool with_mutinfo = save_mutinfo_;
   if (!unpack_details(entry, buf.object(), length, with_mutinfo) &&
       !unpack_details(entry, buf.object(), length, !with_mutinfo))
     entry.detail_pos = 0;

@@ -95,12 +95,12 @@ std::vector<SharedFeature> shared_features(TripleDb& db, const std::vector<Tripl
 
 std::unique_ptr<TripleDbInfo> make_average(TripleDb& db, const char* name,
                                            const std::vector<SharedFeature>& features) {
-  const char* key = db.id_to_string(db.ids.get_id(name, 1));
+  const char* key = db.id_to_string(db.ids.get_id(name, true));
   if (!key) return nullptr;
   auto entry = std::make_unique<TripleDbInfo>(key);
   for (const SharedFeature& feature : features)
     if (feature.passes)
-      entry->add_feature(feature.relation, db.ids.get_id(feature.word, 0), feature.freq, db);
+      entry->add_feature(feature.relation, db.ids.get_id(feature.word, false), feature.freq, db);
   db.recompute_info(*entry);
   return entry;
 }

@@ -78,7 +78,7 @@ double HighMutinfo::smoothed_score(float count, float background_count) const {
 
 const RelInfo* HighMutinfo::find_background(const RelationName& name) {
   if (!background_entry_) return nullptr;
-  int id = background_->ids.get_id(name.name, 0);
+  int id = background_->ids.get_id(name.name, false);
   return background_entry_->find_rel(name.inverse ? -id : id);
 }
 

@@ -21,7 +21,7 @@ class Page : public MyOStream {
 
 TEST(TripleReports, PagesGoToANamedObject) {
   Page page;
-  TripleDb db(11, 11, 0);
+  TripleDb db(11, 11, false);
   World world(World::Console::of_process());
   WorldScope here(world);
   enter_all(world, {&offers::entry_in_html, &offers::entry_comparison});
