@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "att/contract.h"
 #include "deps/deps.h"
 #include "support/messages.h"
 
@@ -46,12 +47,14 @@ void DepTree::set_label(const char* text) {
 
 const char* DepTree::root_word() const {
   if (!_root_word) return _pos > 0 ? word() : nullptr;
-  return std::strcmp(_root_word, "~") == 0 ? _deps->span_text(_low, _high) : _root_word;
+  return std::strcmp(_root_word, contract::kNoWord) == 0 ? _deps->span_text(_low, _high)
+                                                         : _root_word;
 }
 
 const char* DepTree::label() {
   if (!_label) {
-    std::string text = _pos > 0 ? std::to_string(_pos) : "E" + std::to_string(_deps->_next_empty++);
+    std::string text = _pos > 0 ? std::to_string(_pos)
+                                : contract::kEmptyLabel + std::to_string(_deps->_next_empty++);
     set_label(text.c_str());
   }
   return _label;

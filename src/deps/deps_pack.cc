@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "deps/deps.h"
-#include "support/big_endian.h"
 #include "support/messages.h"
+#include "support/packed_reader.h"
 
 namespace torvane {
 namespace {
@@ -57,45 +57,8 @@ void pack_node(const DepTree& node, StrBufs& out) {
   out.add_be16(static_cast<std::uint16_t>(packed_children(node)));
 }
 
-/// Reads within bounds; once something was cut off, everything is.
-class Bytes {
- public:
-  Bytes(const char* p, const char* end) : p_(p), end_(end) {}
-  bool good() const { return p_ != nullptr; }
-  const char* at() const { return p_; }
-
-  std::int16_t byte() {
-    const char* from = take(1);
-    return from ? static_cast<signed char>(*from) : std::int16_t{0};
-  }
-  std::uint16_t half() {
-    const char* from = take(2);
-    return from ? load_be16(from) : std::uint16_t{0};
-  }
-  const char* text() {
-    const void* zero = p_ ? std::memchr(p_, 0, static_cast<std::size_t>(end_ - p_)) : nullptr;
-    if (!zero) p_ = nullptr;
-    return zero ? take(static_cast<const char*>(zero) - p_ + 1) : nullptr;
-  }
-  bool atts(AttVec& vec) {
-    if (!p_ || !vec.unpack(p_, end_)) p_ = nullptr;
-    return good();
-  }
-
- private:
-  const char* take(std::ptrdiff_t n) {
-    if (!p_ || end_ - p_ < n) return p_ = nullptr;
-    const char* from = p_;
-    p_ += n;
-    return from;
-  }
-
-  const char* p_;  // null when cut off
-  const char* end_;
-};
-
 /// The number of children that follow; -1 for damaged bytes.
-int unpack_node(DepTree& node, AttInterpreterList* att_type, Bytes& in) {
+int unpack_node(DepTree& node, AttInterpreterList* att_type, PackedReader& in) {
   int flags = in.byte();
   if (flags & kOnePosition) {
     node._low = node._high = node._pos = in.byte();
@@ -109,7 +72,7 @@ int unpack_node(DepTree& node, AttInterpreterList* att_type, Bytes& in) {
   if (in.good() && (flags & kAtts)) {
     if (!att_type) fail_without_att_type();
     node._atts = make_ref<AttVec>(att_type);
-    in.atts(*node._atts);
+    in.read(*node._atts);
   }
   int children = in.half();
   return in.good() ? children : -1;
@@ -150,7 +113,7 @@ bool Deps::unpack(const char*& p, const char* end) {
     int left;
   };
   std::vector<Step> path;
-  Bytes in(p, end);
+  PackedReader in(p, end);
   DepTree* root = nullptr;
   auto enter = [&] {
     DepTree* node = new_node();

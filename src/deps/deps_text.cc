@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "att/contract.h"
 #include "deps/deps.h"
 #include "deps/node_extent.h"
 #include "deps/print_text.h"
@@ -129,8 +130,8 @@ class TreeWriter {
     const char* root = node._root_word;
     out_ << quoted(node.label()) << "\t(" << (word ? quoted(word) : "()") << '\t';
     bool same = !root || !*root || (word && std::strcmp(root, word) == 0);
-    out_ << (same ? "~" : quoted(root));
-    out_ << ' ' << (node._cat && *node._cat ? quoted(node._cat) : "U") << '\t';
+    out_ << (same ? contract::kNoWord : quoted(root));
+    out_ << ' ' << (node._cat && *node._cat ? quoted(node._cat) : contract::kNoCategory) << '\t';
     DepTree* parent = node.parent();
     write_parent(parent);
     if (node._rel && *node._rel) out_ << '\t' << quoted(node._rel);

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <string>
 
+#include "att/contract.h"
 #include "parser/sentence_tree.h"
 #include "shell/world.h"
 #include "support/depth.h"
@@ -14,10 +15,10 @@ thread_local DepthLimit print_depth{"The dependency tree is too deep to be print
 
 void print_line(std::ostream& out, const SentenceNode& node) {
   // Kept: e-labels-hide
-  if (!node.parent || node.label[0] == 'E') return;
+  if (!node.parent || node.label[0] == contract::kEmptyLabel) return;
   out << node.label << "\t(";
   out << (node.word && *node.word ? quote_word(node.word) : "()");
-  out << "\t " << (node.category ? node.category : "U") << '\t';
+  out << "\t " << (node.category ? node.category : contract::kNoCategory) << '\t';
   bool has_head = node.parent->parent != nullptr;
   out << (has_head ? node.parent->label : "*") << ")\n";
 }

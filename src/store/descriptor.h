@@ -26,7 +26,7 @@ class Descriptor {
   std::size_t read_at(std::uint64_t offset, char* bytes, std::size_t n) const;
   /// False on an error, which `errno` tells.
   bool write_at(std::uint64_t offset, const char* bytes, std::size_t n) const;
-  /// Writes `count` pieces, `n` bytes in all, one behind the other.
+  /// Writes `count` pieces, `n` bytes in all, one after the other.
   bool write_row_at(std::uint64_t offset, const iovec* pieces, std::size_t count,
                     std::size_t n) const;
   bool flush_to_device() const;

@@ -27,7 +27,7 @@ std::uint32_t FreeList::take(std::uint32_t length) {
   Place at{static_cast<std::size_t>(chunk - chunks_.begin()),
            static_cast<std::size_t>(found - chunk->extents.begin())};
   if (found->length == length)
-    erase(at);
+    drop(at);
   else
     resize(at, {pos + length, found->length - length});
   return pos;
@@ -39,7 +39,7 @@ void FreeList::take_at(std::uint32_t pos, std::uint32_t length) {
   FreeExtent behind{pos + length, extent.end() - pos - length};
   extent.length = pos - extent.pos;
   if (extent.length == 0 && behind.length == 0) {
-    erase(at);
+    drop(at);
     return;
   }
   resize(at, extent.length > 0 ? extent : behind);
@@ -49,10 +49,10 @@ void FreeList::take_at(std::uint32_t pos, std::uint32_t length) {
 void FreeList::add(std::uint32_t pos, std::uint32_t length) {
   Place next = place_of(pos);
   bool has_next = next.chunk < chunks_.size();
-  // Joined with the one behind it, it may still touch the one in front.
+  // Joined with the one after it, it may still touch the one in front.
   if (has_next && chunks_[next.chunk].extents[next.index].pos == pos + length) {
     length += chunks_[next.chunk].extents[next.index].length;
-    erase(next);
+    drop(next);
     next = place_of(pos);
   }
   if (next.chunk == chunks_.size() && next.chunk > 0)
@@ -107,7 +107,7 @@ void FreeList::insert(Place at, FreeExtent extent) {
   measure(at.chunk + 1);
 }
 
-void FreeList::erase(Place at) {
+void FreeList::drop(Place at) {
   std::vector<FreeExtent>& extents = chunks_[at.chunk].extents;
   extents.erase(extents.begin() + static_cast<std::ptrdiff_t>(at.index));
   --count_;

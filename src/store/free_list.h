@@ -50,10 +50,10 @@ class FreeList {
   };
   static constexpr std::size_t kMostInChunk = 256;
 
-  /// Of the first extent that ends beyond `pos`; behind the last one if there is none.
+  /// Of the first extent that ends beyond `pos`; after the last one if there is none.
   Place place_of(std::uint32_t pos) const;
   void insert(Place at, FreeExtent extent);
-  void erase(Place at);
+  void drop(Place at);
   void resize(Place at, FreeExtent extent);
   void measure(std::size_t chunk);
 

@@ -126,7 +126,7 @@ bool OldPages::roll_back(const Descriptor& file) const {
          ::unlink(path_.c_str()) == 0 && flush_folder_of(path_);
 }
 
-void OldPages::discard() const {
+void OldPages::drop() const {
   if (fd_) ::unlink(path_.c_str());
 }
 

@@ -34,7 +34,7 @@ class Journal {
   bool add(std::uint32_t page, const char* image);
   /// Brings all that was added to the device.
   bool flush();
-  /// Forgets what was added since the last flush.
+  /// Drops what was added since the last flush.
   void drop_unflushed();
   /// Ends the journal: the state of the file now is the one that stays.
   bool remove();
@@ -62,7 +62,7 @@ class OldPages {
   /// Puts all of it back into the file and ends the journal.
   bool roll_back(const Descriptor& file) const;
   /// Removes what is no journal of the file.
-  void discard() const;
+  void drop() const;
 
  private:
   std::string path_;

@@ -82,7 +82,7 @@ bool PageFile::recover() {
   if (old->hidden()) return false;
   if (found) size = old->length();
   if (found && writable_ && !old->roll_back(fd_)) return fail("restore");
-  if (!found && writable_) old->discard();
+  if (!found && writable_) old->drop();
   if (found && !writable_) old_pages_ = std::move(old);
   if (size > kMostBytes || !set_length(size)) return false;
   disk_length_ = committed_length_ = length_;

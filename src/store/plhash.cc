@@ -92,7 +92,7 @@ bool PLHash::load_global() {
 void PLHash::pack_global(StrBufs& buf) {
   total_ += pending_;
   pending_ = 0;
-  buf.add_be32(std::bit_cast<std::uint32_t>(total_));
+  buf.add_float(total_);
 }
 
 bool PLHash::unpack_global(StrBufs& buf) {

@@ -84,7 +84,7 @@ class QFile {
   std::uint32_t read_head(std::uint32_t pos, StrBufs& buf, RecordHeader& hdr);
   /// After `read_head` on a spilled record: `count` payload bytes from its overflow extent.
   bool read_tail(char* dest, std::uint32_t count);
-  /// The whole payload in `buf`, which is finished then (a zero byte stands behind the payload);
+  /// The whole payload in `buf`, which is finished then (a zero byte stands after the payload);
   /// its size.
   std::uint32_t read_record(std::uint32_t pos, StrBufs& buf);
   /// "Free list: (POS, LENGTH) ...", on the error stream.
@@ -115,7 +115,7 @@ class QFile {
   bool extent_is_sound(std::uint32_t pos, std::uint64_t length) const;
   bool read_header(std::uint32_t pos, RecordHeader& hdr) const;
   bool write_word(std::uint32_t pos, std::uint32_t word);
-  /// Writes payload bytes behind the first `skip` ones, over both extents.
+  /// Writes payload bytes after the first `skip` ones, over both extents.
   bool write_payload(std::uint32_t pos, const RecordHeader& hdr, const OverflowRef& ovf,
                      std::uint32_t skip, const char* data, std::uint32_t size);
   /// How many payload bytes fit the primary extent; below 0 if that cannot hold a record.

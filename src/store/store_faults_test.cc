@@ -268,7 +268,7 @@ TEST_F(StoreFaultsTest, TruncatedAndRandomFiles) {
     ASSERT_NO_FATAL_FAILURE(try_damaged(whole.substr(0, n))) << n;
   std::mt19937 random(1);
   for (int i = 0; i < rounds(1000, 12); ++i) {
-    // Random records behind a header that passes, and random bytes altogether.
+    // Random records after a header that passes, and random bytes altogether.
     std::string bytes = whole;
     for (std::size_t at = i % 2 == 0 ? 58 : 0; at < bytes.size(); ++at)
       if (i % 4 < 2 || random() % 32 == 0) bytes[at] = static_cast<char>(random());

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <utility>
 
-#include "support/big_endian.h"
 #include "support/messages.h"
+#include "support/packed_reader.h"
 #include "support/text.h"
 
 namespace torvane {
@@ -62,22 +62,19 @@ void Str2Id::pack(StrBufs& buf) const {
 
 bool Str2Id::unpack(const char*& cursor, const char* end) {
   clear();
-  if (end - cursor < 4) return false;
-  std::uint32_t n = load_be32(cursor);
-  cursor += 4;
-  for (std::uint32_t i = 1; i < n; ++i) {
-    auto* zero = static_cast<const char*>(
-        cursor == end ? nullptr : std::memchr(cursor, 0, static_cast<std::size_t>(end - cursor)));
-    if (!zero) return false;
-    const char* string = std::exchange(cursor, zero + 1);
-    std::uint32_t hash = string_hash(string);
+  PackedReader in(cursor, end);
+  const std::uint32_t n = in.word();
+  for (std::uint32_t i = 1; i < n && in.good(); ++i) {
+    const char* string = in.text();
+    if (!in.good()) break;
     if (get_id(string, false) == 0)
-      add(string, hash);
+      add(string, string_hash(string));
     else
       // Kept: duplicate-shifts-ids
       messages() << "Duplicate entry in Str2Id: " << string << std::endl;
   }
-  return true;
+  cursor = in.at();
+  return in.good();
 }
 
 void Str2Id::clear() {

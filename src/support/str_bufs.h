@@ -5,6 +5,7 @@
 // records are packed.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <istream>
 #include <memory>
@@ -40,6 +41,7 @@ class StrBufs {
   /// Big-endian numbers and zero-terminated texts, for packed records.
   void add_be16(std::uint16_t n);
   void add_be32(std::uint32_t n);
+  void add_float(float number) { add_be32(std::bit_cast<std::uint32_t>(number)); }
   void add_text(const char* text);
 
   /// Adds a zero byte and closes the object; gives its start, valid until `reset`.

@@ -43,7 +43,7 @@ struct SimRecord {
   void add_group(int pos, LBitSet group) { groups[pos].append(new LBitSet(std::move(group))); }
 };
 
-/// Puts pairs into a list, each behind the last pair that is at least as similar. The outcome is
+/// Puts pairs into a list, each after the last pair that is at least as similar. The outcome is
 /// that of inserting one after the other; the order is made once, at the end, so that the work does
 /// not grow with the square of a list. A list that did not descend before, as a dictionary may give
 /// it, keeps the order of what it had.
@@ -51,7 +51,7 @@ class SimInserter {
  public:
   /// Starts on a record's list.
   void open(SimRecord& record, int pos);
-  /// The pair is dropped (false) if its word is among those behind the last more similar one.
+  /// The pair is dropped (false) if its word is among those after the last more similar one.
   bool insert_sim(int id, float sim);
   /// Gives the list back to the record. The groups keep their words.
   void close();
@@ -60,7 +60,7 @@ class SimInserter {
   struct Placed {
     SimPair pair;
     int place;  ///< before the order was made
-    /// The most similar of this pair and all behind it. A new pair belongs behind the last rank
+    /// The most similar of this pair and all after it. A new pair belongs after the last rank
     /// that is not below it, and ranks descend whatever the similarities do.
     float rank;
   };

@@ -64,7 +64,7 @@ class PackedRecord : public testing::Test {
     record_.add_group(2, LBitSet(1));
     pack_record(record_, "w", packed_);
   }
-  // The bytes behind the key, in a block of their own so that a read beyond them shows.
+  // The bytes after the key, in a block of their own so that a read beyond them shows.
   std::vector<char> value() const {
     return {packed_.object() + 2, packed_.object() + packed_.object_size()};
   }

@@ -121,7 +121,7 @@ LBitSet read_group(const IRSlist& group, SimWordDb& db, const SimPlaces& places,
   return set;
 }
 
-/// The groups behind a list of pairs.
+/// The groups after a list of pairs.
 void read_groups(const IRSlist& rest, SimWordDb& db, SimRecord& record, int pos) {
   if (rest.empty()) return;
   SimPlaces places;

@@ -1,14 +1,12 @@
 #include "wordsim/sim_store.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <limits>
 #include <utility>
 
 #include "store/qhash.h"
-#include "support/big_endian.h"
 #include "support/messages.h"
+#include "support/packed_reader.h"
 #include "wordsim/sim_word_db.h"
 
 namespace torvane {
@@ -19,50 +17,28 @@ constexpr std::size_t kLeastGroupBytes = 2;
 constexpr int kTableChunk = 640000;
 constexpr int kRecordChunk = 20000;
 
-void add_float(float value, StrBufs& out) {
-  out.add_be32(std::bit_cast<std::uint32_t>(value));
+/// A similarity that is no number at all would upset every comparison: 0.
+float read_real(PackedReader& in) {
+  float value = in.real();
+  return value == value ? value : 0;
 }
 
-/// Reads numbers as long as there are bytes. What is beyond them reads as 0.
-struct Bytes {
-  const char* p;
-  const char* end;
-  bool good = true;
-
-  std::size_t left() const { return static_cast<std::size_t>(end - p); }
-  std::uint32_t number() {
-    if (left() < 4) good = false;
-    return good ? load_be32(std::exchange(p, p + 4)) : 0;
-  }
-  /// One that is no number at all would upset every comparison: 0.
-  float real() {
-    auto value = std::bit_cast<float>(number());
-    return value == value ? value : 0;
-  }
-  /// How many things of at least `size` bytes follow; more than there can be is damage.
-  int count(std::size_t size) {
-    std::uint32_t n = number();
-    if (n > left() / size) good = false;
-    return good ? static_cast<int>(n) : 0;
-  }
-};
-
-void unpack_pairs(Bytes& in, int n, int ids, int kept, Array<SimPair>& sims) {
+void unpack_pairs(PackedReader& in, int n, int ids, int kept, Array<SimPair>& sims) {
   sims.reserve(kept);
   for (int i = 0; i < n; ++i) {
-    auto id = static_cast<std::int32_t>(in.number());
-    float sim = in.real();
-    if (id < 1 || id >= ids) in.good = false;
+    auto id = in.integer();
+    float sim = read_real(in);
+    if (id < 1 || id >= ids) in.fail();
     if (i < kept) sims.append({id, sim});
   }
 }
 
-void unpack_groups(Bytes& in, int kept, SimRecord& record, int pos) {
+void unpack_groups(PackedReader& in, int kept, SimRecord& record, int pos) {
   LBitSet range(kept);
   if (kept > 0) range.set(0, kept - 1);
-  for (int left = in.count(kLeastGroupBytes); left > 0 && in.good; --left) {
+  for (int left = in.count(kLeastGroupBytes); left > 0 && in.good(); --left) {
     LBitSet group;
-    in.good = group.unpack(in.p, in.end);
+    in.read(group);
     group &= range;
     if (!group.is_empty()) record.add_group(pos, std::move(group));
   }
@@ -76,12 +52,12 @@ void pack_record(const SimRecord& record, const char* word, StrBufs& out) {
     const Array<SimPair>& sims = record.sims[pos];
     out.add_be32(static_cast<std::uint32_t>(sims.count()));
     if (!sims.empty()) {
-      add_float(record.desc[pos], out);
-      add_float(record.sum[pos], out);
+      out.add_float(record.desc[pos]);
+      out.add_float(record.sum[pos]);
     }
     for (const SimPair& pair : sims) {
       out.add_be32(static_cast<std::uint32_t>(pair.word));
-      add_float(pair.sim, out);
+      out.add_float(pair.sim);
     }
     out.add_be32(static_cast<std::uint32_t>(record.groups[pos].length()));
     for (const LBitSet* group : record.groups[pos]) group->pack(out);
@@ -89,18 +65,18 @@ void pack_record(const SimRecord& record, const char* word, StrBufs& out) {
 }
 
 bool unpack_record(const char* bytes, const char* end, int ids, int most, SimRecord& record) {
-  Bytes in{bytes, end};
-  for (int pos = 0; pos < kPartsOfSpeech && in.good; ++pos) {
+  PackedReader in(bytes, end);
+  for (int pos = 0; pos < kPartsOfSpeech && in.good(); ++pos) {
     int n = in.count(kPairBytes);
     int kept = std::min(n, std::max(most, 0));
     if (n > 0) {
-      record.desc[pos] = in.real();
-      record.sum[pos] = in.real();
+      record.desc[pos] = read_real(in);
+      record.sum[pos] = read_real(in);
       unpack_pairs(in, n, ids, kept, record.sims[pos]);
     }
     unpack_groups(in, kept, record, pos);
   }
-  return in.good;
+  return in.good();
 }
 
 SimRecord* SimWordDb::load_from_file(const char* word) {

@@ -34,7 +34,7 @@ class SimWordDb : public Str2Id {
   float get_sim(const char* word1, const char* word2, int pos);
 
   /// Takes a store as the source of records, with its id table. False if the file has content that
-  /// is none of a store of similar words; it is let go then.
+  /// is none of a store of similar words; it is dropped then.
   bool attach_file(std::unique_ptr<QHash> store);
   /// Writes the id table and all loaded records to the store and syncs it.
   void save();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "att/contract.h"
 #include "shell/world.h"
 #include "support/messages.h"
 
@@ -136,7 +137,7 @@ int LexAnalyzer::last_real_word() const {
   for (; p > 0; --p) {
     const char* text = or_empty(word(p));
     if (is_alnum(text[0])) break;
-    if (text[0] && text[1] && std::strchr("$#'", text[0])) break;
+    if (text[0] && text[1] && std::strchr(contract::kWordMarks, text[0])) break;
   }
   return p;
 }

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "att/contract.h"
 #include "lex/lexicon/offers.h"
 #include "lexp/form.h"
 #include "shell/named_objects.h"
@@ -12,7 +13,7 @@ namespace torvane {
 namespace {
 
 bool is_vowel(char c) {
-  return c != '\0' && std::strchr("aeiou", lower(c)) != nullptr;
+  return c != '\0' && std::strchr(contract::kVowels, lower(c)) != nullptr;
 }
 
 std::unique_ptr<Ending> make_ending(const EndingTable& table, const char* type) {

@@ -83,7 +83,7 @@ class EndingTable {
 
   std::vector<std::unique_ptr<Ending>> endings_;
   std::vector<std::pair<std::string, std::shared_ptr<LExp>>> conditions_;
-  mutable std::string work_;  // the candidate in hand
+  mutable std::string work_;  // the current candidate
 };
 
 /// A walk over the endings of a table that match a word, in table order.

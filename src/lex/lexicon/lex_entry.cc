@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "att/contract.h"
 #include "lex/lexicon/offers.h"
 #include "shell/world.h"
 #include "support/messages.h"
@@ -44,7 +45,7 @@ class PhraseMeaning : public Meaning {
 int extra_tokens(std::string_view atom) {
   int n = 0;
   // Kept: heading-counts-marks
-  for (char c : atom) n += c == '\'' ? 1 : c == '-' ? 2 : 0;
+  for (char c : atom) n += c == contract::kApostrophe ? 1 : c == contract::kHyphen ? 2 : 0;
   return n;
 }
 

@@ -25,7 +25,7 @@ struct FoldEqual {
 };
 
 /// What the heading of an entry says. Its first atom is the head, by which a phrase is found; atoms
-/// up to a comma are the words to the head's right, those behind it the words to its left.
+/// up to a comma are the words to the head's right, those after it the words to its left.
 struct Heading {
   std::string key;
   std::string first;  ///< the head
@@ -88,7 +88,7 @@ inline constexpr TypeTag lex_entry{"LexEntry*", nullptr, Life::transient};
 template <>
 struct ValueTraits<LexEntry> : TagOf<LexEntry, tags::lex_entry> {};
 
-/// Makes a meaning of each sub-list behind the heading and passes it to `add`. The phrase headings
+/// Makes a meaning of each sub-list after the heading and passes it to `add`. The phrase headings
 /// of a list `(phrases (HEADING) ...)` go to `entry`.
 template <class Add>
 void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add);

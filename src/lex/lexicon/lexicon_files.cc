@@ -45,7 +45,7 @@ namespace {
 
 constexpr int kItemChunk = 20000;
 
-/// What stands behind the heading, with the closing parenthesis.
+/// What stands after the heading, with the closing parenthesis.
 std::string_view item_body(std::string_view item) {
   std::size_t end = item.find_first_of("()", 1);
   return end == std::string_view::npos ? std::string_view() : item.substr(end);
@@ -68,7 +68,7 @@ class ItemReader {
     key_ = item_ ? item_key(item_) : std::string();
     return item_ != nullptr;
   }
-  /// Null before the first and behind the last item.
+  /// Null before the first and after the last item.
   const char* item() const { return item_; }
   const std::string& key() const { return key_; }
 

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "att/contract.h"
 #include "support/text.h"
 
 namespace torvane {
 
 namespace {
 
-// Whether this may stand behind a comma between words: a word does so behind a blank, or at once if
+// Whether this may stand after a comma between words: a word does so after a blank, or at once if
 // it holds a byte of another script. The comma of "1,000" is part of a word.
 bool follows_comma(std::string_view text) {
   auto word_end = std::find(text.begin(), text.end(), ' ');
@@ -46,9 +47,8 @@ bool word_in_key(const char*& cursor, const char* word) {
   for (; *word && lower(*key) == lower(*word); ++key, ++word) previous = *key;
   if (*key == ',') ++key;
   if (*word) return false;
-  auto cut_off = [](char c) { return c == '\'' || c == '-'; };
   bool word_ends =
-      *key == '\0' || *key == ' ' || cut_off(*key) || is_high(*key) || cut_off(previous);
+      *key == '\0' || *key == ' ' || is_cut_off(*key) || is_high(*key) || is_cut_off(previous);
   if (!word_ends) return false;
   cursor = *key == ' ' ? key + 1 : key;
   return true;

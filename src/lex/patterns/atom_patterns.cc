@@ -73,7 +73,7 @@ class BeginPat : public PatternOf<BeginPat> {
   }
 };
 
-/// The place behind the last word, at the word count.
+/// The place after the last word, at the word count.
 class EndPat : public PatternOf<EndPat> {
  public:
   void find(MatchRun& run, Anchor, int pos, MatchList& results) const override {

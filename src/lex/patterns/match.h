@@ -39,7 +39,7 @@ class Match : public Counted<Match>, public Pooled<Match> {
   int component_count() const { return count_; }
   /// Appends the components, left to right.
   void append_components(std::vector<Ref<Match>>& out) const;
-  /// "[low,high]", with the components behind it in parentheses.
+  /// "[low,high]", with the components after it in parentheses.
   void print(std::ostream& out) const;
 
   LexItem* const item;           ///< may be null
@@ -54,7 +54,7 @@ class Match : public Counted<Match>, public Pooled<Match> {
   Ref<Match> rest_;
   std::int32_t count_ = 0;
   bool part_first_ = false;  ///< the part stands left of the rest
-  Match* next_ = nullptr;    ///< in the row of those to be destroyed
+  Match* next_ = nullptr;    ///< in the row of those to be freed
 };
 
 namespace tags {

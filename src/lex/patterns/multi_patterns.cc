@@ -1,4 +1,4 @@
-// The patterns of several parts: one behind the other, one of them, all of them at once.
+// The patterns of several parts: one after the other, one of them, all of them at once.
 #include <algorithm>
 #include <climits>
 #include <vector>

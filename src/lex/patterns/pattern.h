@@ -40,7 +40,7 @@ class LPattern {
   virtual Reach parts_reach() const { return Reach::input; }
   /// Takes an option off the front of the arguments; false if something else stands there.
   bool take_option(World& world, IRSlist* args);
-  /// The same for a keyword with a number behind it.
+  /// The same for a keyword with a number after it.
   static bool take_number(IRSlist* args, const char* keyword, long& number);
   /// What `produce` adds to a list, as far as it passes the constraint.
   template <class Produce>

@@ -10,7 +10,7 @@ namespace {
 
 class OnePat : public LPattern {
  public:
-  /// Options, then the part; what stands behind it is ignored.
+  /// Options, then the part; what stands after it is ignored.
   void init(World& world, IRSlist* args) override {
     bool has_sub = false;
     long unused = 0;

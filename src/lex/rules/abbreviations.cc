@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "att/contract.h"
 #include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
@@ -15,14 +16,10 @@ namespace {
 // How far a spelled-out name reaches from the abbreviation.
 constexpr int kMostWords = 10;
 
-// What a spelled-out name may pass over.
-constexpr const char* kSmallWords[] = {"about", "among", "as", "at",   "but",  "by",
-                                       "for",   "from",  "in", "into", "of",   "off",
-                                       "on",    "out",   "to", "up",   "with", "-"};
-
 bool may_be_passed_over(const char* word) {
-  return std::any_of(std::begin(kSmallWords), std::end(kSmallWords),
-                     [word](const char* small) { return same_word(word, small); });
+  if (word[0] == contract::kHyphen && word[1] == '\0') return true;
+  return std::any_of(std::begin(contract::kSmallWords), std::end(contract::kSmallWords),
+                     [word](std::string_view small) { return same_word(word, small.data()); });
 }
 
 std::string letters_of(const char* abbreviation) {
@@ -96,8 +93,8 @@ LexItem* make_definition(LexAnalyzer& chart, const Definition& d, Meaning* meani
   LexItem* abbreviation = make(d.abbreviation, d.abbreviation, chart.word(d.abbreviation));
   LexItem* spelled = make(d.name_low, d.name_high, name);
   chart.delete_smaller(d.low, d.high);
-  abbreviation->role = chart.pool_copy("abbrev");
-  spelled->role = chart.pool_copy("spellout");
+  abbreviation->role = chart.pool_copy(contract::kAbbreviation);
+  spelled->role = chart.pool_copy(contract::kSpelledOut);
   chart.add_component(whole, abbreviation);
   chart.add_component(whole, spelled);
   return chart.add_item(whole, true);

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "att/contract.h"
 #include "shell/tokenizer.h"
 #include "support/text.h"
 
@@ -14,13 +15,9 @@ namespace {
 
 constexpr const char* kBlanks = " \t\n\r";
 
-// Words that an abbreviation may leave out, sorted.
-constexpr std::string_view kSkippable[] = {"about", "among", "as", "at",   "but", "by",
-                                           "for",   "from",  "in", "into", "of",  "off",
-                                           "on",    "out",   "to", "up",   "with"};
-
 bool is_skippable(std::string_view word) {
-  return std::binary_search(std::begin(kSkippable), std::end(kSkippable), word);
+  return std::binary_search(std::begin(contract::kSmallWords), std::end(contract::kSmallWords),
+                            word);
 }
 
 bool stands_at_word_start(const char* full, const char* part) {

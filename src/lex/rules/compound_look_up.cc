@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "att/contract.h"
 #include "lex/rules/offers.h"
 #include "lex/rules/rule_actions.h"
 #include "lexp/form.h"
@@ -13,7 +14,7 @@ namespace torvane {
 namespace {
 
 bool is_hyphen(const std::string& word) {
-  return word == "-";
+  return word.size() == 1 && word[0] == contract::kHyphen;
 }
 
 // The words joined, with a blank in place of each hyphen that stands between two.
@@ -34,7 +35,7 @@ std::string join_at_hyphens(const std::vector<std::string>& words) {
 
 void look_up_compound(LexAnalyzer& chart, const WordSpan& span, std::vector<std::string> words,
                       std::string text) {
-  std::replace(text.begin(), text.end(), '-', ' ');
+  std::replace(text.begin(), text.end(), contract::kHyphen, ' ');
   chart.lookup(text.c_str(), span.low, span.high);
 
   std::string joined;
@@ -63,7 +64,7 @@ void look_up(Match* match, Word low, Word high, const char* text) {
     if (!word) return;
     words.emplace_back(word);
     joined += word;
-    has_hyphen = has_hyphen || word[0] == '-';
+    has_hyphen = has_hyphen || word[0] == contract::kHyphen;
   }
   chart.lookup(joined.c_str(), span.low, span.high);
   if (has_hyphen) look_up_compound(chart, span, std::move(words), std::move(joined));

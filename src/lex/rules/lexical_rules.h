@@ -42,7 +42,7 @@ class LexRuleList final : public ChartRules {
   void apply(LexAnalyzer& analyzer) override;
 
   const std::vector<std::unique_ptr<Rule>>& rules() const { return rules_; }
-  /// Puts rules in front of the one at a place, or behind the last.
+  /// Puts rules in front of the one at a place, or after the last.
   void insert(std::size_t at, std::vector<std::unique_ptr<Rule>> rules);
 
  private:

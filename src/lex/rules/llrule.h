@@ -25,7 +25,7 @@ class LLRule : public Counted<LLRule> {
   void act(const Ref<Match>& match, const Match* left, const Match* right);
 
   PatternPtr left_;   ///< against what stands before the match; null: no test
-  PatternPtr right_;  ///< against what stands behind it; null: no test
+  PatternPtr right_;  ///< against what stands after it; null: no test
   ExpPtr action_;     ///< on Match*
 };
 

@@ -51,9 +51,10 @@ Value init_attributes(World& world, IRSlist*) {
   found.type = find_att_list(world, contract::kAttType, false);
   for (const contract::Role& role : contract::kRoles)
     found.*role.index = find_att(world, found.type, role);
-  found.wh = get_att(world, contract::kAttType, "slash", contract::kWh);
+  found.wh = get_att(world, contract::kAttType, contract::kDisplacedAtt, contract::kWh);
   for (const contract::Category& category : contract::kCategories)
-    found.*category.value = get_att(world, contract::kAttType, "cat", category.letter);
+    found.*category.value =
+        get_att(world, contract::kAttType, contract::kCategoryAtt, category.letter);
   SyntaxAtts& handles = parsing(world).atts;
   if (handles.type) handles.type->roles = nullptr;
   handles = found;

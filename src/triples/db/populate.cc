@@ -26,7 +26,7 @@ const char* base_name(const char* relation) {
   return *relation == '-' ? relation + 1 : relation;
 }
 
-/// The first pass: what the relation file says of the word in hand.
+/// The first pass: what the relation file says of the current word.
 class RelationPass {
  public:
   RelationPass(TripleDb& db, const PopulateLimits& limits, int population)

@@ -2,11 +2,9 @@
 // with the words of each relation, which is read when it is asked for.
 
 #include <algorithm>
-#include <bit>
 #include <climits>
-#include <utility>
 
-#include "support/big_endian.h"
+#include "support/packed_reader.h"
 #include "triples/db/triple_db.h"
 
 namespace torvane {
@@ -16,55 +14,9 @@ namespace {
 constexpr std::size_t kRelSize = 12;
 constexpr std::size_t kClassSize = 8;
 
-void add_float(StrBufs& buf, float value) {
-  buf.add_be32(std::bit_cast<std::uint32_t>(value));
-}
-
 void add_int(StrBufs& buf, int value) {
   buf.add_be32(static_cast<std::uint32_t>(value));
 }
-
-/// Takes fields off packed bytes. A field that is not there reads as zero, and `ok` says no.
-class FieldReader {
- public:
-  FieldReader(const char* bytes, std::size_t size) : next_(bytes), end_(bytes + size) {}
-
-  bool ok() const { return ok_; }
-  bool at_end() const { return next_ == end_; }
-  std::uint32_t take_word() {
-    if (left() < 4) {
-      ok_ = false;
-      return 0;
-    }
-    next_ += 4;
-    return load_be32(next_ - 4);
-  }
-  int take_int() { return static_cast<int>(take_word()); }
-  float take_float() { return std::bit_cast<float>(take_word()); }
-  /// A number of things of `size` bytes each that follow; 0 if there is no room for so many.
-  int take_count(std::size_t thing_size) {
-    std::size_t n = take_word();
-    if (n <= left() / thing_size && n <= INT_MAX) return static_cast<int>(n);
-    ok_ = false;
-    return 0;
-  }
-  const char* take_text() {
-    const char* zero = std::find(next_, end_, '\0');
-    if (zero == end_) {
-      ok_ = false;
-      return "";
-    }
-    return std::exchange(next_, zero + 1);
-  }
-  void skip(std::size_t bytes) { next_ += std::min(bytes, left()); }
-
- private:
-  std::size_t left() const { return static_cast<std::size_t>(end_ - next_); }
-
-  const char* next_;
-  const char* end_;
-  bool ok_ = true;
-};
 
 }  // namespace
 
@@ -108,47 +60,47 @@ void TripleDb::v_pack_entry(PLHashEntry* packed, StrBufs& buf) {
   auto& entry = *static_cast<TripleDbInfo*>(packed);
   if (has_file() && !pack_details(entry)) return;
   buf.add_text(entry.key);
-  add_float(buf, entry.freq);
-  add_float(buf, entry.invFreq);
-  add_float(buf, entry.info);
+  buf.add_float(entry.freq);
+  buf.add_float(entry.invFreq);
+  buf.add_float(entry.info);
   add_int(buf, std::max(entry.detail_pos, 0));
   add_int(buf, entry.rels.count());
   for (const RelInfo& rel : entry.rels) {
     add_int(buf, rel.id);
-    add_float(buf, rel.freq);
-    add_float(buf, rel.info);
+    buf.add_float(rel.freq);
+    buf.add_float(rel.info);
   }
   add_int(buf, entry.classes.count());
   for (const ClassCount& of_class : entry.classes) {
     add_int(buf, of_class.id);
-    add_float(buf, of_class.count);
+    buf.add_float(of_class.count);
   }
 }
 
 PLHashEntry* TripleDb::v_unpack_entry(StrBufs& buf) {
-  FieldReader fields(buf.object(), buf.object_size());
-  const char* key = fields.take_text();
-  if (!fields.ok()) return nullptr;
+  PackedReader fields(buf.object(), buf.object_size());
+  const char* key = fields.text();
+  if (!fields.good()) return nullptr;
   auto entry = std::make_unique<TripleDbInfo>(ids.get_string(ids.get_id(key, true)));
-  entry->freq = fields.take_float();
-  entry->invFreq = fields.take_float();
-  entry->info = fields.take_float();
-  entry->detail_pos = -std::max(fields.take_int(), 0);
-  int rel_count = fields.take_count(kRelSize);
+  entry->freq = fields.real();
+  entry->invFreq = fields.real();
+  entry->info = fields.real();
+  entry->detail_pos = -std::max(fields.integer(), 0);
+  int rel_count = fields.count(kRelSize);
   entry->rels.reserve(rel_count);
   for (int i = 0; i < rel_count; ++i) {
-    RelInfo rel(std::max(fields.take_int(), -INT_MAX));  // an id can always be negated
-    rel.freq = fields.take_float();
-    rel.info = fields.take_float();
+    RelInfo rel(std::max(fields.integer(), -INT_MAX));  // an id can always be negated
+    rel.freq = fields.real();
+    rel.info = fields.real();
     entry->rels.append(std::move(rel));
   }
-  int class_count = fields.take_count(kClassSize);
+  int class_count = fields.count(kClassSize);
   entry->classes.reserve(class_count);
   for (int i = 0; i < class_count; ++i) {
-    int id = fields.take_int();
-    entry->classes.append(ClassCount{id, fields.take_float()});
+    int id = fields.integer();
+    entry->classes.append(ClassCount{id, fields.real()});
   }
-  return fields.ok() ? entry.release() : nullptr;
+  return fields.good() ? entry.release() : nullptr;
 }
 
 // False if the record could not be written.
@@ -171,8 +123,8 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
     add_int(buf, rel.word_count());
     for (const WordCount& word : rel) {
       add_int(buf, ids.get_id(word.word, false));
-      add_float(buf, word.freq);
-      if (save_mutinfo_) add_float(buf, word.mi);
+      buf.add_float(word.freq);
+      if (save_mutinfo_) buf.add_float(word.mi);
     }
   }
   std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
@@ -186,20 +138,20 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
 bool TripleDb::unpack_details(TripleDbInfo& entry, const char* bytes, std::size_t length,
                               bool with_mutinfo) {
   const std::size_t row_size = with_mutinfo ? 12 : 8;
-  FieldReader check(bytes, length);
-  if (check.take_int() != entry.rels.count()) return false;
+  PackedReader check(bytes, length);
+  if (check.integer() != entry.rels.count()) return false;
   for (int i = 0; i < entry.rels.count(); ++i)
-    check.skip(static_cast<std::size_t>(check.take_count(row_size)) * row_size);
-  if (!check.ok() || !check.at_end()) return false;
+    check.skip(static_cast<std::size_t>(check.count(row_size)) * row_size);
+  if (!check.good() || !check.at_end()) return false;
 
-  FieldReader fields(bytes + 4, length - 4);
+  PackedReader fields(bytes + 4, length - 4);
   for (RelInfo& rel : entry.rels) {
-    int n = fields.take_count(row_size);
+    int n = fields.count(row_size);
     if (n == 0) continue;
     rel.words = std::make_unique<Array<WordCount>>(n);
     for (int k = 0; k < n; ++k) {
-      WordCount word{id_to_string(fields.take_int()), fields.take_float()};
-      if (with_mutinfo) word.mi = fields.take_float();
+      WordCount word{id_to_string(fields.integer()), fields.real()};
+      if (with_mutinfo) word.mi = fields.real();
       if (word.word) rel.words->append(word);
     }
   }

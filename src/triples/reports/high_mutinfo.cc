@@ -45,7 +45,7 @@ class HighMutinfo {
   RelationSet features_;
   bool wants_background_ = false;
   TripleDb* background_ = nullptr;
-  TripleDbInfo* background_entry_ = nullptr;  // of the word in hand
+  TripleDbInfo* background_entry_ = nullptr;  // of the current word
   bool words_only_;
   bool inv_;
   float min_count_;

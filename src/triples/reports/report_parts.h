@@ -12,7 +12,7 @@ namespace torvane {
 
 /// The database that the first argument names, or null after its message.
 TripleDb* take_triple_db(World& world, IRSlist* form);
-/// A number behind a keyword, which goes off the form with it.
+/// A number after a keyword, which goes off the form with it.
 float take_float(IRSlist& form, const char* keyword, float otherwise);
 /// The file of `:output`, or standard output; null after a message if it cannot be opened.
 Ref<Stream> take_output_file(World& world, IRSlist& form);
