@@ -158,6 +158,8 @@ class Era : public Counted<Era> {
   Era& operator=(const Era&) = delete;
 
   bool over() const { return over_; }
+  /// Somebody holds one of its things.
+  bool is_held() const { return holders_ > 0; }
   /// A text, or a thing that does not tell its era by itself, as one of this era.
   Value text(const char* text) const { return Value::of_text(text, text_); }
   template <class T>

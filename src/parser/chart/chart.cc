@@ -65,7 +65,10 @@ void Chart::store(const GCate& node, int position, PItem* item) {
 }
 
 void Chart::park(const Link& link, PItem* item) {
-  if (Items* items = new_cell(link.column(), item->_high)) items->append(item);
+  Items* items = new_cell(link.column(), item->_high);
+  if (!items) return;
+  items->append(item);
+  rows_[static_cast<std::size_t>(item->_high)].awaited.set(link._parent->_number);
 }
 
 bool Chart::store_by_start(const GCate& node, PItem* item) {
@@ -83,8 +86,11 @@ void Chart::start() {
 }
 
 void Chart::reset() {
-  for (Used used : used_)
-    rows_[static_cast<std::size_t>(used.word_index)].cells[used.column].clear();
+  for (Used used : used_) {
+    Row& row = rows_[static_cast<std::size_t>(used.word_index)];
+    row.cells[used.column].clear();
+    row.awaited.reset();
+  }
   used_.clear();
   pool_.reset();
   spans.reset();

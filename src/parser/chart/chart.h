@@ -30,6 +30,8 @@ class Chart {
   /// A projection of `source` with the attributes in the set (null: all); null when the pool is
   /// exhausted.
   PItem* copy_item(const PItem* source, const AttSet* atts);
+  /// Takes back what was made last, and is of no use. Most projections are.
+  void give_back(PItem* item) { pool_.give_back(item); }
   /// The item of a word, in its node.
   PItem* make_lexical_item(const GCate& node, LexItem* lexitem);
 
@@ -41,6 +43,11 @@ class Chart {
   /// What waits on a link, and ends at a word index.
   const Items& waiting_at(const Link& link, int word_index) const {
     return cell(link.column(), word_index);
+  }
+  /// Something waits on one of the links that arrive at the node.
+  bool any_waits(const GCate& node, int word_index) const {
+    return static_cast<std::size_t>(word_index) < rows_.size() &&
+           rows_[static_cast<std::size_t>(word_index)].awaited.test(node._number);
   }
   /// An item that was not taken from a subclass ends there.
   bool ends_at(const GCate& node, int word_index) const;
@@ -67,6 +74,7 @@ class Chart {
   struct Row {
     std::unique_ptr<Items[]> cells;
     int columns = 0;
+    LBitSet awaited;  // nodes with links on which something waits
   };
   struct Used {
     int word_index;

@@ -17,7 +17,7 @@ ItemPool::ItemPool() {
 PItem* ItemPool::new_item(AttInterpreterList* att_type) {
   bool reused = free_ > 0;
   // Kept: items-run-out-silently
-  if (static_cast<int>(pool_.size()) - free_ >= kPoolLimit) return nullptr;
+  if (items_made_ >= kPoolLimit) return nullptr;
   if (!reused) pool_.push_back(std::make_unique<PItem>());
   PItem* item = reused ? pool_[--free_].get() : pool_.back().get();
   Ref<AttVec> atts = std::move(item->_atts);
@@ -32,6 +32,16 @@ PItem* ItemPool::new_item(AttInterpreterList* att_type) {
   item->_atts = std::move(atts);
   item->order = ++items_made_;
   return item;
+}
+
+void ItemPool::give_back(PItem* item) {
+  if (eras_.now()->is_held()) return;
+  if (pool_[static_cast<std::size_t>(free_)].get() == item) {
+    ++free_;
+  } else if (free_ == 0 && pool_.back().get() == item) {
+    pool_.front().swap(pool_.back());
+    ++free_;
+  }
 }
 
 // Items that an expression may still have, as they were.

@@ -40,8 +40,8 @@ bool ParseRun::join_alternative(const GCate& node, PItem* item, Positions positi
   return false;
 }
 
-void ParseRun::add_item(const GCate& node, PItem* item, int position) {
-  if (position < 0 || item->_high < 0) return;
+bool ParseRun::add_item(const GCate& node, PItem* item, int position) {
+  if (position < 0 || item->_high < 0) return false;
   bool complete;
   Positions same{position, position};
   if (has_arguments(node, *item)) {
@@ -52,15 +52,16 @@ void ParseRun::add_item(const GCate& node, PItem* item, int position) {
     while (same.first > 0 && !node.required(same.first)) --same.first;
     while (same.last < node.n_positions() - 1 && !node.required(same.last + 1)) ++same.last;
   }
-  if (join_alternative(node, item, same)) return;
+  if (join_alternative(node, item, same)) return true;
   if (complete) {
     chart_.ready(node).append(item);
     if (!node._conj_consistent.is_empty()) try_conjunction(node, item, position);
   } else if (!node._is_subcat && !node.any_required(position + 1, node.n_positions())) {
     // The full condition refused an item that no further position can change.
-    return;
+    return false;
   }
   chart_.store(node, position, item);
+  return true;
 }
 
 }  // namespace torvane

@@ -35,21 +35,26 @@ void ParseRun::for_each_place(const GCate& node, const PItem& item, Positions po
   }
 }
 
-void ParseRun::extend_left(const GCate& node, PItem* item, int position) {
+bool ParseRun::extend_left(const GCate& node, PItem* item, int position) {
   DepthGuard guard(delivery_depth);
-  if (!guard) return;
-  bool minimal = false;
+  if (!guard) return true;
+  Taken taken;
   const int last = node.repeats(position) ? position : position - 1;
   for_each_place(node, *item, {0, last}, -1, [&](int p, int q, PItem* adjunct) {
-    if (take_waiting(node, item, adjunct, p, q)) minimal = true;
+    Taken here = take_waiting(node, item, adjunct, p, q);
+    taken.any |= here.any;
+    taken.minimal |= here.minimal;
   });
   // What could have been a modifier here had to be one.
-  if (!minimal && !node.any_required(0, position)) add_item(node, item, node.head());
+  if (taken.minimal || node.any_required(0, position)) return taken.any;
+  return add_item(node, item, node.head()) || taken.any;
 }
 
-/// Puts the item above all that waits for it at a place. True if one of them is a minimal modifier.
-bool ParseRun::take_waiting(const GCate& node, PItem* item, PItem* adjunct, int position, int end) {
-  bool minimal = false;
+/// Puts the item above all that waits for it at a place.
+ParseRun::Taken ParseRun::take_waiting(const GCate& node, PItem* item, PItem* adjunct, int position,
+                                       int end) {
+  Taken taken;
+  if (!chart_.any_waits(node, end)) return taken;
   for (const Link* link : node.links_at(position)) {
     if (item->_high - end > link->_max_dist) continue;
     const Chart::Items& waiting = chart_.waiting_at(*link, end);
@@ -57,11 +62,14 @@ bool ParseRun::take_waiting(const GCate& node, PItem* item, PItem* adjunct, int 
     for (PItem* modifier : waiting) {
       PItem* larger = merge(chart_, grammar_, *modifier, *item, adjunct, position, *link);
       if (!larger) continue;
-      if (node.minimal(position) && passes(node._minimal_cond, modifier)) minimal = true;
-      extend_left(node, larger, position);
+      if (node.minimal(position) && passes(node._minimal_cond, modifier)) taken.minimal = true;
+      if (extend_left(node, larger, position))
+        taken.any = true;
+      else
+        chart_.give_back(larger);
     }
   }
-  return minimal;
+  return taken;
 }
 
 void ParseRun::attach_right(const GCate& node, PItem* modifier, const Link& link) {
@@ -87,7 +95,7 @@ bool ParseRun::take_heads(const GCate& node, PItem* modifier, const Link& link, 
     PItem* larger = merge(chart_, grammar_, *modifier, *head, adjunct, position, link);
     if (!larger) continue;
     attached = true;
-    add_item(node, larger, link.position());
+    if (!add_item(node, larger, link.position())) chart_.give_back(larger);
   }
   return attached;
 }

@@ -66,13 +66,18 @@ class Merge {
     merged_->_link = &link_;
     merged_->_weight += link_.weight();
     if (hit_ >= 0) discharge(*merged_, hit_);
-    if (!combine() || !fill_gap()) return nullptr;
-    if (mask_ != 0 && list_of(mod_vec(), syn_.move)) discharge(*merged_, 0);
-    if (!passes(link_._merged_cond, merged_)) return nullptr;
-    return case_allowed() ? merged_ : nullptr;
+    if (combines()) return merged_;
+    chart_.give_back(merged_);
+    return nullptr;
   }
 
  private:
+  bool combines() {
+    if (!combine() || !fill_gap()) return false;
+    if (mask_ != 0 && list_of(mod_vec(), syn_.move)) discharge(*merged_, 0);
+    return passes(link_._merged_cond, merged_) && case_allowed();
+  }
+
   AttVec& mod_vec() { return *modifier_._atts; }
   AttVec& head_vec() { return *head_._atts; }
   AttVec& merged_vec() { return *merged_->_atts; }

@@ -6,7 +6,7 @@ namespace torvane {
 
 void ParseRun::receive(const GCate& node, PItem* item, const Link* link) {
   if (!link || link->position() == node.head()) {
-    if (node.head() >= 0) extend_left(node, item, node.head());
+    if (node.head() >= 0 && !extend_left(node, item, node.head()) && link) chart_.give_back(item);
   } else if (link->position() > node.head()) {
     attach_right(node, item, *link);
   }
@@ -33,7 +33,10 @@ void ParseRun::send(PItem* item, const Link& link) {
     PItem* copy = chart_.copy_item(item, &link._percolate);
     if (!copy) return;
     copy->_link = &link;
-    if (passes(link._head_cond, copy)) receive(parent, copy, &link);
+    if (passes(link._head_cond, copy))
+      receive(parent, copy, &link);
+    else
+      chart_.give_back(copy);
   } else if (position == parent.n_positions()) {
     accept(parent, item, link);
   } else if (position > parent.head() && item->_low > 0) {

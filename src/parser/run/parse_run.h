@@ -22,8 +22,8 @@ class ParseRun {
   /// Offers an item to an outgoing link.
   void send(PItem* item, const Link& link);
   /// Stores an item that has filled the positions up to `position`, unless it is an alternative to
-  /// one that is stored, or can never be complete.
-  void add_item(const GCate& node, PItem* item, int position);
+  /// one that is stored, or can never be complete. False if it is of no use to anybody.
+  bool add_item(const GCate& node, PItem* item, int position);
   /// Looks for a left conjunct of an item that has become complete.
   void try_conjunction(const GCate& node, PItem* item, int position);
 
@@ -36,10 +36,15 @@ class ParseRun {
   bool has_head_before(const GCate& node, int position, const PItem& item) const;
 
   // Filling positions, in attach.cc.
-  /// Fills the positions left of the head, nearest first.
-  void extend_left(const GCate& node, PItem* item, int position);
+  /// Fills the positions left of the head, nearest first. False if the item is in nothing that is
+  /// stored.
+  bool extend_left(const GCate& node, PItem* item, int position);
   void attach_right(const GCate& node, PItem* modifier, const Link& link);
-  bool take_waiting(const GCate& node, PItem* item, PItem* adjunct, int position, int end);
+  struct Taken {
+    bool any = false;      // something is stored that has the item in it
+    bool minimal = false;  // one was a minimal modifier
+  };
+  Taken take_waiting(const GCate& node, PItem* item, PItem* adjunct, int position, int end);
   bool take_heads(const GCate& node, PItem* modifier, const Link& link, PItem* adjunct,
                   int position, int end);
   template <class Visit>
