@@ -40,7 +40,7 @@ class AttInterpreter {
   virtual bool unify(AttVec* vec, int at, AttWord value, bool store) const;
   /// Overwrites, marking defined.
   virtual void modify(AttVec* vec, int at, AttWord value) const;
-  /// Releases what the slot owns.
+  /// Drops what the slot owns.
   virtual void clear(AttVec*) const {}
   virtual Subsumption compare(AttWord a, AttWord b) const;
   virtual float similarity(AttWord a, AttWord b) const;
@@ -50,7 +50,7 @@ class AttInterpreter {
   /// for none.
   virtual const char* str_val(AttWord value, std::string& scratch) const;
   /// A value from the rest of the attribute's list form. A counted value comes with no count taken:
-  /// whoever stores it counts it, and `discard` drops one that was not stored.
+  /// whoever stores it counts it, and `drop_unstored` ends one that was not stored.
   virtual AttWord make_val(IRSlist* form) const;
   virtual AttWord get_val(const char* token) const;
   virtual void pack(const AttVec* vec, StrBufs& out) const = 0;
@@ -60,9 +60,9 @@ class AttInterpreter {
   /// A counted value for one more vector, counted: the same, unless it must not be shared.
   virtual AttWord share(AttWord value) const { return value; }
   /// Uncounts a value that `share` gave.
-  virtual void let_go(AttWord) const {}
-  /// Drops a value of `make_val` that nobody counts.
-  virtual void discard(AttWord) const {}
+  virtual void drop(AttWord) const {}
+  /// Ends a value of `make_val` that nobody counts.
+  virtual void drop_unstored(AttWord) const {}
   /// False for a value that `print` writes nothing for.
   virtual bool shows(AttWord) const { return true; }
   /// The value as expressions see it.

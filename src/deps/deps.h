@@ -73,7 +73,7 @@ class Deps : public RefCounter {
   void set_words(const LexAnalyzer& lex);
   /// Appends a word, with the text before it. False if there is no room for more.
   bool add_word(const char* text, const char* gap_text);
-  /// Forgets words, nodes, labels and assertions, and takes a new id; whatever a variable still
+  /// Clears words, nodes, labels and assertions, and takes a new id; whatever a variable still
   /// holds of them reads as null. A tree that is clear stays as it is.
   void clear();
   World& world() const { return world_; }

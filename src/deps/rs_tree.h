@@ -82,7 +82,7 @@ class RSTree : protected RSlist<RSTree> {
   /// Behind the cell (null: in front); the caller has tested the child.
   void insert_behind(Cell* cell, RSTree* child);
   bool can_take(const RSTree* child) const;
-  /// Forgets parent and children, for a node that is used anew.
+  /// Drops parent and children, for a node that is used anew.
   void unlink_all();
 
  private:

@@ -64,7 +64,7 @@ class Exec {
   bool show_commands = false;
   TokenizerBase* tokenizer;
   /// Set while the start-up file runs: between its forms nothing is running, so that all that was
-  /// let go can be freed there.
+  /// dropped can be freed there.
   bool frees_values = false;
 
  private:

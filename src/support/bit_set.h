@@ -28,7 +28,7 @@ class LBitSet {
   LBitSet(LBitSet&& other) noexcept : rep_(other.rep_) { other.rep_ = nullptr; }
   LBitSet& operator=(const LBitSet& other);
   LBitSet& operator=(LBitSet&& other) noexcept;
-  ~LBitSet() { drop(); }
+  ~LBitSet() { drop_rep(); }
 
   bool test(int i) const {
     if (!rep_ || i < 0) return false;
@@ -77,7 +77,7 @@ class LBitSet {
   bool unpack(const char*& p, const char* end);
 
  private:
-  void drop();
+  void drop_rep();
   void own(int words);  // a private rep of at least so many words
 
   LBitSetRep* rep_ = nullptr;
