@@ -25,6 +25,7 @@ class AttInterpreter {
   /// The class, such as "EntAtt".
   virtual const char* type_name() const { return "AttInterpreter"; }
   /// Reports "Oops! The attribute '...' cannot have '...' as value"; 0.
+  // Part of the interface; nothing in the engine calls it yet.
   virtual AttWord bad_value(const char* value) const;
   /// Takes the facets that follow the type in a `defattribute` form.
   virtual void init(World& world, IRSlist* facets);
@@ -43,6 +44,7 @@ class AttInterpreter {
   /// Drops what the slot owns.
   virtual void clear(AttVec*) const {}
   virtual Subsumption compare(AttWord a, AttWord b) const;
+  // Part of the interface; nothing in the engine calls it yet.
   virtual float similarity(AttWord a, AttWord b) const;
   /// Writes the attribute as it stands in a vector; may write nothing.
   virtual void print(std::ostream& out, const AttVec* vec) const;
@@ -133,10 +135,6 @@ inline const AttInterpreter* as_trace_att(const AttInterpreter* att) {
 }
 inline const AttInterpreter* as_str_att(const AttInterpreter* att) {
   return att_that_holds(att, Holds::text);
-}
-/// A DisjAtt or Disj8Att.
-inline const AttInterpreter* as_disj_att(const AttInterpreter* att) {
-  return att_that_holds(att, Holds::mask);
 }
 
 }  // namespace torvane

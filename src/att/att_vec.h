@@ -110,6 +110,7 @@ class AttVec : public Counted<AttVec> {
   /// Drops every value; the vector is empty and of the same type.
   void clear_all();
   /// Becomes a copy of the other, whatever type it is of.
+  // Part of the interface; nothing in the engine calls it yet.
   void copy_from(const AttVec& other);
   bool is_empty() const { return defined.is_empty(); }
 

@@ -97,6 +97,7 @@ class Deps : public RefCounter {
   /// The lines of the words low..high, in parentheses: a node's, or that of a bare word.
   void print_word_lines(std::ostream& out, int low, int high, const LBitSet* show);
   /// The words of a node and what is below it, in short: where the parent lies, and the root form.
+  // Part of the interface; nothing in the engine calls it yet.
   void print_short(std::ostream& out, const DepTree& node) const;
   /// Reads the text format, a form that stays as it is.
   void read(const IRSlist& form);

@@ -243,6 +243,7 @@ class Slist {
 
 /// A walk over a list that may insert and remove where it stands: `cursor` is the cell before the
 /// current one, so the current one can go without a search.
+// Part of the interface; nothing in the engine calls it yet.
 template <class T>
 class SlistIterator {
  public:
