@@ -33,7 +33,7 @@ HeldSet* held_set(Word word) {
 
 constinit const TypeTag kHeldSet{"LBitSet*", &tags::bit_set, Life::counted,
                                  [](Word word) { held_set(word)->retain(); },
-                                 [](Word word) { held_set(word)->release(); }};
+                                 [](Word word) { held_set(word)->drop(); }};
 
 }  // namespace
 

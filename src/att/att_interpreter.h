@@ -25,6 +25,7 @@ class AttInterpreter {
   /// The class, such as "EntAtt".
   virtual const char* type_name() const { return "AttInterpreter"; }
   /// Reports "Oops! The attribute '...' cannot have '...' as value"; 0.
+  // Part of the interface; nothing in the engine calls it yet.
   virtual AttWord bad_value(const char* value) const;
   /// Takes the facets that follow the type in a `defattribute` form.
   virtual void init(World& world, IRSlist* facets);
@@ -40,9 +41,10 @@ class AttInterpreter {
   virtual bool unify(AttVec* vec, int at, AttWord value, bool store) const;
   /// Overwrites, marking defined.
   virtual void modify(AttVec* vec, int at, AttWord value) const;
-  /// Releases what the slot owns.
+  /// Drops what the slot owns.
   virtual void clear(AttVec*) const {}
   virtual Subsumption compare(AttWord a, AttWord b) const;
+  // Part of the interface; nothing in the engine calls it yet.
   virtual float similarity(AttWord a, AttWord b) const;
   /// Writes the attribute as it stands in a vector; may write nothing.
   virtual void print(std::ostream& out, const AttVec* vec) const;
@@ -50,7 +52,7 @@ class AttInterpreter {
   /// for none.
   virtual const char* str_val(AttWord value, std::string& scratch) const;
   /// A value from the rest of the attribute's list form. A counted value comes with no count taken:
-  /// whoever stores it counts it, and `discard` drops one that was not stored.
+  /// whoever stores it counts it, and `drop_unstored` ends one that was not stored.
   virtual AttWord make_val(IRSlist* form) const;
   virtual AttWord get_val(const char* token) const;
   virtual void pack(const AttVec* vec, StrBufs& out) const = 0;
@@ -60,9 +62,9 @@ class AttInterpreter {
   /// A counted value for one more vector, counted: the same, unless it must not be shared.
   virtual AttWord share(AttWord value) const { return value; }
   /// Uncounts a value that `share` gave.
-  virtual void let_go(AttWord) const {}
-  /// Drops a value of `make_val` that nobody counts.
-  virtual void discard(AttWord) const {}
+  virtual void drop(AttWord) const {}
+  /// Ends a value of `make_val` that nobody counts.
+  virtual void drop_unstored(AttWord) const {}
   /// False for a value that `print` writes nothing for.
   virtual bool shows(AttWord) const { return true; }
   /// The value as expressions see it.
@@ -133,10 +135,6 @@ inline const AttInterpreter* as_trace_att(const AttInterpreter* att) {
 }
 inline const AttInterpreter* as_str_att(const AttInterpreter* att) {
   return att_that_holds(att, Holds::text);
-}
-/// A DisjAtt or Disj8Att.
-inline const AttInterpreter* as_disj_att(const AttInterpreter* att) {
-  return att_that_holds(att, Holds::mask);
 }
 
 }  // namespace torvane

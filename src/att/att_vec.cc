@@ -25,7 +25,7 @@ class Hold {
     if (vec_) vec_->retain();
   }
   ~Hold() {
-    if (vec_) vec_->release();
+    if (vec_) vec_->drop();
   }
   Hold(const Hold&) = delete;
   Hold& operator=(const Hold&) = delete;
@@ -80,18 +80,18 @@ AttVec::AttVec(IRSlist* form, AttInterpreterList* type) : AttVec(type) {
 }
 
 AttVec::~AttVec() {
-  if (interpreters) release_values();
+  if (interpreters) drop_values();
   BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
 }
 
-void AttVec::release_values() {
+void AttVec::drop_values() {
   for (int w = 0; w < defined.word_count(); ++w)
     for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
          bits &= bits - 1) {
       int index = w * 32 + std::countr_zero(bits);
       const AttSlot& slot = interpreters->slots[index];
       if (slot.at < laid_out_long)
-        interpreters->atts[index]->let_go(std::exchange(long_values[slot.at], 0));
+        interpreters->atts[index]->drop(std::exchange(long_values[slot.at], 0));
     }
 }
 
@@ -106,7 +106,7 @@ void AttVec::operator delete(void* block, std::size_t bytes) {
 // Vectors nest as deep as a grammar lets them grow, far deeper than the stack: below a certain
 // depth they wait until the outer ones are freed. Depth and list are a thread's own, since they
 // limit the use of its stack.
-void AttVec::destroy(AttVec* vec) {
+void AttVec::end(AttVec* vec) {
   constexpr int kMostNested = 100;
   static thread_local int depth = 0;
   static thread_local Array<AttVec*> waiting;
@@ -175,7 +175,7 @@ T* AttVec::own_value(int index, Holds what) {
   auto* value = reinterpret_cast<T*>(slot);
   if (!value || !value->shared()) return value;
   Ref<T> copy = copy_of(*value);
-  value->release();
+  value->drop();
   value = copy.leak();
   slot = reinterpret_cast<AttWord>(value);
   return value;
@@ -219,7 +219,7 @@ void AttVec::take_values(const AttVec& other) {
 
 void AttVec::clear_all() {
   if (!interpreters) return;
-  release_values();
+  drop_values();
   defined.reset();
 }
 

@@ -107,9 +107,10 @@ class AttVec : public Counted<AttVec> {
   void subtract(const AttVec& other, const LBitSet* mask = nullptr);
   /// The subsumption order of the whole system, a code of `subsume`.
   Subsumption compare(const AttVec& other, const LBitSet* mask = nullptr) const;
-  /// Releases every value; the vector is empty and of the same type.
+  /// Drops every value; the vector is empty and of the same type.
   void clear_all();
   /// Becomes a copy of the other, whatever type it is of.
+  // Part of the interface; nothing in the engine calls it yet.
   void copy_from(const AttVec& other);
   bool is_empty() const { return defined.is_empty(); }
 
@@ -121,7 +122,7 @@ class AttVec : public Counted<AttVec> {
   void lay_out();
 
   /// Vectors come from a pool. One that is dropped deep inside others waits for those to be gone.
-  static void destroy(AttVec* vec);
+  static void end(AttVec* vec);
   static void* operator new(std::size_t bytes);
   static void operator delete(void* block, std::size_t bytes);
   static void* operator new(std::size_t, void* place) { return place; }
@@ -137,7 +138,7 @@ class AttVec : public Counted<AttVec> {
   template <class T>
   T* own_value(int index, Holds what);
   void take_values(const AttVec& other);
-  void release_values();
+  void drop_values();
   void print_atts(std::ostream& out, const LBitSet* mask, bool first) const;
 
   template <class Visit>
@@ -173,7 +174,7 @@ class AttVecList : public Counted<AttVecList> {
 
   /// An empty list, an earlier one with its room if there is one to use again.
   static Ref<AttVecList> make();
-  static void destroy(AttVecList* list);
+  static void end(AttVecList* list);
 };
 
 /// One record of a TraceAtt value: the relation under which a displaced constituent stands, and the
@@ -188,7 +189,7 @@ class TraceChain : public Counted<TraceChain> {
   Array<TraceRecord> records;  ///< records[0] is the front of the chain
 
   static Ref<TraceChain> make();
-  static void destroy(TraceChain* chain);
+  static void end(TraceChain* chain);
 };
 
 }  // namespace torvane

@@ -49,7 +49,7 @@ Ref<AttVecList> AttVecList::make() {
   return take<AttVecList>();
 }
 
-void AttVecList::destroy(AttVecList* list) {
+void AttVecList::end(AttVecList* list) {
   give(list, list->vecs);
 }
 
@@ -57,7 +57,7 @@ Ref<TraceChain> TraceChain::make() {
   return take<TraceChain>();
 }
 
-void TraceChain::destroy(TraceChain* chain) {
+void TraceChain::end(TraceChain* chain) {
   give(chain, chain->records);
 }
 

@@ -19,7 +19,7 @@ void AttVec::read(IRSlist* form) {
     if (AttInterpreter* att = interpreters->lookup(att_name, &index)) {
       AttWord value = att->make_val(item.get());
       att->unify(this, index, value, true);
-      att->discard(value);
+      att->drop_unstored(value);
     } else if (AttVec* alias = interpreters->find_alias(att_name)) {
       unify(*alias, nullptr, true);
     } else {

@@ -29,12 +29,12 @@ class CountedAtt : public LongVAtt {
     return std::nullopt;
   }
 
-  /// Counts the new value and releases the old one.
+  /// Counts the new value and drops the old one.
   void set(AttVec* vec, AttWord value) const override {
     AttWord* slot_word = cell(vec);
     if (!slot_word) return;
     AttWord old = std::exchange(*slot_word, this->share(value));
-    if (old) object(old)->release();
+    if (old) object(old)->drop();
   }
   void clear(AttVec* vec) const override {
     if (get(vec)) set(vec, 0);
@@ -43,11 +43,11 @@ class CountedAtt : public LongVAtt {
     if (value) object(value)->retain();
     return value;
   }
-  void let_go(AttWord value) const override {
-    if (value) object(value)->release();
+  void drop(AttWord value) const override {
+    if (value) object(value)->drop();
   }
-  void discard(AttWord value) const override {
-    if (value && object(value)->refcount == 0) T::destroy(object(value));
+  void drop_unstored(AttWord value) const override {
+    if (value && object(value)->refcount == 0) T::end(object(value));
   }
   Value to_value(AttWord value) const override { return Value::of<T>(object(value)); }
 

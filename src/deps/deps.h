@@ -73,7 +73,7 @@ class Deps : public RefCounter {
   void set_words(const LexAnalyzer& lex);
   /// Appends a word, with the text before it. False if there is no room for more.
   bool add_word(const char* text, const char* gap_text);
-  /// Forgets words, nodes, labels and assertions, and takes a new id; whatever a variable still
+  /// Clears words, nodes, labels and assertions, and takes a new id; whatever a variable still
   /// holds of them reads as null. A tree that is clear stays as it is.
   void clear();
   World& world() const { return world_; }
@@ -97,6 +97,7 @@ class Deps : public RefCounter {
   /// The lines of the words low..high, in parentheses: a node's, or that of a bare word.
   void print_word_lines(std::ostream& out, int low, int high, const LBitSet* show);
   /// The words of a node and what is below it, in short: where the parent lies, and the root form.
+  // Part of the interface; nothing in the engine calls it yet.
   void print_short(std::ostream& out, const DepTree& node) const;
   /// Reads the text format, a form that stays as it is.
   void read(const IRSlist& form);

@@ -16,6 +16,7 @@ class RSlist : public Slist<T*> {
  public:
   T* pop() { return this->pop_front(); }
   /// Behind the last element that is not greater: `compare(element, value)` is <0, 0, >0.
+  // Part of the interface; nothing in the engine calls it yet.
   template <class Compare>
   void insert_sorted(T* value, Compare compare) {
     auto is_greater = [&](T* element) { return compare(element, value) > 0; };
@@ -82,7 +83,7 @@ class RSTree : protected RSlist<RSTree> {
   /// Behind the cell (null: in front); the caller has tested the child.
   void insert_behind(Cell* cell, RSTree* child);
   bool can_take(const RSTree* child) const;
-  /// Forgets parent and children, for a node that is used anew.
+  /// Drops parent and children, for a node that is used anew.
   void unlink_all();
 
  private:

@@ -12,7 +12,7 @@ namespace torvane {
 namespace {
 
 constinit const TypeTag kSharedExp{"LExp*", &tags::lexp, Life::counted,
-                                   SharedConstant<LExp>::retain, SharedConstant<LExp>::release};
+                                   SharedConstant<LExp>::retain, SharedConstant<LExp>::drop};
 
 // A copy of a text that lives as long as the world, at a place of its own; null for null.
 const char* constant_text(World& world, const char* text) {

@@ -20,7 +20,7 @@ class Expressions : public WorldPart {
   static constexpr Place kPlace = lexp;
 
   /// Expressions that variables or functions hold go before what expressions lean on.
-  void let_go() override {
+  void drop_values() override {
     functions.clear();
     scopes.clear_values();
   }

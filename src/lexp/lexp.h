@@ -49,6 +49,7 @@ class LExp {
   static std::unique_ptr<LExp> take_exp(World& world, IRSlist& args) {
     return get_exp(world, args.pop_front().get());
   }
+  // Part of the interface; nothing in the engine calls it yet.
   static std::unique_ptr<LExp> get_exp_from_text(World& world, const char* text);
 
  protected:

@@ -101,10 +101,10 @@ TEST_F(LExpTest, ACopyIsIndependent) {
 TEST_F(LExpTest, AnExpressionAsAValueLivesAsLongAsItIsHeld) {
   const int before = Numbered::alive;
   run_.run("(declare-var held) (eval (pred (numbered)) (setq held (pred (pred (numbered)))))");
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_EQ(Numbered::alive, before + 1);
   run_.run("(eval (setq held (nil)))");
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_EQ(Numbered::alive, before);
 }
 

@@ -29,7 +29,7 @@ class SharedConstant {
     return *this;
   }
   ~SharedConstant() {
-    if (thing_) release(word_of(thing_));
+    if (thing_) drop(word_of(thing_));
   }
 
   T* get() const { return thing_; }
@@ -39,7 +39,7 @@ class SharedConstant {
     std::lock_guard guard(table().lock);
     ++table().entries.find(word)->second.holders;
   }
-  static void release(Word word) {
+  static void drop(Word word) {
     // Ends behind the lock: what goes may have constants of its own in the table.
     std::unique_ptr<T> last;
     std::lock_guard guard(table().lock);

@@ -71,7 +71,7 @@ class Scopes {
   void push(int size);
   /// Leaves the top scope; the global one stays.
   void pop();
-  /// Lets go of what the variables hold.
+  /// Clears what the variables hold.
   void clear_values();
 
   /// How many `let`s are being copied with variables of their own.

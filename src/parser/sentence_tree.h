@@ -46,6 +46,7 @@ class SentenceTree {
   StrBufs strings{512};
 
   SentenceNode* new_node();
+  // Part of the interface; nothing in the engine calls it yet.
   void reset();
   /// As an indented s-expression.
   void print(World& world, std::ostream& out) const;

@@ -44,7 +44,7 @@ void TorvaneParser::forget_result() {
     // What is on its way through that expression may belong to it.
     std::uint64_t birth = _deps->eras.birth();
     _deps->eras.renew();
-    lifetimes().retire(birth, tags::deps.release, Value::of(_deps.leak()).word());
+    lifetimes().drop(birth, tags::deps.drop, Value::of(_deps.leak()).word());
   } else {
     _deps->clear();
   }

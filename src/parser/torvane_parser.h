@@ -46,6 +46,7 @@ class TorvaneParser {
   /// Delivers the analyser's items through the network, then makes the dependency tree.
   void parse_items();
   /// feed, then parse_items.
+  // Part of the interface; nothing in the engine calls it yet.
   void parse(const char* text, TokenizerBase* tokenizer);
   /// The result in `_deps`: the forest scored, covered and converted, once a sentence.
   void parse_to_deps();

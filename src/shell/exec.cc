@@ -135,7 +135,7 @@ bool Exec::read_and_run() {
     eval(form);
     form.clear();
   }
-  if (frees_values && running_.size() == 1) lifetimes().free_all();
+  if (frees_values && running_.size() == 1) lifetimes().end_all();
   lift_depth_limits();
   return tokenizer->more_input;
 }

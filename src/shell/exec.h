@@ -42,6 +42,7 @@ class Exec {
   /// Adds a command; an existing name is reported and keeps its command.
   void define(const char* name, Handler handler, const char* doc);
   void define(std::span<const Command> table);
+  // Part of the interface; nothing in the engine calls it yet.
   void redefine(const char* name, Handler handler, const char* doc);
   Handler find(const char* name) const;
   /// Names and texts of the commands matching a regular expression (null: all), sorted.
@@ -64,7 +65,7 @@ class Exec {
   bool show_commands = false;
   TokenizerBase* tokenizer;
   /// Set while the start-up file runs: between its forms nothing is running, so that all that was
-  /// let go can be freed there.
+  /// dropped can be freed there.
   bool frees_values = false;
 
  private:

@@ -60,6 +60,7 @@ class IRSlist : public Pooled<IRSlist> {
   char* nth_str_val(int n) const;
   long get_long_val();
   float get_float_val();
+  // Part of the interface; nothing in the engine calls it yet.
   float nth_float_val(int n) const;
 
   bool has_keyword(const char* keyword) const;

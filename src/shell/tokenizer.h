@@ -67,7 +67,7 @@ class TokenizerBase {
   void set_string_input(const char* text, long length);
   /// Gives a token out first at the next call.
   void push_back(char* token) { pushed_back.append(token); }
-  /// Forgets the tokens given so far.
+  /// Clears the tokens given so far.
   void reset_tokens();
   bool opens_quote(unsigned char c) const { return quote_end[c] != nullptr; }
 

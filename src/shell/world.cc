@@ -28,11 +28,11 @@ World::World(const Console& console)
 World::~World() {
   WorldScope here(*this);
   for (const std::unique_ptr<WorldPart>& part : parts_)
-    if (part) part->let_go();
-  lifetimes.free_all();
+    if (part) part->drop_values();
+  lifetimes.end_all();
   while (!owned_.empty()) owned_.pop_back();
   for (std::size_t i = parts_.size(); i > 0; --i) parts_[i - 1].reset();
-  lifetimes.free_all();
+  lifetimes.end_all();
 }
 
 void World::flush() {

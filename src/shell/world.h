@@ -27,8 +27,8 @@ class WorldPart {
   virtual ~WorldPart() = default;
   /// Writes out what is waiting in open files.
   virtual void flush() {}
-  /// Lets go of what leans on layers above: the first step to the world's end.
-  virtual void let_go() {}
+  /// Drops what leans on layers above: the first step to the world's end.
+  virtual void drop_values() {}
 };
 
 class World {

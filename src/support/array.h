@@ -34,7 +34,7 @@ class Array {
   }
   ~Array() {
     clear();
-    release(data_);
+    drop_block(data_);
   }
 
   int count() const { return count_; }
@@ -88,7 +88,7 @@ class Array {
       new (fresh + i) T(std::move(data_[i]));
       data_[i].~T();
     }
-    release(data_);
+    drop_block(data_);
     data_ = fresh;
     capacity_ += n;
   }
@@ -112,7 +112,7 @@ class Array {
   }
 
  private:
-  static void release(T* data) {
+  static void drop_block(T* data) {
     if (data) ::operator delete(data, std::align_val_t(alignof(T)));
   }
   [[gnu::cold, gnu::noinline]] T& out_of_bounds(int i) const {

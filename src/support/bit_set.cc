@@ -59,7 +59,7 @@ LBitSet& LBitSet::operator=(LBitSet&& other) noexcept {
   return *this;
 }
 
-void LBitSet::drop() {
+void LBitSet::drop_rep() {
   if (rep_ && --rep_->refcount == 0) give_rep(rep_);
 }
 
@@ -76,7 +76,7 @@ void LBitSet::own(int words) {
   LBitSetRep* fresh = take_rep(words, tail);
   if (had > 0) std::copy_n(rep_->words, had, fresh->words);
   std::fill(fresh->words + had, fresh->words + words, tail_word(tail));
-  drop();
+  drop_rep();
   rep_ = fresh;
 }
 
@@ -124,7 +124,7 @@ void LBitSet::init(int nbits, const int* list) {
 }
 
 void LBitSet::reset() {
-  drop();
+  drop_rep();
   rep_ = nullptr;
 }
 

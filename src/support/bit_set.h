@@ -28,7 +28,7 @@ class LBitSet {
   LBitSet(LBitSet&& other) noexcept : rep_(other.rep_) { other.rep_ = nullptr; }
   LBitSet& operator=(const LBitSet& other);
   LBitSet& operator=(LBitSet&& other) noexcept;
-  ~LBitSet() { drop(); }
+  ~LBitSet() { drop_rep(); }
 
   bool test(int i) const {
     if (!rep_ || i < 0) return false;
@@ -39,9 +39,11 @@ class LBitSet {
   void clear(int i);
   /// The bits lo..hi; with hi below lo a message and no change.
   void set(int lo, int hi);
+  // Part of the interface; nothing in the engine calls it yet.
   void clear(int lo, int hi);
   /// Empties a set sized for nbits and sets the bits of `list`, which ends at the first value
   /// outside 0..nbits-1.
+  // Part of the interface; nothing in the engine calls it yet.
   void init(int nbits, const int* list);
   void reset();  ///< the empty set
 
@@ -54,8 +56,10 @@ class LBitSet {
   bool subset_of(const LBitSet& other) const;
   /// 0 equal; 1 this is a proper superset; -1 a proper subset (the empty set is one of every
   /// other); -2 disjoint; 2 overlapping without inclusion.
+  // Part of the interface; nothing in the engine calls it yet.
   int compare(const LBitSet& other) const;
   /// The number of set bits within the words.
+  // Part of the interface; nothing in the engine calls it yet.
   int count() const;
   bool is_empty() const;
   int word_count() const { return rep_ ? rep_->word_count : 0; }
@@ -77,7 +81,7 @@ class LBitSet {
   bool unpack(const char*& p, const char* end);
 
  private:
-  void drop();
+  void drop_rep();
   void own(int words);  // a private rep of at least so many words
 
   LBitSetRep* rep_ = nullptr;

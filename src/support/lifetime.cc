@@ -57,27 +57,27 @@ std::size_t TextStack::place_of(const char* text) const {
 
 Lifetimes::~Lifetimes() {
   LivesIn here(*this);
-  free_all();
+  end_all();
 }
 
-void Lifetimes::end_retired(std::uint64_t from_birth, std::size_t from) {
+void Lifetimes::end_dropped(std::uint64_t from_birth, std::size_t from) {
   std::size_t kept = from;
-  // What ends may let go of more.
-  for (std::size_t i = from; i < retired_.size(); ++i) {
-    Retired thing = retired_[i];
+  // What ends may drop more.
+  for (std::size_t i = from; i < dropped_.size(); ++i) {
+    Dropped thing = dropped_[i];
     if (thing.birth < from_birth) {
-      retired_[kept++] = thing;
+      dropped_[kept++] = thing;
     } else {
       thing.end(thing.word);
     }
   }
-  retired_.resize(kept);
-  retired_count_ = kept;
+  dropped_.resize(kept);
+  dropped_count_ = kept;
 }
 
 void Lifetimes::end_things() {
-  if (retired_count_ != open_.retired) end_retired(open_.start, open_.retired);
-  open_.retired = retired_count_;
+  if (dropped_count_ != open_.dropped) end_dropped(open_.start, open_.dropped);
+  open_.dropped = dropped_count_;
   drop_texts(open_.texts);
 }
 
@@ -87,13 +87,13 @@ void Lifetimes::drop_texts(std::size_t top) {
   open_.turn = ++clock_;
 }
 
-void Lifetimes::free_all() {
-  if (!retired_.empty()) end_retired(0, 0);
+void Lifetimes::end_all() {
+  if (!dropped_.empty()) end_dropped(0, 0);
   for (Open& open : outer_) {
     open.turn = ++clock_;
-    open.retired = open.texts = 0;
+    open.dropped = open.texts = 0;
   }
-  open_.retired = open_.texts = 0;
+  open_.dropped = open_.texts = 0;
   drop_texts(0);
 }
 

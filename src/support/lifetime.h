@@ -78,16 +78,16 @@ class Lifetimes {
   /// A copy of a text, until the turn in hand ends.
   const char* keep(std::string_view text) { return texts_.push(text); }
   /// Ends a thing once nothing can reach it that has seen it since its birth.
-  void retire(std::uint64_t birth, End end, std::intptr_t word) {
-    retired_.push_back({birth, end, word});
-    ++retired_count_;
+  void drop(std::uint64_t birth, End end, std::intptr_t word) {
+    dropped_.push_back({birth, end, word});
+    ++dropped_count_;
   }
-  /// Ends everything that was let go, and every text: where nothing runs.
-  void free_all();
+  /// Ends everything that was dropped, and every text: where nothing runs.
+  void end_all();
   /// The same, but not while an expression waits for commands that it runs: to be called where no
   /// other expression runs, such as between two sentences.
   void settle() {
-    if (waiting_ == 0) free_all();
+    if (waiting_ == 0) end_all();
   }
   bool expression_waits() const { return waiting_ > 0; }
 
@@ -106,7 +106,7 @@ class Lifetimes {
   friend class Round;
   friend class TextScope;
   friend class WaitForCommands;
-  struct Retired {
+  struct Dropped {
     std::uint64_t birth;
     End end;
     std::intptr_t word;
@@ -114,23 +114,23 @@ class Lifetimes {
   struct Open {
     std::uint64_t start = 0;  // what is born from then on is the round's own
     std::uint64_t turn = 1;
-    std::size_t retired = 0;  // how many things were let go before
+    std::size_t dropped = 0;  // how many things were dropped before
     std::size_t texts = 0;    // where the texts of before end
   };
 
   const Open& at(std::size_t depth) const { return depth < outer_.size() ? outer_[depth] : open_; }
   void end_turn() {
-    if (retired_count_ != open_.retired || texts_.top() != open_.texts) end_things();
+    if (dropped_count_ != open_.dropped || texts_.top() != open_.texts) end_things();
   }
   void end_things();
-  void end_retired(std::uint64_t from_birth, std::size_t from);
+  void end_dropped(std::uint64_t from_birth, std::size_t from);
   void drop_texts(std::size_t top);
 
   std::uint64_t clock_ = 1;
   Open open_;                // the innermost round; at the bottom, what no round is around
   std::vector<Open> outer_;  // those around it, outermost first
-  std::vector<Retired> retired_;
-  std::size_t retired_count_ = 0;  // its size, which is asked for often
+  std::vector<Dropped> dropped_;
+  std::size_t dropped_count_ = 0;  // its size, which is asked for often
   TextStack texts_;
   int waiting_ = 0;
 };
@@ -169,7 +169,7 @@ class Round {
   Round() : all_(lifetimes()) {
     all_.outer_.push_back(all_.open_);
     std::uint64_t start = ++all_.clock_;
-    all_.open_ = {start, start, all_.retired_count_, all_.texts_.top()};
+    all_.open_ = {start, start, all_.dropped_count_, all_.texts_.top()};
   }
   ~Round() {
     all_.end_turn();
@@ -210,27 +210,27 @@ class WaitForCommands {
   WaitForCommands& operator=(const WaitForCommands&) = delete;
 };
 
-/// Destroys a thing once nothing can reach it.
+/// Ends a thing once nothing can reach it.
 template <class T>
-void retire(std::unique_ptr<T> thing, std::uint64_t birth) {
+void drop(std::unique_ptr<T> thing, std::uint64_t birth) {
   if (!thing) return;
-  lifetimes().retire(
+  lifetimes().drop(
       birth, [](std::intptr_t word) { delete reinterpret_cast<T*>(word); },
       reinterpret_cast<std::intptr_t>(thing.release()));
 }
 
 /// Gives a counted thing (Counted) out as a value: it stays until the turn in hand ends, whoever
-/// lets go of it, without being counted for that.
+/// drops it, without being counted for that.
 template <class T>
 void lend(const T& object) {
   if (std::exchange(object.lent, true)) return;
   Lifetimes& all = lifetimes();
-  all.retire(
+  all.drop(
       all.now(),
       [](std::intptr_t word) {
         auto* lent = reinterpret_cast<T*>(word);
         lent->lent = false;
-        if (lent->refcount == 0) T::destroy(lent);
+        if (lent->refcount == 0) T::end(lent);
       },
       reinterpret_cast<std::intptr_t>(&object));
 }

@@ -85,7 +85,7 @@ void* BlockPool::take_fresh(std::size_t words) {
   return block;
 }
 
-void BlockPool::free_fresh(void* block) {
+void BlockPool::drop_fresh(void* block) {
   ::operator delete(block);
 }
 

@@ -31,7 +31,7 @@ class BlockPool {
   static void give(void* block, std::size_t words) {
     if (block == nullptr) return;
     if (words >= kSizes || kAddressSanitizer) {
-      free_fresh(block);
+      drop_fresh(block);
       return;
     }
     auto* freed = static_cast<Link*>(block);
@@ -58,7 +58,7 @@ class BlockPool {
   class Process;
 
   static void* take_fresh(std::size_t words);
-  static void free_fresh(void* block);
+  static void drop_fresh(void* block);
 
   static inline constinit thread_local Link* free_[kSizes] = {};
 };

@@ -6,18 +6,18 @@
 
 namespace torvane {
 
-/// Base of an object with a count of owners. The owner that lets go last destroys the object,
-/// through `T::destroy(T*)` if T has one of its own (a pool), else with delete.
+/// Base of an object with a count of owners. The owner that drops it last ends it:
+/// through `T::end(T*)` if T has one of its own (a pool), else with delete.
 template <class T>
 class Counted {
  public:
   void retain() const { ++refcount; }
-  void release() const {
-    if (--refcount == 0 && !lent) T::destroy(const_cast<T*>(static_cast<const T*>(this)));
+  void drop() const {
+    if (--refcount == 0 && !lent) T::end(const_cast<T*>(static_cast<const T*>(this)));
   }
   /// More than one owner: whoever wants to change the object copies it first.
   bool shared() const { return refcount > 1; }
-  static void destroy(T* object) { delete object; }
+  static void end(T* object) { delete object; }
 
   mutable std::int32_t refcount = 0;
   mutable bool lent = false;  ///< stays for a while without an owner, too: see `lend`
@@ -44,7 +44,7 @@ class Ref {
     return *this;
   }
   ~Ref() {
-    if (object_) object_->release();
+    if (object_) object_->drop();
   }
 
   T* get() const { return object_; }

@@ -1,5 +1,5 @@
 // Whether the build runs under the address sanitizer. It is to see what is freed, so nothing is
-// recycled then; and its frames are larger.
+// used again then; and its frames are larger.
 #pragma once
 
 namespace torvane {

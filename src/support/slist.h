@@ -24,7 +24,7 @@ inline constexpr std::size_t kCellWords = BlockPool::words_for(sizeof(Cell));
 inline Cell* new_cell() {
   return static_cast<Cell*>(BlockPool::take(kCellWords));
 }
-inline void free_cell(Cell* cell) {
+inline void drop_cell(Cell* cell) {
   BlockPool::give(cell, kCellWords);
 }
 }  // namespace slist_detail
@@ -111,7 +111,7 @@ class Slist {
       before->next = dead->next;
       if (dead == tail_) tail_ = before;
     }
-    slist_detail::free_cell(dead);
+    slist_detail::drop_cell(dead);
   }
   /// Element n from 0; a null value beyond the end.
   T nth(int n) const {
@@ -243,6 +243,7 @@ class Slist {
 
 /// A walk over a list that may insert and remove where it stands: `cursor` is the cell before the
 /// current one, so the current one can go without a search.
+// Part of the interface; nothing in the engine calls it yet.
 template <class T>
 class SlistIterator {
  public:

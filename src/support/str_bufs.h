@@ -74,6 +74,7 @@ class StrBufs {
   char* concat(const char* a, const char* b, const char* c = nullptr, const char* d = nullptr,
                const char* e = nullptr);
   /// The text as an atom that reads back: as it stands, or in double quotes.
+  // Part of the interface; nothing in the engine calls it yet.
   char* quote(const char* atom);
   /// One line without its newline; null if the stream has failed.
   char* read_line(std::istream& stream);

@@ -31,8 +31,8 @@ const TypeTag& Era::kind(const TypeTag& base) {
 void Eras::renew() {
   if (era_->holders_ > 0 || lifetimes().expression_waits()) {
     era_->over_ = true;
-    lifetimes().retire(
-        birth_, [](Word word) { reinterpret_cast<Era*>(word)->release(); },
+    lifetimes().drop(
+        birth_, [](Word word) { reinterpret_cast<Era*>(word)->drop(); },
         reinterpret_cast<Word>(era_.leak()));
     era_ = make_ref<Era>();
   }
@@ -42,7 +42,7 @@ void Eras::renew() {
 // The characters stand behind it, so that a text leads to its copy.
 struct HeldValue::Text {
   int holders = 1;
-  bool let_go = false;  // and may be held again, by whoever has it on its way
+  bool dropped = false;  // and may be held again, by whoever has it on its way
   std::uint64_t birth = lifetimes().now();
   Lifetimes::Turn origin;  // through which the original is sure to live
 
@@ -56,14 +56,14 @@ struct HeldValue::Text {
   static Text* of(const char* chars) {
     return reinterpret_cast<Text*>(const_cast<char*>(chars)) - 1;
   }
-  void release() {
-    if (--holders > 0 || let_go) return;
-    let_go = true;
-    lifetimes().retire(birth, end, reinterpret_cast<Word>(this));
+  void drop() {
+    if (--holders > 0 || dropped) return;
+    dropped = true;
+    lifetimes().drop(birth, end, reinterpret_cast<Word>(this));
   }
   static void end(Word word) {
     auto* text = reinterpret_cast<Text*>(word);
-    text->let_go = false;
+    text->dropped = false;
     if (text->holders == 0) ::operator delete(text);
   }
 };
@@ -128,11 +128,11 @@ void HeldValue::share() {
 }
 
 void HeldValue::drop() {
-  if (text_) text_->release();
-  if (counts()) lifetimes().retire(mark_, value_.tag_->release, value_.word_);
+  if (text_) text_->drop();
+  if (counts()) lifetimes().drop(mark_, value_.tag_->drop, value_.word_);
   if (era_) {
     --era_->holders_;
-    era_->release();
+    era_->drop();
   }
 }
 

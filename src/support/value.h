@@ -40,7 +40,7 @@ struct TypeTag {
   const TypeTag* base = nullptr;
   Life life = Life::forever;
   void (*retain)(Word) = nullptr;          ///< for Life::counted
-  void (*release)(Word) = nullptr;         ///< for Life::counted
+  void (*drop)(Word) = nullptr;            ///< for Life::counted
   std::uint64_t (*stamp)(Word) = nullptr;  ///< for Life::stamped
   /// For Life::sentence: the era that a thing belongs to, as the thing tells; null if it has ended.
   /// A counted thing may belong to one, too.
@@ -54,7 +54,7 @@ template <class T>
 constexpr TypeTag counted_tag(const char* name) {
   TypeTag tag{.name = name, .life = Life::counted};
   tag.retain = [](Word word) { reinterpret_cast<const T*>(word)->retain(); };
-  tag.release = [](Word word) { reinterpret_cast<const T*>(word)->release(); };
+  tag.drop = [](Word word) { reinterpret_cast<const T*>(word)->drop(); };
   return tag;
 }
 template <class T, class EraOf>

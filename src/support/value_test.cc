@@ -92,11 +92,11 @@ TEST(HeldValue, GivesTheTextItselfWhileThatIsSureToLive) {
   }
   EXPECT_EQ(copy.get(), other.get());
 
-  // Let go, and held again by whoever has it on its way.
+  // Dropped, and held again by whoever has it on its way.
   Value on_its_way = copy.get();
   copy = other = HeldValue();
   HeldValue again(on_its_way);
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_STREQ(again.get().text(), "made");
 }
 
@@ -132,10 +132,10 @@ TEST(HeldValue, CountsWhatIsCounted) {
   held.reset();
   sentences.reset();
   EXPECT_EQ(alive, 2);
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_EQ(alive, 1);
   copy = HeldValue();
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_EQ(alive, 0);
 }
 
@@ -159,7 +159,7 @@ TEST(Round, EndsWhatWasBornInIt) {
     }
   }
   EXPECT_STREQ(on_its_way.text(), "old");
-  lifetimes().free_all();
+  lifetimes().end_all();
   EXPECT_EQ(alive, 0);
 }
 

@@ -10,7 +10,7 @@
 
 namespace torvane {
 
-/// Ends with the innermost MatchScope around its making; nobody destroys one.
+/// Ends with the innermost MatchScope around its making; nobody ends one.
 struct TreeMatch {
   TreeMatch* last = nullptr;     ///< the children as a ring: the first stands behind the last
   RSTree* node = nullptr;        ///< null in an empty match

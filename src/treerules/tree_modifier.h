@@ -39,6 +39,7 @@ struct ValueTraits<TreeModifier> {
 void parse_rules(World& world, IRSlist* forms, TreeModifier& rules);
 void clear_rules(TreeModifier& rules);
 /// Does nothing for a null list or tree.
+// Part of the interface; nothing in the engine calls it yet.
 void apply_rules(TreeModifier* rules, RSTree* tree);
 
 }  // namespace torvane

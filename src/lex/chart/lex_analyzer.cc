@@ -106,7 +106,7 @@ void LexAnalyzer::drop_items() {
   if (may_be_read) {
     std::unique_ptr<Dropped> dropped(
         new Dropped{*this, std::move(pool_), std::move(join_), all_items_, std::move(meanings)});
-    retire(std::move(dropped), eras_.birth());
+    drop(std::move(dropped), eras_.birth());
   } else {
     pool_.reset();
     join_.reset();

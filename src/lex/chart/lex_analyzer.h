@@ -67,6 +67,7 @@ class LexAnalyzer {
   void add_word(const char* text);
   void add_gap(const char* text);
   /// A blank gap and a word for each atom.
+  // Part of the interface; nothing in the engine calls it yet.
   void add_sentence(const IRSlist* sentence);
 
   /// Number of positions, the sentinel included; 0 before the first word.

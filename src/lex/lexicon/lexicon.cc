@@ -113,7 +113,7 @@ void Lexicon::end_dropped() {
   if (pins_ > 0 || dropped_.empty()) return;
   for (std::unique_ptr<LexEntry>& entry : std::exchange(dropped_, {})) {
     std::uint64_t birth = entry->birth;
-    retire(std::move(entry), birth);
+    drop(std::move(entry), birth);
   }
 }
 

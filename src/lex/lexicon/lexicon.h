@@ -35,6 +35,7 @@ class Lexicon {
   LexEntry* load_from_disk(const char* key);
   /// Reads all entries of a stream.
   void load(std::istream& in, bool no_dup);
+  // Part of the interface; nothing in the engine calls it yet.
   void load_unique(std::istream& in);
   std::unique_ptr<LexEntry> new_entry(const char* key);
   LexEntry* add_if_absent(IRSlist* form);
@@ -59,7 +60,6 @@ class Lexicon {
   LexEntry* make_entry(const char* key, bool search_disk);
   /// Drops all entries, and which words were not found.
   void clear();
-  bool has_endings() const { return ending_table_ != nullptr; }
 
   World& world() const { return world_; }
 

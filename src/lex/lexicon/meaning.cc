@@ -124,7 +124,7 @@ struct MeaningType : Adaptor<MeaningType, Meaning, Value, const char*> {
 
 constinit const TypeTag kSharedMeaning{"Meaning*", &tags::meaning, Life::counted,
                                        SharedConstant<Meaning>::retain,
-                                       SharedConstant<Meaning>::release};
+                                       SharedConstant<Meaning>::drop};
 
 /// A meaning as a constant of the expression language.
 class AVMConst : public Form<AVMConst, LConst> {

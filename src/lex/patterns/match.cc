@@ -26,7 +26,7 @@ bool before(const Ref<Match>& a, const Ref<Match>& b) {
 }  // namespace
 
 // Nested matches go one by one, however deep they are.
-void Match::destroy(Match* match) {
+void Match::end(Match* match) {
   match->next_ = nullptr;
   while (match) {
     Match* dead = std::exchange(match, match->next_);

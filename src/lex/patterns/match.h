@@ -31,7 +31,7 @@ class Match : public Counted<Match>, public Pooled<Match> {
   /// A match of these parts, left to right.
   static Ref<Match> of_parts(LexAnalyzer* in, int from, int to, LexItem* about,
                              const std::vector<Ref<Match>>& parts);
-  static void destroy(Match* match);
+  static void end(Match* match);
 
   bool is_empty() const { return high < low; }
   /// Component n: from 1 at the left, from -1 at the right; null for 0 or out of range.

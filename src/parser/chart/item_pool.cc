@@ -57,7 +57,7 @@ void ItemPool::set_aside() {
   std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
   forgotten->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
   pool_.erase(used, pool_.end());
-  retire(std::move(forgotten), eras_.birth());
+  drop(std::move(forgotten), eras_.birth());
 }
 
 void ItemPool::recycle(std::vector<std::unique_ptr<PItem>>& items) {
