@@ -28,9 +28,10 @@ class PackedReader {
     good_ = false;
   }
 
-  signed char byte() {
+  /// With its sign.
+  std::int16_t byte() {
     const char* from = take(1);
-    return from ? static_cast<signed char>(*from) : static_cast<signed char>(0);
+    return from ? static_cast<signed char>(*from) : std::int16_t{0};
   }
   std::uint16_t half() {
     const char* from = take(2);
