@@ -17,14 +17,12 @@ std::size_t block_words(int capacity) {
 }
 
 // The capacity comes in steps of four words, so that few sizes of blocks wait in the pool.
-LBitSetRep* take_rep(int words, bool tail) {
-  int capacity = std::max(4, (words + 3) & ~3);
+LBitSetRep* take_rep(int words) {
+  int capacity = (words + 3) & ~3;
   auto* rep = static_cast<LBitSetRep*>(BlockPool::take(block_words(capacity)));
   rep->words = reinterpret_cast<std::uint32_t*>(rep + 1);
   rep->capacity = capacity;
   rep->refcount = 1;
-  rep->word_count = words;
-  rep->complement = tail;
   return rep;
 }
 
@@ -44,52 +42,39 @@ std::uint32_t run_of_bits(int lo, int hi) {
 }  // namespace
 
 LBitSet::LBitSet(int nbits) {
-  if (nbits < 1) return;
-  int words = ((nbits - 1) >> 5) + 1;
-  rep_ = take_rep(words, false);
-  std::fill_n(rep_->words, words, 0u);
-}
-
-LBitSet& LBitSet::operator=(const LBitSet& other) {
-  return *this = LBitSet(other);
-}
-
-LBitSet& LBitSet::operator=(LBitSet&& other) noexcept {
-  std::swap(rep_, other.rep_);
-  return *this;
+  if (nbits > 0) own(((nbits - 1) >> 5) + 1);
 }
 
 void LBitSet::drop_rep() {
-  if (rep_ && --rep_->refcount == 0) give_rep(rep_);
+  if (--part_.rep->refcount == 0) give_rep(part_.rep);
 }
 
 // The words beyond the old ones take the value of the tail.
-void LBitSet::own(int words) {
-  int had = word_count();
+std::uint32_t* LBitSet::grow(int words) {
+  const int had = word_count_;
   words = std::max(words, had);
-  if (rep_ && rep_->refcount == 1 && rep_->capacity >= words) {
-    std::fill(rep_->words + had, rep_->words + words, tail_word(rep_->complement));
-    rep_->word_count = words;
-    return;
+  const bool fits =
+      words <= kWithin || (has_rep() && part_.rep->refcount == 1 && part_.rep->capacity >= words);
+  if (!fits) {
+    LBitSetRep* fresh = take_rep(words);
+    std::copy_n(this->words(), had, fresh->words);
+    if (has_rep()) drop_rep();
+    part_.rep = fresh;
   }
-  bool tail = has_tail();
-  LBitSetRep* fresh = take_rep(words, tail);
-  if (had > 0) std::copy_n(rep_->words, had, fresh->words);
-  std::fill(fresh->words + had, fresh->words + words, tail_word(tail));
-  drop_rep();
-  rep_ = fresh;
+  word_count_ = words;
+  std::uint32_t* mine = has_rep() ? part_.rep->words : part_.within;
+  std::fill(mine + had, mine + words, tail_word(complement_));
+  return mine;
 }
 
 void LBitSet::set(int i) {
   if (i < 0 || test(i)) return;
-  own((i >> 5) + 1);
-  rep_->words[i >> 5] |= 1u << (i & 31);
+  own((i >> 5) + 1)[i >> 5] |= 1u << (i & 31);
 }
 
 void LBitSet::clear(int i) {
   if (i < 0 || !test(i)) return;
-  own((i >> 5) + 1);
-  rep_->words[i >> 5] &= ~(1u << (i & 31));
+  own((i >> 5) + 1)[i >> 5] &= ~(1u << (i & 31));
 }
 
 void LBitSet::set(int lo, int hi) {
@@ -100,9 +85,9 @@ void LBitSet::set(int lo, int hi) {
   lo = std::max(lo, 0);
   if (has_tail()) hi = std::min(hi, word_count() * 32 - 1);
   if (hi < lo) return;
-  own((hi >> 5) + 1);
+  std::uint32_t* mine = own((hi >> 5) + 1);
   for (int w = lo >> 5; w <= hi >> 5; ++w)
-    rep_->words[w] |= run_of_bits(w == lo >> 5 ? lo & 31 : 0, w == hi >> 5 ? hi & 31 : 31);
+    mine[w] |= run_of_bits(w == lo >> 5 ? lo & 31 : 0, w == hi >> 5 ? hi & 31 : 31);
 }
 
 void LBitSet::clear(int lo, int hi) {
@@ -113,9 +98,9 @@ void LBitSet::clear(int lo, int hi) {
   lo = std::max(lo, 0);
   if (!has_tail()) hi = std::min(hi, word_count() * 32 - 1);
   if (hi < lo) return;
-  own((hi >> 5) + 1);
+  std::uint32_t* mine = own((hi >> 5) + 1);
   for (int w = lo >> 5; w <= hi >> 5; ++w)
-    rep_->words[w] &= ~run_of_bits(w == lo >> 5 ? lo & 31 : 0, w == hi >> 5 ? hi & 31 : 31);
+    mine[w] &= ~run_of_bits(w == lo >> 5 ? lo & 31 : 0, w == hi >> 5 ? hi & 31 : 31);
 }
 
 void LBitSet::init(int nbits, const int* list) {
@@ -124,14 +109,16 @@ void LBitSet::init(int nbits, const int* list) {
 }
 
 void LBitSet::reset() {
-  drop_rep();
-  rep_ = nullptr;
+  if (has_rep()) drop_rep();
+  word_count_ = 0;
+  complement_ = false;
 }
 
 LBitSet LBitSet::complement() const {
   LBitSet result;
-  result.rep_ = take_rep(word_count(), !has_tail());
-  for (int w = 0; w < word_count(); ++w) result.rep_->words[w] = ~rep_->words[w];
+  std::uint32_t* theirs = result.own(word_count());
+  for (int w = 0; w < word_count(); ++w) theirs[w] = ~words()[w];
+  result.complement_ = !complement_;
   return result;
 }
 
@@ -148,37 +135,35 @@ LBitSet LBitSet::operator|(const LBitSet& other) const {
 }
 
 LBitSet& LBitSet::operator&=(const LBitSet& other) {
-  if (!rep_ || rep_ == other.rep_) return *this;
-  if (!other.rep_) {
+  if (is_none() || same_rep(other)) return *this;
+  if (other.is_none()) {
     reset();
     return *this;
   }
   // Words beyond a finite set can only be zero: they need no room.
   bool changes = has_tail() && (!other.has_tail() || other.word_count() > word_count());
-  for (int w = 0; w < word_count() && !changes; ++w)
-    changes = (rep_->words[w] & ~other.word(w)) != 0;
+  for (int w = 0; w < word_count() && !changes; ++w) changes = (words()[w] & ~other.word(w)) != 0;
   if (!changes) return *this;
-  own(has_tail() ? other.word_count() : 0);
-  for (int w = 0; w < rep_->word_count; ++w) rep_->words[w] &= other.word(w);
-  rep_->complement = rep_->complement && other.has_tail();
+  std::uint32_t* mine = own(has_tail() ? other.word_count() : 0);
+  for (int w = 0; w < word_count(); ++w) mine[w] &= other.word(w);
+  complement_ = complement_ && other.has_tail();
   return *this;
 }
 
 LBitSet& LBitSet::operator|=(const LBitSet& other) {
-  if (!other.rep_ || rep_ == other.rep_) return *this;
-  if (!rep_) return *this = other;
+  if (other.is_none() || same_rep(other)) return *this;
+  if (is_none()) return *this = other;
   bool changes = !has_tail() && (other.has_tail() || other.word_count() > word_count());
-  for (int w = 0; w < word_count() && !changes; ++w)
-    changes = (other.word(w) & ~rep_->words[w]) != 0;
+  for (int w = 0; w < word_count() && !changes; ++w) changes = (other.word(w) & ~words()[w]) != 0;
   if (!changes) return *this;
-  own(has_tail() ? 0 : other.word_count());
-  for (int w = 0; w < rep_->word_count; ++w) rep_->words[w] |= other.word(w);
-  rep_->complement = rep_->complement || other.has_tail();
+  std::uint32_t* mine = own(has_tail() ? 0 : other.word_count());
+  for (int w = 0; w < word_count(); ++w) mine[w] |= other.word(w);
+  complement_ = complement_ || other.has_tail();
   return *this;
 }
 
 bool LBitSet::operator==(const LBitSet& other) const {
-  if (rep_ == other.rep_) return true;
+  if (same_rep(other)) return true;
   if (has_tail() != other.has_tail()) return false;
   int words = std::max(word_count(), other.word_count());
   for (int w = 0; w < words; ++w)
@@ -195,7 +180,7 @@ bool LBitSet::subset_of(const LBitSet& other) const {
 }
 
 int LBitSet::compare(const LBitSet& other) const {
-  if (rep_ == other.rep_) return 0;
+  if (same_rep(other)) return 0;
   bool outside = has_tail() && !other.has_tail();        // bits of this outside the other
   bool other_outside = other.has_tail() && !has_tail();  // and the reverse
   bool common = has_tail() && other.has_tail();
@@ -215,21 +200,21 @@ int LBitSet::compare(const LBitSet& other) const {
 
 int LBitSet::count() const {
   int n = 0;
-  for (int w = 0; w < word_count(); ++w) n += std::popcount(rep_->words[w]);
+  for (int w = 0; w < word_count(); ++w) n += std::popcount(words()[w]);
   return n;
 }
 
 bool LBitSet::is_empty() const {
   if (has_tail()) return false;
   for (int w = 0; w < word_count(); ++w)
-    if (rep_->words[w]) return false;
+    if (words()[w]) return false;
   return true;
 }
 
 void LBitSet::pack(StrBufs& out) const {
   out.add_be16(static_cast<std::uint16_t>(word_count()));
   int words = word_count() & 0xffff;
-  for (int w = 0; w < words; ++w) out.add_be32(rep_->words[w]);
+  for (int w = 0; w < words; ++w) out.add_be32(this->words()[w]);
 }
 
 bool LBitSet::unpack(const char*& p, const char* end) {
@@ -238,9 +223,8 @@ bool LBitSet::unpack(const char*& p, const char* end) {
   int words = load_be16(p);
   if ((end - p - 2) / 4 < words) return false;
   p += 2;
-  if (words == 0) return true;
-  rep_ = take_rep(words, false);
-  for (int w = 0; w < words; ++w, p += 4) rep_->words[w] = load_be32(p);
+  std::uint32_t* mine = own(words);
+  for (int w = 0; w < words; ++w, p += 4) mine[w] = load_be32(p);
   return true;
 }
 

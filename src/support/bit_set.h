@@ -3,38 +3,54 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #include "support/str_bufs.h"
 
 namespace torvane {
 
-/// The shared part of an LBitSet. Reps are pooled: making and dropping sets of the usual sizes does
-/// not reach the allocator.
+/// The shared part of a large LBitSet. Reps are pooled: making and dropping sets of the usual sizes
+/// does not reach the allocator.
 struct LBitSetRep {
   std::int32_t refcount;
-  std::uint32_t* words;  ///< bit i is bit i & 31 of word i >> 5
-  std::int32_t word_count;
-  std::uint8_t complement;  ///< the value of every bit beyond the words
-  std::int32_t capacity;    ///< words that the block holds; for the pool
+  std::uint32_t* words;   ///< bit i is bit i & 31 of word i >> 5
+  std::int32_t capacity;  ///< words that the block holds; for the pool
 };
 
+/// Two words stand in the set itself, which is what attribute types usually need: a vector's sets
+/// are read without another look at memory.
 class LBitSet {
  public:
-  LBitSet() = default;  ///< the empty set, no rep
+  LBitSet() = default;  ///< the empty set
   explicit LBitSet(int nbits);
-  LBitSet(const LBitSet& other) : rep_(other.rep_) {
-    if (rep_) ++rep_->refcount;
+  LBitSet(const LBitSet& other)
+      : part_(other.part_), word_count_(other.word_count_), complement_(other.complement_) {
+    if (has_rep()) ++part_.rep->refcount;
   }
-  LBitSet(LBitSet&& other) noexcept : rep_(other.rep_) { other.rep_ = nullptr; }
-  LBitSet& operator=(const LBitSet& other);
-  LBitSet& operator=(LBitSet&& other) noexcept;
-  ~LBitSet() { drop_rep(); }
+  LBitSet(LBitSet&& other) noexcept
+      : part_(other.part_), word_count_(other.word_count_), complement_(other.complement_) {
+    other.word_count_ = 0;
+    other.complement_ = false;
+  }
+  LBitSet& operator=(const LBitSet& other) {
+    if (has_rep() || other.has_rep()) {
+      LBitSet(other).swap(*this);
+    } else {
+      part_ = other.part_;
+      word_count_ = other.word_count_;
+      complement_ = other.complement_;
+    }
+    return *this;
+  }
+  LBitSet& operator=(LBitSet&& other) noexcept {
+    swap(other);
+    return *this;
+  }
+  ~LBitSet() {
+    if (has_rep()) drop_rep();
+  }
 
-  bool test(int i) const {
-    if (!rep_ || i < 0) return false;
-    return (i >> 5) < rep_->word_count ? (rep_->words[i >> 5] >> (i & 31)) & 1
-                                       : rep_->complement != 0;
-  }
+  bool test(int i) const { return i >= 0 && ((word(i >> 5) >> (i & 31)) & 1); }
   void set(int i);
   void clear(int i);
   /// The bits lo..hi; with hi below lo a message and no change.
@@ -62,17 +78,16 @@ class LBitSet {
   // Part of the interface; nothing in the engine calls it yet.
   int count() const;
   bool is_empty() const;
-  int word_count() const { return rep_ ? rep_->word_count : 0; }
+  int word_count() const { return word_count_; }
   std::uint32_t word(int w) const {
-    if (!rep_) return 0;
-    return w < rep_->word_count ? rep_->words[w] : (rep_->complement ? ~0u : 0u);
+    return w < word_count_ ? words()[w] : (complement_ ? ~0u : 0u);
   }
-  bool has_tail() const { return rep_ && rep_->complement; }
+  bool has_tail() const { return complement_; }
   /// Makes the bits of `mask` in word w as they are in `bits`, for work on many bits at once.
   void put_word(int w, std::uint32_t mask, std::uint32_t bits) {
     if (((word(w) ^ bits) & mask) == 0) return;
-    if (rep_ == nullptr || rep_->refcount > 1 || w >= rep_->word_count) own(w + 1);
-    rep_->words[w] = (rep_->words[w] & ~mask) | (bits & mask);
+    std::uint32_t* mine = own(w + 1);
+    mine[w] = (mine[w] & ~mask) | (bits & mask);
   }
 
   /// 16-bit word count and the words, big-endian. The tail is not written.
@@ -81,10 +96,32 @@ class LBitSet {
   bool unpack(const char*& p, const char* end);
 
  private:
-  void drop_rep();
-  void own(int words);  // a private rep of at least so many words
+  static constexpr int kWithin = 2;
 
-  LBitSetRep* rep_ = nullptr;
+  bool has_rep() const { return word_count_ > kWithin; }
+  const std::uint32_t* words() const { return has_rep() ? part_.rep->words : part_.within; }
+  bool is_none() const { return word_count_ == 0 && !complement_; }
+  bool same_rep(const LBitSet& other) const {
+    return has_rep() && other.has_rep() && part_.rep == other.part_.rep;
+  }
+  void swap(LBitSet& other) noexcept {
+    std::swap(part_, other.part_);
+    std::swap(word_count_, other.word_count_);
+    std::swap(complement_, other.complement_);
+  }
+  void drop_rep();
+  /// The words, at least so many, of no other set.
+  std::uint32_t* own(int words) {
+    return words <= word_count_ && !has_rep() ? part_.within : grow(words);
+  }
+  std::uint32_t* grow(int words);
+
+  union {
+    std::uint32_t within[kWithin];
+    LBitSetRep* rep;
+  } part_ = {{0, 0}};
+  std::int32_t word_count_ = 0;
+  bool complement_ = false;  // the value of every bit beyond the words
 };
 
 /// Yields the set bits within the words, ascending, then -1. It walks the set as it was at the

@@ -28,11 +28,6 @@ int count_trees(const Derivation& entry) {
   return saturated(entry.head ? n * entry.head->n_trees : n);
 }
 
-std::size_t hash_of(const PItem* item) {
-  auto word = reinterpret_cast<std::uintptr_t>(item) >> 4;
-  return static_cast<std::size_t>(word * 0x9E3779B97F4A7C15u >> 20);
-}
-
 }  // namespace
 
 Derivations join(const Derivations& first, const Derivations& rest) {
@@ -62,21 +57,10 @@ void ParseForest::clear() {
   ++sentence_;
 }
 
-ParseForest::Slot& ParseForest::find_slot(const PItem* first) {
-  std::size_t mask = table_.size() - 1;
-  std::size_t i = hash_of(first) & mask;
-  while (table_[i].sentence == sentence_ && table_[i].chain->first != first) i = (i + 1) & mask;
-  return table_[i];
-}
-
-void ParseForest::grow_table() {
-  table_.assign(std::max(kLeastSlots, table_.size() * 2), Slot{nullptr, 0});
-  chains_.for_each([&](Chain& chain) { find_slot(chain.first) = {&chain, sentence_}; });
-}
-
 ParseForest::Chain* ParseForest::chain_of(PItem* first) {
-  if (chains_.used() * 2 >= table_.size()) grow_table();
-  Slot& slot = find_slot(first);
+  const auto order = static_cast<std::size_t>(first->order);
+  if (order >= table_.size()) table_.resize(std::max(kLeastSlots, order * 2));
+  Slot& slot = table_[order];
   if (slot.sentence == sentence_) return slot.chain;
   Chain* chain = chains_.take();
   std::vector<ModifierSide> sides = std::move(chain->sides);

@@ -106,11 +106,6 @@ class ParseForest {
       return &all_[used_++];
     }
     void reset() { used_ = 0; }
-    template <class Visit>
-    void for_each(Visit visit) {
-      for (std::size_t i = 0; i < used_; ++i) visit(all_[i]);
-    }
-    std::size_t used() const { return used_; }
 
    private:
     std::deque<T> all_;
@@ -118,8 +113,6 @@ class ParseForest {
   };
 
   Chain* chain_of(PItem* first);
-  Slot& find_slot(const PItem* first);
-  void grow_table();
   /// Builds the chain's decompositions, and before them those of all chains that they consist of.
   Chain* expand(PItem* first);
   Chain* unbuilt_part(Chain& chain);
@@ -143,7 +136,7 @@ class ParseForest {
   Pool<TNode> tnodes_;
   Pool<Derivation> derivations_;
   Pool<Derivations> views_;
-  std::vector<Slot> table_;
+  std::vector<Slot> table_;  // by the order in which the items were made
   std::uint64_t sentence_ = 1;
   std::vector<Chain*> stack_;
   std::vector<Chain*> alternatives_;
