@@ -37,7 +37,7 @@ class AttInterpreter {
   virtual void set(AttVec* vec, AttWord value) const = 0;
   virtual void generalize(AttVec* a, const AttVec* b) const;
   virtual void subtract(AttVec* a, const AttVec* b) const;
-  /// Non-zero when the value is compatible; stores it when `store` is not 0.
+  /// True when the value is compatible; with `store` it is stored.
   virtual bool unify(AttVec* vec, int at, AttWord value, bool store) const;
   /// Overwrites, marking defined.
   virtual void modify(AttVec* vec, int at, AttWord value) const;

@@ -95,8 +95,8 @@ class AttVec : public Counted<AttVec> {
   /// Merges a packed vector in, never reading past `end`; advances `p`. False if it is cut off.
   bool unpack(const char*& p, const char* end);
 
-  /// Unifies the attributes of `other` (in `mask` if given) into this vector, or with `store` 0
-  /// only tests. 0 at the first that is not compatible; those before it stay changed.
+  /// Unifies the attributes of `other` (in `mask` if given) into this vector, or without `store`
+  /// only tests. False at the first that is not compatible; those before it stay changed.
   bool unify(const AttVec& other, const LBitSet* mask, bool store);
   bool unifiable(const AttVec& other, const LBitSet* mask = nullptr) const {
     return const_cast<AttVec*>(this)->unify(other, mask, false);

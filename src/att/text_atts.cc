@@ -72,9 +72,9 @@ void EntAtt::init(World&, IRSlist* facets) {
 bool EntAtt::unify(AttVec* vec, int at, AttWord value, bool store) const {
   if (!unifier || !vec->has(at)) return AttInterpreter::unify(vec, at, value, store);
   AttWord result = unifier(get(vec), value);
-  if (result == 0) return 0;
+  if (result == 0) return false;
   if (store) vec->set(at, result);
-  return 1;
+  return true;
 }
 
 const char* EntAtt::str_val(AttWord value, std::string& scratch) const {

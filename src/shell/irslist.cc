@@ -146,16 +146,16 @@ char* form_token(TokenizerBase& tokenizer) {
 
 }  // namespace
 
-int IRSlist::read(TokenizerBase& tokenizer, char open, char close) {
+bool IRSlist::read(TokenizerBase& tokenizer, char open, char close) {
   clear();
   char* token = form_token(tokenizer);
   // Kept: stray-parenthesis
-  if (!token || *token == close) return 0;
+  if (!token || *token == close) return false;
   if (*token == open)
     read_list(tokenizer, open, close);
   else
     set_atom(tokenizer, token);
-  return 1;
+  return true;
 }
 
 void IRSlist::read_list(TokenizerBase& tokenizer, char open, char close) {

@@ -48,9 +48,9 @@ class IRSlist : public Pooled<IRSlist> {
   /// Destroys every item, however deeply nested, without recursion; the atom becomes null.
   void clear();
 
-  /// Reads one form: 1, or 0 at the end of the input or at a closing character.
-  int read(TokenizerBase& tokenizer, char open, char close);
-  /// Reads forms as items until `read` gives 0.
+  /// Reads one form; false at the end of the input or at a closing character.
+  bool read(TokenizerBase& tokenizer, char open, char close);
+  /// Reads forms as items until there is none.
   void read_list(TokenizerBase& tokenizer, char open, char close);
 
   /// The first item's text, removed; null (with a message for a list) if it has none.

@@ -113,14 +113,14 @@ void TokenizerBase::start_input() {
   rollback_count = read_pos = buffer_len = 0;
 }
 
-int TokenizerBase::give_first(unsigned char& out) {
+bool TokenizerBase::give_first(unsigned char& out) {
   if (buffer_len > 0) {
     out = static_cast<unsigned char>(buffer[0]);
-    return 1;
+    return true;
   }
   more_input = false;
   out = 255;
-  return 0;
+  return false;
 }
 
 void TokenizerBase::set_string_input(const char* text, long length) {
@@ -331,7 +331,7 @@ std::unique_ptr<Tokenizer> Tokenizer::make_default(bool double_byte) {
                                      double_byte);
 }
 
-int Tokenizer::fill(unsigned char& out) {
+bool Tokenizer::fill(unsigned char& out) {
   using Traits = std::istream::traits_type;
   read_pos = 0;
   buffer_len = 0;
@@ -359,7 +359,7 @@ void Tokenizer::set_input(Stream* stream) {
   start_input();
 }
 
-int SocketTokenizer::fill(unsigned char& out) {
+bool SocketTokenizer::fill(unsigned char& out) {
   read_pos = 0;
   buffer_len = 0;
   if (!no_input) {

@@ -48,15 +48,16 @@ class TokenizerBase {
   TokenizerBase(const TokenizerBase& other);
   TokenizerBase& operator=(const TokenizerBase&) = delete;
 
-  /// Gets more input: its first byte in `out` and 1, or the end: 255, `more_input` 0, and 0.
-  virtual int fill(unsigned char& out) = 0;
+  /// Gets more input: its first byte in `out`, or false at the end, with 255 in `out` and
+  /// `more_input` off.
+  virtual bool fill(unsigned char& out) = 0;
   virtual ~TokenizerBase();
   /// Takes a stream (null: none) as input, with cleared state. A tokenizer on a descriptor can only
   /// take standard input; any other stream makes its input empty.
   virtual void set_input(Stream* stream) = 0;
 
   /// The next raw token; null at the end. In separator mode never null: an empty text at the end,
-  /// where `more_input` is 0.
+  /// where `more_input` is off.
   char* next_token();
   /// The next token that is neither white nor a comment.
   char* next_significant_token();
@@ -95,7 +96,7 @@ class TokenizerBase {
   /// Room for a refill of `buffer_size` bytes.
   void need_buffer();
   /// What `fill` gives once it has filled the buffer, or has not.
-  int give_first(unsigned char& out);
+  bool give_first(unsigned char& out);
   /// Begins with an input of which nothing is read yet.
   void start_input();
   int buffer_capacity_ = 0;
@@ -145,7 +146,7 @@ class Tokenizer : public TokenizerBase {
   /// With the character classes of the configuration language.
   static std::unique_ptr<Tokenizer> make_default(bool double_byte);
 
-  int fill(unsigned char& out) override;
+  bool fill(unsigned char& out) override;
   void set_input(Stream* stream) override;
 
   Ref<Stream> input;
@@ -155,7 +156,7 @@ class Tokenizer : public TokenizerBase {
 class SocketTokenizer : public TokenizerBase {
  public:
   using TokenizerBase::TokenizerBase;
-  int fill(unsigned char& out) override;
+  bool fill(unsigned char& out) override;
   void set_input(Stream* stream) override;
 
   int fd = 0;
