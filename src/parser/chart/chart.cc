@@ -1,5 +1,6 @@
 #include "parser/chart/chart.h"
 
+#include <utility>
 #include <vector>
 
 #include "parser/grammar/syntax_atts.h"
@@ -61,7 +62,15 @@ Chart::Items* Chart::new_cell(int column, int word_index) {
 }
 
 void Chart::store(const GCate& node, int position, PItem* item) {
-  if (Items* items = new_cell(node.column(position), item->_high)) items->append(item);
+  Items* items = new_cell(node.column(position), item->_high);
+  if (!items) return;
+  items->append(item);
+  // One that is stored twice is in the index once.
+  if (std::exchange(item->stored_in, this)) {
+    shifted_ = true;
+  } else {
+    by_span_.add(node.column(position), item->_high, item);
+  }
 }
 
 void Chart::park(const Link& link, PItem* item) {
@@ -92,6 +101,8 @@ void Chart::reset() {
     row.awaited.reset();
   }
   used_.clear();
+  by_span_.clear();
+  shifted_ = false;
   pool_.reset();
   spans.reset();
   case_marks.reset();
@@ -101,6 +112,7 @@ void Chart::reset() {
 void Chart::forget(const GCate& node) {
   const int first = node.column(0);
   const int last = node.column(node.n_positions());
+  shifted_ = true;
   std::erase_if(used_, [&](Used used) {
     if (used.column < first || used.column > last) return false;
     rows_[static_cast<std::size_t>(used.word_index)].cells[used.column].clear();

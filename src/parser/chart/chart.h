@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "parser/chart/item_pool.h"
+#include "parser/chart/span_index.h"
 #include "parser/chart/span_limits.h"
 #include "parser/grammar/grammar.h"
 #include "support/slist.h"
@@ -40,6 +41,24 @@ class Chart {
   const Items& bucket(const GCate& node, int position, int word_index) const {
     return cell(node.column(position), word_index);
   }
+  /// Calls `visit` for the items of a bucket of one span, in the order of their coming, and those
+  /// of other spans where need be, until it says true. True if it did.
+  template <class Visit>
+  bool any_of_span(const GCate& node, int position, const PItem& like, Visit visit) const {
+    const Items& items = bucket(node, position, like._high);
+    if (items.empty()) return false;
+    if (shifted_) {
+      for (PItem* item : items)
+        if (visit(item)) return true;
+      return false;
+    }
+    PItem* item = by_span_.find(node.column(position), like._high, like._low);
+    for (; item; item = item->same_span)
+      if (visit(item)) return true;
+    return false;
+  }
+  /// A stored item has another span than it was stored with.
+  void note_shift() { shifted_ = true; }
   /// What waits on a link, and ends at a word index.
   const Items& waiting_at(const Link& link, int word_index) const {
     return cell(link.column(), word_index);
@@ -94,6 +113,8 @@ class Chart {
   ItemPool pool_;
   std::vector<Row> rows_;
   std::vector<Used> used_;  // cells that are not empty
+  SpanIndex by_span_;
+  bool shifted_ = false;  // the index does not hold for all items
   std::vector<Items> ready_;
 };
 

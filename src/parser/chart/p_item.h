@@ -13,6 +13,8 @@
 
 namespace torvane {
 
+class Chart;
+
 /// Owned by the chart's pool; it lives until the reset of the next sentence, and is then reused.
 struct PItem {
   std::int16_t _low = 0;   ///< first word
@@ -26,6 +28,10 @@ struct PItem {
   const Link* _link = nullptr;  ///< made the item; null for a lexical item
   float _weight = 0;            ///< accumulated
   int order = 0;                ///< among the items of the sentence, as they were made
+  /// The next one of the same span in the cell where this one stands.
+  PItem* same_span = nullptr;
+  /// Where it stands in a cell; null if it does not.
+  Chart* stored_in = nullptr;
   /// The node of a lexical (or empty) item, null for any other: a field of its own, so that a node
   /// is never taken for a modifier.
   const GCate* _node = nullptr;

@@ -1,5 +1,6 @@
 // The forms that look at the words of an item and around it, past the words that are skipped.
 #include "lexp/form.h"
+#include "parser/chart/chart.h"
 #include "parser/forms/offers.h"
 #include "parser/torvane_parser.h"
 
@@ -133,7 +134,10 @@ struct IncludeFollowingWord : WordForm<IncludeFollowingWord> {
   bool apply(PItem& item, const Words& words) const {
     int i = words.behind(item._high, false);
     // Kept: include-following-is-true
-    if (i > 0 && words.holds(condition_, words.word(i))) item._high = static_cast<std::int16_t>(i);
+    if (i > 0 && words.holds(condition_, words.word(i))) {
+      item._high = static_cast<std::int16_t>(i);
+      if (item.stored_in) item.stored_in->note_shift();
+    }
     return true;
   }
 };
@@ -145,7 +149,10 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   bool apply(PItem& item, const Words& words) const {
     int i = words.before(item._low);
     // Kept: include-preceding-unasked
-    if (i > 0) item._low = static_cast<std::int16_t>(i);
+    if (i > 0) {
+      item._low = static_cast<std::int16_t>(i);
+      if (item.stored_in) item.stored_in->note_shift();
+    }
     return true;
   }
 };

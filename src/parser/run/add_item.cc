@@ -29,14 +29,16 @@ bool positions_complete(const GCate& node, const PItem& item, int position) {
 /// Chains the item to one at these positions that equals it in all that the node shows. True if
 /// that was so, or the item is stored there itself.
 bool ParseRun::join_alternative(const GCate& node, PItem* item, Positions positions) {
-  for (int p = positions.last; p >= positions.first; --p)
-    for (PItem* other : chart_.bucket(node, p, item->_high)) {
+  for (int p = positions.last; p >= positions.first; --p) {
+    const bool joined = chart_.any_of_span(node, p, *item, [&](PItem* other) {
       if (other == item) return true;
-      if (!equivalent(*other, *item, node._visible)) continue;
+      if (!equivalent(*other, *item, node._visible)) return false;
       if (other->_next) item->_next = other->_next;
       other->_next = item;
       return true;
-    }
+    });
+    if (joined) return true;
+  }
   return false;
 }
 
