@@ -382,4 +382,28 @@ Subsumption AttVec::compare(const AttVec& other, const LBitSet* mask) const {
   return result;
 }
 
+bool AttVec::equals(const AttVec& other, const LBitSet& mask) const {
+  const int words = std::max(defined.word_count(), other.defined.word_count());
+  for (int w = 0; w < words; ++w) {
+    const std::uint32_t mine = masked(defined, &mask, w);
+    if (mine != masked(other.defined, &mask, w)) return false;
+    if (!mine) continue;
+    if (interpreters != other.interpreters) return false;
+    const std::uint32_t binary = mine & interpreters->binary_atts.word(w);
+    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return false;
+  }
+  for (int w = 0; w < words; ++w) {
+    std::uint32_t rest = masked(defined, &mask, w);
+    if (!rest) continue;
+    for (rest &= ~interpreters->binary_atts.word(w); rest; rest &= rest - 1) {
+      const int index = w * 32 + std::countr_zero(rest);
+      const AttSlot& slot = interpreters->slots[index];
+      const AttWord a = word_at(slot);
+      const AttWord b = other.word_at(slot);
+      if (a != b && interpreters->atts[index]->compare(a, b) != Subsumption::equal) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace torvane

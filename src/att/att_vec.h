@@ -107,6 +107,8 @@ class AttVec : public Counted<AttVec> {
   void subtract(const AttVec& other, const LBitSet* mask = nullptr);
   /// The subsumption order of the whole system, a code of `subsume`.
   Subsumption compare(const AttVec& other, const LBitSet* mask = nullptr) const;
+  /// Whether the comparison gives "equal", which is seen sooner.
+  bool equals(const AttVec& other, const LBitSet& mask) const;
   /// Drops every value; the vector is empty and of the same type.
   void clear_all();
   /// Becomes a copy of the other, whatever type it is of.

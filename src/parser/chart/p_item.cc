@@ -51,8 +51,7 @@ int p_item_type() {
 }
 
 bool equivalent(const PItem& a, const PItem& b, const LBitSet& visible) {
-  return a._low == b._low && a._high == b._high &&
-         a._atts->compare(*b._atts, &visible) == Subsumption::equal;
+  return a._low == b._low && a._high == b._high && a._atts->equals(*b._atts, visible);
 }
 
 void stamp_roles(PItem& item) {

@@ -14,6 +14,7 @@
 namespace torvane {
 
 class Chart;
+struct ForestChain;
 
 /// Owned by the chart's pool; it lives until the reset of the next sentence, and is then reused.
 struct PItem {
@@ -28,6 +29,9 @@ struct PItem {
   const Link* _link = nullptr;  ///< made the item; null for a lexical item
   float _weight = 0;            ///< accumulated
   int order = 0;                ///< among the items of the sentence, as they were made
+  /// What a forest knows of the chain that begins here, while it is at this sentence.
+  mutable ForestChain* chain = nullptr;
+  mutable std::uint64_t forest = 0;
   /// The next one of the same span in the cell where this one stands.
   PItem* same_span = nullptr;
   /// Where it stands in a cell; null if it does not.

@@ -107,7 +107,7 @@ class ParseForest::Circles {
     PItem* part = !is_item(node) ? item._next : n == 0 ? item._head_child : item._modifier;
     if (!part) return -1;
     Chain* chain = forest_.chain_of(part);
-    return chain->state == State::built ? -1 : node_of(*chain);
+    return chain->state == Chain::State::built ? -1 : node_of(*chain);
   }
 
   void enter(int node) {
@@ -152,7 +152,7 @@ class ParseForest::Circles {
 
   Chain* unbuilt_rest(const Chain& chain) {
     Chain* rest = chain.first->_next ? forest_.chain_of(chain.first->_next) : nullptr;
-    return rest && rest->state != State::built ? rest : nullptr;
+    return rest && rest->state != Chain::State::built ? rest : nullptr;
   }
 
   void lay_row(Chain& first) {
@@ -180,7 +180,7 @@ class ParseForest::Circles {
 
   Part open_part(PItem* item) {
     Part part = forest_.part_of(item);
-    if (!part.chain || part.chain->state == State::built) return part;
+    if (!part.chain || part.chain->state == Chain::State::built) return part;
     const Place& place = places_[static_cast<std::size_t>(part.chain->number)];
     Derivations* view = forest_.views_.take();
     *view = rows_[place.row].open.from(place.position);
@@ -191,7 +191,7 @@ class ParseForest::Circles {
     Derivations choices = row.rest;
     for (auto chain = row.chains.rbegin(); chain != row.chains.rend(); ++chain) {
       (*chain)->choices = choices = join((*chain)->own, choices);
-      (*chain)->state = State::built;
+      (*chain)->state = Chain::State::built;
     }
   }
 

@@ -1,6 +1,7 @@
 #include "parser/forest/parse_forest.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
 
@@ -12,11 +13,17 @@ namespace {
 constexpr float kGuestCost = 10.0f;
 constexpr float kLinkWeightShare = 0.1f;
 constexpr float kUnattachedTrace = 40.0f;
-constexpr std::size_t kLeastSlots = 128;
 
 /// Costs are compared and added up, so that none may be "not a number".
 float tame(float cost) {
   return std::isnan(cost) ? std::numeric_limits<float>::max() : cost;
+}
+
+// No two sentences of any forest have the same number, so that an item knows whether what it leads
+// to is of this one.
+std::uint64_t next_sentence() {
+  static std::atomic<std::uint64_t> last{0};
+  return ++last;
 }
 
 int saturated(std::int64_t n) {
@@ -48,46 +55,43 @@ const Slist<Derivation*>& TNode::best() {
   return _best;
 }
 
+ParseForest::ParseForest(DepCosts* costs) : costs_(costs), sentence_(next_sentence()) {}
+
 void ParseForest::clear() {
   _roots.clear();
   chains_.reset();
   tnodes_.reset();
   derivations_.reset();
   views_.reset();
-  ++sentence_;
+  sides_used_ = 0;
+  sentence_ = next_sentence();
 }
 
 ParseForest::Chain* ParseForest::chain_of(PItem* first) {
-  const auto order = static_cast<std::size_t>(first->order);
-  if (order >= table_.size()) table_.resize(std::max(kLeastSlots, order * 2));
-  Slot& slot = table_[order];
-  if (slot.sentence == sentence_) return slot.chain;
+  if (first->forest == sentence_) return first->chain;
   Chain* chain = chains_.take();
-  std::vector<ModifierSide> sides = std::move(chain->sides);
-  sides.clear();
   *chain = Chain();
-  chain->sides = std::move(sides);
   chain->first = chain->cursor = first;
-  slot = {chain, sentence_};
-  return chain;
+  first->forest = sentence_;
+  return first->chain = chain;
 }
 
 // Where the alternatives run into a chain that is built, the rest is known.
 ParseForest::Chain* ParseForest::unbuilt_part(Chain& chain) {
   for (; chain.cursor; chain.cursor = chain.cursor->_next) {
     Chain* alternative = chain_of(chain.cursor);
-    if (alternative->state == State::built) return nullptr;
-    alternative->state = State::building;
+    if (alternative->state == Chain::State::built) return nullptr;
+    alternative->state = Chain::State::building;
     for (PItem* part : {chain.cursor->_head_child, chain.cursor->_modifier})
       if (part)
-        if (Chain* found = chain_of(part); found->state != State::built) return found;
+        if (Chain* found = chain_of(part); found->state != Chain::State::built) return found;
   }
   return nullptr;
 }
 
 ParseForest::Chain* ParseForest::expand(PItem* first) {
   Chain* wanted = chain_of(first);
-  if (wanted->state == State::built) return wanted;
+  if (wanted->state == Chain::State::built) return wanted;
   stack_.push_back(wanted);
   while (!stack_.empty()) {
     Chain* chain = stack_.back();
@@ -95,7 +99,7 @@ ParseForest::Chain* ParseForest::expand(PItem* first) {
     if (!part) {
       stack_.pop_back();
       build(*chain);
-    } else if (part->state == State::fresh) {
+    } else if (part->state == Chain::State::fresh) {
       stack_.push_back(part);
     } else {
       stack_.clear();
@@ -112,7 +116,7 @@ void ParseForest::build(Chain& chain) {
   Derivations choices;
   for (PItem* item = chain.first; item; item = item->_next) {
     Chain* alternative = chain_of(item);
-    if (alternative->state == State::built) {
+    if (alternative->state == Chain::State::built) {
       choices = alternative->choices;
       break;
     }
@@ -123,7 +127,7 @@ void ParseForest::build(Chain& chain) {
     derive(alternative, part_of(alternative.first->_head_child),
            part_of(alternative.first->_modifier));
     alternative.choices = choices = join(alternative.own, choices);
-    alternative.state = State::built;
+    alternative.state = Chain::State::built;
   }
 }
 
@@ -238,12 +242,15 @@ float ParseForest::best_cost(const PItem& head, PItem* modifier, Name relation) 
 }
 
 const std::vector<ModifierSide>& ParseForest::sides_of(Chain& chain) {
-  auto& sides = chain.sides;
-  if (sides.empty())
-    for (const PItem* item = chain.first; item; item = item->_next) {
-      ModifierSide side(*item);
-      if (std::find(sides.begin(), sides.end(), side) == sides.end()) sides.push_back(side);
-    }
+  if (chain.sides >= 0) return sides_[static_cast<std::size_t>(chain.sides)];
+  chain.sides = static_cast<int>(sides_used_);
+  if (sides_used_ == sides_.size()) sides_.emplace_back();
+  std::vector<ModifierSide>& sides = sides_[sides_used_++];
+  sides.clear();
+  for (const PItem* item = chain.first; item; item = item->_next) {
+    ModifierSide side(*item);
+    if (std::find(sides.begin(), sides.end(), side) == sides.end()) sides.push_back(side);
+  }
   return sides;
 }
 

@@ -55,10 +55,25 @@ struct TNode {
   const Slist<Derivation*>& best();
 };
 
+/// What is known of an item: how it was made, and the chain that begins with it.
+struct ForestChain {
+  enum class State : std::uint8_t { fresh, building, built };
+
+  PItem* first = nullptr;
+  PItem* cursor = nullptr;      // while building: the alternative whose parts are looked at
+  const PItem* word = nullptr;  // at the end of the item's head children
+  TNode* node = nullptr;
+  Derivations own;  // of the item alone
+  Derivations choices;
+  int number = -1;             // among those of a circle being built
+  int sides = -1;              // the number of its row of sides, -1 before there is one
+  State state = State::fresh;  // of `choices`
+};
+
 class ParseForest {
  public:
   /// `costs` may be null: then all steps cost the same, but for their links.
-  explicit ParseForest(DepCosts* costs) : costs_(costs) {}
+  explicit ParseForest(DepCosts* costs);
   ParseForest(const ParseForest&) = delete;
   ParseForest& operator=(const ParseForest&) = delete;
 
@@ -73,30 +88,13 @@ class ParseForest {
   Slist<TNode*> _roots;
 
  private:
-  enum class State : std::uint8_t { fresh, building, built };
-  /// What is known of an item: how it was made, and the chain that begins with it.
-  struct Chain {
-    PItem* first = nullptr;
-    State state = State::fresh;   // of `choices`
-    int number = -1;              // among those of a circle being built
-    PItem* cursor = nullptr;      // while building: the alternative whose parts are looked at
-    const PItem* word = nullptr;  // at the end of the item's head children
-    Derivations own;              // of the item alone
-    Derivations choices;
-    TNode* node = nullptr;
-    std::vector<ModifierSide> sides;  // the different alternatives, as costs see them
-  };
+  using Chain = ForestChain;
   /// Head or modifier of an item, with the decompositions that are open to it.
   struct Part {
     Chain* chain = nullptr;
     const Derivations* choices = nullptr;
   };
   class Circles;
-  struct Slot {
-    Chain* chain;
-    std::uint64_t sentence;
-  };
-
   /// Objects that are used again for each sentence.
   template <class T>
   class Pool {
@@ -136,8 +134,9 @@ class ParseForest {
   Pool<TNode> tnodes_;
   Pool<Derivation> derivations_;
   Pool<Derivations> views_;
-  std::vector<Slot> table_;  // by the order in which the items were made
-  std::uint64_t sentence_ = 1;
+  std::uint64_t sentence_;
+  std::deque<std::vector<ModifierSide>> sides_;  // the different alternatives, as costs see them
+  std::size_t sides_used_ = 0;
   std::vector<Chain*> stack_;
   std::vector<Chain*> alternatives_;
 };
