@@ -71,6 +71,17 @@ TEST(ParseRun, EqualItemsAreAlternatives) {
   EXPECT_TRUE(first->_next && !first->_next->_next);
 }
 
+// A condition may give a head another start after it was stored: it equals what has that start.
+TEST(ParseRun, EqualItemsAreFoundByTheSpanTheyHaveNow) {
+  TestGrammar made(
+      "(def-category N) (def-category V)"
+      "(def-modifiers V (:head) (? (N (modifiee-cond (include-preceding-word)))))",
+      {"a", "b", "c"});
+  deliver(made, {{"V", 2, 2}, {"N", 3, 3}, {"V", 1, 2}});
+  EXPECT_EQ(made.spans("V"), "1-2 1-3 ");
+  EXPECT_TRUE(made.chart().bucket(made.node("V"), 0, 2).front()->_next);
+}
+
 TEST(ParseRun, ConjunctsAreJoined) {
   const std::vector<TestItem> pair = {{"N", 1, 1}, {"N", 3, 3}};
   struct {
