@@ -15,6 +15,7 @@ need_build_tools() {
   need cmake command -v cmake
   need ninja-build command -v ninja
   need g++ command -v c++
+  need libcli11-dev test -e /usr/include/CLI/CLI.hpp
 }
 
 need_test_tools() {

@@ -1,9 +1,9 @@
 // The process: one line of text in, its dependency tree out.
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 
+#include "cli/command_line.h"
 #include "engine/engine.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -57,9 +57,10 @@ int run() {
 
 // Arguments are for people; start-up files know of none.
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
-    std::cout << "torvane " TORVANE_VERSION "\n";
-    return EXIT_SUCCESS;
-  }
-  return torvane::run_on_large_stack(torvane::kStackSize, torvane::run);
+  if (argc == 1) return torvane::run_on_large_stack(torvane::kStackSize, torvane::run);
+  static int count = argc;
+  static char** arguments = argv;
+  return torvane::run_on_large_stack(torvane::kStackSize, [] {
+    return torvane::run_command_line(count, arguments, TORVANE_VERSION);
+  });
 }

@@ -1,8 +1,34 @@
 #include "engine/engine.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "engine/all_offers.h"
+#include "engine/sentence_of.h"
+#include "parser/torvane_parser.h"
+#include "support/text.h"
 
 namespace torvane {
+
+namespace {
+
+/// The trees of the sentence in hand, also of a parser that prints constituents.
+const Deps& result_of(TorvaneParser& parser) {
+  if (!parser._deps) parser.parse_to_deps();
+  return *parser._deps;
+}
+
+/// What is to be said of a parse that ran out of room.
+void note_cut(TorvaneParser& parser, Sentence& sentence) {
+  PItem* item = parser.chart.new_item();
+  if (item) {
+    parser.chart.give_back(item);
+  } else {
+    sentence.cut = "items";
+  }
+}
+
+}  // namespace
 
 Engine::Engine() : Engine(World::Console::of_process()) {}
 
@@ -30,6 +56,82 @@ void Engine::run(const char* text) {
 void Engine::parse(const char* text, SentenceTree& tree) {
   WorldScope here(world_);
   parse_sentence(world_, text, tree);
+}
+
+std::string Engine::load(const std::vector<std::string>& files,
+                         const std::vector<std::string>& folders) {
+  WorldScope here(world_);
+  world_.files.only(folders);
+  Exec& exec = world_.interpreter;
+  exec.prompt = false;
+  for (const std::string& file : files) {
+    Ref<Stream> stream = Stream::open_input(file.c_str());
+    if (!stream->good()) return file + " cannot be read";
+    exec.frees_values = true;
+    exec.load(stream.get());
+    exec.frees_values = false;
+  }
+  TorvaneParser* parser = current_parser(world_);
+  if (!parser || !parser->grammar._lex) return "the grammar makes no parser";
+  labels_ = std::make_unique<Labels>(world_);
+  return {};
+}
+
+Sentence Engine::parse(std::string_view text) {
+  Sentence whole;
+  std::size_t from = 0, gap_from = 0, words = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool starts_word = !is_space(text[at]) && (at == 0 || is_space(text[at - 1]));
+    if (!starts_word || ++words <= max_words) continue;
+    words = 1;
+    std::size_t end = at;
+    while (end > from && is_space(text[end - 1])) --end;
+    append(whole, parse_piece(text.substr(from, end - from)),
+           text.substr(gap_from, from - gap_from));
+    gap_from = end;
+    from = at;
+  }
+  if (from == 0) return parse_piece(text);
+  append(whole, parse_piece(text.substr(from)), text.substr(gap_from, from - gap_from));
+  whole.cut = "words";
+  return whole;
+}
+
+Sentence Engine::parse(const std::vector<std::string>& words) {
+  if (words.size() <= max_words) return parse_piece(words);
+  Sentence whole;
+  for (auto from = words.begin(); from != words.end();) {
+    const auto to =
+        from + std::min<std::ptrdiff_t>(words.end() - from, static_cast<std::ptrdiff_t>(max_words));
+    append(whole, parse_piece(std::vector<std::string>(from, to)),
+           from == words.begin() ? "" : " ");
+    from = to;
+  }
+  whole.cut = "words";
+  return whole;
+}
+
+Sentence Engine::parse_piece(std::string_view text) {
+  WorldScope here(world_);
+  TorvaneParser& parser = *current_parser(world_);
+  if (!parser.feed(std::string(text).c_str(), nullptr)) return {};
+  parser.parse_items();
+  Sentence sentence = sentence_of(result_of(parser), text, *labels_);
+  note_cut(parser, sentence);
+  return sentence;
+}
+
+Sentence Engine::parse_piece(const std::vector<std::string>& words) {
+  WorldScope here(world_);
+  TorvaneParser& parser = *current_parser(world_);
+  std::vector<const char*> forms;
+  forms.reserve(words.size());
+  for (const std::string& word : words) forms.push_back(word.c_str());
+  if (!parser.feed_words(forms)) return {};
+  parser.parse_items();
+  Sentence sentence = sentence_of(result_of(parser), words, *labels_);
+  note_cut(parser, sentence);
+  return sentence;
 }
 
 }  // namespace torvane

@@ -2,6 +2,13 @@
 // Engines know nothing of each other; one may be used by any thread, by one at a time.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/document.h"
+#include "engine/labels.h"
 #include "parser/sentence_tree.h"
 #include "shell/world.h"
 
@@ -22,8 +29,25 @@ class Engine {
   /// happens.
   void parse(const char* text, SentenceTree& tree);
 
+  /// Runs files by their paths, one after the other; what they load is looked for in the folders,
+  /// in that order, and nowhere else. An empty text, or what is wrong.
+  std::string load(const std::vector<std::string>& files, const std::vector<std::string>& folders);
+  /// Parses a text as one sentence, once a grammar is loaded. What stands behind a zero byte comes
+  /// out in words outside the tree.
+  Sentence parse(std::string_view text);
+  /// The same of words as they are given.
+  Sentence parse(const std::vector<std::string>& words);
+  /// A sentence of more words (between blanks) is parsed piece by piece.
+  std::size_t max_words = 200;
+  /// How the loaded grammar calls things.
+  const Labels& labels() const { return *labels_; }
+
  private:
+  Sentence parse_piece(std::string_view text);
+  Sentence parse_piece(const std::vector<std::string>& words);
+
   World world_;
+  std::unique_ptr<Labels> labels_;  // compiled in the world, so that they end before it
 };
 
 }  // namespace torvane

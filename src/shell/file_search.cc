@@ -37,6 +37,11 @@ void FileSearch::add(const char* path) {
   if (path) path_.emplace_back(path);
 }
 
+void FileSearch::only(const std::vector<std::string>& folders) {
+  path_.assign(folders.begin(), folders.end());
+  here_first_ = false;
+}
+
 std::optional<std::string> expand_file_name(const char* name) {
   std::string expanded;
   for (const char* p = name; *p; ++p) {
@@ -60,8 +65,10 @@ std::optional<std::string> FileSearch::find(const char* name) {
   std::optional<std::string> expanded;
   if (name) expanded = expand_file_name(name);
   if (!expanded) return std::nullopt;
-  if (path_.empty()) path_.emplace_back(".");
-  if (!path_.front().empty()) path_.emplace_front();
+  if (here_first_) {
+    if (path_.empty()) path_.emplace_back(".");
+    if (!path_.front().empty()) path_.emplace_front();
+  }
   for (const std::string& element : path_) {
     std::string dir = element;
     if (!dir.empty() && dir.back() != kDirSeparator) dir += kDirSeparator;

@@ -4,6 +4,7 @@
 #include <list>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "shell/streams.h"
 
@@ -22,6 +23,8 @@ class FileSearch {
   /// working directory.
   void set(const char* paths);
   void add(const char* path);
+  /// These folders alone: the working directory is not looked at unless it is one of them.
+  void only(const std::vector<std::string>& folders);
   void clear() { path_.clear(); }
 
   /// The first place along the path where the file-status call succeeds on the name, with "$(VAR)"
@@ -36,6 +39,7 @@ class FileSearch {
 
  private:
   std::list<std::string> path_;
+  bool here_first_ = true;  ///< the working directory stands in front of all
   std::string found_dir_;
 };
 

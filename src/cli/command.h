@@ -1,0 +1,34 @@
+// A command of the command line: `torvane NAME ...`.
+#pragma once
+
+#include <functional>
+#include <span>
+
+namespace CLI {
+class App;
+}
+
+namespace torvane {
+
+/// What a run ends with.
+enum Status : int {
+  kDone = 0,
+  kInputOutput = 1,  ///< something could not be read or written
+  kUsage = 2,
+  kNotWhole = 3,  ///< with --strict: a sentence is not whole
+  kNoGrammar = 4,
+};
+
+struct CliCommand {
+  const char* name;
+  const char* what;
+  /// Declares its options; gives its work, whose result is a Status.
+  std::function<int()> (*declare)(CLI::App& app);
+};
+
+/// All of them, in the order of the help page.
+std::span<const CliCommand> cli_commands();
+
+std::function<int()> declare_parse(CLI::App& app);
+
+}  // namespace torvane

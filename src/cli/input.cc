@@ -1,0 +1,107 @@
+#include "cli/input.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <utility>
+
+#include "cli/interrupt.h"
+
+namespace torvane {
+
+namespace {
+constexpr std::size_t kBlock = 1 << 16;
+}
+
+Input::Input(std::vector<std::string> names) : names_(std::move(names)) {
+  if (names_.empty()) names_.emplace_back("-");
+}
+
+Input::~Input() {
+  if (file_ > 0) close(file_);
+}
+
+bool Input::open_next() {
+  while (next_ < names_.size()) {
+    name_ = names_[next_++];
+    line_number_ = 0;
+    const bool standard = name_ == "-";
+    file_ = standard ? 0 : open(name_.c_str(), O_RDONLY | O_CLOEXEC);
+    if (standard) name_ = "standard input";
+    if (file_ >= 0) return true;
+    std::cerr << "torvane: " << name_ << ": " << std::strerror(errno) << '\n';
+    failed_ = true;
+  }
+  return false;
+}
+
+bool Input::fill() {
+  buffer_.erase(0, at_);
+  at_ = 0;
+  const std::size_t had = buffer_.size();
+  buffer_.resize(had + kBlock);
+  ssize_t got = -1;
+  do {
+    pollfd wait_for[] = {{file_, POLLIN, 0}, {interrupt_descriptor(), POLLIN, 0}};
+    poll(wait_for, 2, -1);
+    errno = EINTR;
+    if (!is_interrupted()) got = read(file_, buffer_.data() + had, kBlock);
+  } while (got < 0 && errno == EINTR && !is_interrupted());
+  if (got < 0 && errno != EINTR) {
+    std::cerr << "torvane: " << name_ << ": " << std::strerror(errno) << '\n';
+    failed_ = true;
+  }
+  buffer_.resize(had + (got > 0 ? static_cast<std::size_t>(got) : 0));
+  return got > 0;
+}
+
+bool Input::line(std::string& text) {
+  text.clear();
+  while (!is_interrupted()) {
+    if (file_ < 0 && !open_next()) return false;
+    std::size_t from = at_;
+    std::size_t end = buffer_.find('\n', from);
+    while (end == buffer_.npos) {
+      from = buffer_.size() - at_;  // what was searched already, from where fill() puts it
+      if (!fill()) break;
+      end = buffer_.find('\n', from);
+    }
+    if (end == buffer_.npos && at_ == buffer_.size()) {
+      if (file_ > 0) close(file_);
+      file_ = -1;
+      buffer_.clear();
+      at_ = 0;
+      continue;
+    }
+    const std::size_t stop = end == buffer_.npos ? buffer_.size() : end;
+    text.assign(buffer_, at_, stop - at_);
+    at_ = end == buffer_.npos ? stop : end + 1;
+    ++line_number_;
+    if (!text.empty() && text.back() == '\r') text.pop_back();
+    if (line_number_ == 1 && text.starts_with("\xef\xbb\xbf")) text.erase(0, 3);
+    return true;
+  }
+  return false;
+}
+
+std::string Input::place() const {
+  return name_ + ':' + std::to_string(line_number_);
+}
+
+bool Input::is_waiting() const {
+  if (buffer_.find('\n', at_) != buffer_.npos) return true;
+  if (file_ < 0) return next_ < names_.size();
+  pollfd poll_for{file_, POLLIN, 0};
+  return poll(&poll_for, 1, 0) > 0;
+}
+
+bool Input::is_terminal() const {
+  return file_ >= 0 && isatty(file_) == 1;
+}
+
+}  // namespace torvane

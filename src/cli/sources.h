@@ -1,0 +1,35 @@
+// The ways to take sentences from an input. Each gives one piece of work after the other.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/input.h"
+#include "engine/engine.h"
+
+namespace torvane {
+
+/// One sentence to be parsed.
+struct Task {
+  std::string text;
+  std::vector<std::string> words;  ///< given words; if there are any, the text is not cut
+  std::string id;
+};
+
+/// What a parse makes of it.
+Sentence parse_task(Engine& engine, const Task& task);
+
+class Source {
+ public:
+  virtual ~Source() = default;
+  /// The next sentence; false at the end.
+  virtual bool next(Task& task) = 0;
+};
+
+/// By the name of `--from`; null if there is none.
+std::unique_ptr<Source> make_source(const std::string& name, Input& input);
+/// All names.
+std::vector<std::string> source_names();
+
+}  // namespace torvane

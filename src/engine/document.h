@@ -1,0 +1,56 @@
+// What a parse gives, as plain data: sentences of words with their heads.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace torvane {
+
+struct SentenceWord {
+  std::string form;      ///< as it stands in the text
+  std::string lemma;     ///< empty if nothing is known of the word
+  std::string upos;      ///< universal category, or empty
+  std::string xpos;      ///< category of the grammar, or empty
+  std::string features;  ///< `Name=Value|...`, or empty
+  std::string relation;  ///< to the head; `root` for the root
+  int head = 0;          ///< number of the head from 1; 0 for the root
+  /// Bytes of the sentence's text: of the first one, and behind the last one.
+  std::size_t begin = 0, end = 0;
+  bool outside = false;     ///< the grammar did not take it into a tree
+  bool part = false;        ///< top of a tree that the grammar did not join to the others
+  bool space_after = true;  ///< white space, or the end of the text
+  std::string misc;         ///< further notes, `Name=Value|...`
+};
+
+/// Words that the text writes as one.
+struct WordRange {
+  int first, last;
+  std::string form;
+  std::string misc;
+};
+
+struct Sentence {
+  std::string id;
+  std::string text;
+  std::vector<std::string> comments;  ///< other lines of a file that stood before it
+  std::vector<SentenceWord> words;
+  std::vector<WordRange> ranges;  ///< in the order of the words
+  bool starts_paragraph = false;
+  int parts = 0;    ///< trees that the grammar found; their tops hang on the root
+  std::string cut;  ///< what kept the parse from being complete: `words`, `items`; or empty
+
+  /// One tree, and all words but punctuation in it.
+  bool is_whole() const {
+    if (parts != 1) return false;
+    for (const SentenceWord& word : words)
+      if (word.outside) return false;
+    return true;
+  }
+};
+
+struct Document {
+  std::vector<Sentence> sentences;
+};
+
+}  // namespace torvane

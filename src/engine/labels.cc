@@ -1,0 +1,65 @@
+#include "engine/labels.h"
+
+#include <algorithm>
+
+#include "lexp/form.h"
+#include "shell/world.h"
+#include "support/text.h"
+
+namespace torvane {
+namespace {
+
+ExpPtr function(World& world, const char* name) {
+  if (!find_lexp_proto(world, name)) return {};
+  return LExp::get_exp_from_text(world, ("(" + std::string(name) + ")").c_str());
+}
+
+std::string text_of(Value value) {
+  return or_empty(value.text());
+}
+
+bool is_punctuation(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
+    return !is_alnum(c) && !is_space(c) && static_cast<unsigned char>(c) < 128;
+  });
+}
+
+}  // namespace
+
+Labels::Labels(World& world)
+    : category_(function(world, "universal-category")),
+      relation_(function(world, "universal-relation")),
+      features_(function(world, "universal-features")),
+      outside_category_(function(world, "outside-category")),
+      outside_relation_(function(world, "outside-relation")),
+      boundary_(function(world, "sentence-boundary")) {}
+
+std::string Labels::label(const ExpPtr& function, DepTree& node) {
+  if (!function) return {};
+  TextScope texts;
+  return text_of(function.eval(Value::of(&node), type_id_of<RSTree>()));
+}
+
+std::string Labels::outside_category(std::string_view word) const {
+  TextScope texts;
+  std::string label =
+      text_of(outside_category_.eval(Value::made_text(word), type_id_of<const char*>()));
+  if (!label.empty()) return label;
+  return is_punctuation(word) ? "PUNCT" : "X";
+}
+
+std::string Labels::outside_relation(std::string_view word) const {
+  TextScope texts;
+  std::string label =
+      text_of(outside_relation_.eval(Value::made_text(word), type_id_of<const char*>()));
+  if (!label.empty()) return label;
+  return is_punctuation(word) ? "punct" : "dep";
+}
+
+int Labels::boundary(std::string_view token) const {
+  TextScope texts;
+  return static_cast<int>(
+      boundary_.eval(Value::made_text(token), type_id_of<const char*>()).number());
+}
+
+}  // namespace torvane

@@ -1,0 +1,40 @@
+// What a grammar calls things when others read its trees: functions that it defines with `defun`,
+// by names laid down here. What it does not define keeps the grammar's own names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "deps/dep_tree.h"
+#include "lexp/lexp.h"
+
+namespace torvane {
+
+class World;
+
+class Labels {
+ public:
+  /// Looks the functions up.
+  explicit Labels(World& world);
+
+  // Of a word in a tree. Empty if the grammar does not say.
+  std::string category(DepTree& node) const { return label(category_, node); }
+  std::string relation(DepTree& node) const { return label(relation_, node); }
+  std::string features(DepTree& node) const { return label(features_, node); }
+
+  // Of a word outside all trees.
+  std::string outside_category(std::string_view word) const;
+  std::string outside_relation(std::string_view word) const;
+
+  bool finds_sentences() const { return static_cast<bool>(boundary_); }
+  /// Reads the next token of a text: -1 while no sentence ends, else how many of the tokens read
+  /// belong to the next one.
+  int boundary(std::string_view token) const;
+
+ private:
+  static std::string label(const ExpPtr& function, DepTree& node);
+
+  ExpPtr category_, relation_, features_, outside_category_, outside_relation_, boundary_;
+};
+
+}  // namespace torvane

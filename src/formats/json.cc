@@ -1,0 +1,83 @@
+// JSON: one object a sentence, on a line of its own.
+#include <cstddef>
+#include <cstdint>
+
+#include "formats/format.h"
+#include "text/utf8.h"
+
+namespace torvane {
+namespace {
+
+/// A string; bytes that are no UTF-8 stand as the replacement character.
+void add_string(std::string& out, std::string_view text) {
+  static constexpr char kHex[] = "0123456789abcdef";
+  out += '"';
+  for (std::size_t i = 0; i < text.size();) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    const std::size_t length = utf8_length(text.substr(i));
+    if (length == 0) {
+      out += "\xef\xbf\xbd";
+    } else if (c == '"' || c == '\\') {
+      out += '\\';
+      out += text[i];
+    } else if (c < 0x20) {
+      out += "\\u00";
+      out += kHex[c >> 4];
+      out += kHex[c & 15];
+    } else {
+      out += text.substr(i, length);
+    }
+    i += length == 0 ? 1 : length;
+  }
+  out += '"';
+}
+
+void add_text(std::string& out, const char* name, std::string_view text) {
+  if (text.empty()) return;
+  out += ",\"";
+  out += name;
+  out += "\":";
+  add_string(out, text);
+}
+
+void add_number(std::string& out, const char* name, std::size_t number) {
+  out += ",\"";
+  out += name;
+  out += "\":";
+  out += std::to_string(number);
+}
+
+}  // namespace
+
+void write_json(std::string& out, const Sentence& sentence) {
+  out += "{\"text\":";
+  add_string(out, sentence.text);
+  add_text(out, "id", sentence.id);
+  add_number(out, "parts", static_cast<std::size_t>(sentence.parts));
+  add_text(out, "cut", sentence.cut);
+  out += ",\"words\":[";
+  std::size_t id = 0, byte = 0, character = 0;
+  auto character_at = [&](std::size_t to) {
+    if (to > byte) character += utf8_count(std::string_view(sentence.text).substr(byte, to - byte));
+    byte = to;
+    return character;
+  };
+  for (const SentenceWord& word : sentence.words) {
+    out += id == 0 ? "{\"id\":" : ",{\"id\":";
+    out += std::to_string(++id);
+    add_text(out, "form", word.form);
+    add_text(out, "lemma", word.lemma);
+    add_text(out, "upos", word.upos);
+    add_text(out, "xpos", word.xpos);
+    add_text(out, "feats", word.features);
+    add_number(out, "head", static_cast<std::size_t>(word.head));
+    add_text(out, "deprel", word.relation);
+    add_number(out, "start", character_at(word.begin));
+    add_number(out, "end", character_at(word.end));
+    if (word.outside) out += ",\"outside\":true";
+    out += '}';
+  }
+  out += "]}\n";
+}
+
+}  // namespace torvane
