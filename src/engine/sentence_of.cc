@@ -55,7 +55,8 @@ class Assembly {
   void take_nodes(DepTree& top) {
     std::vector<std::pair<DepTree*, int>> waiting{{&top, 0}};
     while (!waiting.empty()) {
-      auto [node, depth] = waiting.back();
+      DepTree* node = waiting.back().first;
+      const int depth = waiting.back().second;
       waiting.pop_back();
       if (int i = word_at(node->_pos); i > 0) {
         Place& here = place(i);
