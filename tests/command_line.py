@@ -59,7 +59,7 @@ class Output(unittest.TestCase):
     def test_every_word_of_many_sentences(self):
         lines = [line.split("\t")[0] for line in SENTENCES.read_text().splitlines() if line.strip()]
         lines = [line for line in lines if line and not line.startswith("#")]
-        blocks = trees(given="\n".join(lines) + "\n")
+        blocks = trees("--from", "lines", given="\n".join(lines) + "\n")
         self.assertEqual(len(blocks), len(lines))
         for line, block in zip(lines, blocks):
             self.assertEqual("".join(column(block, 1)), "".join(line.split()))
@@ -90,10 +90,10 @@ class Output(unittest.TestCase):
         self.assertEqual([word["form"] for word in json.loads(out)["words"]][:3], ["a", "\ufffd", "\x01"])
 
     def test_parts_and_cuts_are_told(self):
-        status, out, errors = run("parse", given="Dogs the of the the bark cats.\n")
+        status, out, errors = run("parse", given="dogs the of the the bark cats.\n")
         self.assertIn(b"# parts = ", out)
         self.assertIn("1 sentence, 0 whole, 1 in parts, 0 cut; ", errors)
-        self.assertEqual(run("parse", "--strict", "--quiet", given="Dogs the of the the bark cats.\n")[0], 3)
+        self.assertEqual(run("parse", "--strict", "--quiet", given="dogs the of the the bark cats.\n")[0], 3)
         self.assertEqual(run("parse", "--strict", "--quiet", given="Dogs bark.\n")[0], 0)
         status, out, errors = run("parse", "--max-words", "3", given="The cat sat on the mat today.\n")
         self.assertIn(b"# cut = words\n", out)
@@ -106,15 +106,64 @@ class Output(unittest.TestCase):
         self.assertEqual(column(block, 1), words)
 
 
+class Text(unittest.TestCase):
+    """Running text: its sentences, its signs."""
+
+    def sentences(self, given):
+        status, out, errors = run("parse", "--quiet", given=given)
+        self.assertEqual((status, errors), (0, ""))
+        self.assertEqual(conllu_rules.faults(out.decode()), [])
+        return [line.removeprefix("# text = ") for line in out.decode().splitlines()
+                if line.startswith("# text") or line == "# newpar"]
+
+    def test_sentences(self):
+        for text, *rest in (("Mr. J. Smith paid $3.50. ", "It was old! ", '"Is it good?" he asked. ', "Dr. Brown left."),
+                            ("She lives in the U.S. ", "They visited Acme Inc. in May. ", "Why? ", "I know.\nYes.\n"),
+                            ("One line\ngoes on here. ", "A. Smith, e.g. Anna,  slept.")):
+            whole = text + "".join(rest)
+            want = [" ".join(one.replace("\n", " ").split("  ")).strip() for one in (text, *rest)]
+            got = [" ".join(line.split("  ")) for line in self.sentences(whole) if line != "# newpar"]
+            if want[-1].endswith("I know. Yes."):
+                want[-1:] = ["I know.", "Yes."]
+            self.assertEqual(got, want)
+
+    def test_paragraphs(self):
+        self.assertEqual(self.sentences("A heading\n\n \r\nDogs bark. Cats sleep\n\nShe left.\n"),
+                         ["# newpar", "A heading", "# newpar", "Dogs bark.", "Cats sleep", "# newpar", "She left."])
+
+    def test_signs_stay_and_are_understood(self):
+        plain = trees(given="He said: \"It isn't Anna's\" - and left ... at 5.\n")
+        curly = trees(given="\ufeffHe said: \u201cIt isn\u2019t Anna\u2019s\u201d\u2014and\u00a0left\u2026at 5.\r\n")
+        self.assertEqual(len(plain), 1)
+        self.assertEqual([row[2:8] for row in plain[0] if row[3] != "PUNCT"],
+                         [row[2:8] for row in curly[0] if row[3] != "PUNCT"])
+        self.assertEqual([form for form in column(curly[0], 1) if ord(max(form)) > 127],
+                         ["\u201c", "\u2019t", "\u2019s", "\u201d", "\u2014", "\u2026"])
+
+    def test_text_is_never_a_form(self):
+        text = '(exit) (system "touch hit") \\") (exit) ; (load x) "#. `(echo hit)`'
+        with tempfile.TemporaryDirectory() as folder:
+            status, out, errors = run("parse", "--from", "lines", given=text + "\n", cwd=folder)
+            self.assertEqual((status, os.listdir(folder)), (0, []))
+            self.assertIn(text.encode(), out)
+
+    def test_bytes_that_are_no_utf8(self):
+        status, out, errors = run("parse", "--quiet", given=b"Dogs \xff bark.\n\nCats \xc0\xaf sleep.\n")
+        self.assertEqual((status, errors.count("\n")), (0, 1), errors)
+        self.assertIn("standard input:1: ", errors)
+        self.assertIn(b"2\t\xff\t", out)
+        self.assertIn(b"2\t\xc0\xaf\t", out)
+
+
 class Input(unittest.TestCase):
     def test_files_and_streams(self):
         with tempfile.TemporaryDirectory() as folder:
             path = pathlib.Path(folder)
             (path / "a").write_text("Dogs bark.\r\n\r\nCats sleep.")
             (path / "b").write_text("\ufeffShe sleeps.\n")
-            status, out, errors = run("parse", "a", "missing", ".", "b", "-o", "out", cwd=folder, given="No.\n")
+            status, out, errors = run("parse", "a", "missing", ".", "b", "-o", "out", "--quiet", cwd=folder, given="No.\n")
             self.assertEqual((status, out), (1, b""))
-            self.assertEqual(errors.count("\n"), 3, errors)
+            self.assertEqual(errors.count("\n"), 2, errors)
             self.assertIn("missing: No such file", errors)
             texts = [line[9:] for line in (path / "out").read_text().splitlines() if line.startswith("# text = ")]
             self.assertEqual(texts, ["Dogs bark.", "Cats sleep.", "She sleeps."])
@@ -122,17 +171,18 @@ class Input(unittest.TestCase):
     def test_odd_bytes(self):
         for given in (b"\n" * 1000, b"", b"\x00\x01\x02\n", bytes(range(256)) * 20, b"a\x00b c\n", b"\xff\xfe\n" * 3,
                       b"(exit)\n\"); (exit)\n", b"x" * 100000 + b"\n", b"-" * 50000 + b"\n", b"a-" * 20000 + b"\n"):
-            status, out, errors = run("parse", "--quiet", given=given)
+            status, out, errors = run("parse", "--quiet", "--from", "lines", given=given)
             self.assertEqual(status, 0, (given[:20], errors))
             found = conllu_rules.faults(out.decode("latin-1").replace("\x85", "?").replace("\xa0", "?"))
             self.assertEqual([fault for fault in found if "blanks" not in fault[1] and "text" not in fault[1]], [])
 
     def test_a_long_sentence(self):
-        (block,) = trees(given="The old man who sleeps saw a dog " * 600 + ".\n")
+        (block,) = trees("--from", "lines", given="The old man who sleeps saw a dog " * 600 + ".\n")
         self.assertEqual(len(block), 4801)
 
     def test_a_line_is_answered_at_once(self):
-        with subprocess.Popen([PROGRAM, "parse", "--quiet"], stdin=subprocess.PIPE, stdout=subprocess.PIPE) as child:
+        with subprocess.Popen([PROGRAM, "parse", "--quiet", "--from", "lines"], stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE) as child:
             for word in ("Dogs bark.", "Cats sleep."):
                 child.stdin.write(word.encode() + b"\n")
                 child.stdin.flush()

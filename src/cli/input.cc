@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "cli/interrupt.h"
+#include "text/utf8.h"
 
 namespace torvane {
 
@@ -84,9 +85,16 @@ bool Input::line(std::string& text) {
     ++line_number_;
     if (!text.empty() && text.back() == '\r') text.pop_back();
     if (line_number_ == 1 && text.starts_with("\xef\xbb\xbf")) text.erase(0, 3);
+    if (!told_of_bytes_) look_at_bytes(text);
     return true;
   }
   return false;
+}
+
+void Input::look_at_bytes(const std::string& text) {
+  if (is_utf8(text)) return;
+  told_of_bytes_ = true;
+  std::cerr << "torvane: " << place() << ": bytes that are no UTF-8 go through as they are\n";
 }
 
 std::string Input::place() const {

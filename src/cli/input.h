@@ -30,6 +30,7 @@ class Input {
 
  private:
   bool open_next();
+  void look_at_bytes(const std::string& text);
   bool fill();
 
   std::vector<std::string> names_;
@@ -40,6 +41,7 @@ class Input {
   std::size_t at_ = 0;
   std::size_t line_number_ = 0;
   bool failed_ = false;
+  bool told_of_bytes_ = false;
 };
 
 }  // namespace torvane

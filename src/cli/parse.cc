@@ -20,7 +20,7 @@ namespace {
 
 struct ParseOptions {
   std::vector<std::string> files;
-  std::string from = "lines", to = "conllu", output;
+  std::string from = "text", to = "conllu", output;
   GrammarChoice grammar;
   bool strict = false, quiet = false;
 };
@@ -31,7 +31,7 @@ int parse(const ParseOptions& options) {
   if (!engine) return kNoGrammar;
   Input input(options.files);
   Output output(options.output);
-  std::unique_ptr<Source> source = make_source(options.from, input);
+  std::unique_ptr<Source> source = make_source(options.from, input, *engine);
   const Format& format = *find_format(options.to);
   Summary summary;
   Task task;

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
+
+#include "text/plain_text.h"
+#include "text/sentences.h"
 
 namespace torvane {
 namespace {
@@ -41,22 +45,91 @@ class Tokens : public Source {
   Lines lines_;
 };
 
-}  // namespace
+/// Running text: paragraphs with empty lines between them.
+class Text : public Source {
+ public:
+  // Where nothing tells a sentence's end, memory still has one.
+  static constexpr std::size_t kMostWords = 2000;
 
-Sentence parse_task(Engine& engine, const Task& task) {
-  Sentence sentence = task.words.empty() ? engine.parse(task.text) : engine.parse(task.words);
-  sentence.id = task.id;
+  Text(Input& input, Engine& engine) : input_(input), cutter_(engine, kMostWords) {}
+  bool next(Task& task) override {
+    CutSentence sentence;
+    while (!cutter_.next(sentence)) {
+      if (ended_) return false;
+      read_line();
+    }
+    task = {};
+    task.text = std::move(sentence.text);
+    task.starts_paragraph = sentence.starts_paragraph;
+    return true;
+  }
+
+ private:
+  void read_line() {
+    ended_ = !input_.line(line_);
+    if (ended_ || input_.starts_file() || line_.find_first_not_of(kBlanks) == line_.npos)
+      cutter_.end_paragraph();
+    if (ended_) return;
+    cutter_.add_line(line_);
+    // Who types a line waits for the answer.
+    if (input_.is_terminal() && !input_.is_waiting()) cutter_.end_paragraph();
+  }
+
+  Input& input_;
+  SentenceCutter cutter_;
+  std::string line_;
+  bool ended_ = false;
+};
+
+Sentence parse_text(Engine& engine, const std::string& text) {
+  const PlainText plain(text);
+  Sentence sentence = engine.parse(plain.text());
+  plain.restore(sentence);
   return sentence;
 }
 
-std::unique_ptr<Source> make_source(const std::string& name, Input& input) {
+/// The words stay as they are given; the grammar sees plain ones.
+Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
+  std::vector<std::string> plain;
+  plain.reserve(words.size());
+  for (const std::string& word : words) {
+    std::string text = PlainText(word).text();
+    text.erase(0, text.find_first_not_of(' '));
+    text.erase(text.find_last_not_of(' ') + 1);
+    plain.push_back(text.empty() ? word : text);
+  }
+  Sentence sentence = engine.parse(plain);
+  sentence.text.clear();
+  for (std::size_t i = 0; i < sentence.words.size() && i < words.size(); ++i) {
+    SentenceWord& word = sentence.words[i];
+    if (i > 0) sentence.text += ' ';
+    word.begin = sentence.text.size();
+    word.form = words[i];
+    sentence.text += word.form;
+    word.end = sentence.text.size();
+  }
+  return sentence;
+}
+
+}  // namespace
+
+Sentence parse_task(Engine& engine, const Task& task) {
+  Sentence sentence =
+      task.words.empty() ? parse_text(engine, task.text) : parse_words(engine, task.words);
+  sentence.id = task.id;
+  sentence.starts_paragraph = task.starts_paragraph;
+  return sentence;
+}
+
+std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine) {
+  if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
   return nullptr;
 }
 
 std::vector<std::string> source_names() {
-  return {"lines", "tokens"};
+  return {"text", "lines", "tokens"};
 }
 
 }  // namespace torvane

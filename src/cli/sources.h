@@ -15,6 +15,7 @@ struct Task {
   std::string text;
   std::vector<std::string> words;  ///< given words; if there are any, the text is not cut
   std::string id;
+  bool starts_paragraph = false;
 };
 
 /// What a parse makes of it.
@@ -27,8 +28,8 @@ class Source {
   virtual bool next(Task& task) = 0;
 };
 
-/// By the name of `--from`; null if there is none.
-std::unique_ptr<Source> make_source(const std::string& name, Input& input);
+/// By the name of `--from`; null if there is none. The engine's grammar finds sentences.
+std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine);
 /// All names.
 std::vector<std::string> source_names();
 

@@ -111,6 +111,11 @@ Sentence Engine::parse(const std::vector<std::string>& words) {
   return whole;
 }
 
+int Engine::boundary(std::string_view token) {
+  WorldScope here(world_);
+  return labels_->finds_sentences() ? labels_->boundary(token) : -1;
+}
+
 Sentence Engine::parse_piece(std::string_view text) {
   WorldScope here(world_);
   TorvaneParser& parser = *current_parser(world_);

@@ -39,8 +39,9 @@ class Engine {
   Sentence parse(const std::vector<std::string>& words);
   /// A sentence of more words (between blanks) is parsed piece by piece.
   std::size_t max_words = 200;
-  /// How the loaded grammar calls things.
-  const Labels& labels() const { return *labels_; }
+  /// Reads the next token of a running text: -1 while no sentence ends, else how many of the tokens
+  /// read belong to the next one. A grammar that knows nothing of it gives -1.
+  int boundary(std::string_view token);
 
  private:
   Sentence parse_piece(std::string_view text);

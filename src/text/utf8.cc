@@ -31,4 +31,13 @@ std::size_t utf8_count(std::string_view text) {
   return count;
 }
 
+bool is_utf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = utf8_length(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 }  // namespace torvane

@@ -10,5 +10,6 @@ namespace torvane {
 std::size_t utf8_length(std::string_view text);
 /// Characters of a text; a byte that belongs to none counts as one.
 std::size_t utf8_count(std::string_view text);
+bool is_utf8(std::string_view text);
 
 }  // namespace torvane
