@@ -193,6 +193,64 @@ class Input(unittest.TestCase):
             child.stdin.close()
 
 
+class Trees(unittest.TestCase):
+    """CoNLL-U in, drawings out."""
+
+    ROW = "{}\t{}\t_\tX\t_\t_\t{}\t{}\t_\t{}\n"
+
+    def block(self, *rows, head=""):
+        return head + "".join(self.ROW.format(*(row + ("_",))[:5]) for row in rows) + "\n"
+
+    def test_words_ranges_and_comments_stay(self):
+        given = ("# sent_id = one\n# text = Don't  sleep!\n# source = here\n1-2\tDon't\t" + "\t".join("_" * 8) + "\n" +
+                 self.block((1, "Do", 0, "root"), (2, "n't", 1, "x"), (3, "sleep", 1, "x", "Note=7|SpaceAfter=No"),
+                            (4, "!", 1, "x")))
+        (block,) = trees("--from", "conllu", given=given)
+        self.assertEqual(column(block, 1), ["Don't", "Do", "n't", "sleep", "!"])
+        self.assertEqual(column(block, 0)[0], "1-2")
+        self.assertEqual((block[3][7], block[3][9]), ("root", "SpaceAfter=No|Note=7"))
+        out = run("parse", "--from", "conllu", given=given)[1].decode()
+        self.assertIn("# source = here\n", out)
+        self.assertIn("# text = Don't  sleep!\n", out)
+
+    def test_a_parse_reads_back(self):
+        out = run("parse", "--quiet", "--max-words", "9", given="dogs the of bark. He said (on Monday) that it's so. "
+                  "The cat that she saw sat on the mat and slept there all day.\n")[1]
+        self.assertEqual(run("convert", "--to", "conllu", given=out), (0, out, ""))
+
+    def test_wrong_sentences_are_told_and_left_out(self):
+        good = self.block((1, "Dogs", 2, "x"), (2, "bark", 0, "root"))
+        for wrong, line, what in ((good.replace("\tX", "", 1), 1, "columns"), (good.replace("2\tbark", "3\tbark"), 2, "id"),
+                                  (good.replace("\t2\t", "\t9\t"), 3, "head 9"), (good.replace("\t0\t", "\t1\t"), 3, "circle"),
+                                  (good.replace("\t2\t", "\ttwo\t"), 1, "head two"), (good.replace("Dogs", ""), 1, "column"),
+                                  ("1-9\tx" + 8 * "\t_" + "\n" + good, 4, "range"), ("2-1\tx" + 8 * "\t_" + "\n" + good, 1, "range"),
+                                  ("# text = x\n\n", 2, "words"), (good.replace("2\tbark", "# x\n2\tbark"), 2, "comment")):
+            for command in (["parse", "--quiet", "--from", "conllu"], ["convert", "--to", "conllu"]):
+                status, out, errors = run(*command, given=good + wrong + good)
+                self.assertEqual((status, errors.count("\n"), out.count(b"\tbark\t")), (1, 1, 2), (what, errors))
+                self.assertIn(f"standard input:{line + 3}: ", errors)
+                self.assertIn(what, errors)
+
+    def test_drawings(self):
+        given = "The dogs bark (loudly).\n"
+        status, out, _ = run("parse", "--to", "tree", given=given)
+        self.assertEqual((status, out.decode()), (0, " ┌─┬── The     det     DET\n".replace("┌─┬──", "  ┌──") +
+                                                  " ┌─┴── dogs    nsubj   NOUN\n─┼──── bark    root    VERB\n"
+                                                  " │ ┌── (       punct   PUNCT\n ├─┼── loudly  advmod  ADV\n"
+                                                  " │ └── )       punct   PUNCT\n └──── .       punct   PUNCT\n\n"))
+        self.assertEqual(run("parse", "--to", "brackets", given=given)[1],
+                         b"(root (nsubj (det The) dogs) bark (advmod (punct -LRB-) loudly (punct -RRB-)) (punct .))\n")
+        dot = run("parse", "--to", "dot", given='Say "no".\n')[1].decode()
+        self.assertIn('  1 -> 3 [label="', dot)
+        self.assertIn('label="Say \\"no\\"."', dot)
+
+    def test_threads_keep_the_order(self):
+        given = "".join(f"The {number} dogs bark.\nCats sleep.\n" for number in range(300))
+        one = run("parse", "--quiet", "--from", "lines", given=given)
+        self.assertEqual(run("parse", "--quiet", "--from", "lines", "-j", "3", given=given), one)
+        self.assertEqual(run("parse", "-j", "2", "--grammar", "nosuch", given=given)[0], 4)
+
+
 class Ends(unittest.TestCase):
     def test_usage(self):
         for wrong in (["parse", "--no"], ["nosuch"], ["parse", "--to", "nosuch"], ["parse", "--from", "nosuch"],

@@ -30,5 +30,6 @@ struct CliCommand {
 std::span<const CliCommand> cli_commands();
 
 std::function<int()> declare_parse(CLI::App& app);
+std::function<int()> declare_convert(CLI::App& app);
 
 }  // namespace torvane

@@ -12,6 +12,7 @@ namespace {
 
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
+    {"convert", "Turn trees from CoNLL-U into another format", declare_convert},
 };
 
 }  // namespace

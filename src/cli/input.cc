@@ -101,6 +101,12 @@ std::string Input::place() const {
   return name_ + ':' + std::to_string(line_number_);
 }
 
+void Input::tell(std::size_t lines_back, const std::string& fault) {
+  has_faults_ = true;
+  std::cerr << "torvane: " << name_ << ':' << line_number_ - lines_back << ": " << fault
+            << ": the sentence is left out\n";
+}
+
 bool Input::is_waiting() const {
   if (buffer_.find('\n', at_) != buffer_.npos) return true;
   if (file_ < 0) return next_ < names_.size();

@@ -21,6 +21,10 @@ class Input {
   bool starts_file() const { return line_number_ == 1; }
   /// Where the last line stood: `FILE:NUMBER`.
   std::string place() const;
+  /// Tells of a fault that stands some lines before the last one.
+  void tell(std::size_t lines_back, const std::string& fault);
+  /// Faults were told.
+  bool has_faults() const { return has_faults_; }
   /// More can be read without waiting for whoever writes it.
   bool is_waiting() const;
   /// Somebody types.
@@ -41,6 +45,7 @@ class Input {
   std::size_t at_ = 0;
   std::size_t line_number_ = 0;
   bool failed_ = false;
+  bool has_faults_ = false;
   bool told_of_bytes_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/command.h"
@@ -13,6 +14,7 @@
 #include "cli/output.h"
 #include "cli/sources.h"
 #include "cli/summary.h"
+#include "cli/workers.h"
 #include "formats/format.h"
 
 namespace torvane {
@@ -22,32 +24,83 @@ struct ParseOptions {
   std::vector<std::string> files;
   std::string from = "text", to = "conllu", output;
   GrammarChoice grammar;
+  std::size_t jobs = 1;
   bool strict = false, quiet = false;
 };
 
+/// A run: where it reads and writes, and what it has done.
+struct Run {
+  Input input;
+  Output output;
+  const Format& format;
+  Summary summary;
+  std::unique_ptr<Source> source;
+  std::uint64_t tasks = 0;
+
+  bool next(Task& task) {
+    if (output.is_shut() || !source->next(task)) return false;
+    ++tasks;
+    if (task.id.empty()) task.id = std::to_string(tasks);
+    return true;
+  }
+};
+
+void parse_here(Run& run, Engine& engine) {
+  for (Task task; run.next(task);) {
+    const Sentence sentence = parse_task(engine, task);
+    run.summary.count(sentence);
+    run.format.write(run.output.buffer, sentence);
+    run.output.flush(!run.input.is_waiting());
+  }
+}
+
+/// Each thread has an engine of its own.
+void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles& grammar) {
+  constexpr std::size_t kWaitingEach = 64;
+  Workers workers(options.jobs, [&](Workers& all) {
+    Engine* engine = load_grammar(grammar, options.grammar.max_words);
+    if (!engine) return all.resign();
+    while (Job* job = all.take()) {
+      job->sentence = parse_task(*engine, job->task);
+      run.format.write(job->written, job->sentence);
+      all.give_back(*job);
+    }
+  });
+  bool more = true;
+  while (more || workers.waiting() > 0) {
+    while (more && workers.waiting() < kWaitingEach * options.jobs &&
+           (workers.waiting() == 0 || run.input.is_waiting())) {
+      Task task;
+      more = run.next(task);
+      if (more) workers.add(std::move(task));
+    }
+    if (workers.waiting() == 0) continue;
+    const std::unique_ptr<Job> job = workers.finished();
+    if (!job->done) return;
+    run.summary.count(job->sentence);
+    run.output.buffer += job->written;
+    run.output.flush(workers.waiting() == 0 && !run.input.is_waiting());
+  }
+}
+
 int parse(const ParseOptions& options) {
   catch_interrupts();
-  Engine* engine = load_grammar(find_grammar(options.grammar), options.grammar.max_words);
+  const GrammarFiles grammar = find_grammar(options.grammar);
+  Engine* engine = load_grammar(grammar, options.grammar.max_words);
   if (!engine) return kNoGrammar;
-  Input input(options.files);
-  Output output(options.output);
-  std::unique_ptr<Source> source = make_source(options.from, input, *engine);
-  const Format& format = *find_format(options.to);
-  Summary summary;
-  Task task;
-  for (std::uint64_t number = 1; !output.is_shut() && source->next(task); ++number) {
-    if (task.id.empty()) task.id = std::to_string(number);
-    const Sentence sentence = parse_task(*engine, task);
-    summary.count(sentence);
-    format.write(output.buffer, sentence);
-    output.flush(!input.is_waiting());
+  Run run{Input(options.files), Output(options.output), *find_format(options.to), {}, {}};
+  run.source = make_source(options.from, run.input, *engine);
+  if (options.jobs == 1) {
+    parse_here(run, *engine);
+  } else {
+    parse_in_threads(run, options, grammar);
   }
-  output.flush(true);
+  run.output.flush(true);
   leave_grammar();
   if (is_interrupted()) end_by_interrupt();
-  if (!options.quiet) std::cerr << summary.text() << '\n';
-  if (input.failed() || output.failed()) return kInputOutput;
-  return options.strict && !summary.all_whole() ? kNotWhole : kDone;
+  if (!options.quiet) std::cerr << run.summary.text() << '\n';
+  if (run.input.failed() || run.input.has_faults() || run.output.failed()) return kInputOutput;
+  return options.strict && !run.summary.all_whole() ? kNotWhole : kDone;
 }
 
 }  // namespace
@@ -74,6 +127,9 @@ std::function<int()> declare_parse(CLI::App& app) {
   app.add_option("--max-words", options->grammar.max_words,
                  "A longer sentence is parsed piece by piece")
       ->check(CLI::Range(1, 30000))
+      ->capture_default_str();
+  app.add_option("-j,--jobs", options->jobs, "Sentences parsed at the same time")
+      ->check(CLI::Range(1, 256))
       ->capture_default_str();
   app.add_flag("--strict", options->strict, "Status 3 when a sentence is not one whole tree");
   app.add_flag("--quiet", options->quiet, "No summary on standard error");

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "formats/conllu_reader.h"
 #include "text/plain_text.h"
 #include "text/sentences.h"
 
@@ -81,6 +82,51 @@ class Text : public Source {
   bool ended_ = false;
 };
 
+/// Trees that were made before: their words are kept.
+class Conllu : public Source {
+ public:
+  explicit Conllu(Input& input) : input_(input) {}
+  bool next(Task& task) override {
+    for (bool more = true; more;) {
+      more = input_.line(line_);
+      const bool complete = reader_.add(more ? line_ : "");
+      for (const ConlluReader::Fault& fault : reader_.take_faults())
+        input_.tell(fault.lines_back - (more ? 0 : 1), fault.text);
+      if (!complete) continue;
+      task = {};
+      task.read = std::make_unique<Sentence>(reader_.take());
+      task.id = task.read->id;
+      for (const SentenceWord& word : task.read->words) task.words.push_back(word.form);
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  Input& input_;
+  ConlluReader reader_;
+  std::string line_;
+};
+
+/// The tree that the grammar gives to words that were read, with what else the file has of them.
+Sentence merged(Sentence read, const Sentence& parsed) {
+  for (std::size_t i = 0; i < read.words.size() && i < parsed.words.size(); ++i) {
+    SentenceWord& word = read.words[i];
+    const SentenceWord& now = parsed.words[i];
+    word.lemma = now.lemma;
+    word.upos = now.upos;
+    word.xpos = now.xpos;
+    word.features = now.features;
+    word.head = now.head;
+    word.relation = now.relation;
+    word.outside = now.outside;
+    word.part = now.part;
+  }
+  read.parts = parsed.parts;
+  read.cut = parsed.cut;
+  return read;
+}
+
 Sentence parse_text(Engine& engine, const std::string& text) {
   const PlainText plain(text);
   Sentence sentence = engine.parse(plain.text());
@@ -116,8 +162,9 @@ Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
 Sentence parse_task(Engine& engine, const Task& task) {
   Sentence sentence =
       task.words.empty() ? parse_text(engine, task.text) : parse_words(engine, task.words);
+  if (task.read) sentence = merged(*task.read, sentence);
   sentence.id = task.id;
-  sentence.starts_paragraph = task.starts_paragraph;
+  sentence.starts_paragraph |= task.starts_paragraph;
   return sentence;
 }
 
@@ -125,11 +172,16 @@ std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engin
   if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
+  if (name == "conllu") return make_tree_source(input);
   return nullptr;
 }
 
+std::unique_ptr<Source> make_tree_source(Input& input) {
+  return std::make_unique<Conllu>(input);
+}
+
 std::vector<std::string> source_names() {
-  return {"text", "lines", "tokens"};
+  return {"text", "lines", "tokens", "conllu"};
 }
 
 }  // namespace torvane

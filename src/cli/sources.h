@@ -16,6 +16,7 @@ struct Task {
   std::vector<std::string> words;  ///< given words; if there are any, the text is not cut
   std::string id;
   bool starts_paragraph = false;
+  std::unique_ptr<Sentence> read;  ///< what a file of trees has of it
 };
 
 /// What a parse makes of it.
@@ -30,6 +31,8 @@ class Source {
 
 /// By the name of `--from`; null if there is none. The engine's grammar finds sentences.
 std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine);
+/// Trees that were made before: each task has what was read.
+std::unique_ptr<Source> make_tree_source(Input& input);
 /// All names.
 std::vector<std::string> source_names();
 

@@ -124,13 +124,17 @@ class Assembly {
     if (i == root_) return;
     const int left = neighbour(i, -1), right = neighbour(i, 1);
     const std::string& form = word(i).form;
+    const bool is_quote = form == "\"";
     int head = root_;
-    if (left == 0 || right == 0) {
+    if ((is_quote || is_one_of(form, kClosing)) && !opened_.empty() &&
+        (word(opened_.back()).form == "\"") == is_quote) {
+      head = place(opened_.back()).head;  // a pair has one head
+      opened_.pop_back();
+    } else if (left == 0 || right == 0) {
       head = left + right > 0 ? left + right : root_;
-    } else if (is_one_of(form, kOpening) || (form == "\"" && !quoted_)) {
+    } else if (is_quote || is_one_of(form, kOpening)) {
       head = right;
-    } else if (is_one_of(form, kClosing) || form == "\"") {
-      head = left;
+      opened_.push_back(i);
     } else if (place(left).head > i) {
       head = left;
     } else if (place(right).head > 0 && place(right).head < i) {
@@ -138,7 +142,6 @@ class Assembly {
     } else {
       head = place(right).head == 0 && right != root_ ? right : left;
     }
-    if (form == "\"") quoted_ = !quoted_;
     place(i).head = head;
   }
 
@@ -185,7 +188,7 @@ class Assembly {
   std::vector<int> word_of_;  // the word of the sentence, by the parser's position
   std::vector<Place> places_;
   int root_ = 0;
-  bool quoted_ = false;
+  std::vector<int> opened_;  // brackets and quotes that are still to be closed
 };
 
 bool is_blank(char c) {

@@ -6,8 +6,11 @@ namespace {
 constexpr Format kFormats[] = {
     {"conllu", "CoNLL-U, ten columns a word", write_conllu},
     {"json", "one object a line", write_json},
+    {"tree", "a drawing for the terminal", write_tree},
     {"table", "position, word, category and head, a line a word", write_table},
     {"deps", "tree text, to be read back", write_deps},
+    {"brackets", "a line a sentence, each word in brackets with its dependents", write_brackets},
+    {"dot", "a graph for drawing programs", write_dot},
 };
 
 }  // namespace

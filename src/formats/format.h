@@ -26,5 +26,8 @@ void write_conllu(std::string& out, const Sentence& sentence);
 void write_table(std::string& out, const Sentence& sentence);
 void write_deps(std::string& out, const Sentence& sentence);
 void write_json(std::string& out, const Sentence& sentence);
+void write_tree(std::string& out, const Sentence& sentence);
+void write_brackets(std::string& out, const Sentence& sentence);
+void write_dot(std::string& out, const Sentence& sentence);
 
 }  // namespace torvane

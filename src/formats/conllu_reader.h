@@ -1,0 +1,45 @@
+// CoNLL-U text to sentences: what is wrong is told with its line, and that sentence is left out.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/document.h"
+
+namespace torvane {
+
+class ConlluReader {
+ public:
+  ConlluReader() { start(); }
+  /// Takes the next line, an empty one at the end of the text. True when a sentence is complete.
+  bool add(std::string_view line);
+  /// The complete sentence. Heads and relations are those of the file.
+  Sentence take();
+
+  struct Fault {
+    std::size_t lines_back;  ///< how many lines before the last one it stands
+    std::string text;
+  };
+  /// What was wrong with a sentence that was left out: the first fault of each, taken off.
+  std::vector<Fault> take_faults();
+
+ private:
+  void read_comment(std::string_view line);
+  void read_row(std::string_view line);
+  void read_word(const std::vector<std::string_view>& columns);
+  void read_range(const std::vector<std::string_view>& columns);
+  void check_heads();
+  void spell_text();
+  void fail(std::string text);
+  void start();
+
+  Sentence sentence_;
+  std::size_t lines_ = 0;       // of the sentence under way
+  std::size_t fault_line_ = 0;  // in it; 0: none so far
+  std::string fault_;
+  std::vector<Fault> faults_;
+};
+
+}  // namespace torvane
