@@ -218,6 +218,13 @@ class Trees(unittest.TestCase):
                   "The cat that she saw sat on the mat and slept there all day.\n")[1]
         self.assertEqual(run("convert", "--to", "conllu", given=out), (0, out, ""))
 
+    def test_words_without_heads(self):
+        given = "# sent_id = 1\n# text = Dogs bark\n" + self.block((1, "Dogs", "_", "_"), (2, "bark", "_", "_"))
+        self.assertEqual(run("convert", "--to", "conllu", given=given), (0, given.encode(), ""))
+        self.assertNotIn("head", json.loads(run("convert", "--to", "json", given=given)[1])["words"][0])
+        for drawing in ("tree", "brackets", "dot", "table", "deps"):
+            self.assertEqual(run("convert", "--to", drawing, given=given)[0], 0)
+
     def test_wrong_sentences_are_told_and_left_out(self):
         good = self.block((1, "Dogs", 2, "x"), (2, "bark", 0, "root"))
         for wrong, line, what in ((good.replace("\tX", "", 1), 1, "columns"), (good.replace("2\tbark", "3\tbark"), 2, "id"),

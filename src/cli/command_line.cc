@@ -32,6 +32,7 @@ int run_command_line(int argc, char** argv, const char* version) {
   std::vector<std::pair<CLI::App*, std::function<int()>>> works;
   for (const CliCommand& command : cli_commands()) {
     CLI::App* sub = app.add_subcommand(command.name, command.what);
+    sub->option_defaults()->take_last();
     works.emplace_back(sub, command.declare(*sub));
   }
   try {

@@ -43,7 +43,7 @@ std::function<int()> declare_convert(CLI::App& app) {
   auto options = std::make_shared<ConvertOptions>();
   std::vector<std::string> formats;
   for (const Format& format : all_formats()) formats.emplace_back(format.name);
-  app.add_option("FILE", options->files, "CoNLL-U files; none, or -: standard input");
+  app.add_option("FILE", options->files, "CoNLL-U files; none, or -: standard input")->take_all();
   app.add_option("--to", options->to, "What is written")
       ->check(CLI::IsMember(formats))
       ->capture_default_str();

@@ -109,7 +109,7 @@ std::function<int()> declare_parse(CLI::App& app) {
   auto options = std::make_shared<ParseOptions>();
   std::vector<std::string> formats;
   for (const Format& format : all_formats()) formats.emplace_back(format.name);
-  app.add_option("FILE", options->files, "Files to read; none, or -: standard input");
+  app.add_option("FILE", options->files, "Files to read; none, or -: standard input")->take_all();
   app.add_option("--from", options->from,
                  "What is read: lines (a sentence a line), tokens (words "
                  "with blanks between)")

@@ -14,7 +14,7 @@ struct SentenceWord {
   std::string xpos;      ///< category of the grammar, or empty
   std::string features;  ///< `Name=Value|...`, or empty
   std::string relation;  ///< to the head; `root` for the root
-  int head = 0;          ///< number of the head from 1; 0 for the root
+  int head = 0;          ///< number of the head from 1; 0 for the root; -1: none is known
   /// Bytes of the sentence's text: of the first one, and behind the last one.
   std::size_t begin = 0, end = 0;
   bool outside = false;     ///< the grammar did not take it into a tree

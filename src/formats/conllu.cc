@@ -65,7 +65,7 @@ void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
     out += '\t';
     add_name(out, *name);
   }
-  out += '\t' + std::to_string(word.head) + '\t';
+  out += '\t' + (word.head < 0 ? std::string("_") : std::to_string(word.head)) + '\t';
   add_name(out, word.relation);
   out += "\t_\t";
   add_column(out, notes_of(word));

@@ -109,7 +109,7 @@ void ConlluReader::read_comment(std::string_view line) {
   } else if (line == "# newpar") {
     sentence_.starts_paragraph = true;
   } else if (line.starts_with(kParts)) {
-    sentence_.parts = number_of(line.substr(kParts.size()));
+    sentence_.parts = std::max(number_of(line.substr(kParts.size())), 0);
   } else if (line.starts_with(kCut)) {
     sentence_.cut = line.substr(kCut.size());
   } else {

@@ -70,7 +70,7 @@ void write_json(std::string& out, const Sentence& sentence) {
     add_text(out, "upos", word.upos);
     add_text(out, "xpos", word.xpos);
     add_text(out, "feats", word.features);
-    add_number(out, "head", static_cast<std::size_t>(word.head));
+    if (word.head >= 0) add_number(out, "head", static_cast<std::size_t>(word.head));
     add_text(out, "deprel", word.relation);
     add_number(out, "start", character_at(word.begin));
     add_number(out, "end", character_at(word.end));
