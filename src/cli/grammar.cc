@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <sstream>
 
 #include "cli/command.h"
@@ -63,13 +64,13 @@ GrammarFiles find_grammar(const GrammarChoice& choice) {
   return found;
 }
 
-Engine* load_grammar(const GrammarFiles& files, std::size_t max_words) {
+std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words) {
   static std::istringstream nothing;
   [[maybe_unused]] static const int registered = std::atexit(tell_of_exit);
   std::string fault = files.fault;
-  Engine* engine = nullptr;
+  std::unique_ptr<Engine> engine;
   if (fault.empty()) {
-    engine = new Engine({&nothing, &std::cerr, &std::cerr});
+    engine = std::make_unique<Engine>(World::Console{&nothing, &std::cerr, &std::cerr});
     engine->max_words = max_words;
     in_grammar = true;
     fault = engine->load(files.files, files.folders);

@@ -58,7 +58,7 @@ void parse_here(Run& run, Engine& engine) {
 void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles& grammar) {
   constexpr std::size_t kWaitingEach = 64;
   Workers workers(options.jobs, [&](Workers& all) {
-    Engine* engine = load_grammar(grammar, options.grammar.max_words);
+    const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
       job->sentence = parse_task(*engine, job->task);
@@ -86,7 +86,7 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
 int parse(const ParseOptions& options) {
   catch_interrupts();
   const GrammarFiles grammar = find_grammar(options.grammar);
-  Engine* engine = load_grammar(grammar, options.grammar.max_words);
+  const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
   if (!engine) return kNoGrammar;
   Run run{Input(options.files), Output(options.output), *find_format(options.to), {}, {}};
   run.source = make_source(options.from, run.input, *engine);
