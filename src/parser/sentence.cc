@@ -84,7 +84,7 @@ class TorvaneParser::SentenceInHand {
 template <class AddWords>
 bool TorvaneParser::feed_with(AddWords add_words) {
   if (refuse_while_parsing(_world, "parse", grammar._lex)) return false;
-  forget_result();
+  drop_result();
   if (!grammar._lex) return false;
   reset();
   lifetimes().settle();
@@ -153,7 +153,7 @@ bool TorvaneParser::collect_items() {
 void TorvaneParser::parse_items() {
   if (refuse_while_parsing(_world, "parse", grammar._lex)) return;
   SentenceInHand in_hand(*this);
-  forget_result();
+  drop_result();
   // Kept: too-many-readings
   if (!grammar._lex || !collect_items()) return;
   std::sort(initial_.begin(), initial_.end(), [](const Initial& a, const Initial& b) {

@@ -38,7 +38,7 @@ void TorvaneParser::reset() {
   if (grammar._lex) grammar._lex->reset();
 }
 
-void TorvaneParser::forget_result() {
+void TorvaneParser::drop_result() {
   if (!_deps) return;
   if (_deps->shared() || lifetimes().expression_waits()) {
     // What is on its way through that expression may belong to it.

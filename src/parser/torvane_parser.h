@@ -62,7 +62,7 @@ class TorvaneParser {
   template <class AddWords>
   bool feed_with(AddWords add_words);
   bool collect_items();
-  void forget_result();
+  void drop_result();
 
   bool parsing_ = false;
   std::vector<Initial> initial_;

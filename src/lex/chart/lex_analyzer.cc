@@ -93,7 +93,7 @@ struct LexAnalyzer::Dropped {
   Array<LexItem*> items;  // empty, and not used again for now
   std::vector<std::unique_ptr<Meaning>> meanings;
 
-  ~Dropped() { analyzer.recycle(items); }
+  ~Dropped() { analyzer.take_back(items); }
 };
 
 void LexAnalyzer::drop_items() {
@@ -110,12 +110,12 @@ void LexAnalyzer::drop_items() {
   } else {
     pool_.reset();
     join_.reset();
-    recycle(all_items_);
+    take_back(all_items_);
   }
   all_items_.clear();
 }
 
-void LexAnalyzer::recycle(const Array<LexItem*>& items) {
+void LexAnalyzer::take_back(const Array<LexItem*>& items) {
   free_items_.insert(free_items_.end(), items.begin(), items.end());
 }
 

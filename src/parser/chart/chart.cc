@@ -109,7 +109,7 @@ void Chart::reset() {
   oblique_case_marks.reset();
 }
 
-void Chart::forget(const GCate& node) {
+void Chart::clear(const GCate& node) {
   const int first = node.column(0);
   const int last = node.column(node.n_positions());
   shifted_ = true;

@@ -87,7 +87,7 @@ class Chart {
   /// Forgets the sentence.
   void reset();
   /// Forgets the items of one node.
-  void forget(const GCate& node);
+  void clear(const GCate& node);
 
  private:
   struct Row {

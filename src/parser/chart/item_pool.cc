@@ -45,22 +45,22 @@ void ItemPool::give_back(PItem* item) {
 }
 
 // Items that an expression may still have, as they were.
-struct ItemPool::Forgotten {
+struct ItemPool::Dropped {
   ItemPool& pool;
   std::vector<std::unique_ptr<PItem>> items;
 
-  ~Forgotten() { pool.recycle(items); }
+  ~Dropped() { pool.take_back(items); }
 };
 
 void ItemPool::set_aside() {
   auto used = pool_.begin() + free_;
-  std::unique_ptr<Forgotten> forgotten(new Forgotten{*this, {}});
-  forgotten->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
+  std::unique_ptr<Dropped> dropped(new Dropped{*this, {}});
+  dropped->items.assign(std::move_iterator(used), std::move_iterator(pool_.end()));
   pool_.erase(used, pool_.end());
-  drop(std::move(forgotten), eras_.birth());
+  drop(std::move(dropped), eras_.birth());
 }
 
-void ItemPool::recycle(std::vector<std::unique_ptr<PItem>>& items) {
+void ItemPool::take_back(std::vector<std::unique_ptr<PItem>>& items) {
   for (std::unique_ptr<PItem>& item : items) {
     pool_.push_back(std::move(item));
     pool_.back().swap(pool_[static_cast<std::size_t>(free_++)]);

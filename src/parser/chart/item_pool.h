@@ -30,9 +30,9 @@ class ItemPool {
   }
 
  private:
-  struct Forgotten;
+  struct Dropped;
   void set_aside();
-  void recycle(std::vector<std::unique_ptr<PItem>>& items);
+  void take_back(std::vector<std::unique_ptr<PItem>>& items);
 
   std::vector<std::unique_ptr<PItem>> pool_;  // the free ones first
   int free_ = 0;

@@ -62,7 +62,7 @@ void build_positions(TorvaneParser& parser, GCate& node, IRSlist* positions) {
     messages() << "def-modifiers: " << node._name << " has too many positions\n";
     return;
   }
-  parser.chart.forget(node);
+  parser.chart.clear(node);
   std::vector<Link*> kept = node.start_positions(n);
   for (int i = 0; i < n; ++i) node.require(i);
   int i = 0;
