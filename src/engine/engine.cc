@@ -18,16 +18,6 @@ const Deps& result_of(TorvaneParser& parser) {
   return *parser._deps;
 }
 
-/// What is to be said of a parse that ran out of room.
-void note_cut(TorvaneParser& parser, Sentence& sentence) {
-  PItem* item = parser.chart.new_item();
-  if (item) {
-    parser.chart.give_back(item);
-  } else {
-    sentence.cut = "items";
-  }
-}
-
 }  // namespace
 
 Engine::Engine() : Engine(World::Console::of_process()) {}
@@ -122,7 +112,7 @@ Sentence Engine::parse_piece(std::string_view text) {
   if (!parser.feed(std::string(text).c_str(), nullptr)) return {};
   parser.parse_items();
   Sentence sentence = sentence_of(result_of(parser), text, *labels_);
-  note_cut(parser, sentence);
+  if (parser.chart.is_exhausted()) sentence.cut = "items";
   return sentence;
 }
 
@@ -135,7 +125,7 @@ Sentence Engine::parse_piece(const std::vector<std::string>& words) {
   if (!parser.feed_words(forms)) return {};
   parser.parse_items();
   Sentence sentence = sentence_of(result_of(parser), words, *labels_);
-  note_cut(parser, sentence);
+  if (parser.chart.is_exhausted()) sentence.cut = "items";
   return sentence;
 }
 

@@ -31,6 +31,7 @@ class Chart {
   /// A projection of `source` with the attributes in the set (null: all); null when the pool is
   /// exhausted.
   PItem* copy_item(const PItem* source, const AttSet* atts);
+  bool is_exhausted() const { return pool_.is_exhausted(); }
   /// Takes back what was made last, and is of no use. Most projections are.
   void give_back(PItem* item) { pool_.give_back(item); }
   /// The item of a word, in its node.

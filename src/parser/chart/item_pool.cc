@@ -17,7 +17,7 @@ ItemPool::ItemPool() {
 PItem* ItemPool::new_item(AttInterpreterList* att_type) {
   bool reused = free_ > 0;
   // Kept: items-run-out-silently
-  if (items_made_ >= kPoolLimit) return nullptr;
+  if (is_exhausted()) return nullptr;
   if (!reused) pool_.push_back(std::make_unique<PItem>());
   PItem* item = reused ? pool_[--free_].get() : pool_.back().get();
   Ref<AttVec> atts = std::move(item->_atts);

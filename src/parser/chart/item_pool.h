@@ -18,6 +18,8 @@ class ItemPool {
 
   /// A cleared item with a vector of the type; null when the pool is exhausted.
   PItem* new_item(AttInterpreterList* att_type);
+  /// The sentence can have no more items.
+  bool is_exhausted() const { return items_made_ >= kPoolLimit; }
   /// Takes the item back that was made last, if nobody can have got hold of it. It counts as made.
   void give_back(PItem* item);
   /// Takes all items back. Those that an expression may still have stay what they are until it has
