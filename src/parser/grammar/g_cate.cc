@@ -33,8 +33,7 @@ GCate::GCate(Grammar& grammar, const char* name, int number)
   _guest_link->set_weight(kGuestWeight);
 }
 
-bool GCate::any_required(int from, int to) const {
-  if (required_ == 0) return false;
+bool GCate::requires_between(int from, int to) const {
   for (int i = std::max(from, 0); i < to; ++i)
     if (required(i)) return true;
   return false;
