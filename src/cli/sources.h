@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ struct Task {
 
 /// What a parse makes of it.
 Sentence parse_task(Engine& engine, const Task& task);
+/// The next-best tree of the task that was parsed last; nothing where there is none.
+std::optional<Sentence> next_tree(Engine& engine, const Task& task);
 
 class Source {
  public:
