@@ -134,6 +134,48 @@ class Threads(unittest.TestCase):
             self.assertEqual(run("parse", "--quiet", "--from", "lines", "-j", jobs, given=given), one)
 
 
+class Help(unittest.TestCase):
+    def test_pages(self):
+        for page in ("language", "formats", "grammar", "patterns", "using"):
+            self.assertEqual(run("help", page), (0, (ROOT / "docs" / f"{page}.md").read_bytes(), ""))
+        status, out, _ = run("help", "forms", "sbnd")
+        self.assertEqual((status, out.count(b"\n")), (0, 1), out)
+        self.assertGreater(run("help", "forms")[1].count(b"\n"), 300)
+        self.assertEqual(run("help")[1], run("--help")[1])
+        for command in ("parse", "convert", "help"):
+            status, out, errors = run(command, "--help")
+            self.assertEqual((status, errors), (0, ""))
+            self.assertIn(f"Usage: torvane {command} ".encode(), out)
+            self.assertEqual(run("help", command)[1], out)
+        with subprocess.Popen([command_line.PROGRAM, "help", "forms"], stdout=subprocess.PIPE, stderr=subprocess.PIPE) as child:
+            child.stdout.close()
+            self.assertEqual((child.stderr.read(), child.wait(60)), (b"", 0))
+
+    def test_hints(self):
+        for wrong, hint in ((["pasre"], "parse"), (["parse", "--srtict"], "--strict"), (["convert", "--ouptut=x"], "--output"),
+                            (["--versoin"], "--version"), (["help", "langauge"], "language"), (["parse", "--coun"], "--counts")):
+            status, out, errors = run(*wrong)
+            self.assertEqual((status, out), (2, b""))
+            self.assertIn(f"; do you mean {hint}?\n", errors)
+        for wrong in (["xyzzy"], ["parse", "--xyzzy"], ["parse", "-z"], ["help", "xyzzy"], ["help", "forms", "xyzzy"]):
+            status, out, errors = run(*wrong)
+            self.assertEqual((status, out, errors.count("\n"), "mean" in errors), (2, b"", 2, False), errors)
+
+    def test_wrong_values(self):
+        for option, values, wanted in (("--from", ("", "Text", "pdf"), 2), ("--to", ("", "xml"), 2),
+                                       ("--max-words", ("0", "-1", "x", "1.5", "30001", "9" * 30), 2),
+                                       ("--jobs", ("0", "-1", "x", "257", "9" * 30), 2),
+                                       ("--best", ("0", "-1", "x", "1001", "9" * 30), 2),
+                                       ("--grammar", ("nosuch", "/", "/dev/null", ""), 4), ("--style", ("nosuch", "../x"), 4),
+                                       ("--data", ("/nosuch", "/dev/null"), 4), ("--counts", ("/nosuch", "/dev/null"), 4),
+                                       ("--output", ("/", "/nosuch/x"), 1)):
+            for value in values:
+                status, out, errors = run("parse", option, value, given="Dogs bark.\n")
+                self.assertEqual((status, out), (wanted, b""), (option, value, errors))
+                self.assertIn("torvane: ", errors)
+            self.assertEqual(run("parse", option)[0], 2)
+
+
 if __name__ == "__main__":
     command_line.PROGRAM = os.path.abspath(sys.argv.pop(1))
     unittest.main()
