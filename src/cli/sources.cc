@@ -62,6 +62,7 @@ class Text : public Source {
     task = {};
     task.text = std::move(sentence.text);
     task.starts_paragraph = sentence.starts_paragraph;
+    task.space_after = sentence.space_after;
     return true;
   }
 
@@ -170,6 +171,7 @@ std::optional<Sentence> tree_of(Engine& engine, const Task& task, Which which) {
   if (task.read) sentence = merged(*task.read, *sentence);
   sentence->id = task.id;
   sentence->starts_paragraph |= task.starts_paragraph;
+  if (!task.space_after && !sentence->words.empty()) sentence->words.back().space_after = false;
   return sentence;
 }
 

@@ -17,6 +17,7 @@ struct Task {
   std::vector<std::string> words;  ///< given words; if there are any, the text is not cut
   std::string id;
   bool starts_paragraph = false;
+  bool space_after = true;         ///< the next sentence does not begin without a blank
   std::unique_ptr<Sentence> read;  ///< what a file of trees has of it
 };
 

@@ -150,6 +150,11 @@ int Engine::boundary(std::string_view token) {
   return labels_->finds_sentences() ? labels_->boundary(token) : -1;
 }
 
+bool Engine::joint(std::string_view token) {
+  WorldScope here(world_);
+  return labels_->joint(token);
+}
+
 Sentence Engine::parse_piece(std::string_view text) {
   WorldScope here(world_);
   TorvaneParser& parser = *current_parser(world_);

@@ -52,6 +52,8 @@ class Engine {
   /// Reads the next token of a running text: -1 while no sentence ends, else how many of the tokens
   /// read belong to the next one. A grammar that knows nothing of it gives -1.
   int boundary(std::string_view token);
+  /// Whether two sentences meet inside a token of it: there a blank was put into it.
+  bool joint(std::string_view token);
 
  private:
   Sentence parse_piece(std::string_view text);
