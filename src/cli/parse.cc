@@ -63,7 +63,6 @@ std::unique_ptr<Engine> make_engine(const ParseOptions& options, const GrammarFi
   const std::string fault = engine->use_counts(options.counts);
   if (fault.empty()) return engine;
   std::cerr << "torvane: " << fault << '\n';
-  leave_grammar();
   return nullptr;
 }
 
@@ -135,7 +134,6 @@ int parse(const ParseOptions& options) {
   }
   run.output.flush(true);
   run.progress.end();
-  leave_grammar();
   if (is_interrupted()) end_by_interrupt();
   if (!options.quiet) std::cerr << run.summary.text() << '\n';
   if (run.input.failed() || run.input.has_faults() || run.output.failed()) return kInputOutput;
