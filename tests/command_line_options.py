@@ -6,10 +6,12 @@ usage: command_line_options.py PROGRAM [TEST...]
 import json
 import os
 import pathlib
+import pty
 import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 import command_line
@@ -132,6 +134,44 @@ class Threads(unittest.TestCase):
         one = run("parse", "--quiet", "--from", "lines", given=given)
         for jobs in ("2", "5"):
             self.assertEqual(run("parse", "--quiet", "--from", "lines", "-j", jobs, given=given), one)
+
+
+class Progress(unittest.TestCase):
+    """The line on the terminal."""
+
+    def shown(self, *options, given, wait=0.0):
+        """What a terminal gets of standard error."""
+        ours, theirs = pty.openpty()
+        with subprocess.Popen([command_line.PROGRAM, "parse", "--from", "lines", *options], stdin=given,
+                              stdout=subprocess.DEVNULL, stderr=theirs) as child:
+            os.close(theirs)
+            if child.stdin:
+                for _ in range(2):
+                    child.stdin.write(b"Dogs bark.\n")
+                    child.stdin.flush()
+                    time.sleep(wait)
+                child.stdin.close()
+            text = b""
+            try:
+                while piece := os.read(ours, 4096):
+                    text += piece
+            except OSError:  # the other end is closed
+                pass
+        os.close(ours)
+        return text.decode()
+
+    def test_a_long_run_tells_how_far_it_is(self):
+        with tempfile.TemporaryFile() as file:
+            file.write(b"The old man who sleeps saw a dog in the garden of the house on Monday.\n" * 12000)
+            file.seek(0)
+            text = self.shown(given=file)
+        self.assertRegex(text, r"\r[0-9,]+ sentences, [0-9,]+ a second, [0-9]+ (s|min) left\x1b\[K")
+        self.assertRegex(text, r"\r\x1b\[K12,000 sentences, 12,000 whole, 0 in parts, 0 cut; [0-9,]+ a second\r\n$")
+
+    def test_a_pipe_has_no_end_that_is_known(self):
+        text = self.shown(given=subprocess.PIPE, wait=1.2)
+        self.assertRegex(text, r"^\r2 sentences, [0-9]+ a second\x1b\[K\r\x1b\[K2 sentences, ")
+        self.assertEqual(self.shown("--quiet", given=subprocess.PIPE, wait=1.2), "")
 
 
 class Help(unittest.TestCase):

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdint>
 #include <iostream>
 #include <string>
@@ -12,7 +13,7 @@ namespace {
 constexpr double kInterval = 0.25;
 
 std::string time_text(double seconds) {
-  const auto whole = static_cast<std::uint64_t>(seconds + 0.5);
+  const auto whole = static_cast<std::uint64_t>(std::llround(seconds));
   if (whole < 90) return std::to_string(whole) + " s";
   if (whole < 5400) return std::to_string((whole + 30) / 60) + " min";
   return std::to_string((whole + 1800) / 3600) + " h";
