@@ -12,6 +12,8 @@ import subprocess
 import sys
 import tempfile
 
+import bench_command_line
+
 RUNS = 9
 PEERS = ["std", "peer", "gdbm", "lmdb"]
 
@@ -90,6 +92,8 @@ def main():
     seconds, peak = whole_run(program, data)
     table.append(("whole run", f"{seconds * 1e3:.0f} ms", "processor time, start-up included (wanted: below 50 ms)"))
     table.append(("whole run, peak memory", f"{peak / 1e6:.0f} MB", "wanted: below 48 MB"))
+    if not sys.argv[5:]:
+        table += bench_command_line.table(program)
     width = max(len(name) for name, _, _ in table)
     for name, time, notes in table:
         print(f"{name:{width}}  {time:>9}  {notes}".rstrip())

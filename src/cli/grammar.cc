@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <atomic>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -28,11 +26,8 @@ fs::path installed_data() {
   return program.parent_path().parent_path() / "share" / "torvane";
 }
 
-std::atomic<bool> in_grammar = false;
-
-// A grammar can run `exit`. Whoever asked for a parse has none.
-void tell_of_exit() {
-  if (!in_grammar) return;
+// A grammar can run `exit`, in any thread. Whoever asked for a parse has none.
+Value end_program(World&, IRSlist*) {
   std::cerr << "torvane: the grammar ended the program" << std::endl;
   _exit(kNoGrammar);
 }
@@ -65,24 +60,18 @@ GrammarFiles find_grammar(const GrammarChoice& choice) {
 }
 
 std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words) {
-  static std::istringstream nothing;
-  [[maybe_unused]] static const int registered = std::atexit(tell_of_exit);
+  static thread_local std::istringstream nothing;
   std::string fault = files.fault;
   std::unique_ptr<Engine> engine;
   if (fault.empty()) {
     engine = std::make_unique<Engine>(World::Console{&nothing, &std::cerr, &std::cerr});
     engine->max_words = max_words;
-    in_grammar = true;
+    engine->world().interpreter.redefine("exit", end_program, nullptr);
     fault = engine->load(files.files, files.folders);
   }
   if (fault.empty()) return engine;
   std::cerr << "torvane: " << fault << '\n';
-  leave_grammar();
   return nullptr;
-}
-
-void leave_grammar() {
-  in_grammar = false;
 }
 
 }  // namespace torvane

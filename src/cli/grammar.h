@@ -26,7 +26,5 @@ GrammarFiles find_grammar(const GrammarChoice& choice);
 /// A new engine with the grammar; null after a message if it does not load. What a grammar prints
 /// goes to standard error; one that ends the process ends it with kNoGrammar.
 std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words);
-/// From here on the end of the process is nothing to be told of.
-void leave_grammar();
 
 }  // namespace torvane

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iostream>
@@ -57,6 +58,7 @@ bool Input::fill() {
     std::cerr << "torvane: " << name_ << ": " << std::strerror(errno) << '\n';
     failed_ = true;
   }
+  if (got > 0) bytes_read_ += static_cast<std::uint64_t>(got);
   buffer_.resize(had + (got > 0 ? static_cast<std::size_t>(got) : 0));
   return got > 0;
 }
@@ -112,6 +114,20 @@ bool Input::is_waiting() const {
   if (file_ < 0) return next_ < names_.size();
   pollfd poll_for{file_, POLLIN, 0};
   return poll(&poll_for, 1, 0) > 0;
+}
+
+double Input::share_read() const {
+  std::uint64_t all = 0;
+  for (const std::string& name : names_) {
+    struct stat status;
+    const bool known = name == "-" ? fstat(0, &status) == 0 : stat(name.c_str(), &status) == 0;
+    if (!known) continue;
+    if (!S_ISREG(status.st_mode)) return 0;
+    all += static_cast<std::uint64_t>(status.st_size);
+  }
+  // What waits in the buffer is not yet done.
+  const std::uint64_t done = bytes_read_ - (buffer_.size() - at_);
+  return all > 0 ? std::min(static_cast<double>(done) / static_cast<double>(all), 1.0) : 0;
 }
 
 bool Input::is_terminal() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ class Input {
   bool has_faults() const { return has_faults_; }
   /// More can be read without waiting for whoever writes it.
   bool is_waiting() const;
+  /// How much of all that there is to read was read, up to 1; 0 where the end is not known, as of a
+  /// pipe.
+  double share_read() const;
   /// Somebody types.
   bool is_terminal() const;
   /// A file could not be read; it was told.
@@ -47,6 +51,7 @@ class Input {
   bool failed_ = false;
   bool has_faults_ = false;
   bool told_of_bytes_ = false;
+  std::uint64_t bytes_read_ = 0;
 };
 
 }  // namespace torvane

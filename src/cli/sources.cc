@@ -62,6 +62,7 @@ class Text : public Source {
     task = {};
     task.text = std::move(sentence.text);
     task.starts_paragraph = sentence.starts_paragraph;
+    task.space_after = sentence.space_after;
     return true;
   }
 
@@ -123,19 +124,24 @@ Sentence merged(Sentence read, const Sentence& parsed) {
     word.part = now.part;
   }
   read.parts = parsed.parts;
+  read.cost = parsed.cost;
   read.cut = parsed.cut;
   return read;
 }
 
-Sentence parse_text(Engine& engine, const std::string& text) {
+enum class Which { best, next };
+
+std::optional<Sentence> parse_text(Engine& engine, const std::string& text, Which which) {
   const PlainText plain(text);
-  Sentence sentence = engine.parse(plain.text());
-  plain.restore(sentence);
+  std::optional<Sentence> sentence =
+      which == Which::next ? engine.next() : engine.parse(plain.text());
+  if (sentence) plain.restore(*sentence);
   return sentence;
 }
 
 /// The words stay as they are given; the grammar sees plain ones.
-Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
+std::optional<Sentence> parse_words(Engine& engine, const std::vector<std::string>& words,
+                                    Which which) {
   std::vector<std::string> plain;
   plain.reserve(words.size());
   for (const std::string& word : words) {
@@ -144,28 +150,39 @@ Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
     text.erase(text.find_last_not_of(' ') + 1);
     plain.push_back(text.empty() ? word : text);
   }
-  Sentence sentence = engine.parse(plain);
-  sentence.text.clear();
-  for (std::size_t i = 0; i < sentence.words.size() && i < words.size(); ++i) {
-    SentenceWord& word = sentence.words[i];
-    if (i > 0) sentence.text += ' ';
-    word.begin = sentence.text.size();
+  std::optional<Sentence> sentence = which == Which::next ? engine.next() : engine.parse(plain);
+  if (!sentence) return {};
+  sentence->text.clear();
+  for (std::size_t i = 0; i < sentence->words.size() && i < words.size(); ++i) {
+    SentenceWord& word = sentence->words[i];
+    if (i > 0) sentence->text += ' ';
+    word.begin = sentence->text.size();
     word.form = words[i];
-    sentence.text += word.form;
-    word.end = sentence.text.size();
+    sentence->text += word.form;
+    word.end = sentence->text.size();
   }
+  return sentence;
+}
+
+std::optional<Sentence> tree_of(Engine& engine, const Task& task, Which which) {
+  std::optional<Sentence> sentence = task.words.empty() ? parse_text(engine, task.text, which)
+                                                        : parse_words(engine, task.words, which);
+  if (!sentence) return {};
+  if (task.read) sentence = merged(*task.read, *sentence);
+  sentence->id = task.id;
+  sentence->starts_paragraph |= task.starts_paragraph;
+  if (!task.space_after && !sentence->words.empty()) sentence->words.back().space_after = false;
   return sentence;
 }
 
 }  // namespace
 
 Sentence parse_task(Engine& engine, const Task& task) {
-  Sentence sentence =
-      task.words.empty() ? parse_text(engine, task.text) : parse_words(engine, task.words);
-  if (task.read) sentence = merged(*task.read, sentence);
-  sentence.id = task.id;
-  sentence.starts_paragraph |= task.starts_paragraph;
-  return sentence;
+  return tree_of(engine, task, Which::best).value();
+}
+
+std::optional<Sentence> next_tree(Engine& engine, const Task& task) {
+  return tree_of(engine, task, Which::next);
 }
 
 std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,11 +17,14 @@ struct Task {
   std::vector<std::string> words;  ///< given words; if there are any, the text is not cut
   std::string id;
   bool starts_paragraph = false;
+  bool space_after = true;         ///< the next sentence does not begin without a blank
   std::unique_ptr<Sentence> read;  ///< what a file of trees has of it
 };
 
 /// What a parse makes of it.
 Sentence parse_task(Engine& engine, const Task& task);
+/// The next-best tree of the task that was parsed last; nothing where there is none.
+std::optional<Sentence> next_tree(Engine& engine, const Task& task);
 
 class Source {
  public:

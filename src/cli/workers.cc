@@ -46,12 +46,15 @@ Job* Workers::take() {
   return job;
 }
 
+// Only the oldest one is waited for.
 void Workers::give_back(Job& job) {
+  bool is_oldest;
   {
     const std::lock_guard lock(mutex_);
     job.done = true;
+    is_oldest = &job == jobs_.front().get();
   }
-  less_.notify_all();
+  if (is_oldest) less_.notify_one();
 }
 
 void Workers::resign() {

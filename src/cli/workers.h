@@ -12,13 +12,14 @@
 #include <vector>
 
 #include "cli/sources.h"
+#include "cli/summary.h"
 
 namespace torvane {
 
 /// A task and what became of it.
 struct Job {
   Task task;
-  Sentence sentence;
+  Outcome outcome = Outcome::whole;
   std::string written;
   bool done = false;
 };

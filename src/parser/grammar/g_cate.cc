@@ -121,6 +121,11 @@ void GCate::add_link(Link* link, int position) {
 void GCate::add_out_link(Link* link) {
   auto place = std::upper_bound(out_links_.begin(), out_links_.end(), link->weight(),
                                 [](float weight, const Link* l) { return weight < l->weight(); });
+  if (_grammar.frames_by_name && link->_parent->_is_subcat)
+    place = std::find_if(out_links_.begin(), place, [&](const Link* l) {
+      return l->weight() == link->weight() && l->_parent->_is_subcat &&
+             l->_parent->_name > link->_parent->_name;
+    });
   out_links_.insert(place, link);
 }
 

@@ -58,7 +58,8 @@ class alignas(64) GCate {
   int head() const { return head_; }
   /// The links that arrive at a position; behind the last one those of subclasses.
   const std::vector<Link*>& links_at(int position) const { return positions_[position]; }
-  /// The links by which items leave, ascending by weight, then in order of definition.
+  /// The links by which items leave, ascending by weight, then in order of definition (those to
+  /// frames also by name).
   const std::vector<Link*>& out_links() const { return out_links_; }
   /// The column of the chart for items that have filled the positions up to this one.
   int column(int position) const { return first_column_ + position; }
