@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/sources.h"
+#include "sources/sources.h"
 
 namespace torvane {
 
