@@ -31,5 +31,6 @@ std::span<const CliCommand> cli_commands();
 
 std::function<int()> declare_parse(CLI::App& app);
 std::function<int()> declare_convert(CLI::App& app);
+std::function<int()> declare_completion(CLI::App& app);
 
 }  // namespace torvane

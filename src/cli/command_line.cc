@@ -13,6 +13,7 @@ namespace {
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from CoNLL-U into another format", declare_convert},
+    {"completion", "Write what bash completes", declare_completion},
 };
 
 }  // namespace
