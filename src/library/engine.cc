@@ -31,10 +31,20 @@ struct torvane_engine {
 namespace torvane {
 namespace {
 
-/// Runs something where the guards on recursion have room: here, or on a stack of its own.
-void with_stack(const std::function<void()>& work) {
+thread_local bool is_ending = false;
+/// Ends behind all that the engine keeps for a thread, as it is there before.
+struct ThreadEnd {
+  ~ThreadEnd() { is_ending = true; }
+};
+
+/// Runs something where the guards on recursion have room and memory of the thread is there: here,
+/// or in a thread of its own. A static object that is destroyed comes when its thread has neither.
+void in_fit_thread(const std::function<void()>& work) {
   constexpr std::size_t kEnough = std::size_t{6} << 20;
-  if (stack_left() >= kEnough) return work();
+  if (!is_ending) {
+    static thread_local const ThreadEnd end;
+    if (stack_left() >= kEnough) return work();
+  }
   run_on_large_stack([&] {
     work();
     return 0;
@@ -76,7 +86,7 @@ torvane_document* filled(torvane_engine* engine, std::string_view text,
     document->error = error;
   } else {
     const std::lock_guard lock(engine->mutex);
-    with_stack([&] { is_of_text = fill(*engine->engine, *document); });
+    in_fit_thread([&] { is_of_text = fill(*engine->engine, *document); });
   }
   seal(*document, is_of_text ? text.data() : nullptr, text.size());
   return document.release();
@@ -128,12 +138,12 @@ torvane_engine* torvane_open(const char* grammar, const torvane_options* options
   if (all.data) choice.data = all.data;
   if (all.style) choice.style = all.style;
   auto engine = std::make_unique<torvane_engine>();
-  torvane::with_stack([&] { torvane::load(*engine, choice, all.max_words); });
+  torvane::in_fit_thread([&] { torvane::load(*engine, choice, all.max_words); });
   return engine.release();
 }
 
 void torvane_close(torvane_engine* engine) noexcept {
-  if (engine) torvane::with_stack([&] { delete engine; });
+  if (engine) torvane::in_fit_thread([&] { delete engine; });
 }
 
 const char* torvane_engine_error(const torvane_engine* engine) noexcept {
