@@ -1,28 +1,21 @@
 // torvane completion: what bash needs to know of the command line, from the command line's own
 // tables. Written when torvane is built, and named on no help page.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "cli/command.h"
 
 namespace torvane {
 namespace {
 
-bool is_hidden(const CLI::App& app) {
-  return app.get_group().empty();
-}
-
-std::string joined(const std::string& row, const std::string& word, const char* between) {
-  return row.empty() ? word : row + between + word;
-}
-
-/// All its names.
-std::string names_of(const CLI::Option& option, const char* between) {
-  std::string row;
-  for (const std::string& name : option.get_snames()) row = joined(row, "-" + name, between);
-  for (const std::string& name : option.get_lnames()) row = joined(row, "--" + name, between);
-  return row;
+/// All its names, with a sign between them.
+std::string names_of(const CLI::Option& option, char between) {
+  std::string names = option.get_name(false, true);
+  std::replace(names.begin(), names.end(), ',', between);
+  return names;
 }
 
 /// The words that an option takes, as its help shows them: `TEXT:{this,that}`.
@@ -31,33 +24,35 @@ std::string values_of(const CLI::Option& option) {
   const std::size_t open = type.find('{'), close = type.find('}');
   if (open == type.npos || close == type.npos) return {};
   std::string values = type.substr(open + 1, close - open - 1);
-  for (char& c : values)
-    if (c == ',') c = ' ';
+  std::replace(values.begin(), values.end(), ',', ' ');
   return values;
 }
 
-void write_options(std::ostream& out, const CLI::App& app, const std::string& command) {
+/// The names of all options.
+std::string options_of(const CLI::App& app) {
   std::string all;
-  for (const CLI::Option* option : app.get_options()) {
-    if (!option->nonpositional()) continue;
-    all = joined(all, names_of(*option, " "), " ");
-    if (option->get_items_expected_max() == 0) continue;
-    std::string cases;
-    for (const std::string& name : option->get_snames())
-      cases = joined(cases, command + ":-" + name, "|");
-    for (const std::string& name : option->get_lnames())
-      cases = joined(cases, command + ":--" + name, "|");
-    out << "    " << cases << ") words='" << values_of(*option) << "' ;;\n";
-  }
-  out << "    " << command << ":*) [[ $word == -* ]] && words='" << all << "' ;;\n";
+  for (const CLI::Option* option : app.get_options())
+    if (option->nonpositional()) all += ' ' + names_of(*option, ' ');
+  return all;
+}
+
+/// What is to be said behind a command.
+void write_command(std::ostream& out, const CLI::App& command) {
+  out << "    " << command.get_name() << ")\n      case $before in\n";
+  for (const CLI::Option* option : command.get_options())
+    if (option->nonpositional() && option->get_items_expected_max() > 0)
+      out << "        " << names_of(*option, '|') << ") words='" << values_of(*option) << "' ;;\n";
+  out << "        *) [[ $word == -* ]] && words='" << options_of(command)
+      << "' ;;\n      esac ;;\n";
 }
 
 int write_completion(const CLI::App& app) {
-  std::string commands, cases;
-  for (const CLI::App* command : app.get_subcommands({})) {
-    if (is_hidden(*command)) continue;
-    commands = joined(commands, command->get_name(), " ");
-    cases = joined(cases, command->get_name(), "|");
+  std::vector<const CLI::App*> commands = app.get_subcommands([](const CLI::App*) { return true; });
+  std::erase_if(commands, [](const CLI::App* command) { return command->get_group().empty(); });
+  std::string names, cases;
+  for (const CLI::App* command : commands) {
+    names += command->get_name() + ' ';
+    cases += (cases.empty() ? "" : "|") + command->get_name();
   }
   std::ostream& out = std::cout;
   out << "# Completion of torvane for bash.\n"
@@ -71,14 +66,9 @@ int write_completion(const CLI::App& app) {
       << cases
       << ") command=${COMP_WORDS[i]}; break ;; esac\n"
          "  done\n"
-         "  case $command:$before in\n";
-  for (const CLI::App* command : app.get_subcommands({}))
-    if (!is_hidden(*command)) write_options(out, *command, command->get_name());
-  out << "    *) words='" << commands << ' ';
-  std::string options;
-  for (const CLI::Option* option : app.get_options())
-    options = joined(options, names_of(*option, " "), " ");
-  out << options
+         "  case $command in\n";
+  for (const CLI::App* command : commands) write_command(out, *command);
+  out << "    *) words='" << names << options_of(app)
       << "' ;;\n"
          "  esac\n"
          "  COMPREPLY=($(compgen -W \"$words\" -- \"$word\"))\n"

@@ -121,7 +121,7 @@ torvane_document* parse_one(torvane_engine* engine, Task&& task) {
 }
 
 std::string_view view(const char* text, std::size_t length) {
-  return text ? std::string_view(text, length) : std::string_view("", 0);
+  return {text ? text : "", text ? length : 0};
 }
 
 }  // namespace
