@@ -64,7 +64,7 @@ def test_faults_are_value_errors(tmp_path):
         torvane.load("nosuch")
     (tmp_path / "small.lsp").write_text("(nosuch)")
     with pytest.raises(ValueError, match="unknown function nosuch"):
-        torvane.load(str(tmp_path / "small.lsp"))
+        torvane.load(tmp_path / "small.lsp")
     with pytest.raises(ValueError, match="no style nosuch"):
         torvane.load("english", style="nosuch")
 

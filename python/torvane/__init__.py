@@ -6,9 +6,7 @@
         for word in sentence:
             print(word.form, word.head, word.relation)
 """
-import collections
-import concurrent.futures
-import queue
+import os
 
 from torvane import _torvane
 from torvane._torvane import Document, Sentence, Word, __version__
@@ -22,7 +20,7 @@ def load(grammar="english", *, data="", style="", max_words=0):
     data is the folder of the grammars, style the head style (content or grammar); a sentence of more than max_words
     is parsed piece by piece. What is not given is as on the command line.
     """
-    return Language(grammar, data, style, max_words)
+    return Language(os.fspath(grammar), os.fspath(data), style, max_words)
 
 
 def read(text, format="conllu"):
@@ -65,6 +63,11 @@ class Language:
             for text in texts:
                 yield self(text, kind)
             return
+        # Who does without need not wait for them: they take as long as a grammar.
+        import collections
+        import concurrent.futures
+        import queue
+
         idle = queue.SimpleQueue()
         idle.put(self)
         for _ in range(jobs - 1):
