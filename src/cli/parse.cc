@@ -24,7 +24,6 @@ struct ParseOptions {
   std::vector<std::string> files;
   std::string from = "text", to = "conllu", output;
   GrammarChoice grammar;
-  std::size_t max_words = 200;
   std::size_t jobs = 1;
   bool strict = false, quiet = false;
 };
@@ -59,7 +58,7 @@ void parse_here(Run& run, Engine& engine) {
 void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles& grammar) {
   constexpr std::size_t kWaitingEach = 64;
   Workers workers(options.jobs, [&](Workers& all) {
-    const std::unique_ptr<Engine> engine = load_grammar(grammar, options.max_words);
+    const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
       job->sentence = parse_task(*engine, job->task);
@@ -87,7 +86,7 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
 int parse(const ParseOptions& options) {
   catch_interrupts();
   const GrammarFiles grammar = find_grammar(options.grammar);
-  const std::unique_ptr<Engine> engine = load_grammar(grammar, options.max_words);
+  const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
   if (!engine) return kNoGrammar;
   Run run{Input(options.files), Output(options.output), *find_format(options.to), {}, {}};
   run.source = make_source(options.from, run.input, *engine);
@@ -125,7 +124,8 @@ std::function<int()> declare_parse(CLI::App& app) {
   app.add_option("--data", options->grammar.data, "Folder of the grammars");
   app.add_option("--style", options->grammar.style,
                  "Head style: content, where the grammar has it, or grammar");
-  app.add_option("--max-words", options->max_words, "A longer sentence is parsed piece by piece")
+  app.add_option("--max-words", options->grammar.max_words,
+                 "A longer sentence is parsed piece by piece")
       ->check(CLI::Range(1, 30000))
       ->capture_default_str();
   app.add_option("-j,--jobs", options->jobs, "Sentences parsed at the same time")

@@ -1,6 +1,7 @@
 // The grammar that a user asks for by name or file, and where it lies.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@ struct GrammarChoice {
   std::string grammar = "english";  ///< a name, or the path of a start-up file
   std::string data;                 ///< folder of the grammars; empty: the one that is installed
   std::string style;                ///< empty: `content` where the grammar has it
+  std::size_t max_words = 200;      ///< a longer sentence is parsed piece by piece
 };
 
 /// What is loaded for a choice.

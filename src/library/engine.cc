@@ -60,13 +60,13 @@ Value note_exit(World& world, IRSlist*) {
   return Value();
 }
 
-void load(torvane_engine& to, const GrammarChoice& choice, std::size_t max_words) {
+void load(torvane_engine& to, const GrammarChoice& choice) {
   const GrammarFiles files = find_grammar(choice);
   to.error = files.fault;
   if (!to.error.empty()) return;
   to.engine = std::make_unique<Engine>(World::Console{&to.nothing, &to.says, &to.says});
   to.engine->world().interpreter.redefine("exit", note_exit, nullptr);
-  if (max_words > 0) to.engine->max_words = max_words;
+  to.engine->max_words = choice.max_words;
   asked_to_exit = false;
   to.error = to.engine->load(files.files, files.folders);
   if (to.error.empty() && asked_to_exit) to.error = "the grammar asks for the end of the program";
@@ -137,8 +137,9 @@ torvane_engine* torvane_open(const char* grammar, const torvane_options* options
   if (grammar) choice.grammar = grammar;
   if (all.data) choice.data = all.data;
   if (all.style) choice.style = all.style;
+  if (all.max_words > 0) choice.max_words = all.max_words;
   auto engine = std::make_unique<torvane_engine>();
-  torvane::in_fit_thread([&] { torvane::load(*engine, choice, all.max_words); });
+  torvane::in_fit_thread([&] { torvane::load(*engine, choice); });
   return engine.release();
 }
 
