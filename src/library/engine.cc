@@ -32,7 +32,7 @@ namespace torvane {
 namespace {
 
 thread_local bool is_ending = false;
-/// Ends behind all that the engine keeps for a thread, as it is there before.
+/// Made before anything that the engine keeps for the thread, and so destroyed after all of it.
 struct ThreadEnd {
   ~ThreadEnd() { is_ending = true; }
 };
