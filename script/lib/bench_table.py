@@ -8,6 +8,9 @@ ratio of the two, measured in one run. Wanted figures stand in the last column w
 """
 import json
 import os
+import pathlib
+import re
+import resource
 import subprocess
 import sys
 import tempfile
@@ -82,6 +85,38 @@ def whole_run(program, data):
     return sorted(times)[RUNS // 2], sorted(peaks)[RUNS // 2]
 
 
+PYTHON_LOOP = """
+import sys, torvane
+nlp = torvane.load("english", data=sys.argv[1])
+for line in sys.stdin:
+    sys.stdout.write(nlp(line, "lines").to_conllu())
+"""
+
+
+def python_run(program, data):
+    """Processor times of the command line and of a loop in Python over the same sentences; None without the module."""
+    build = pathlib.Path(program).parent.parent
+    cache = (build / "CMakeCache.txt").read_text()
+    interpreter = re.search("^TORVANE_PYTHON_PROGRAM:FILEPATH=(.*)", cache, re.M)
+    if not interpreter or not list(build.glob("python/torvane/_torvane*.so")):
+        return None
+    listed = pathlib.Path(data).parent / "tests/english/sentences.tsv"
+    lines = [line.split("\t")[0] for line in listed.read_text().splitlines() if line and not line.startswith("#")]
+    text = ("\n".join(lines * (2000 // len(lines) + 1)) + "\n").encode()
+    commands = [[program, "parse", "--quiet", "--from", "lines", "--data", data],
+                [interpreter[1], "-c", PYTHON_LOOP, data]]
+    best = [None, None]
+    for _ in range(RUNS):
+        for i, command in enumerate(commands):
+            before = resource.getrusage(resource.RUSAGE_CHILDREN)
+            subprocess.run(command, input=text, stdout=subprocess.DEVNULL, check=True,
+                           env={**os.environ, "PYTHONPATH": str(build / "python")})
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            took = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+            best[i] = min(best[i] or took, took)
+    return best
+
+
 def main():
     bench, store_bench, program, data = (os.path.abspath(a) for a in sys.argv[1:5])
     rows = benchmarks(bench, sys.argv[5:]) + benchmarks(store_bench, sys.argv[5:])
@@ -94,6 +129,9 @@ def main():
     table.append(("whole run, peak memory", f"{peak / 1e6:.0f} MB", "wanted: below 48 MB"))
     if not sys.argv[5:]:
         table += bench_command_line.table(program)
+    if both := python_run(program, data):
+        table.append(("2,000 sentences from Python", f"{both[1] * 1e3:.0f} ms",
+                      f"{both[1] / both[0]:.2f} times the command line, both with their start (wanted: at most 1.3)"))
     width = max(len(name) for name, _, _ in table)
     for name, time, notes in table:
         print(f"{name:{width}}  {time:>9}  {notes}".rstrip())

@@ -40,6 +40,7 @@ constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from CoNLL-U into another format", declare_convert},
     {"help", "Show the page of a command, or a reference page", declare_help},
+    {"completion", "Write what bash completes", declare_completion},
 };
 
 }  // namespace

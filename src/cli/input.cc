@@ -85,8 +85,7 @@ bool Input::line(std::string& text) {
     text.assign(buffer_, at_, stop - at_);
     at_ = end == buffer_.npos ? stop : end + 1;
     ++line_number_;
-    if (!text.empty() && text.back() == '\r') text.pop_back();
-    if (line_number_ == 1 && text.starts_with("\xef\xbb\xbf")) text.erase(0, 3);
+    trim(text, line_number_ == 1);
     if (!told_of_bytes_) look_at_bytes(text);
     return true;
   }

@@ -15,10 +15,10 @@
 #include "cli/interrupt.h"
 #include "cli/output.h"
 #include "cli/progress.h"
-#include "cli/sources.h"
 #include "cli/summary.h"
 #include "cli/workers.h"
 #include "formats/format.h"
+#include "sources/sources.h"
 
 namespace torvane {
 namespace {

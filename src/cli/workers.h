@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/sources.h"
 #include "cli/summary.h"
+#include "sources/sources.h"
 
 namespace torvane {
 

@@ -1,4 +1,4 @@
-// The ways to take sentences from an input. Each gives one piece of work after the other.
+// The ways to take sentences from a text. Each gives one piece of work after the other.
 #pragma once
 
 #include <memory>
@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/input.h"
 #include "engine/engine.h"
+#include "sources/line_input.h"
 
 namespace torvane {
 
@@ -34,9 +34,9 @@ class Source {
 };
 
 /// By the name of `--from`; null if there is none. The engine's grammar finds sentences.
-std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine);
+std::unique_ptr<Source> make_source(const std::string& name, LineInput& input, Engine& engine);
 /// Trees that were made before: each task has what was read.
-std::unique_ptr<Source> make_tree_source(Input& input);
+std::unique_ptr<Source> make_tree_source(LineInput& input);
 /// All names.
 std::vector<std::string> source_names();
 

@@ -1,4 +1,4 @@
-#include "cli/sources.h"
+#include "sources/sources.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,7 +16,7 @@ constexpr const char* kBlanks = " \t\r\f\v";
 /// A sentence a line; an empty line is none.
 class Lines : public Source {
  public:
-  explicit Lines(Input& input) : input_(input) {}
+  explicit Lines(LineInput& input) : input_(input) {}
   bool next(Task& task) override {
     task = {};
     while (input_.line(task.text))
@@ -25,13 +25,13 @@ class Lines : public Source {
   }
 
  private:
-  Input& input_;
+  LineInput& input_;
 };
 
 /// A sentence a line, with blanks between its words.
 class Tokens : public Source {
  public:
-  explicit Tokens(Input& input) : lines_(input) {}
+  explicit Tokens(LineInput& input) : lines_(input) {}
   bool next(Task& task) override {
     if (!lines_.next(task)) return false;
     for (std::size_t at = 0; (at = task.text.find_first_not_of(kBlanks, at)) != task.text.npos;) {
@@ -52,7 +52,7 @@ class Text : public Source {
   // Where nothing tells a sentence's end, memory still has one.
   static constexpr std::size_t kMostWords = 2000;
 
-  Text(Input& input, Engine& engine) : input_(input), cutter_(engine, kMostWords) {}
+  Text(LineInput& input, Engine& engine) : input_(input), cutter_(engine, kMostWords) {}
   bool next(Task& task) override {
     CutSentence sentence;
     while (!cutter_.next(sentence)) {
@@ -77,7 +77,7 @@ class Text : public Source {
     if (input_.is_terminal() && !input_.is_waiting()) cutter_.end_paragraph();
   }
 
-  Input& input_;
+  LineInput& input_;
   SentenceCutter cutter_;
   std::string line_;
   bool ended_ = false;
@@ -86,7 +86,7 @@ class Text : public Source {
 /// Trees that were made before: their words are kept.
 class Conllu : public Source {
  public:
-  explicit Conllu(Input& input) : input_(input) {}
+  explicit Conllu(LineInput& input) : input_(input) {}
   bool next(Task& task) override {
     for (bool more = true; more;) {
       more = input_.line(line_);
@@ -104,7 +104,7 @@ class Conllu : public Source {
   }
 
  private:
-  Input& input_;
+  LineInput& input_;
   ConlluReader reader_;
   std::string line_;
 };
@@ -185,7 +185,7 @@ std::optional<Sentence> next_tree(Engine& engine, const Task& task) {
   return tree_of(engine, task, Which::next);
 }
 
-std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine) {
+std::unique_ptr<Source> make_source(const std::string& name, LineInput& input, Engine& engine) {
   if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
@@ -193,7 +193,7 @@ std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engin
   return nullptr;
 }
 
-std::unique_ptr<Source> make_tree_source(Input& input) {
+std::unique_ptr<Source> make_tree_source(LineInput& input) {
   return std::make_unique<Conllu>(input);
 }
 
