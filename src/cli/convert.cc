@@ -9,6 +9,7 @@
 #include "cli/input.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
+#include "cli/page.h"
 #include "cli/sources.h"
 #include "formats/format.h"
 
@@ -18,6 +19,7 @@ namespace {
 struct ConvertOptions {
   std::vector<std::string> files;
   std::string to = "tree", output;
+  PageChoice page;
 };
 
 int convert(const ConvertOptions& options) {
@@ -26,12 +28,15 @@ int convert(const ConvertOptions& options) {
   Output output(options.output);
   const std::unique_ptr<Source> source = make_tree_source(input);
   const Format& format = *find_format(options.to);
+  const Page page = page_of(options.page, options.output);
+  format.begin(output.buffer);
   Task task;
   for (std::uint64_t number = 1; !output.is_shut() && source->next(task); ++number) {
     if (task.read->id.empty()) task.read->id = std::to_string(number);
-    format.write(output.buffer, *task.read);
+    format.write(output.buffer, *task.read, page);
     output.flush(!input.is_waiting());
   }
+  format.end(output.buffer);
   output.flush(true);
   if (is_interrupted()) end_by_interrupt();
   return input.failed() || input.has_faults() || output.failed() ? kInputOutput : kDone;
@@ -48,6 +53,7 @@ std::function<int()> declare_convert(CLI::App& app) {
       ->check(CLI::IsMember(formats))
       ->capture_default_str();
   app.add_option("-o,--output", options->output, "File to write; none, or -: standard output");
+  declare_page(app, options->page);
   return [options] { return convert(*options); };
 }
 

@@ -12,6 +12,7 @@
 #include "cli/input.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
+#include "cli/page.h"
 #include "cli/sources.h"
 #include "cli/summary.h"
 #include "cli/workers.h"
@@ -25,6 +26,7 @@ struct ParseOptions {
   std::string from = "text", to = "conllu", output;
   GrammarChoice grammar;
   std::size_t jobs = 1;
+  PageChoice page;
   bool strict = false, quiet = false;
 };
 
@@ -33,6 +35,7 @@ struct Run {
   Input input;
   Output output;
   const Format& format;
+  const Page page;
   Summary summary;
   std::unique_ptr<Source> source;
   std::uint64_t tasks = 0;
@@ -49,7 +52,7 @@ void parse_here(Run& run, Engine& engine) {
   for (Task task; run.next(task);) {
     const Sentence sentence = parse_task(engine, task);
     run.summary.count(sentence);
-    run.format.write(run.output.buffer, sentence);
+    run.format.write(run.output.buffer, sentence, run.page);
     run.output.flush(!run.input.is_waiting());
   }
 }
@@ -62,7 +65,7 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
       job->sentence = parse_task(*engine, job->task);
-      run.format.write(job->written, job->sentence);
+      run.format.write(job->written, job->sentence, run.page);
       all.give_back(*job);
     }
   });
@@ -88,13 +91,20 @@ int parse(const ParseOptions& options) {
   const GrammarFiles grammar = find_grammar(options.grammar);
   const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
   if (!engine) return kNoGrammar;
-  Run run{Input(options.files), Output(options.output), *find_format(options.to), {}, {}};
+  Run run{Input(options.files),
+          Output(options.output),
+          *find_format(options.to),
+          page_of(options.page, options.output),
+          {},
+          {}};
   run.source = make_source(options.from, run.input, *engine);
+  run.format.begin(run.output.buffer);
   if (options.jobs == 1) {
     parse_here(run, *engine);
   } else {
     parse_in_threads(run, options, grammar);
   }
+  run.format.end(run.output.buffer);
   run.output.flush(true);
   leave_grammar();
   if (is_interrupted()) end_by_interrupt();
@@ -119,6 +129,7 @@ std::function<int()> declare_parse(CLI::App& app) {
       ->check(CLI::IsMember(formats))
       ->capture_default_str();
   app.add_option("-o,--output", options->output, "File to write; none, or -: standard output");
+  declare_page(app, options->page);
   app.add_option("--grammar", options->grammar.grammar, "Name of a grammar, or a start-up file")
       ->capture_default_str();
   app.add_option("--data", options->grammar.data, "Folder of the grammars");

@@ -74,7 +74,7 @@ void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
 
 }  // namespace
 
-void write_conllu(std::string& out, const Sentence& sentence) {
+void write_conllu(std::string& out, const Sentence& sentence, const Page&) {
   if (sentence.words.empty()) return;
   for (const std::string& comment : sentence.comments) {
     out += comment;

@@ -49,7 +49,7 @@ void add_number(std::string& out, const char* name, std::size_t number) {
 
 }  // namespace
 
-void write_json(std::string& out, const Sentence& sentence) {
+void write_json(std::string& out, const Sentence& sentence, const Page&) {
   out += "{\"text\":";
   add_string(out, sentence.text);
   add_text(out, "id", sentence.id);

@@ -13,7 +13,7 @@ void add_atom(std::string& out, std::string_view text) {
 
 }  // namespace
 
-void write_deps(std::string& out, const Sentence& sentence) {
+void write_deps(std::string& out, const Sentence& sentence, const Page&) {
   out += '(';
   if (!sentence.id.empty()) {
     out += ":id ";

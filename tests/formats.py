@@ -1,0 +1,140 @@
+#!/usr/bin/env python3
+"""What the formats write, and what is read back from them.
+
+usage: formats.py PROGRAM [TEST...]
+"""
+import os
+import random
+import re
+import sys
+import unicodedata
+import unittest
+import xml.etree.ElementTree as xml
+
+import command_line
+from command_line import run
+
+SVG = "{http://www.w3.org/2000/svg}"
+
+
+def block(rows, name="1"):
+    """CoNLL-U of rows (form, head, relation[, note])."""
+    lines = [f"# sent_id = {name}\n"]
+    for number, (form, head, relation, *note) in enumerate(rows, 1):
+        lines.append(f"{number}\t{form}\t_\tX\t_\t_\t{head}\t{relation}\t_\t{note[0] if note else '_'}\n")
+    return "".join(lines) + "\n"
+
+
+def converted(given, *options, to):
+    status, out, errors = run("convert", "--to", to, *options, given=given)
+    assert (status, errors) == (0, ""), errors
+    return out.decode()
+
+
+def columns(text):
+    return sum(0 if unicodedata.combining(c) else 2 if unicodedata.east_asian_width(c) in "WF" else 1 for c in text)
+
+
+def random_tree(number, length):
+    """Heads without any order, so that arcs cross."""
+    chance = random.Random(number)
+    order = list(range(1, length + 1))
+    chance.shuffle(order)
+    heads = {order[0]: 0}
+    for place, word in enumerate(order[1:], 1):
+        heads[word] = order[chance.randrange(place)] if chance.random() < 0.5 else order[max(0, place - 3)]
+    words = ["i", "dog", "understanding", "e\u0301te\u0301", "\u6f02\u4eae", "<&>", "\U0001f389", "x" * 150]
+    names = ["root", "nsubj", "nmod:unmarked", "obl"]
+    return [(chance.choice(words), heads[i], chance.choice(names[1:]) if heads[i] else "root") for i in range(1, length + 1)]
+
+
+class Drawings(unittest.TestCase):
+    def test_arcs(self):
+        bark = block([("The", 2, "det"), ("dogs", 3, "nsubj"), ("bark", 0, "root"), (".", 3, "punct")])
+        self.assertEqual(converted(bark, to="arcs"), "             root\n ┌det─┐┌nsubj─┐│┌punct─┐\n"
+                                                     " ▼    │▼      │▼│      ▼\nThe  dogs    bark      .\n"
+                                                     " X     X       X       X\n\n")
+        self.assertTrue(converted(bark, "--ascii", to="arcs").isascii())
+        self.assertTrue(converted(bark, "--ascii", to="tree").isascii())
+
+    def test_lines_keep_to_the_page(self):
+        for number in range(30):
+            rows = random_tree(number, 1 + 3 * number)
+            for to in ("arcs", "tree"):
+                for width in (20, 60, 100):
+                    drawing = converted(block(rows), "--width", str(width), to=to)
+                    if to == "arcs" or width > 60:
+                        self.assertLessEqual(max(map(columns, drawing.split("\n"))), width, (number, to))
+                    for form in {form for form, *_ in rows if len(form) < 9}:
+                        self.assertGreaterEqual(drawing.count(form), sum(form == row[0] for row in rows), (number, to))
+                    if to == "arcs":
+                        self.assertEqual(drawing.count("▼"), len(rows))
+
+    def test_columns_of_wide_and_combining_signs(self):
+        given = block([("\u6211", 2, "nsubj"), ("\u559c\u6b22", 0, "root"), ("e\u0301te\u0301", 2, "obj"), ("ok", 2, "x")])
+        rows = converted(given, to="tree").split("\n")[:4]
+        self.assertEqual({columns(row[:row.rindex("X")]) for row in rows}, {columns(rows[0][:rows[0].rindex("X")])})
+
+    def test_svg_has_every_word_and_no_two_arcs_in_one_place(self):
+        for number in range(25):
+            rows = random_tree(100 + number, 2 + 4 * number)
+            picture = xml.fromstring(converted(block(rows), to="svg"))
+            texts = {kind: [e.text for e in picture.iter(SVG + "text") if kind in e.get("class").split()]
+                     for kind in ("form", "label")}
+            self.assertEqual([text[:20] for text in texts["form"]], [row[0][:20] for row in rows])
+            self.assertEqual(sorted(texts["label"]), sorted(row[2] for row in rows))
+            taken = {}
+            width = float(picture.get("width"))
+            for path in picture.iter(SVG + "path"):
+                if path.get("class") == "tip" or "H" not in path.get("d"):
+                    continue
+                numbers = [float(n) for n in re.findall(r"-?[0-9.]+", path.get("d"))]
+                (stop,) = re.findall(r"H(-?\d+)", path.get("d"))
+                top = re.search(r"Q-?\d+ (-?\d+)|M-?\d+ (-?\d+)H", path.get("d"))
+                left, right = min(numbers[0], float(stop)), max(numbers[0], float(stop))
+                self.assertTrue(0 <= left <= right <= width, path.get("d"))
+                taken.setdefault(top[1] or top[2], []).append((left, right))
+            for spans in taken.values():
+                spans.sort()
+                for (_, right), (left, _) in zip(spans, spans[1:]):
+                    self.assertLessEqual(right, left, (number, spans))
+
+    def test_lines_of_an_svg_follow_the_width(self):
+        rows = [("word", 1 if i else 0, "dep" if i else "root") for i in range(40)]
+        sizes = {}
+        for width in (40, 100, 1000):
+            picture = xml.fromstring(converted(block(rows), "--width", str(width), to="svg"))
+            forms = [e for e in picture.iter(SVG + "text") if e.get("class") == "form"]
+            sizes[width] = len({e.get("y") for e in forms})
+            self.assertLessEqual(float(picture.get("width")), 9 * width + 40)
+        self.assertTrue(sizes[40] > sizes[100] > sizes[1000] == 1, sizes)
+
+    def test_right_to_left(self):
+        rows = [("\u05d4\u05db\u05dc\u05d1", 2, "nsubj"), ("\u05e0\u05d1\u05d7", 0, "root"), (".", 2, "punct")]
+        forms = [float(e.get("x")) for e in xml.fromstring(converted(block(rows), to="svg")).iter(SVG + "text")
+                 if e.get("class") == "form"]
+        self.assertEqual(forms, sorted(forms, reverse=True))
+
+    def test_page(self):
+        rows = [("dogs", 3, "dep", "Torvane=part"), ("</svg><script>", 3, "dep", "Torvane=outside"), ("bark", 0, "root")]
+        page = converted(block(rows, 'a"<b>') + block([("Yes", 0, "root")], "2"), to="html")
+        self.assertEqual((page.count("<svg"), page.count("<figure"), page.count("<script"), page.count("http")), (2, 2, 0, 2))
+        self.assertTrue(page.startswith("<!DOCTYPE html>") and page.endswith("</html>\n"))
+        self.assertEqual((page.count('"arc loose"'), page.count('"word loose"')), (2, 1))
+        body = xml.fromstring(page[page.index("<body>"):page.index("</html>")])
+        self.assertEqual([figure.get("id") for figure in body.iter("figure")], ['sa"<b>', "s2"])
+        self.assertEqual(run("convert", "--to", "html", given="")[1].count(b"<figure"), 0)
+
+    def test_hostile_signs_make_no_broken_picture(self):
+        form = "\x01\x7f\ufffe\"'&]]>".encode() + b"\xff\xc0\xaf"
+        given = block([("A", 0, "root")]).encode().replace(b"\tA\t", b"\t" + form + b"\t")
+        for to in ("svg", "html", "arcs", "tree"):
+            status, out, _ = run("convert", "--to", to, given=given)
+            self.assertEqual(status, 0)
+            if to == "svg":
+                xml.fromstring(out)
+
+
+if __name__ == "__main__":
+    command_line.PROGRAM = os.path.abspath(sys.argv.pop(1))
+    unittest.main()
