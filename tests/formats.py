@@ -4,9 +4,11 @@
 usage: formats.py PROGRAM [TEST...]
 """
 import os
+import pathlib
 import random
 import re
 import sys
+import tempfile
 import unicodedata
 import unittest
 import xml.etree.ElementTree as xml
@@ -133,6 +135,71 @@ class Drawings(unittest.TestCase):
             self.assertEqual(status, 0)
             if to == "svg":
                 xml.fromstring(out)
+
+
+class TreeText(unittest.TestCase):
+    """Tree text in."""
+
+    TREE = """(:id 7
+1\t(The\tthe Det\t2\tdet)
+2\t(dogs\tdog NN\t3\tsubj)
+3\t(bark\t~ V\t*) :nogap
+4\t(.)
+)
+"""
+    TEXT = "The old dog that barked slept, didn't it? \"Dogs (all of them) bark\", he said. dogs the of bark. New York is old.\n"
+
+    def test_there_and_back(self):
+        parse = ["parse", "--quiet", "--style", "grammar", "--to", "deps"]
+        given = run(*parse, given=self.TEXT)[1]
+        self.assertEqual(run(*parse, "--from", "trees", given=given), (0, given, ""))
+        self.assertEqual(run("convert", "--from", "trees", "--to", "deps", given=given), (0, given, ""))
+        # Through CoNLL-U, which has all that the tree text has.
+        conllu = run("convert", "--from", "trees", "--to", "conllu", given=given)[1]
+        self.assertEqual(run("convert", "--to", "deps", given=conllu)[1], given)
+        self.assertEqual(run("convert", "--to", "conllu", given=conllu)[1], conllu)
+
+    def test_tree_rules_run(self):
+        (block,) = command_line.trees("--from", "trees", given=self.TREE)
+        self.assertEqual([row[1:4] + row[6:8] for row in block],
+                         [["The", "the", "DET", "2", "det"], ["dogs", "dog", "NOUN", "3", "nsubj"],
+                          ["bark", "bark", "VERB", "0", "root"], [".", ".", "PUNCT", "3", "punct"]])
+        text = run("parse", "--quiet", "--from", "trees", given=self.TREE)[1].decode()
+        self.assertTrue(text.startswith("# sent_id = 7\n# text = The dogs bark.\n"), text)
+        two = self.TREE * 2 + self.TREE.replace("\n", " ")
+        self.assertEqual(run("parse", "--from", "trees", "-j", "2", given=two)[1].count(b"sent_id"), 3)
+
+    def test_heads_by_label_direction_and_place(self):
+        for head in ("x", "- x", "< dogs", "<< dogs"):
+            tree = f"((a ~ U {head} r) b (dogs ~ N *) x (dogs dog N *) ; (\n E0 (() ~ C b r) (in ~ P E0 s))"
+            words = converted(tree, "--from", "trees", to="table")
+            place = "2" if head == "< dogs" else "3"
+            self.assertIn(f"(a\t U\t{place})", words)
+            self.assertIn("(in\t P\t2)", words)
+
+    def test_wrong_trees_are_told_and_left_out(self):
+        for wrong, line, what in (("(:id 8\n1 (a ~ N 2 x)\n2 (b ~ N 9 x)\n)\n", 3, "no head 9"),
+                                  ("(\n1 (a ~ N 2 x)\n2 (b ~ N 1 x)\n)\n", 2, "a circle"),
+                                  ("(\n1 (a ~ N 1 x)\n)\n", 2, "a circle"),
+                                  ("(\n1 (a ~ N *)\n1 (b ~ N *)\n)\n", 3, "label 1"),
+                                  ("(:id 9\n1 (a ~ N *)\n", 1, "not closed"), ('(\n1 ("a ~ N *)\n)\n', 1, "not closed"),
+                                  (")\n", 1, "closes nothing"), ("dogs bark\n1\t(a)", 1, "outside"),
+                                  ("(\n)\n", 1, "without words"), ("(E0 (() ~ C *))\n", 1, "without words")):
+            for command in (["parse", "--quiet"], ["convert"]):
+                status, out, errors = run(*command, "--from", "trees", "--to", "conllu", given=self.TREE + wrong + self.TREE)
+                self.assertEqual((status, out.count(b"\tbark\t")), (1, 2), (wrong, errors))
+                self.assertIn(f"standard input:{line + 6}: ", errors)
+                self.assertIn(what, errors)
+
+    def test_a_tree_ends_with_its_file(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, text in (("a", self.TREE[:-2]), ("b", self.TREE), ("c", "1\tDogs\n"),
+                               ("d", block([("Dogs", 0, "root")]).rstrip()), ("e", block([("Cats", 0, "root")]))):
+                pathlib.Path(folder, name).write_text(text)
+            status, out, errors = run("convert", "--from", "trees", "a", "b", cwd=folder)
+            self.assertEqual((status, out.count(b"bark"), errors.startswith("torvane: a:1: ")), (1, 1, True), errors)
+            status, out, errors = run("convert", "--to", "brackets", "d", "c", "e", cwd=folder)
+            self.assertEqual((status, out, errors.startswith("torvane: c:1: ")), (1, b"(root Dogs)\n(root Cats)\n", True), errors)
 
 
 if __name__ == "__main__":

@@ -12,7 +12,7 @@ namespace {
 
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
-    {"convert", "Turn trees from CoNLL-U into another format", declare_convert},
+    {"convert", "Turn trees from one format into another", declare_convert},
 };
 
 }  // namespace

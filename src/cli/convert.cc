@@ -18,7 +18,7 @@ namespace {
 
 struct ConvertOptions {
   std::vector<std::string> files;
-  std::string to = "tree", output;
+  std::string from = "conllu", to = "tree", output;
   PageChoice page;
 };
 
@@ -26,7 +26,7 @@ int convert(const ConvertOptions& options) {
   catch_interrupts();
   Input input(options.files);
   Output output(options.output);
-  const std::unique_ptr<Source> source = make_tree_source(input);
+  const std::unique_ptr<Source> source = make_tree_source(options.from, input);
   const Format& format = *find_format(options.to);
   const Page page = page_of(options.page, options.output);
   format.begin(output.buffer);
@@ -48,7 +48,10 @@ std::function<int()> declare_convert(CLI::App& app) {
   auto options = std::make_shared<ConvertOptions>();
   std::vector<std::string> formats;
   for (const Format& format : all_formats()) formats.emplace_back(format.name);
-  app.add_option("FILE", options->files, "CoNLL-U files; none, or -: standard input")->take_all();
+  app.add_option("FILE", options->files, "Files of trees; none, or -: standard input")->take_all();
+  app.add_option("--from", options->from, "What is read: conllu, or trees (tree text)")
+      ->check(CLI::IsMember(tree_source_names()))
+      ->capture_default_str();
   app.add_option("--to", options->to, "What is written")
       ->check(CLI::IsMember(formats))
       ->capture_default_str();

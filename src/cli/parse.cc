@@ -121,8 +121,8 @@ std::function<int()> declare_parse(CLI::App& app) {
   for (const Format& format : all_formats()) formats.emplace_back(format.name);
   app.add_option("FILE", options->files, "Files to read; none, or -: standard input")->take_all();
   app.add_option("--from", options->from,
-                 "What is read: lines (a sentence a line), tokens (words "
-                 "with blanks between)")
+                 "What is read: text, lines (a sentence a line), tokens (words with blanks "
+                 "between), conllu (its words), trees (tree text: tree rules only)")
       ->check(CLI::IsMember(source_names()))
       ->capture_default_str();
   app.add_option("--to", options->to, "What is written")

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "formats/conllu_reader.h"
+#include "formats/tree_text_reader.h"
 #include "text/plain_text.h"
 #include "text/sentences.h"
 
@@ -87,11 +88,14 @@ class Conllu : public Source {
  public:
   explicit Conllu(Input& input) : input_(input) {}
   bool next(Task& task) override {
-    for (bool more = true; more;) {
-      more = input_.line(line_);
-      const bool complete = reader_.add(more ? line_ : "");
-      for (const ConlluReader::Fault& fault : reader_.take_faults())
-        input_.tell(fault.lines_back - (more ? 0 : 1), fault.text);
+    for (bool has_line = true; has_line;) {
+      // A sentence ends with its file.
+      has_line = is_waiting_ || input_.line(line_);
+      const bool ends = !has_line || (!is_waiting_ && input_.starts_file());
+      is_waiting_ = has_line && ends;
+      const bool complete = reader_.add(ends ? "" : line_);
+      for (const ReadFault& fault : reader_.take_faults())
+        input_.tell(fault.lines_back - (has_line ? 0 : 1), fault.text);
       if (!complete) continue;
       task = {};
       task.read = std::make_unique<Sentence>(reader_.take());
@@ -105,6 +109,34 @@ class Conllu : public Source {
  private:
   Input& input_;
   ConlluReader reader_;
+  std::string line_;
+  bool is_waiting_ = false;  // the line, for the sentence before it to end
+};
+
+/// The same, written as tree text.
+class TreeTexts : public Source {
+ public:
+  explicit TreeTexts(Input& input) : input_(input) {}
+  bool next(Task& task) override {
+    TreeText tree;
+    for (bool more = true; !reader_.next(tree);) {
+      if (!more) return false;
+      more = input_.line(line_);
+      if (!more || input_.starts_file()) reader_.end();
+      if (more) reader_.add(line_);
+      for (const ReadFault& fault : reader_.take_faults())
+        input_.tell(fault.lines_back, fault.text);
+    }
+    task = {};
+    task.id = tree.sentence.id;
+    task.read = std::make_unique<Sentence>(std::move(tree.sentence));
+    task.tree = std::move(tree.form);
+    return true;
+  }
+
+ private:
+  Input& input_;
+  TreeTextReader reader_;
   std::string line_;
 };
 
@@ -160,6 +192,11 @@ Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
 }  // namespace
 
 Sentence parse_task(Engine& engine, const Task& task) {
+  if (!task.tree.empty()) {
+    Sentence sentence = engine.rewrite(task.tree);
+    sentence.id = task.id;
+    return sentence;
+  }
   Sentence sentence =
       task.words.empty() ? parse_text(engine, task.text) : parse_words(engine, task.words);
   if (task.read) sentence = merged(*task.read, sentence);
@@ -172,16 +209,21 @@ std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engin
   if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
-  if (name == "conllu") return make_tree_source(input);
-  return nullptr;
-}
-
-std::unique_ptr<Source> make_tree_source(Input& input) {
-  return std::make_unique<Conllu>(input);
+  return make_tree_source(name, input);
 }
 
 std::vector<std::string> source_names() {
-  return {"text", "lines", "tokens", "conllu"};
+  return {"text", "lines", "tokens", "conllu", "trees"};
+}
+
+std::unique_ptr<Source> make_tree_source(const std::string& name, Input& input) {
+  if (name == "conllu") return std::make_unique<Conllu>(input);
+  if (name == "trees") return std::make_unique<TreeTexts>(input);
+  return nullptr;
+}
+
+std::vector<std::string> tree_source_names() {
+  return {"conllu", "trees"};
 }
 
 }  // namespace torvane

@@ -17,6 +17,7 @@ struct Task {
   std::string id;
   bool starts_paragraph = false;
   std::unique_ptr<Sentence> read;  ///< what a file of trees has of it
+  std::string tree;                ///< tree text; what is to be done is to run the tree rules
 };
 
 /// What a parse makes of it.
@@ -31,9 +32,10 @@ class Source {
 
 /// By the name of `--from`; null if there is none. The engine's grammar finds sentences.
 std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine);
-/// Trees that were made before: each task has what was read.
-std::unique_ptr<Source> make_tree_source(Input& input);
 /// All names.
 std::vector<std::string> source_names();
+/// The same of trees that were made before: each task has what was read.
+std::unique_ptr<Source> make_tree_source(const std::string& name, Input& input);
+std::vector<std::string> tree_source_names();
 
 }  // namespace torvane

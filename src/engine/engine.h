@@ -37,6 +37,8 @@ class Engine {
   Sentence parse(std::string_view text);
   /// The same of words as they are given.
   Sentence parse(const std::vector<std::string>& words);
+  /// The tree of a tree text, rewritten by the tree rules as after a parse.
+  Sentence rewrite(const std::string& tree_text);
   /// A sentence of more words (between blanks) is parsed piece by piece.
   std::size_t max_words = 200;
   /// Reads the next token of a running text: -1 while no sentence ends, else how many of the tokens

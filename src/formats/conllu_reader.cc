@@ -93,7 +93,7 @@ Sentence ConlluReader::take() {
   return sentence;
 }
 
-std::vector<ConlluReader::Fault> ConlluReader::take_faults() {
+std::vector<ReadFault> ConlluReader::take_faults() {
   return std::exchange(faults_, {});
 }
 
@@ -162,20 +162,11 @@ void ConlluReader::check_heads() {
   const auto count = sentence_.words.size();
   if (!sentence_.ranges.empty() && static_cast<std::size_t>(sentence_.ranges.back().last) > count)
     return fail("a range ends behind the last word");
-  std::vector<char> state(count + 1);  // 1: on the way, 2: leads to a root
-  for (std::size_t i = 1; i <= count; ++i) {
-    std::vector<std::size_t> way;
-    for (std::size_t at = i; at != 0 && state[at] != 2;) {
-      const int head = sentence_.words[at - 1].head;
-      if (state[at] == 1) return fail("a circle of heads at word " + std::to_string(at));
-      if (head > static_cast<int>(count))
-        return fail("the head " + std::to_string(head) + " of word " + std::to_string(at));
-      state[at] = 1;
-      way.push_back(at);
-      at = head > 0 ? static_cast<std::size_t>(head) : 0;
-    }
-    for (std::size_t at : way) state[at] = 2;
-  }
+  for (std::size_t i = 1; i <= count; ++i)
+    if (const int head = sentence_.words[i - 1].head; head > static_cast<int>(count))
+      return fail("the head " + std::to_string(head) + " of word " + std::to_string(i));
+  if (const std::size_t word = find_circle(sentence_.words))
+    fail("a circle of heads at word " + std::to_string(word));
 }
 
 /// Where the words stand in the text; a text that does not have them is made of them.
