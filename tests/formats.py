@@ -177,6 +177,10 @@ class TreeText(unittest.TestCase):
             self.assertIn(f"(a\t U\t{place})", words)
             self.assertIn("(in\t P\t2)", words)
 
+    def test_a_bare_word_may_be_a_head(self):
+        words = converted("(1 (a ~ N 2 x) 2 (b) 3 (c))", "--from", "trees", to="table")
+        self.assertEqual(words, "(\n1\t(a\t N\t2)\n2\t(b\t U\t*)\n3\t(c\t U\t2)\n)\n")
+
     def test_wrong_trees_are_told_and_left_out(self):
         for wrong, line, what in (("(:id 8\n1 (a ~ N 2 x)\n2 (b ~ N 9 x)\n)\n", 3, "no head 9"),
                                   ("(\n1 (a ~ N 2 x)\n2 (b ~ N 1 x)\n)\n", 2, "a circle"),

@@ -188,11 +188,12 @@ class TreeForm {
       for (int at = static_cast<int>(i) + 1; at > 0;
            at = words[static_cast<std::size_t>(at) - 1].head)
         ++size[static_cast<std::size_t>(at) - 1];
-    std::size_t root = 0;
+    auto weight = [&](std::size_t i) { return words[i].outside ? 0 : size[i]; };
+    std::size_t root = words.size();
     for (std::size_t i = 0; i < words.size(); ++i) {
-      if (words[i].head != 0 || words[i].outside) continue;
-      ++sentence_.parts;
-      if (words[root].head != 0 || words[root].outside || size[i] > size[root]) root = i;
+      if (words[i].head != 0) continue;
+      if (!words[i].outside) ++sentence_.parts;
+      if (root == words.size() || weight(i) > weight(root)) root = i;
     }
     for (std::size_t i = 0; i < words.size(); ++i) {
       if (words[i].head != 0) continue;
