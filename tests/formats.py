@@ -3,6 +3,7 @@
 
 usage: formats.py PROGRAM [TEST...]
 """
+import json
 import os
 import pathlib
 import random
@@ -204,6 +205,71 @@ class TreeText(unittest.TestCase):
             self.assertEqual((status, out.count(b"bark"), errors.startswith("torvane: a:1: ")), (1, 1, True), errors)
             status, out, errors = run("convert", "--to", "brackets", "d", "c", "e", cwd=folder)
             self.assertEqual((status, out, errors.startswith("torvane: c:1: ")), (1, b"(root Dogs)\n(root Cats)\n", True), errors)
+
+
+class Json(unittest.TestCase):
+    def test_hostile_texts(self):
+        """Whatever stands in a column comes out as a JSON parser reads it."""
+        chance = random.Random(5)
+        signs = [bytes([b]) for b in range(1, 256) if b not in b"\t\n\r "] + [s.encode() for s in "\u2028\ufeff\U0010ffff\u0301\u00e9"]
+        forms = [bytes([b]) for b in range(1, 256) if b not in b"\t\n\r _"]
+        forms += [b"".join(chance.choice(signs) for _ in range(chance.randrange(1, 12))) for _ in range(500)]
+        forms = [form for form in forms if form != b"_"]
+        given = b"# sent_id = \"\\\x01\n" + b"".join(b"%d\t%s\t_\tX\t_\t_\t%d\tdep\t_\t_\n" % (i + 1, form, i)
+                                                  for i, form in enumerate(forms)) + b"\n"
+        status, out, _ = run("convert", "--to", "json", given=given)
+        sentence = json.loads(out)
+        self.assertEqual((status, sentence["id"], out.count(b"\n")), (0, '"\\\x01', 1))
+        for word, form in zip(sentence["words"], forms):
+            try:
+                self.assertEqual(word["form"], form.decode())
+            except UnicodeDecodeError:
+                self.assertIn("\ufffd", word["form"])
+            self.assertEqual(sentence["text"][word["start"]:word["end"]], word["form"])
+
+    def test_members(self):
+        out = run("parse", "--quiet", "--to", "json", given="It isn't caf\u00e9 of the the bark.\n")[1]
+        sentence = json.loads(out)
+        self.assertEqual(sorted(sentence), ["id", "parts", "ranges", "text", "words"])
+        self.assertEqual(sentence["ranges"], [{"first": 2, "last": 3, "form": "isn't"}])
+        for word in sentence["words"]:
+            self.assertEqual(sentence["text"][word["start"]:word["end"]], word["form"])
+        self.assertEqual([word["id"] for word in sentence["words"]], list(range(1, len(sentence["words"]) + 1)))
+        self.assertEqual([word["head"] for word in sentence["words"]].count(0), 1)
+        # All of it comes from CoNLL-U, and goes there.
+        conllu = run("parse", "--quiet", given="It isn't caf\u00e9 of the the bark.\n")[1]
+        self.assertEqual(run("convert", "--to", "json", given=conllu)[1], out)
+
+
+class Ranges(unittest.TestCase):
+    """Words that are written as one."""
+
+    TEXT = "He isn't here; it's the children's. Don't go, she said, I'd've slept.\n"
+
+    def test_of_a_parse(self):
+        blocks = command_line.trees(given=self.TEXT)
+        ranges = [row[:2] + [row[9]] for block in blocks for row in block if "-" in row[0]]
+        self.assertEqual([form for _, form, _ in ranges], ["isn't", "it's", "children's", "Don't", "I'd've"])
+        self.assertEqual([misc for *_, misc in ranges], ["_", "_", "SpaceAfter=No", "_", "_"])
+        words = [row[1:3] for block in blocks for row in block if "-" not in row[0]]
+        for pair in (["is", "be"], ["n't", "not"], ["Do", "do"], ["children", "children"], ["'d", "'d"], ["'ve", "have"]):
+            self.assertIn(pair, words)
+        # Pieces of a long sentence keep theirs.
+        (block,) = command_line.trees("--max-words", "3", "--from", "lines", given="The old cat isn't the old dog's cat.\n")
+        self.assertEqual([row[:2] for row in block if "-" in row[0]], [["4-5", "isn't"], ["8-9", "dog's"]])
+
+    def test_other_signs_of_the_text(self):
+        (block,) = command_line.trees(given="\u201cIt isn\u2019t\u201d, he said\u2014DIDN\u2019T.\n")
+        self.assertEqual([row[1] for row in block if "-" in row[0]], ["isn\u2019t", "DIDN\u2019T"])
+        self.assertIn("n\u2019t", [row[1] for row in block])
+
+    def test_given_words_have_none(self):
+        (block,) = command_line.trees("--from", "tokens", given="He is n't here , isn't it 's\n")
+        self.assertEqual([row[1] for row in block], "He is n't here , isn't it 's".split())
+
+    def test_there_and_back(self):
+        given = run("parse", "--quiet", given=self.TEXT)[1]
+        self.assertEqual(run("convert", "--to", "conllu", given=given), (0, given, ""))
 
 
 if __name__ == "__main__":

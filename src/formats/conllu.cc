@@ -38,24 +38,27 @@ void add_note(std::string& notes, std::string_view note) {
   notes += note;
 }
 
-std::string notes_of(const SentenceWord& word) {
+std::string notes_of(const SentenceWord& word, bool tells_space) {
   std::string notes;
-  if (!word.space_after) add_note(notes, "SpaceAfter=No");
+  if (tells_space && !word.space_after) add_note(notes, "SpaceAfter=No");
   if (word.outside) add_note(notes, "Torvane=outside");
   if (word.part) add_note(notes, "Torvane=part");
   add_note(notes, word.misc);
   return notes;
 }
 
-void add_range(std::string& out, const WordRange& range) {
+void add_range(std::string& out, const WordRange& range, const SentenceWord& last) {
   out += std::to_string(range.first) + '-' + std::to_string(range.last) + '\t';
   add_column(out, range.form);
   out += "\t_\t_\t_\t_\t_\t_\t_\t";
-  add_column(out, range.misc);
+  std::string notes;
+  if (!last.space_after) add_note(notes, "SpaceAfter=No");
+  add_note(notes, range.misc);
+  add_column(out, notes);
   out += '\n';
 }
 
-void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
+void add_word(std::string& out, const SentenceWord& word, std::size_t number, bool in_range) {
   out += std::to_string(number);
   out += '\t';
   add_column(out, word.form);
@@ -68,7 +71,7 @@ void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
   out += '\t' + (word.head < 0 ? std::string("_") : std::to_string(word.head)) + '\t';
   add_name(out, word.relation);
   out += "\t_\t";
-  add_column(out, notes_of(word));
+  add_column(out, notes_of(word, !in_range));
   out += '\n';
 }
 
@@ -85,13 +88,15 @@ void write_conllu(std::string& out, const Sentence& sentence, const Page&) {
   add_comment(out, "text", sentence.text);
   if (sentence.parts != 1) add_comment(out, "parts", std::to_string(sentence.parts));
   if (!sentence.cut.empty()) add_comment(out, "cut", sentence.cut);
-  std::size_t number = 0;
+  std::size_t number = 0, range_end = 0;
   auto range = sentence.ranges.begin();
   for (const SentenceWord& word : sentence.words) {
     ++number;
-    if (range != sentence.ranges.end() && static_cast<std::size_t>(range->first) == number)
-      add_range(out, *range++);
-    add_word(out, word, number);
+    if (range != sentence.ranges.end() && static_cast<std::size_t>(range->first) == number) {
+      range_end = static_cast<std::size_t>(range->last);
+      add_range(out, *range++, sentence.words[range_end - 1]);
+    }
+    add_word(out, word, number, number <= range_end);
   }
   out += '\n';
 }

@@ -179,14 +179,23 @@ void ConlluReader::spell_text() {
   for (int i = 1; i <= count;) {
     const bool in_range = range != sentence_.ranges.end() && range->first == i;
     const int last = in_range ? range->last : i;
-    SentenceWord& word = sentence_.words[static_cast<std::size_t>(i - 1)];
-    std::string notes = in_range ? range->misc : "";
-    const bool space = in_range ? !take_note(notes, "SpaceAfter=No") : word.space_after;
+    auto word = [this](int k) -> SentenceWord& {
+      return sentence_.words[static_cast<std::size_t>(k - 1)];
+    };
+    if (in_range) word(last).space_after = !take_note(range->misc, "SpaceAfter=No");
+    const bool space = word(last).space_after;
     const std::size_t begin = text.size();
-    text += in_range ? range->form : word.form;
+    std::string spelt;
     for (int k = i; k <= last; ++k) {
-      sentence_.words[static_cast<std::size_t>(k - 1)].begin = begin;
-      sentence_.words[static_cast<std::size_t>(k - 1)].end = text.size();
+      word(k).begin = begin + spelt.size();
+      spelt += word(k).form;
+      word(k).end = begin + spelt.size();
+      if (k < last) word(k).space_after = false;
+    }
+    text += in_range ? range->form : spelt;
+    for (int k = i; k <= last && in_range && spelt != range->form; ++k) {
+      word(k).begin = begin;
+      word(k).end = text.size();
     }
     if (space && last < count) text += ' ';
     if (in_range) ++range;
