@@ -1,4 +1,5 @@
 // CoNLL-U: comments, then a line of ten columns for each word, then an empty line.
+#include <algorithm>
 #include <cstddef>
 
 #include "formats/format.h"
@@ -32,18 +33,26 @@ void add_comment(std::string& out, std::string_view name, std::string_view text)
   out += '\n';
 }
 
+/// Puts a note where it stands in the order of the others.
 void add_note(std::string& notes, std::string_view note) {
-  if (note.empty()) return;
-  if (!notes.empty()) notes += '|';
-  notes += note;
+  std::size_t at = 0;
+  while (at < notes.size() && std::string_view(notes).substr(at) < note)
+    at = std::min(notes.find('|', at), notes.size() - 1) + 1;
+  if (notes.empty()) {
+    notes = note;
+  } else if (at < notes.size()) {
+    notes.insert(at, std::string(note) + '|');
+  } else {
+    notes += '|';
+    notes += note;
+  }
 }
 
 std::string notes_of(const SentenceWord& word, bool tells_space) {
-  std::string notes;
+  std::string notes = word.misc;
   if (tells_space && !word.space_after) add_note(notes, "SpaceAfter=No");
   if (word.outside) add_note(notes, "Torvane=outside");
   if (word.part) add_note(notes, "Torvane=part");
-  add_note(notes, word.misc);
   return notes;
 }
 
@@ -51,9 +60,8 @@ void add_range(std::string& out, const WordRange& range, const SentenceWord& las
   out += std::to_string(range.first) + '-' + std::to_string(range.last) + '\t';
   add_column(out, range.form);
   out += "\t_\t_\t_\t_\t_\t_\t_\t";
-  std::string notes;
+  std::string notes = range.misc;
   if (!last.space_after) add_note(notes, "SpaceAfter=No");
-  add_note(notes, range.misc);
   add_column(out, notes);
   out += '\n';
 }

@@ -54,11 +54,12 @@ void ConlluReader::start() {
   sentence_ = Sentence();
   sentence_.parts = 1;
   lines_ = fault_line_ = 0;
+  word_lines_.clear();
 }
 
-void ConlluReader::fail(std::string text) {
+void ConlluReader::fail(std::string text, std::size_t line) {
   if (fault_line_ > 0) return;
-  fault_line_ = lines_;
+  fault_line_ = line;
   fault_ = std::move(text);
 }
 
@@ -132,6 +133,7 @@ void ConlluReader::read_word(const std::vector<std::string_view>& columns) {
   const int next = static_cast<int>(sentence_.words.size()) + 1;
   if (number_of(columns[0]) != next)
     return fail("the id " + std::string(columns[0]) + ", not " + std::to_string(next));
+  word_lines_.push_back(lines_);
   SentenceWord& word = sentence_.words.emplace_back();
   word.form = columns[1];
   word.lemma = columns[1] == "_" ? std::string(columns[2]) : value_of(columns[2]);
@@ -157,16 +159,17 @@ void ConlluReader::read_range(const std::vector<std::string_view>& columns) {
   sentence_.ranges.push_back({first, last, std::string(columns[1]), value_of(columns[9])});
 }
 
-/// All heads, or none, are there; they lead to the root.
+/// Heads are words of the sentence, and lead to a root.
 void ConlluReader::check_heads() {
   const auto count = sentence_.words.size();
   if (!sentence_.ranges.empty() && static_cast<std::size_t>(sentence_.ranges.back().last) > count)
     return fail("a range ends behind the last word");
   for (std::size_t i = 1; i <= count; ++i)
     if (const int head = sentence_.words[i - 1].head; head > static_cast<int>(count))
-      return fail("the head " + std::to_string(head) + " of word " + std::to_string(i));
+      return fail("the head " + std::to_string(head) + " of word " + std::to_string(i),
+                  word_lines_[i - 1]);
   if (const std::size_t word = find_circle(sentence_.words))
-    fail("a circle of heads at word " + std::to_string(word));
+    fail("a circle of heads at word " + std::to_string(word), word_lines_[word - 1]);
 }
 
 /// Where the words stand in the text; a text that does not have them is made of them.

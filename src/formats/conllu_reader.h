@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/document.h"
@@ -29,11 +30,14 @@ class ConlluReader {
   void read_range(const std::vector<std::string_view>& columns);
   void check_heads();
   void spell_text();
-  void fail(std::string text);
+  /// What is wrong with the last line.
+  void fail(std::string text) { fail(std::move(text), lines_); }
+  void fail(std::string text, std::size_t line);
   void start();
 
   Sentence sentence_;
-  std::size_t lines_ = 0;       // of the sentence under way
+  std::size_t lines_ = 0;  // of the sentence under way
+  std::vector<std::size_t> word_lines_;
   std::size_t fault_line_ = 0;  // in it; 0: none so far
   std::string fault_;
   std::vector<ReadFault> faults_;
