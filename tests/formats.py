@@ -3,13 +3,18 @@
 
 usage: formats.py PROGRAM [TEST...]
 """
+import fcntl
 import json
 import os
 import pathlib
+import pty
 import random
 import re
+import struct
+import subprocess
 import sys
 import tempfile
+import termios
 import unicodedata
 import unittest
 import xml.etree.ElementTree as xml
@@ -36,6 +41,13 @@ def converted(given, *options, to):
 
 def columns(text):
     return sum(0 if unicodedata.combining(c) else 2 if unicodedata.east_asian_width(c) in "WF" else 1 for c in text)
+
+
+def read_some(terminal):
+    try:
+        return terminal.read(4096)
+    except OSError:  # whoever wrote has closed it
+        return b""
 
 
 def random_tree(number, length):
@@ -72,6 +84,21 @@ class Drawings(unittest.TestCase):
                         self.assertGreaterEqual(drawing.count(form), sum(form == row[0] for row in rows), (number, to))
                     if to == "arcs":
                         self.assertEqual(drawing.count("▼"), len(rows))
+
+    def test_the_window_has_a_width(self):
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 33, 0, 0))
+        given = block([("word", max(i - 1, 0), "dep" if i > 1 else "root") for i in range(1, 11)])
+        done = subprocess.run([command_line.PROGRAM, "convert", "--to", "arcs"], input=given.encode(), stdout=theirs)
+        os.close(theirs)
+        drawing = b""
+        with open(ours, "rb", buffering=0) as terminal:
+            while part := read_some(terminal):
+                drawing += part
+        lines = drawing.decode().split("\r\n")
+        self.assertEqual(done.returncode, 0)
+        self.assertLessEqual(max(map(columns, lines)), 33)
+        self.assertEqual(sum("word" in line for line in lines), 2)
 
     def test_columns_of_wide_and_combining_signs(self):
         given = block([("\u6211", 2, "nsubj"), ("\u559c\u6b22", 0, "root"), ("e\u0301te\u0301", 2, "obj"), ("ok", 2, "x")])
