@@ -124,6 +124,11 @@ def main():
     peers = {name: [by_name[peer] for peer in (name.replace("_own/", f"_{p}/") for p in PEERS) if peer in by_name]
              for name in by_name if "_own/" in name}
     table = [(short_name(row), time_text(row), note(row, peers)) for row in rows]
+    if "format_parse" in by_name:
+        parse, sentence, write, read = (time_of(by_name[name]) for name in (
+            "format_parse", "format_sentence", "format_write/conllu", "format_read/conllu"))
+        table.append(("CoNLL-U in and out", f"{100 * (sentence + write + read) / parse:.0f} %",
+                      "on top of parsing (wanted: below 20 %)"))
     seconds, peak = whole_run(program, data)
     table.append(("whole run", f"{seconds * 1e3:.0f} ms", "processor time, start-up included (wanted: below 50 ms)"))
     table.append(("whole run, peak memory", f"{peak / 1e6:.0f} MB", "wanted: below 48 MB"))

@@ -30,6 +30,7 @@ Input::~Input() {
 
 bool Input::open_next() {
   while (next_ < names_.size()) {
+    if (line_number_ > 0) before_ = {name_, line_number_};
     name_ = names_[next_++];
     line_number_ = 0;
     const bool standard = name_ == "-";
@@ -104,7 +105,9 @@ std::string Input::place() const {
 
 void Input::tell(std::size_t lines_back, const std::string& fault) {
   has_faults_ = true;
-  std::cerr << "torvane: " << name_ << ':' << line_number_ - lines_back << ": " << fault
+  const bool is_here = lines_back < line_number_;
+  std::cerr << "torvane: " << (is_here ? name_ : before_.name) << ':'
+            << (is_here ? line_number_ : before_.lines + line_number_) - lines_back << ": " << fault
             << ": the sentence is left out\n";
 }
 

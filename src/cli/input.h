@@ -45,6 +45,10 @@ class Input : public LineInput {
   std::string buffer_;
   std::size_t at_ = 0;
   std::size_t line_number_ = 0;
+  struct {
+    std::string name;
+    std::size_t lines = 0;
+  } before_;  // the last file that has ended
   bool failed_ = false;
   bool has_faults_ = false;
   bool told_of_bytes_ = false;

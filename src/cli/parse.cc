@@ -14,6 +14,7 @@
 #include "cli/input.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
+#include "cli/page.h"
 #include "cli/progress.h"
 #include "cli/summary.h"
 #include "cli/workers.h"
@@ -30,6 +31,7 @@ struct ParseOptions {
   std::string counts;
   std::size_t jobs = 1;
   int best = 0;
+  PageChoice page;
   bool strict = false, quiet = false;
 };
 
@@ -39,11 +41,13 @@ struct Run {
       : input(options.files),
         output(options.output),
         format(*find_format(options.to)),
+        page(page_of(options.page, options.output)),
         progress(!options.quiet && !output.is_terminal()) {}
 
   Input input;
   Output output;
   const Format& format;
+  const Page page;
   Progress progress;
   Summary summary;
   std::unique_ptr<Source> source;
@@ -68,11 +72,11 @@ std::unique_ptr<Engine> make_engine(const ParseOptions& options, const GrammarFi
 
 /// Writes the tree of a task, or as many of the best ones as are wanted.
 Outcome parse_and_write(Engine& engine, const Task& task, const ParseOptions& options,
-                        const Format& format, std::string& out) {
+                        const Format& format, const Page& page, std::string& out) {
   Sentence sentence = parse_task(engine, task);
   const Outcome outcome = outcome_of(sentence);
   for (sentence.best = std::min(options.best, 1);;) {
-    format.write(out, sentence);
+    format.write(out, sentence, page);
     if (sentence.best >= options.best) return outcome;
     std::optional<Sentence> next = next_tree(engine, task);
     if (!next) return outcome;
@@ -85,7 +89,8 @@ Outcome parse_and_write(Engine& engine, const Task& task, const ParseOptions& op
 
 void parse_here(Run& run, const ParseOptions& options, Engine& engine) {
   for (Task task; run.next(task);) {
-    run.summary.count(parse_and_write(engine, task, options, run.format, run.output.buffer));
+    run.summary.count(
+        parse_and_write(engine, task, options, run.format, run.page, run.output.buffer));
     run.output.flush(!run.input.is_waiting());
     run.progress.show(run.summary, run.input);
   }
@@ -98,7 +103,7 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     const std::unique_ptr<Engine> engine = make_engine(options, grammar);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
-      job->outcome = parse_and_write(*engine, job->task, options, run.format, job->written);
+      job->outcome = parse_and_write(*engine, job->task, options, run.format, run.page, job->written);
       all.give_back(*job);
     }
   });
@@ -127,11 +132,13 @@ int parse(const ParseOptions& options) {
   if (!engine) return kNoGrammar;
   Run run(options);
   run.source = make_source(options.from, run.input, *engine);
+  run.format.begin(run.output.buffer);
   if (options.jobs == 1) {
     parse_here(run, options, *engine);
   } else {
     parse_in_threads(run, options, grammar);
   }
+  run.format.end(run.output.buffer);
   run.output.flush(true);
   run.progress.end();
   if (is_interrupted()) end_by_interrupt();
@@ -148,14 +155,15 @@ std::function<int()> declare_parse(CLI::App& app) {
   for (const Format& format : all_formats()) formats.emplace_back(format.name);
   app.add_option("FILE", options->files, "Files to read; none, or -: standard input")->take_all();
   app.add_option("--from", options->from,
-                 "What is read: lines (a sentence a line), tokens (words "
-                 "with blanks between)")
+                 "What is read: text, lines (a sentence a line), tokens (words with blanks "
+                 "between), conllu (its words), trees (tree text: tree rules only)")
       ->check(CLI::IsMember(source_names()))
       ->capture_default_str();
   app.add_option("--to", options->to, "What is written")
       ->check(CLI::IsMember(formats))
       ->capture_default_str();
   app.add_option("-o,--output", options->output, "File to write; none, or -: standard output");
+  declare_page(app, options->page);
   app.add_option("--grammar", options->grammar.grammar, "Name of a grammar, or a start-up file")
       ->capture_default_str();
   app.add_option("--data", options->grammar.data, "Folder of the grammars");

@@ -24,7 +24,8 @@ struct SentenceWord {
   std::string misc;         ///< further notes, `Name=Value|...`
 };
 
-/// Words that the text writes as one.
+/// Words that the text writes as one. Where their forms spell it, each has its own stretch of the
+/// text, else each has all of it. The last one says whether a space follows.
 struct WordRange {
   int first, last;
   std::string form;
@@ -52,6 +53,9 @@ struct Sentence {
     return true;
   }
 };
+
+/// Gives each range the stretch of the text that its words cover.
+void name_ranges(Sentence& sentence);
 
 struct Document {
   std::vector<Sentence> sentences;

@@ -2,13 +2,17 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <sstream>
 #include <tuple>
 
+#include "att/contract.h"
 #include "engine/all_offers.h"
 #include "engine/sentence_of.h"
 #include "parser/torvane_parser.h"
 #include "store/header_file.h"
+#include "support/depth.h"
+#include "support/lifetime.h"
 #include "support/messages.h"
 #include "support/text.h"
 #include "triples/db/triple_db.h"
@@ -31,6 +35,31 @@ bool same_tree(const Sentence& a, const Sentence& b) {
                       };
                       return tie(one) == tie(other);
                     });
+}
+
+/// Takes out of the tree what hangs in it as words do that a parse took into none.
+void drop_outside_words(DepTree& top, const Labels& labels) {
+  std::vector<DepTree*> waiting{&top}, outside;
+  while (!waiting.empty()) {
+    DepTree* node = waiting.back();
+    waiting.pop_back();
+    const bool has_category = node->_cat && std::strcmp(node->_cat, contract::kNoCategory) != 0;
+    if (node != &top && node->empty() && !has_category && node->word() &&
+        labels.outside_relation(node->word()) == or_empty(node->_rel))
+      outside.push_back(node);
+    node->for_each_child([&](DepTree* child) { waiting.push_back(child); });
+  }
+  for (DepTree* node : outside) node->detach();
+}
+
+/// The words with the blanks between them.
+std::string text_of(const Deps& deps) {
+  std::string text;
+  for (int i = 1; i < deps.word_count(); ++i) {
+    if (i > 1) text += deps.gap(i);
+    text += or_empty(deps.word(i));
+  }
+  return text;
 }
 
 }  // namespace
@@ -143,6 +172,22 @@ Sentence Engine::parse(const std::vector<std::string>& words) {
   }
   whole.cut = "words";
   return whole;
+}
+
+Sentence Engine::rewrite(const std::string& tree_text) {
+  WorldScope here(world_);
+  const Round round;
+  IRSlistReader reader(world_.double_byte);
+  const IRSlist* form = reader.start_string(tree_text.c_str());
+  if (!form || form->is_atom()) return {};
+  const TorvaneParser& parser = *current_parser(world_);
+  const Ref<Deps> deps = make_ref<Deps>(world_);
+  deps->_att_type = parser.grammar._att_type;
+  lift_depth_limits();
+  deps->read(*form);
+  drop_outside_words(*static_cast<DepTree*>(deps->_root), *labels_);
+  if (parser._deps_modifier) parser._deps_modifier->modify(deps->_root);
+  return sentence_of(*deps, text_of(*deps), *labels_);
 }
 
 int Engine::boundary(std::string_view token) {

@@ -47,6 +47,8 @@ class Engine {
   /// The next-best tree of the sentence that was parsed last: another one than those that it gave
   /// so far. Nothing where there is none, and for a sentence that was parsed piece by piece.
   std::optional<Sentence> next();
+  /// The tree of a tree text, rewritten by the tree rules as after a parse.
+  Sentence rewrite(const std::string& tree_text);
   /// A sentence of more words (between blanks) is parsed piece by piece.
   std::size_t max_words = 200;
   /// Reads the next token of a running text: -1 while no sentence ends, else how many of the tokens

@@ -30,6 +30,8 @@ Labels::Labels(World& world)
     : category_(function(world, "universal-category")),
       relation_(function(world, "universal-relation")),
       features_(function(world, "universal-features")),
+      lemma_(function(world, "universal-lemma")),
+      clitic_(function(world, "clitic")),
       outside_category_(function(world, "outside-category")),
       outside_relation_(function(world, "outside-relation")),
       boundary_(function(world, "sentence-boundary")),
@@ -55,6 +57,14 @@ std::string Labels::outside_relation(std::string_view word) const {
       text_of(outside_relation_.eval(Value::made_text(word), type_id_of<const char*>()));
   if (!label.empty()) return label;
   return is_punctuation(word) ? "punct" : "dep";
+}
+
+std::string Labels::clitic(std::string_view token) const {
+  if (!clitic_) return {};
+  TextScope texts;
+  std::string small(token);
+  std::transform(small.begin(), small.end(), small.begin(), lower);
+  return text_of(clitic_.eval(Value::made_text(small), type_id_of<const char*>()));
 }
 
 int Labels::boundary(std::string_view token) const {

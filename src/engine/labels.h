@@ -21,10 +21,15 @@ class Labels {
   std::string category(DepTree& node) const { return label(category_, node); }
   std::string relation(DepTree& node) const { return label(relation_, node); }
   std::string features(DepTree& node) const { return label(features_, node); }
+  std::string lemma(DepTree& node) const { return label(lemma_, node); }
 
   // Of a word outside all trees.
   std::string outside_category(std::string_view word) const;
   std::string outside_relation(std::string_view word) const;
+
+  /// What a token behind a word without a blank between them is as a word of its own, in small
+  /// letters; empty if the two are not written as one word.
+  std::string clitic(std::string_view token) const;
 
   bool finds_sentences() const { return static_cast<bool>(boundary_); }
   /// Reads the next token of a text: -1 while no sentence ends, else how many of the tokens read
@@ -36,7 +41,8 @@ class Labels {
  private:
   static std::string label(const ExpPtr& function, DepTree& node);
 
-  ExpPtr category_, relation_, features_, outside_category_, outside_relation_, boundary_, joint_;
+  ExpPtr category_, relation_, features_, lemma_, clitic_, outside_category_, outside_relation_,
+      boundary_, joint_;
 };
 
 }  // namespace torvane

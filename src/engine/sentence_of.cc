@@ -167,7 +167,8 @@ class Assembly {
   }
 
   void write_node(DepTree& node, SentenceWord& to) {
-    to.lemma = or_empty(node.root_word());
+    to.lemma = labels_.lemma(node);
+    if (to.lemma.empty()) to.lemma = or_empty(node.root_word());
     to.xpos = or_empty(node._cat);
     to.upos = labels_.category(node);
     to.features = labels_.features(node);
@@ -216,6 +217,37 @@ void finish_words(Sentence& sentence) {
     word.form = text.substr(word.begin, word.end - word.begin);
     word.space_after = word.end >= text.size() || is_blank(text[word.end]);
   }
+  name_ranges(sentence);
+}
+
+/// Letters of `word` at the front that stand at the end of the text before it.
+std::size_t letters_before(std::string_view text, std::string_view word, std::string_view token) {
+  const std::size_t missing = word.size() - std::min(word.size(), token.size());
+  if (missing >= text.size()) return 0;
+  const std::string_view end = text.substr(text.size() - missing);
+  return std::equal(end.begin(), end.end(), word.begin(),
+                    [](char a, char b) { return lower(a) == b; })
+             ? missing
+             : 0;
+}
+
+/// Finds the words that are written as one, and cuts them where the grammar says.
+void find_ranges(Sentence& sentence, const Labels& labels) {
+  const std::string_view text = sentence.text;
+  for (std::size_t i = 1; i < sentence.words.size(); ++i) {
+    SentenceWord &before = sentence.words[i - 1], &word = sentence.words[i];
+    if (before.end != word.begin) continue;
+    const std::string_view token = text.substr(word.begin, word.end - word.begin);
+    const std::string clitic = labels.clitic(token);
+    if (clitic.empty()) continue;
+    const std::size_t moved =
+        letters_before(text.substr(before.begin, before.end - before.begin), clitic, token);
+    before.end = word.begin -= moved;
+    const int number = static_cast<int>(i) + 1;
+    if (sentence.ranges.empty() || sentence.ranges.back().last != number - 1)
+      sentence.ranges.push_back({number - 1, number, {}, {}});
+    sentence.ranges.back().last = number;
+  }
 }
 
 }  // namespace
@@ -240,6 +272,7 @@ Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labe
     word_of.push_back(static_cast<int>(sentence.words.size()));
   }
   add_words(sentence, at, text.size());
+  find_ranges(sentence, labels);
   finish_words(sentence);
   Assembly(deps, labels, sentence, std::move(word_of)).run();
   return sentence;
@@ -289,6 +322,11 @@ void append(Sentence& first, Sentence&& second, std::string_view gap) {
     word.begin += offset;
     word.end += offset;
     first.words.push_back(std::move(word));
+  }
+  for (WordRange& range : second.ranges) {
+    range.first += shift;
+    range.last += shift;
+    first.ranges.push_back(std::move(range));
   }
   first.text += second.text;
   first.parts += second.parts;

@@ -21,7 +21,7 @@ void add_word(std::string& out, std::string_view form) {
 
 }  // namespace
 
-void write_brackets(std::string& out, const Sentence& sentence) {
+void write_brackets(std::string& out, const Sentence& sentence, const Page&) {
   const auto dependents = dependents_of(sentence);
   // What is still to be written: a word opened (positive), its form (negative), or a closing (0).
   std::vector<int> stack(dependents[0].rbegin(), dependents[0].rend());

@@ -1,4 +1,5 @@
 // CoNLL-U: comments, then a line of ten columns for each word, then an empty line.
+#include <algorithm>
 #include <cstddef>
 
 #include "formats/format.h"
@@ -33,30 +34,40 @@ void add_comment(std::string& out, std::string_view name, std::string_view text)
   out += '\n';
 }
 
+/// Puts a note where it stands in the order of the others.
 void add_note(std::string& notes, std::string_view note) {
-  if (note.empty()) return;
-  if (!notes.empty()) notes += '|';
-  notes += note;
+  std::size_t at = 0;
+  while (at < notes.size() && std::string_view(notes).substr(at) < note)
+    at = std::min(notes.find('|', at), notes.size() - 1) + 1;
+  if (notes.empty()) {
+    notes = note;
+  } else if (at < notes.size()) {
+    notes.insert(at, std::string(note) + '|');
+  } else {
+    notes += '|';
+    notes += note;
+  }
 }
 
-std::string notes_of(const SentenceWord& word) {
-  std::string notes;
-  if (!word.space_after) add_note(notes, "SpaceAfter=No");
+std::string notes_of(const SentenceWord& word, bool tells_space) {
+  std::string notes = word.misc;
+  if (tells_space && !word.space_after) add_note(notes, "SpaceAfter=No");
   if (word.outside) add_note(notes, "Torvane=outside");
   if (word.part) add_note(notes, "Torvane=part");
-  add_note(notes, word.misc);
   return notes;
 }
 
-void add_range(std::string& out, const WordRange& range) {
+void add_range(std::string& out, const WordRange& range, const SentenceWord& last) {
   out += std::to_string(range.first) + '-' + std::to_string(range.last) + '\t';
   add_column(out, range.form);
   out += "\t_\t_\t_\t_\t_\t_\t_\t";
-  add_column(out, range.misc);
+  std::string notes = range.misc;
+  if (!last.space_after) add_note(notes, "SpaceAfter=No");
+  add_column(out, notes);
   out += '\n';
 }
 
-void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
+void add_word(std::string& out, const SentenceWord& word, std::size_t number, bool in_range) {
   out += std::to_string(number);
   out += '\t';
   add_column(out, word.form);
@@ -69,13 +80,13 @@ void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
   out += '\t' + (word.head < 0 ? std::string("_") : std::to_string(word.head)) + '\t';
   add_name(out, word.relation);
   out += "\t_\t";
-  add_column(out, notes_of(word));
+  add_column(out, notes_of(word, !in_range));
   out += '\n';
 }
 
 }  // namespace
 
-void write_conllu(std::string& out, const Sentence& sentence) {
+void write_conllu(std::string& out, const Sentence& sentence, const Page&) {
   if (sentence.words.empty()) return;
   if (sentence.best > 0) {
     add_comment(out, "best", std::to_string(sentence.best));
@@ -90,13 +101,15 @@ void write_conllu(std::string& out, const Sentence& sentence) {
   add_comment(out, "text", sentence.text);
   if (sentence.parts != 1) add_comment(out, "parts", std::to_string(sentence.parts));
   if (!sentence.cut.empty()) add_comment(out, "cut", sentence.cut);
-  std::size_t number = 0;
+  std::size_t number = 0, range_end = 0;
   auto range = sentence.ranges.begin();
   for (const SentenceWord& word : sentence.words) {
     ++number;
-    if (range != sentence.ranges.end() && static_cast<std::size_t>(range->first) == number)
-      add_range(out, *range++);
-    add_word(out, word, number);
+    if (range != sentence.ranges.end() && static_cast<std::size_t>(range->first) == number) {
+      range_end = static_cast<std::size_t>(range->last);
+      add_range(out, *range++, sentence.words[range_end - 1]);
+    }
+    add_word(out, word, number, number <= range_end);
   }
   out += '\n';
 }

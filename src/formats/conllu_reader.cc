@@ -54,11 +54,12 @@ void ConlluReader::start() {
   sentence_ = Sentence();
   sentence_.parts = 1;
   lines_ = fault_line_ = 0;
+  word_lines_.clear();
 }
 
-void ConlluReader::fail(std::string text) {
+void ConlluReader::fail(std::string text, std::size_t line) {
   if (fault_line_ > 0) return;
-  fault_line_ = lines_;
+  fault_line_ = line;
   fault_ = std::move(text);
 }
 
@@ -93,7 +94,7 @@ Sentence ConlluReader::take() {
   return sentence;
 }
 
-std::vector<ConlluReader::Fault> ConlluReader::take_faults() {
+std::vector<ReadFault> ConlluReader::take_faults() {
   return std::exchange(faults_, {});
 }
 
@@ -132,6 +133,7 @@ void ConlluReader::read_word(const std::vector<std::string_view>& columns) {
   const int next = static_cast<int>(sentence_.words.size()) + 1;
   if (number_of(columns[0]) != next)
     return fail("the id " + std::string(columns[0]) + ", not " + std::to_string(next));
+  word_lines_.push_back(lines_);
   SentenceWord& word = sentence_.words.emplace_back();
   word.form = columns[1];
   word.lemma = columns[1] == "_" ? std::string(columns[2]) : value_of(columns[2]);
@@ -157,25 +159,17 @@ void ConlluReader::read_range(const std::vector<std::string_view>& columns) {
   sentence_.ranges.push_back({first, last, std::string(columns[1]), value_of(columns[9])});
 }
 
-/// All heads, or none, are there; they lead to the root.
+/// Heads are words of the sentence, and lead to a root.
 void ConlluReader::check_heads() {
   const auto count = sentence_.words.size();
   if (!sentence_.ranges.empty() && static_cast<std::size_t>(sentence_.ranges.back().last) > count)
     return fail("a range ends behind the last word");
-  std::vector<char> state(count + 1);  // 1: on the way, 2: leads to a root
-  for (std::size_t i = 1; i <= count; ++i) {
-    std::vector<std::size_t> way;
-    for (std::size_t at = i; at != 0 && state[at] != 2;) {
-      const int head = sentence_.words[at - 1].head;
-      if (state[at] == 1) return fail("a circle of heads at word " + std::to_string(at));
-      if (head > static_cast<int>(count))
-        return fail("the head " + std::to_string(head) + " of word " + std::to_string(at));
-      state[at] = 1;
-      way.push_back(at);
-      at = head > 0 ? static_cast<std::size_t>(head) : 0;
-    }
-    for (std::size_t at : way) state[at] = 2;
-  }
+  for (std::size_t i = 1; i <= count; ++i)
+    if (const int head = sentence_.words[i - 1].head; head > static_cast<int>(count))
+      return fail("the head " + std::to_string(head) + " of word " + std::to_string(i),
+                  word_lines_[i - 1]);
+  if (const std::size_t word = find_circle(sentence_.words))
+    fail("a circle of heads at word " + std::to_string(word), word_lines_[word - 1]);
 }
 
 /// Where the words stand in the text; a text that does not have them is made of them.
@@ -188,14 +182,23 @@ void ConlluReader::spell_text() {
   for (int i = 1; i <= count;) {
     const bool in_range = range != sentence_.ranges.end() && range->first == i;
     const int last = in_range ? range->last : i;
-    SentenceWord& word = sentence_.words[static_cast<std::size_t>(i - 1)];
-    std::string notes = in_range ? range->misc : "";
-    const bool space = in_range ? !take_note(notes, "SpaceAfter=No") : word.space_after;
+    auto word = [this](int k) -> SentenceWord& {
+      return sentence_.words[static_cast<std::size_t>(k - 1)];
+    };
+    if (in_range) word(last).space_after = !take_note(range->misc, "SpaceAfter=No");
+    const bool space = word(last).space_after;
     const std::size_t begin = text.size();
-    text += in_range ? range->form : word.form;
+    std::string spelt;
     for (int k = i; k <= last; ++k) {
-      sentence_.words[static_cast<std::size_t>(k - 1)].begin = begin;
-      sentence_.words[static_cast<std::size_t>(k - 1)].end = text.size();
+      word(k).begin = begin + spelt.size();
+      spelt += word(k).form;
+      word(k).end = begin + spelt.size();
+      if (k < last) word(k).space_after = false;
+    }
+    text += in_range ? range->form : spelt;
+    for (int k = i; k <= last && in_range && spelt != range->form; ++k) {
+      word(k).begin = begin;
+      word(k).end = text.size();
     }
     if (space && last < count) text += ' ';
     if (in_range) ++range;

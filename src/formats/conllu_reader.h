@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/document.h"
+#include "formats/reading.h"
 
 namespace torvane {
 
@@ -18,12 +20,8 @@ class ConlluReader {
   /// The complete sentence. Heads and relations are those of the file.
   Sentence take();
 
-  struct Fault {
-    std::size_t lines_back;  ///< how many lines before the last one it stands
-    std::string text;
-  };
-  /// What was wrong with a sentence that was left out: the first fault of each, taken off.
-  std::vector<Fault> take_faults();
+  /// What was wrong with sentences that were left out: the first fault of each, taken off.
+  std::vector<ReadFault> take_faults();
 
  private:
   void read_comment(std::string_view line);
@@ -32,14 +30,17 @@ class ConlluReader {
   void read_range(const std::vector<std::string_view>& columns);
   void check_heads();
   void spell_text();
-  void fail(std::string text);
+  /// What is wrong with the last line.
+  void fail(std::string text) { fail(std::move(text), lines_); }
+  void fail(std::string text, std::size_t line);
   void start();
 
   Sentence sentence_;
-  std::size_t lines_ = 0;       // of the sentence under way
+  std::size_t lines_ = 0;  // of the sentence under way
+  std::vector<std::size_t> word_lines_;
   std::size_t fault_line_ = 0;  // in it; 0: none so far
   std::string fault_;
-  std::vector<Fault> faults_;
+  std::vector<ReadFault> faults_;
 };
 
 }  // namespace torvane

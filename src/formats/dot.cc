@@ -15,7 +15,7 @@ void add_quoted(std::string& out, std::string_view text) {
 
 }  // namespace
 
-void write_dot(std::string& out, const Sentence& sentence) {
+void write_dot(std::string& out, const Sentence& sentence, const Page&) {
   out += "digraph ";
   add_quoted(out, sentence.id.empty() ? "sentence" : sentence.id);
   out += " {\n  node [shape=plaintext]\n  label=";

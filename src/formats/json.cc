@@ -1,6 +1,5 @@
 // JSON: one object a sentence, on a line of its own.
 #include <cstddef>
-#include <cstdint>
 
 #include "formats/format.h"
 #include "formats/layout.h"
@@ -48,9 +47,24 @@ void add_number(std::string& out, const char* name, std::size_t number) {
   out += std::to_string(number);
 }
 
+void add_ranges(std::string& out, const std::vector<WordRange>& ranges) {
+  if (ranges.empty()) return;
+  out += ",\"ranges\":";
+  char before = '[';
+  for (const WordRange& range : ranges) {
+    out += before;
+    out += "{\"first\":" + std::to_string(range.first);
+    add_number(out, "last", static_cast<std::size_t>(range.last));
+    add_text(out, "form", range.form);
+    out += '}';
+    before = ',';
+  }
+  out += ']';
+}
+
 }  // namespace
 
-void write_json(std::string& out, const Sentence& sentence) {
+void write_json(std::string& out, const Sentence& sentence, const Page&) {
   out += "{\"text\":";
   add_string(out, sentence.text);
   add_text(out, "id", sentence.id);
@@ -78,9 +92,12 @@ void write_json(std::string& out, const Sentence& sentence) {
     add_number(out, "start", character_at(word.begin));
     add_number(out, "end", character_at(word.end));
     if (word.outside) out += ",\"outside\":true";
+    if (word.part) out += ",\"part\":true";
     out += '}';
   }
-  out += "]}\n";
+  out += ']';
+  add_ranges(out, sentence.ranges);
+  out += "}\n";
 }
 
 }  // namespace torvane

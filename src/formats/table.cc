@@ -6,7 +6,7 @@
 
 namespace torvane {
 
-void write_table(std::string& out, const Sentence& sentence) {
+void write_table(std::string& out, const Sentence& sentence, const Page&) {
   out += "(\n";
   std::size_t number = 0;
   for (const SentenceWord& word : sentence.words) {

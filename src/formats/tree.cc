@@ -3,45 +3,17 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "formats/box_lines.h"
 #include "formats/format.h"
 #include "formats/layout.h"
-#include "text/utf8.h"
+#include "text/display.h"
 
 namespace torvane {
 namespace {
 
-// What a cell of the picture has lines to.
-enum Line : unsigned char { kUp = 1, kDown = 2, kLeft = 4, kRight = 8 };
-
-const char* sign_of(unsigned char lines) {
-  switch (lines) {
-    case 0:
-      return " ";
-    case kUp | kDown:
-      return "│";
-    case kUp | kRight:
-      return "└";
-    case kDown | kRight:
-      return "┌";
-    case kUp | kDown | kRight:
-      return "├";
-    case kLeft | kRight:
-      return "─";
-    case kUp | kLeft:
-      return "┘";
-    case kDown | kLeft:
-      return "┐";
-    case kUp | kDown | kLeft:
-      return "┤";
-    case kUp | kLeft | kRight:
-      return "┴";
-    case kDown | kLeft | kRight:
-      return "┬";
-    case kUp | kDown | kLeft | kRight:
-      return "┼";
-    default:
-      return "─";
-  }
+/// What the row of a word says at its end.
+const char* mark_of(const SentenceWord& word) {
+  return word.outside ? "outside" : word.part ? "part" : "";
 }
 
 /// Each head has a column, farther left the higher it stands; its arm leads down and up to the rows
@@ -55,19 +27,26 @@ class Drawing {
     for (std::size_t head = 0; head < dependents_.size(); ++head) draw_arm(head);
   }
 
-  void write(std::string& out) const {
-    std::size_t form = 0, relation = 0;
-    for (const SentenceWord& word : sentence_.words) {
-      form = std::max(form, utf8_count(word.form));
-      relation = std::max(relation, utf8_count(word.relation));
-    }
+  void write(std::string& out, const Page& page) const {
+    // A narrow page has narrower branches, and at last shortens the words.
+    constexpr std::size_t kShortest = 8;
+    const std::size_t relation = widest(&SentenceWord::relation);
+    const std::size_t rest = 1 + 2 + relation + 2 + kMarkWidth;
+    std::size_t form = widest(&SentenceWord::form);
+    const bool narrow = width_ + form + rest > page.width;
+    const std::size_t branches = narrow ? width_ / 2 + 1 : width_;
+    if (branches + form + rest > page.width)
+      form =
+          std::min(form, std::max(kShortest, page.width - std::min(page.width, branches + rest)));
     for (std::size_t i = 0; i < sentence_.words.size(); ++i) {
       const SentenceWord& word = sentence_.words[i];
-      for (std::size_t x = 0; x < width_; ++x) out += sign_of(cells_[i * width_ + x]);
+      for (std::size_t x = 0; x < width_; ++x)
+        if (!narrow || x % 2 == 1 || x == 0) add_box(out, cells_[i * width_ + x], page.ascii);
       out += ' ';
-      add_padded(out, word.form, form);
+      add_padded(out, clipped(word.form, form, page.ascii), form);
       add_padded(out, word.relation, relation);
-      out += word.upos.empty() ? word.xpos : word.upos;
+      add_padded(out, word.upos.empty() ? word.xpos : word.upos, kCategoryWidth);
+      out += mark_of(word);
       while (out.back() == ' ') out.pop_back();
       out += '\n';
     }
@@ -75,9 +54,19 @@ class Drawing {
   }
 
  private:
+  static constexpr std::size_t kCategoryWidth = 5;
+  static constexpr std::size_t kMarkWidth = kCategoryWidth + 2;
+
+  std::size_t widest(std::string SentenceWord::*column) const {
+    std::size_t width = 0;
+    for (const SentenceWord& word : sentence_.words)
+      width = std::max(width, display_width(word.*column));
+    return width;
+  }
+
   static void add_padded(std::string& out, std::string_view text, std::size_t width) {
     for (char c : text) out += static_cast<unsigned char>(c) < 32 ? ' ' : c;
-    out.append(width + 2 - utf8_count(text), ' ');
+    out.append(width + 2 - std::min(width, display_width(text)), ' ');
   }
 
   void measure() {
@@ -132,13 +121,13 @@ class Drawing {
 
 }  // namespace
 
-void write_tree(std::string& out, const Sentence& sentence) {
+void write_tree(std::string& out, const Sentence& sentence, const Page& page) {
   if (sentence.best > 0) {
     out += std::to_string(sentence.best) + ':';
     if (sentence.cost) out += " cost " + cost_text(*sentence.cost);
     out += '\n';
   }
-  if (!sentence.words.empty()) Drawing(sentence).write(out);
+  if (!sentence.words.empty()) Drawing(sentence).write(out, page);
 }
 
 }  // namespace torvane

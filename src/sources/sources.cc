@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "formats/conllu_reader.h"
+#include "formats/tree_text_reader.h"
 #include "text/plain_text.h"
 #include "text/sentences.h"
 
@@ -88,11 +89,14 @@ class Conllu : public Source {
  public:
   explicit Conllu(LineInput& input) : input_(input) {}
   bool next(Task& task) override {
-    for (bool more = true; more;) {
-      more = input_.line(line_);
-      const bool complete = reader_.add(more ? line_ : "");
-      for (const ConlluReader::Fault& fault : reader_.take_faults())
-        input_.tell(fault.lines_back - (more ? 0 : 1), fault.text);
+    for (bool has_line = true; has_line;) {
+      // A sentence ends with its file.
+      has_line = is_waiting_ || input_.line(line_);
+      const bool ends = !has_line || (!is_waiting_ && input_.starts_file());
+      is_waiting_ = has_line && ends;
+      const bool complete = reader_.add(ends ? "" : line_);
+      for (const ReadFault& fault : reader_.take_faults())
+        input_.tell(fault.lines_back - (has_line ? 0 : 1), fault.text);
       if (!complete) continue;
       task = {};
       task.read = std::make_unique<Sentence>(reader_.take());
@@ -106,6 +110,34 @@ class Conllu : public Source {
  private:
   LineInput& input_;
   ConlluReader reader_;
+  std::string line_;
+  bool is_waiting_ = false;  // the line, for the sentence before it to end
+};
+
+/// The same, written as tree text.
+class TreeTexts : public Source {
+ public:
+  explicit TreeTexts(LineInput& input) : input_(input) {}
+  bool next(Task& task) override {
+    TreeText tree;
+    for (bool more = true; !reader_.next(tree);) {
+      if (!more) return false;
+      more = input_.line(line_);
+      if (!more || input_.starts_file()) reader_.end();
+      if (more) reader_.add(line_);
+      for (const ReadFault& fault : reader_.take_faults())
+        input_.tell(fault.lines_back, fault.text);
+    }
+    task = {};
+    task.id = tree.sentence.id;
+    task.read = std::make_unique<Sentence>(std::move(tree.sentence));
+    task.tree = std::move(tree.form);
+    return true;
+  }
+
+ private:
+  LineInput& input_;
+  TreeTextReader reader_;
   std::string line_;
 };
 
@@ -178,10 +210,14 @@ std::optional<Sentence> tree_of(Engine& engine, const Task& task, Which which) {
 }  // namespace
 
 Sentence parse_task(Engine& engine, const Task& task) {
-  return tree_of(engine, task, Which::best).value();
+  if (task.tree.empty()) return tree_of(engine, task, Which::best).value();
+  Sentence sentence = engine.rewrite(task.tree);
+  sentence.id = task.id;
+  return sentence;
 }
 
 std::optional<Sentence> next_tree(Engine& engine, const Task& task) {
+  if (!task.tree.empty()) return {};
   return tree_of(engine, task, Which::next);
 }
 
@@ -189,16 +225,21 @@ std::unique_ptr<Source> make_source(const std::string& name, LineInput& input, E
   if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
-  if (name == "conllu") return make_tree_source(input);
-  return nullptr;
-}
-
-std::unique_ptr<Source> make_tree_source(LineInput& input) {
-  return std::make_unique<Conllu>(input);
+  return make_tree_source(name, input);
 }
 
 std::vector<std::string> source_names() {
-  return {"text", "lines", "tokens", "conllu"};
+  return {"text", "lines", "tokens", "conllu", "trees"};
+}
+
+std::unique_ptr<Source> make_tree_source(const std::string& name, LineInput& input) {
+  if (name == "conllu") return std::make_unique<Conllu>(input);
+  if (name == "trees") return std::make_unique<TreeTexts>(input);
+  return nullptr;
+}
+
+std::vector<std::string> tree_source_names() {
+  return {"conllu", "trees"};
 }
 
 }  // namespace torvane

@@ -19,6 +19,7 @@ struct Task {
   bool starts_paragraph = false;
   bool space_after = true;         ///< the next sentence does not begin without a blank
   std::unique_ptr<Sentence> read;  ///< what a file of trees has of it
+  std::string tree;                ///< tree text; what is to be done is to run the tree rules
 };
 
 /// What a parse makes of it.
@@ -35,9 +36,10 @@ class Source {
 
 /// By the name of `--from`; null if there is none. The engine's grammar finds sentences.
 std::unique_ptr<Source> make_source(const std::string& name, LineInput& input, Engine& engine);
-/// Trees that were made before: each task has what was read.
-std::unique_ptr<Source> make_tree_source(LineInput& input);
 /// All names.
 std::vector<std::string> source_names();
+/// The same of trees that were made before: each task has what was read.
+std::unique_ptr<Source> make_tree_source(const std::string& name, LineInput& input);
+std::vector<std::string> tree_source_names();
 
 }  // namespace torvane

@@ -86,6 +86,7 @@ void PlainText::restore(Sentence& sentence) const {
     word.space_after = end >= original_.size() || starts_with_blank(original_.substr(end));
   }
   sentence.text = original_;
+  name_ranges(sentence);
 }
 
 }  // namespace torvane

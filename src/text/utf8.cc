@@ -1,7 +1,5 @@
 #include "text/utf8.h"
 
-#include <cstdint>
-
 namespace torvane {
 
 std::size_t utf8_length(std::string_view text) {
@@ -10,15 +8,21 @@ std::size_t utf8_length(std::string_view text) {
   if (first < 0x80) return 1;
   const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
   if (first < 0xc2 || first > 0xf4 || text.size() < length) return 0;
-  std::uint32_t character = first & (0x7fU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
+  for (std::size_t i = 1; i < length; ++i)
     if ((byte(i) & 0xc0) != 0x80) return 0;
-    character = character << 6 | (byte(i) & 0x3f);
-  }
+  const char32_t character = utf8_character(text.substr(0, length));
   // Longer than it need be, a half of a pair, or beyond the last one.
   if (length == 3 && (character < 0x800 || (character >= 0xd800 && character < 0xe000))) return 0;
   if (length == 4 && (character < 0x10000 || character > 0x10ffff)) return 0;
   return length;
+}
+
+char32_t utf8_character(std::string_view bytes) {
+  const auto first = static_cast<unsigned char>(bytes.front());
+  if (first < 0x80) return first;
+  char32_t character = first & (0x7fU >> bytes.size());
+  for (char byte : bytes.substr(1)) character = character << 6 | (byte & 0x3f);
+  return character;
 }
 
 std::size_t utf8_count(std::string_view text) {

@@ -35,7 +35,7 @@ void read_input(const std::string& bytes) {
   for (const Sentence& sentence : sentences)
     for (const Format& format : all_formats()) {
       std::string out;
-      format.write(out, sentence);
+      format.write(out, sentence, {.width = 30});
     }
 }
 

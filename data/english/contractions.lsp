@@ -1,0 +1,21 @@
+; Words that English writes as one: don't, it's, children's.
+
+; What such a token is as a word of its own. Letters of it that the token lacks come over from the word before: the
+; sentence tokenizer cuts at the apostrophe, is|n't at isn|'t. Who writes a tree for others asks with the token in
+; small letters.
+(defun clitic ()
+  (cond ((in ("'t")) (str "n't"))
+        ((in ("n't" "'s" "'m" "'re" "'ve" "'ll" "'d")) (ident))))
+
+; Base forms of what is left of the words.
+(defun universal-lemma ()
+  (cond ((and (cat (str= Neg)) (node2word (in ("'t" "n't")))) (str not))
+        ((cat (str= Aux))
+         (cond ((node2word (in ("'m" "'re" isn aren wasn weren))) (str be))
+               ((node2word (in ("'ve" haven hasn hadn))) (str have))
+               ((node2word (in (don doesn didn))) (str do))
+               ((node2word (in ("'ll" won))) (str will))
+               ((node2word (in (couldn))) (str could))
+               ((node2word (in (wouldn))) (str would))
+               ((node2word (in (shouldn))) (str should))
+               ((node2word (in (mustn))) (str must))))))
