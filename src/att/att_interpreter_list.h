@@ -55,6 +55,9 @@ class AttInterpreterList {
 
   /// As many attributes as a packed tag can name.
   static constexpr int kMostAtts = 32766;
+
+ private:
+  NameTable<int> indexes_;  // by name
 };
 
 /// A new list under its name, as "AttInterpreterList"; it lives as long as the world.
