@@ -17,6 +17,10 @@ Value AttPred::eval(Value input, int input_type) {
   return vec ? apply(*vec, input, input_type) : Value();
 }
 
+Outlook AttPred::foresee(Value input, int input_type) {
+  return own_reach == Reach::input ? foresee_by_eval(input, input_type) : Outlook::unknown;
+}
+
 int find_att(const AttInterpreterList* type, const char* att_name) {
   int index;
   if (type && att_name && type->lookup(att_name, &index)) return index;
@@ -155,6 +159,11 @@ class AttUnifyPred : public Form<AttUnifyPred, AttWithAttPred> {
   Value apply(AttVec& vec, Value input, int) override {
     return vec.unify(*constant_, nullptr, true) ? input : Value();
   }
+  Outlook foresee(Value input, int input_type) override {
+    if (!takes(input_type)) return Outlook::unknown;
+    const AttVec* vec = input.as<AttVec>();
+    return vec && vec->unifiable(*constant_) ? Outlook::unknown : Outlook::null;
+  }
 };
 
 class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
@@ -170,10 +179,14 @@ class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
 };
 
 constexpr Prototype kForms[] = {
-    pure_form<AttDefPred>(),       pure_form<AttDefOnePred>(),
-    form<AttUnDefPred>(),          pure_form<AttDefAndUnifiablePred>(),
-    pure_form<AttUnifiablePred>(), pure_form<AttContainPred>(),
-    form<AttUnifyPred>(),          form<AttModifyPred>(),
+    pure_form<AttDefPred>(),
+    pure_form<AttDefOnePred>(),
+    form<AttUnDefPred, Reach::change>(),
+    pure_form<AttDefAndUnifiablePred>(),
+    pure_form<AttUnifiablePred>(),
+    pure_form<AttContainPred>(),
+    form<AttUnifyPred, Reach::change>(),
+    form<AttModifyPred, Reach::change>(),
 };
 
 }  // namespace

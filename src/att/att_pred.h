@@ -12,6 +12,7 @@ class AttPred : public LExp {
  public:
   AttPred();
   Value eval(Value input, int input_type) override;
+  Outlook foresee(Value input, int input_type) override;
 
  protected:
   /// The result for a vector, which is also the input.

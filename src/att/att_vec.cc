@@ -34,8 +34,11 @@ class Hold {
   const AttVec* vec_;
 };
 
-std::uint32_t masked(const LBitSet& set, const LBitSet* mask, int w) {
-  return mask ? set.word(w) & mask->word(w) : set.word(w);
+// Sets are worked on by pairs of their words: 64 attributes at once.
+constexpr int kPair = 64;
+
+inline std::uint64_t masked(const LBitSet& set, const LBitSet* mask, int p) {
+  return mask ? set.pair(p) & mask->pair(p) : set.pair(p);
 }
 
 Ref<AttVec> copy_of(const AttVec& vec) {
@@ -55,8 +58,8 @@ Ref<TraceChain> copy_of(const TraceChain& chain) {
 }
 
 bool nothing_in(const LBitSet& set, const LBitSet* mask) {
-  for (int w = 0; w < set.word_count(); ++w)
-    if (masked(set, mask, w)) return false;
+  for (int p = 0; p < set.pair_count(); ++p)
+    if (masked(set, mask, p)) return false;
   return true;
 }
 
@@ -72,7 +75,7 @@ AttVec::AttVec(AttInterpreterList* type) : interpreters(type) {
 }
 
 AttVec::AttVec(const AttVec& other) : Counted(other), interpreters(other.interpreters) {
-  take_values(other);
+  take_values(other, nullptr);
 }
 
 AttVec::AttVec(IRSlist* form, AttInterpreterList* type) : AttVec(type) {
@@ -85,10 +88,10 @@ AttVec::~AttVec() {
 }
 
 void AttVec::drop_values() {
-  for (int w = 0; w < defined.word_count(); ++w)
-    for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
+  for (int p = 0; p < defined.pair_count(); ++p)
+    for (std::uint64_t bits = defined.pair(p) & interpreters->counted_atts.pair(p); bits;
          bits &= bits - 1) {
-      int index = w * 32 + std::countr_zero(bits);
+      int index = p * kPair + std::countr_zero(bits);
       const AttSlot& slot = interpreters->slots[index];
       if (slot.at < laid_out_long)
         interpreters->atts[index]->drop(std::exchange(long_values[slot.at], 0));
@@ -191,14 +194,15 @@ TraceChain* AttVec::own_trace(int index) {
   return own_value<TraceChain>(index, Holds::trace);
 }
 
-// The vector is empty and of the other's type.
-void AttVec::take_values(const AttVec& other) {
+// The vector is empty and of the other's type. It takes all attributes, or those of the mask.
+void AttVec::take_values(const AttVec& other, const LBitSet* mask) {
   defined = other.defined;
+  if (mask) defined &= *mask;
   bin_values = other.bin_values;
   if (!other.long_values) return;
+  const std::size_t words = block_words(other.laid_out_long, other.laid_out_char);
   if (!long_values || laid_out_long != other.laid_out_long ||
       laid_out_char != other.laid_out_char) {
-    std::size_t words = block_words(other.laid_out_long, other.laid_out_char);
     auto* block = static_cast<AttWord*>(BlockPool::take(words));
     BlockPool::give(long_values, block_words(laid_out_long, laid_out_char));
     long_values = block;
@@ -206,21 +210,40 @@ void AttVec::take_values(const AttVec& other) {
     laid_out_char = other.laid_out_char;
     small_values = reinterpret_cast<unsigned char*>(block + laid_out_long);
   }
-  std::memcpy(long_values, other.long_values,
-              block_words(laid_out_long, laid_out_char) * sizeof(AttWord));
-  for (int w = 0; w < defined.word_count(); ++w)
-    for (std::uint32_t bits = defined.word(w) & interpreters->counted_atts.word(w); bits;
+  std::memcpy(long_values, other.long_values, words * sizeof(AttWord));
+  for (int p = 0; p < other.defined.pair_count(); ++p) {
+    const std::uint64_t taken = defined.pair(p);
+    for (std::uint64_t bits = other.defined.pair(p) & interpreters->counted_atts.pair(p); bits;
          bits &= bits - 1) {
-      int index = w * 32 + std::countr_zero(bits);
+      const int bit = std::countr_zero(bits);
+      const int index = p * kPair + bit;
       AttWord& value = long_values[interpreters->slots[index].at];
-      value = interpreters->atts[index]->share(value);
+      value = (taken >> bit) & 1 ? interpreters->atts[index]->share(value) : 0;
     }
+  }
 }
 
 void AttVec::clear_all() {
   if (!interpreters) return;
   drop_values();
   defined.reset();
+}
+
+void AttVec::show(const AttVec& other, const LBitSet& mask) {
+  defined = other.defined;
+  defined &= mask;
+  bin_values = other.bin_values;
+  long_values = other.long_values;
+  small_values = other.small_values;
+  laid_out_long = other.laid_out_long;
+  laid_out_char = other.laid_out_char;
+}
+
+void AttVec::show_nothing() {
+  defined.reset();
+  long_values = nullptr;
+  small_values = nullptr;
+  laid_out_long = laid_out_char = 0;
 }
 
 void AttVec::copy_from(const AttVec& other) {
@@ -234,7 +257,7 @@ void AttVec::copy_from(const AttVec& other) {
     laid_out_long = laid_out_char = 0;
     interpreters = other.interpreters;
   }
-  take_values(other);
+  take_values(other, nullptr);
 }
 
 // One attribute of `other` that is not binary.
@@ -256,16 +279,16 @@ inline bool AttVec::unify_slot(const AttVec& other, int index, bool is_defined, 
   return interpreters->atts[index]->unify(this, index, value, store) != 0;
 }
 
-// The attributes `bits` of word w. The binary ones are one operation, but what stands behind the
+// The attributes `bits` of pair p. The binary ones are one operation, but what stands behind the
 // first failure in index order must stay as it is.
 template <bool store>
-inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits) {
-  const std::uint32_t mine = defined.word(w);
-  const std::uint32_t binary = bits & interpreters->binary_atts.word(w);
-  const std::uint32_t clash = binary & mine & (bin_values.word(w) ^ other.bin_values.word(w));
+inline bool AttVec::unify_pair(const AttVec& other, int p, std::uint64_t bits) {
+  const std::uint64_t mine = defined.pair(p);
+  const std::uint64_t binary = bits & interpreters->binary_atts.pair(p);
+  const std::uint64_t clash = binary & mine & (bin_values.pair(p) ^ other.bin_values.pair(p));
   if (clash && !store) return false;
-  std::uint32_t reached = clash ? (clash & -clash) - 1 : ~0u;
-  std::uint32_t rest = bits & ~binary & reached;
+  std::uint64_t reached = clash ? (clash & -clash) - 1 : ~std::uint64_t{0};
+  std::uint64_t rest = bits & ~binary & reached;
   if (!store) rest &= mine;
   bool ok = clash == 0;
   if (store && rest &&
@@ -273,24 +296,24 @@ inline bool AttVec::unify_word(const AttVec& other, int w, std::uint32_t bits) {
     lay_out();
   for (; rest; rest &= rest - 1) {
     int bit = std::countr_zero(rest);
-    if (unify_slot(other, w * 32 + bit, (mine >> bit) & 1, store)) continue;
-    reached = (1u << bit) - 1;
+    if (unify_slot(other, p * kPair + bit, (mine >> bit) & 1, store)) continue;
+    reached = (std::uint64_t{1} << bit) - 1;
     ok = false;
     break;
   }
   if (store) {
-    std::uint32_t fresh = bits & ~mine & reached;
-    if (fresh & binary) bin_values.put_word(w, fresh & binary, other.bin_values.word(w));
-    if (fresh) defined.put_word(w, fresh, fresh);
+    std::uint64_t fresh = bits & ~mine & reached;
+    if (fresh & binary) bin_values.put_pair(p, fresh & binary, other.bin_values.pair(p));
+    if (fresh) defined.put_pair(p, fresh, fresh);
   }
   return ok;
 }
 
 template <bool store>
-inline bool AttVec::unify_words(const AttVec& other, const LBitSet* mask) {
-  for (int w = 0; w < other.defined.word_count(); ++w) {
-    std::uint32_t bits = masked(other.defined, mask, w);
-    if (bits && !unify_word<store>(other, w, bits)) return false;
+inline bool AttVec::unify_pairs(const AttVec& other, const LBitSet* mask) {
+  for (int p = 0; p < other.defined.pair_count(); ++p) {
+    std::uint64_t bits = masked(other.defined, mask, p);
+    if (bits && !unify_pair<store>(other, p, bits)) return false;
   }
   return true;
 }
@@ -298,13 +321,13 @@ inline bool AttVec::unify_words(const AttVec& other, const LBitSet* mask) {
 // Kept: failed-unify-stays
 bool AttVec::unify(const AttVec& other, const LBitSet* mask, bool store) {
   if (interpreters != other.interpreters || !interpreters) return nothing_in(other.defined, mask);
-  if (store && !mask && defined.is_empty()) {
-    if (this != &other) take_values(other);
+  if (store && defined.is_empty()) {
+    if (this != &other) take_values(other, mask);
     return true;
   }
-  if (!store) return unify_words<false>(other, mask);
+  if (!store) return unify_pairs<false>(other, mask);
   Hold hold(other);
-  return unify_words<true>(other, mask);
+  return unify_pairs<true>(other, mask);
 }
 
 // Visits what `other` defines (within the mask); nothing if the types differ.
@@ -312,9 +335,9 @@ template <class Visit>
 void AttVec::for_each_in(const AttVec& other, const LBitSet* mask, Visit visit) const {
   if (interpreters != other.interpreters || !interpreters) return;
   Hold hold(other);
-  for (int w = 0; w < other.defined.word_count(); ++w)
-    for (std::uint32_t bits = masked(other.defined, mask, w); bits; bits &= bits - 1) {
-      int index = w * 32 + std::countr_zero(bits);
+  for (int p = 0; p < other.defined.pair_count(); ++p)
+    for (std::uint64_t bits = masked(other.defined, mask, p); bits; bits &= bits - 1) {
+      int index = p * kPair + std::countr_zero(bits);
       visit(*interpreters->atts[index], index);
     }
 }
@@ -339,35 +362,35 @@ void AttVec::generalize(const AttVec& other, const LBitSet* mask) {
   if (!interpreters) return;
   for_each_in(other, mask, [&](const AttInterpreter& att, int) { att.generalize(this, &other); });
   bool same_type = interpreters == other.interpreters;
-  for (int w = 0; w < defined.word_count(); ++w) {
-    std::uint32_t lost = masked(defined, mask, w);
-    if (same_type) lost &= ~other.defined.word(w);
-    for (; lost; lost &= lost - 1) undefine(w * 32 + std::countr_zero(lost));
+  for (int p = 0; p < defined.pair_count(); ++p) {
+    std::uint64_t lost = masked(defined, mask, p);
+    if (same_type) lost &= ~other.defined.pair(p);
+    for (; lost; lost &= lost - 1) undefine(p * kPair + std::countr_zero(lost));
   }
 }
 
 Subsumption AttVec::compare(const AttVec& other, const LBitSet* mask) const {
-  const int words = std::max(defined.word_count(), other.defined.word_count());
-  std::uint32_t outside = 0;        // what this defines and the other does not
-  std::uint32_t other_outside = 0;  // and the reverse
-  for (int w = 0; w < words; ++w) {
-    std::uint32_t differing = defined.word(w) ^ other.defined.word(w);
-    if (mask) differing &= mask->word(w);
-    outside |= differing & defined.word(w);
-    other_outside |= differing & other.defined.word(w);
+  const int pairs = std::max(defined.pair_count(), other.defined.pair_count());
+  std::uint64_t outside = 0;        // what this defines and the other does not
+  std::uint64_t other_outside = 0;  // and the reverse
+  for (int p = 0; p < pairs; ++p) {
+    std::uint64_t differing = defined.pair(p) ^ other.defined.pair(p);
+    if (mask) differing &= mask->pair(p);
+    outside |= differing & defined.pair(p);
+    other_outside |= differing & other.defined.pair(p);
   }
   if (outside && other_outside) return Subsumption::incomparable;
   Subsumption result = outside         ? Subsumption::more_specific
                        : other_outside ? Subsumption::more_general
                                        : Subsumption::equal;
-  for (int w = 0; w < words; ++w) {
-    std::uint32_t common = masked(defined, mask, w) & other.defined.word(w);
+  for (int p = 0; p < pairs; ++p) {
+    std::uint64_t common = masked(defined, mask, p) & other.defined.pair(p);
     if (!common) continue;
     if (interpreters != other.interpreters) return Subsumption::incomparable;
-    const std::uint32_t binary = common & interpreters->binary_atts.word(w);
-    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return Subsumption::incomparable;
+    const std::uint64_t binary = common & interpreters->binary_atts.pair(p);
+    if (binary & (bin_values.pair(p) ^ other.bin_values.pair(p))) return Subsumption::incomparable;
     for (common &= ~binary; common; common &= common - 1) {
-      int index = w * 32 + std::countr_zero(common);
+      int index = p * kPair + std::countr_zero(common);
       const AttSlot& slot = interpreters->slots[index];
       AttWord mine = word_at(slot);
       AttWord theirs = other.word_at(slot);
@@ -383,20 +406,20 @@ Subsumption AttVec::compare(const AttVec& other, const LBitSet* mask) const {
 }
 
 bool AttVec::equals(const AttVec& other, const LBitSet& mask) const {
-  const int words = std::max(defined.word_count(), other.defined.word_count());
-  for (int w = 0; w < words; ++w) {
-    const std::uint32_t mine = masked(defined, &mask, w);
-    if (mine != masked(other.defined, &mask, w)) return false;
+  const int pairs = std::max(defined.pair_count(), other.defined.pair_count());
+  for (int p = 0; p < pairs; ++p) {
+    const std::uint64_t mine = masked(defined, &mask, p);
+    if (mine != masked(other.defined, &mask, p)) return false;
     if (!mine) continue;
     if (interpreters != other.interpreters) return false;
-    const std::uint32_t binary = mine & interpreters->binary_atts.word(w);
-    if (binary & (bin_values.word(w) ^ other.bin_values.word(w))) return false;
+    const std::uint64_t binary = mine & interpreters->binary_atts.pair(p);
+    if (binary & (bin_values.pair(p) ^ other.bin_values.pair(p))) return false;
   }
-  for (int w = 0; w < words; ++w) {
-    std::uint32_t rest = masked(defined, &mask, w);
+  for (int p = 0; p < pairs; ++p) {
+    std::uint64_t rest = masked(defined, &mask, p);
     if (!rest) continue;
-    for (rest &= ~interpreters->binary_atts.word(w); rest; rest &= rest - 1) {
-      const int index = w * 32 + std::countr_zero(rest);
+    for (rest &= ~interpreters->binary_atts.pair(p); rest; rest &= rest - 1) {
+      const int index = p * kPair + std::countr_zero(rest);
       const AttSlot& slot = interpreters->slots[index];
       const AttWord a = word_at(slot);
       const AttWord b = other.word_at(slot);

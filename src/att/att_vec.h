@@ -111,6 +111,10 @@ class AttVec : public Counted<AttVec> {
   bool equals(const AttVec& other, const LBitSet& mask) const;
   /// Drops every value; the vector is empty and of the same type.
   void clear_all();
+  /// An empty vector shows what another one of its type has of these attributes, without a memory
+  /// of its own. Neither may be changed before it shows nothing again.
+  void show(const AttVec& other, const LBitSet& mask);
+  void show_nothing();
   /// Becomes a copy of the other, whatever type it is of.
   // Part of the interface; nothing in the engine calls it yet.
   void copy_from(const AttVec& other);
@@ -133,13 +137,13 @@ class AttVec : public Counted<AttVec> {
  private:
   AttWord word_at(const AttSlot& slot) const;
   template <bool store>
-  bool unify_words(const AttVec& other, const LBitSet* mask);
+  bool unify_pairs(const AttVec& other, const LBitSet* mask);
   template <bool store>
-  bool unify_word(const AttVec& other, int w, std::uint32_t bits);
+  bool unify_pair(const AttVec& other, int p, std::uint64_t bits);
   bool unify_slot(const AttVec& other, int index, bool is_defined, bool store);
   template <class T>
   T* own_value(int index, Holds what);
-  void take_values(const AttVec& other);
+  void take_values(const AttVec& other, const LBitSet* mask);
   void drop_values();
   void print_atts(std::ostream& out, const LBitSet* mask, bool first) const;
 

@@ -177,7 +177,7 @@ class CondAction : public Form<CondAction> {
  protected:
   Reach parts_reach() const override {
     Reach reach = Reach::input;
-    for (const Array<ExpPtr>& clause : clauses) reach = std::max(reach, reach_of(clause));
+    for (const Array<ExpPtr>& clause : clauses) reach |= reach_of(clause);
     return reach;
   }
 };
@@ -215,6 +215,12 @@ class NegExp : public Form<NegExp, CompExp> {
     }
     return input;
   }
+  Outlook foresee(Value input, int type) override {
+    for (const ExpPtr& exp : exps)
+      if (Outlook part = exp->foresee(input, type); part != Outlook::null)
+        return part == Outlook::value ? Outlook::null : Outlook::unknown;
+    return exps.empty() == static_cast<bool>(input) ? Outlook::null : Outlook::value;
+  }
 };
 
 class OrExp : public Form<OrExp, CompExp> {
@@ -229,6 +235,12 @@ class OrExp : public Form<OrExp, CompExp> {
       if (Value value = exp->eval(input, type)) return value;
     }
     return Value();
+  }
+  Outlook foresee(Value input, int type) override {
+    if (exps.empty()) return input ? Outlook::value : Outlook::null;
+    for (const ExpPtr& exp : exps)
+      if (Outlook part = exp->foresee(input, type); part != Outlook::null) return part;
+    return Outlook::null;
   }
 };
 
@@ -257,6 +269,11 @@ class AndExp : public Form<AndExp, CompExp> {
     }
     return value;
   }
+  Outlook foresee(Value input, int type) override {
+    for (const ExpPtr& exp : exps)
+      if (Outlook part = exp->foresee(input, type); part != Outlook::value) return part;
+    return exps.empty() && !input ? Outlook::null : Outlook::value;
+  }
 };
 
 class AlwaysTrue : public Form<AlwaysTrue> {
@@ -264,6 +281,7 @@ class AlwaysTrue : public Form<AlwaysTrue> {
   static constexpr const char* kName = "t";
   static constexpr const char* kDoc = "(t)\n  Always return 1";
   Value eval(Value, int) override { return Value::truth(true); }
+  Outlook foresee(Value, int) override { return Outlook::value; }
 };
 
 class AlwaysFalse : public Form<AlwaysFalse> {
@@ -271,6 +289,7 @@ class AlwaysFalse : public Form<AlwaysFalse> {
   static constexpr const char* kName = "nil";
   static constexpr const char* kDoc = "(nil)\n  Always return 0";
   Value eval(Value, int) override { return Value(); }
+  Outlook foresee(Value, int) override { return Outlook::null; }
 };
 
 class NilPred : public Form<NilPred> {

@@ -126,24 +126,23 @@ constexpr const char* doc_of() {
 }
 }  // namespace form_detail
 
-/// The row of a form class for its file's table.
-template <class D>
+/// The row of a form class for its file's table. The form itself, without its parts, reaches so
+/// far.
+template <class D, Reach reach = Reach::anything>
 constexpr Prototype form() {
   using namespace form_detail;
   return {kExpressions, D::kName, usage_of<D>(), doc_of<D>(),
           [](World& world, const Prototype& row) {
-            register_lexp(world, std::make_unique<D>(), row.name, row.doc);
+            auto prototype = std::make_unique<D>();
+            if (reach != Reach::anything) prototype->own_reach = reach;
+            register_lexp(world, std::move(prototype), row.name, row.doc);
           }};
 }
 
 /// The same for a form that looks at its input and changes nothing, as far as its parts do not.
 template <class D>
 constexpr Prototype pure_form() {
-  Prototype row = form<D>();
-  row.enter = [](World& world, const Prototype& entered) {
-    register_lexp(world, within_input(std::make_unique<D>()), entered.name, entered.doc);
-  };
-  return row;
+  return form<D, Reach::input>();
 }
 
 namespace form_detail {

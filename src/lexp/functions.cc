@@ -33,20 +33,32 @@ class FuncExp : public LExp {
     if (func->body.empty()) return Value();
     DepthGuard guard(call_depth);
     if (!guard) return Value();
+    if (func->params.empty()) return eval_body(input, input_type);
     bind_arguments(input, input_type);
-    Value result;
-    for (const ExpPtr& exp : func->body) result = exp.eval(input, input_type);
+    Value result = eval_body(input, input_type);
     for (const Ref<Var>& param : func->params) param->pop();
     return result;
+  }
+
+  // Of a function that may call itself nothing is known: its body is followed no further.
+  Outlook foresee(Value input, int input_type) override {
+    const bool follows = func->params.empty() && func->body.count() == 1 && func->body[0] &&
+                         (func->reach == Reach::input || func->reach == Reach::change);
+    return follows ? func->body[0]->foresee(input, input_type) : Outlook::unknown;
   }
 
   Array<ExpPtr> args;
   Func* func;
 
  protected:
-  Reach parts_reach() const override { return std::max(reach_of(args), func->reach); }
+  Reach parts_reach() const override { return reach_of(args) | func->reach; }
 
  private:
+  Value eval_body(Value input, int input_type) const {
+    Value result;
+    for (const ExpPtr& exp : func->body) result = exp.eval(input, input_type);
+    return result;
+  }
   // From the last parameter to the first: an argument evaluated later sees those already bound.
   void bind_arguments(Value input, int input_type) {
     // Kept: arguments-from-the-right

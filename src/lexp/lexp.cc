@@ -120,6 +120,13 @@ Value LAdaptor::eval(Value input, int input_type) {
   return sub ? sub->eval(converted, mid_type) : converted;
 }
 
+Outlook LAdaptor::foresee(Value input, int input_type) {
+  if (own_reach != Reach::input || !takes(input_type)) return Outlook::unknown;
+  Value converted = convert(input);
+  if (sub) return sub->foresee(converted, mid_type);
+  return converted ? Outlook::value : Outlook::null;
+}
+
 void CompExp::init(World& world, IRSlist* args) {
   for (IRSlist* item : args->items) {
     if (auto exp = get_exp(world, item)) exps.append(std::move(exp));

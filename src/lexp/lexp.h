@@ -16,10 +16,21 @@ namespace torvane {
 /// What an expression reads beside its input, and what it changes. Who wants to evaluate one only
 /// once for the same input must know that a second time would give the same.
 enum class Reach : std::uint8_t {
-  input,      ///< reads what the input leads to and what commands alone can change; changes nothing
-  variables,  ///< reads or sets variables too
-  anything,
+  input = 0,  ///< reads what the input leads to and what commands alone can change; changes nothing
+  variables = 1,  ///< reads or sets variables too
+  change = 2,     ///< changes the input too, and what belongs to that alone
+  anything = 3,
 };
+/// Of two expressions together.
+constexpr Reach operator|(Reach a, Reach b) {
+  return static_cast<Reach>(static_cast<int>(a) | static_cast<int>(b));
+}
+constexpr Reach& operator|=(Reach& a, Reach b) {
+  return a = a | b;
+}
+
+/// What an evaluation will give.
+enum class Outlook : std::uint8_t { null, value, unknown };
 
 class LExp {
  public:
@@ -32,7 +43,7 @@ class LExp {
   Reach own_reach = Reach::anything;
 
   /// Of the whole expression.
-  Reach reach() const { return std::max(own_reach, parts_reach()); }
+  Reach reach() const { return own_reach | parts_reach(); }
 
   virtual const char* doc() const { return "No documentation provided"; }
   virtual const char* name() const = 0;
@@ -41,6 +52,10 @@ class LExp {
   /// Takes the form's arguments (the head is off already).
   virtual void init(World& world, IRSlist* args);
   virtual Value eval(Value input, int input_type) = 0;
+  /// What `eval` would give, as far as that is known without changing or reporting anything. Who
+  /// would have to make the input first can so find out, on one that only looks like it, that it
+  /// is not worth it.
+  virtual Outlook foresee(Value, int) { return Outlook::unknown; }
   virtual ~LExp() = default;
 
   /// Compiles a form, consuming it. Null after a message if it is no expression.
@@ -63,12 +78,21 @@ class LExp {
   void wrong_type(int input_type) const;
   /// The world that the expression was made for, from before `init` on.
   World& world() const { return *world_; }
-  /// The input check: false, reported, when two known types differ.
+  /// Two known types do not differ.
+  bool takes(int input_type) const {
+    return in_type < 0 || input_type < 0 || in_type == input_type;
+  }
+  /// The same; false is reported.
   bool accepts(int input_type) const {
-    if (in_type < 0 || input_type < 0 || in_type == input_type) [[likely]]
+    if (takes(input_type)) [[likely]]
       return true;
     wrong_type(input_type);
     return false;
+  }
+  /// For a form that changes and reports nothing once the input is of its type.
+  Outlook foresee_by_eval(Value input, int input_type) {
+    if (!takes(input_type)) return Outlook::unknown;
+    return eval(input, input_type) ? Outlook::value : Outlook::null;
   }
 
  private:
@@ -106,9 +130,20 @@ class ExpPtr {
   std::unique_ptr<LExp> exp_;
 };
 
+/// One that is tried over and over: how far it reaches is found out once.
+class Condition : public ExpPtr {
+ public:
+  Condition() = default;
+  Condition(ExpPtr exp) : ExpPtr(std::move(exp)), reach_(ExpPtr::reach()) {}
+  Reach reach() const { return reach_; }
+
+ private:
+  Reach reach_ = Reach::input;
+};
+
 inline Reach reach_of(const Array<ExpPtr>& exps) {
   Reach reach = Reach::input;
-  for (const ExpPtr& exp : exps) reach = std::max(reach, exp.reach());
+  for (const ExpPtr& exp : exps) reach |= exp.reach();
   return reach;
 }
 
@@ -131,6 +166,7 @@ class LAdaptor : public LExp {
 
   void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
+  Outlook foresee(Value input, int input_type) override;
   virtual Value convert(Value input) = 0;
 
  protected:
@@ -162,7 +198,7 @@ class BinaryFunc : public LExp {
   void init(World& world, IRSlist* args) override;
 
  protected:
-  Reach parts_reach() const override { return std::max(a.reach(), b.reach()); }
+  Reach parts_reach() const override { return a.reach() | b.reach(); }
 };
 
 class TernaryFunc : public LExp {

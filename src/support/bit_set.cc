@@ -45,6 +45,12 @@ LBitSet::LBitSet(int nbits) {
   if (nbits > 0) own(((nbits - 1) >> 5) + 1);
 }
 
+// Of a set that has few words, those that it does not have are as the tail.
+void LBitSet::set_tail(bool tail) {
+  complement_ = tail;
+  if (!has_rep()) std::fill(part_.within + word_count_, part_.within + kWithin, tail_word(tail));
+}
+
 void LBitSet::drop_rep() {
   if (--part_.rep->refcount == 0) give_rep(part_.rep);
 }
@@ -65,16 +71,6 @@ std::uint32_t* LBitSet::grow(int words) {
   std::uint32_t* mine = has_rep() ? part_.rep->words : part_.within;
   std::fill(mine + had, mine + words, tail_word(complement_));
   return mine;
-}
-
-void LBitSet::set(int i) {
-  if (i < 0 || test(i)) return;
-  own((i >> 5) + 1)[i >> 5] |= 1u << (i & 31);
-}
-
-void LBitSet::clear(int i) {
-  if (i < 0 || !test(i)) return;
-  own((i >> 5) + 1)[i >> 5] &= ~(1u << (i & 31));
 }
 
 void LBitSet::set(int lo, int hi) {
@@ -112,7 +108,7 @@ LBitSet LBitSet::complement() const {
   LBitSet result;
   std::uint32_t* theirs = result.own(word_count());
   for (int w = 0; w < word_count(); ++w) theirs[w] = ~words()[w];
-  result.complement_ = !complement_;
+  result.set_tail(!complement_);
   return result;
 }
 
@@ -128,20 +124,16 @@ LBitSet LBitSet::operator|(const LBitSet& other) const {
   return result;
 }
 
-LBitSet& LBitSet::operator&=(const LBitSet& other) {
-  if (is_none() || same_rep(other)) return *this;
-  if (other.is_none()) {
-    reset();
-    return *this;
-  }
+void LBitSet::intersect(const LBitSet& other) {
+  if (is_none() || same_rep(other)) return;
+  if (other.is_none()) return reset();
   // Words beyond a finite set can only be zero: they need no room.
   bool changes = has_tail() && (!other.has_tail() || other.word_count() > word_count());
   for (int w = 0; w < word_count() && !changes; ++w) changes = (words()[w] & ~other.word(w)) != 0;
-  if (!changes) return *this;
+  if (!changes) return;
   std::uint32_t* mine = own(has_tail() ? other.word_count() : 0);
   for (int w = 0; w < word_count(); ++w) mine[w] &= other.word(w);
-  complement_ = complement_ && other.has_tail();
-  return *this;
+  set_tail(complement_ && other.has_tail());
 }
 
 LBitSet& LBitSet::operator|=(const LBitSet& other) {
@@ -152,7 +144,7 @@ LBitSet& LBitSet::operator|=(const LBitSet& other) {
   if (!changes) return *this;
   std::uint32_t* mine = own(has_tail() ? 0 : other.word_count());
   for (int w = 0; w < word_count(); ++w) mine[w] |= other.word(w);
-  complement_ = complement_ || other.has_tail();
+  set_tail(complement_ || other.has_tail());
   return *this;
 }
 
@@ -165,7 +157,7 @@ bool LBitSet::operator==(const LBitSet& other) const {
   return true;
 }
 
-bool LBitSet::subset_of(const LBitSet& other) const {
+bool LBitSet::is_within(const LBitSet& other) const {
   if (has_tail() && !other.has_tail()) return false;
   int words = std::max(word_count(), other.word_count());
   for (int w = 0; w < words; ++w)
@@ -198,7 +190,7 @@ int LBitSet::count() const {
   return n;
 }
 
-bool LBitSet::is_empty() const {
+bool LBitSet::has_no_words() const {
   if (has_tail()) return false;
   for (int w = 0; w < word_count(); ++w)
     if (words()[w]) return false;

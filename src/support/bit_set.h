@@ -18,7 +18,7 @@ struct LBitSetRep {
 };
 
 /// Two words stand in the set itself, which is what attribute types usually need: a vector's sets
-/// are read without another look at memory.
+/// are read without another look at memory, and both words at once.
 class LBitSet {
  public:
   LBitSet() = default;  ///< the empty set
@@ -29,6 +29,7 @@ class LBitSet {
   }
   LBitSet(LBitSet&& other) noexcept
       : part_(other.part_), word_count_(other.word_count_), complement_(other.complement_) {
+    other.part_ = {{0, 0}};
     other.word_count_ = 0;
     other.complement_ = false;
   }
@@ -51,8 +52,12 @@ class LBitSet {
   }
 
   bool test(int i) const { return i >= 0 && ((word(i >> 5) >> (i & 31)) & 1); }
-  void set(int i);
-  void clear(int i);
+  void set(int i) {
+    if (i >= 0 && !test(i)) own((i >> 5) + 1)[i >> 5] |= 1u << (i & 31);
+  }
+  void clear(int i) {
+    if (i >= 0 && test(i)) own((i >> 5) + 1)[i >> 5] &= ~(1u << (i & 31));
+  }
   /// The bits lo..hi; with hi below lo a message and no change.
   void set(int lo, int hi);
   // Part of the interface; nothing in the engine calls it yet.
@@ -64,6 +69,7 @@ class LBitSet {
   /// The empty set.
   void reset() {
     if (has_rep()) drop_rep();
+    part_ = {{0, 0}};
     word_count_ = 0;
     complement_ = false;
   }
@@ -71,10 +77,21 @@ class LBitSet {
   LBitSet complement() const;
   LBitSet operator&(const LBitSet& other) const;
   LBitSet operator|(const LBitSet& other) const;
-  LBitSet& operator&=(const LBitSet& other);
+  LBitSet& operator&=(const LBitSet& other) {
+    if (has_rep() || other.has_rep() || complement_ || other.is_none()) {
+      intersect(other);
+    } else {
+      part_.within[0] &= other.part_.within[0];
+      part_.within[1] &= other.part_.within[1];
+    }
+    return *this;
+  }
   LBitSet& operator|=(const LBitSet& other);
   bool operator==(const LBitSet& other) const;
-  bool subset_of(const LBitSet& other) const;
+  bool subset_of(const LBitSet& other) const {
+    if (has_rep() || other.has_rep() || complement_) return is_within(other);
+    return (pair(0) & ~other.pair(0)) == 0;
+  }
   /// 0 equal; 1 this is a proper superset; -1 a proper subset (the empty set is one of every
   /// other); -2 disjoint; 2 overlapping without inclusion.
   // Part of the interface; nothing in the engine calls it yet.
@@ -82,10 +99,11 @@ class LBitSet {
   /// The number of set bits within the words.
   // Part of the interface; nothing in the engine calls it yet.
   int count() const;
-  bool is_empty() const;
+  bool is_empty() const { return has_rep() ? has_no_words() : !complement_ && pair(0) == 0; }
   int word_count() const { return word_count_; }
   std::uint32_t word(int w) const {
-    return w < word_count_ ? words()[w] : (complement_ ? ~0u : 0u);
+    if (w < kWithin && !has_rep()) return part_.within[w];
+    return w < word_count_ ? part_.rep->words[w] : (complement_ ? ~0u : 0u);
   }
   bool has_tail() const { return complement_; }
   /// Makes the bits of `mask` in word w as they are in `bits`, for work on many bits at once.
@@ -93,6 +111,20 @@ class LBitSet {
     if (((word(w) ^ bits) & mask) == 0) return;
     std::uint32_t* mine = own(w + 1);
     mine[w] = (mine[w] & ~mask) | (bits & mask);
+  }
+
+  /// Two words as one number, for work on many bits at once: words 2p and, above it, 2p + 1.
+  std::uint64_t pair(int p) const {
+    if (p == 0 && !has_rep()) return part_.within[0] | std::uint64_t{part_.within[1]} << 32;
+    return word(2 * p) | std::uint64_t{word(2 * p + 1)} << 32;
+  }
+  /// The pairs that the words fill.
+  int pair_count() const { return (word_count_ + 1) >> 1; }
+  void put_pair(int p, std::uint64_t mask, std::uint64_t bits) {
+    put_word(2 * p, static_cast<std::uint32_t>(mask), static_cast<std::uint32_t>(bits));
+    if (mask >> 32)
+      put_word(2 * p + 1, static_cast<std::uint32_t>(mask >> 32),
+               static_cast<std::uint32_t>(bits >> 32));
   }
 
   /// 16-bit word count and the words, big-endian. The tail is not written.
@@ -115,6 +147,10 @@ class LBitSet {
     std::swap(complement_, other.complement_);
   }
   void drop_rep();
+  void intersect(const LBitSet& other);
+  bool is_within(const LBitSet& other) const;
+  bool has_no_words() const;
+  void set_tail(bool tail);
   /// The words, at least so many, of no other set.
   std::uint32_t* own(int words) {
     return words <= word_count_ && !has_rep() ? part_.within : grow(words);
@@ -122,7 +158,7 @@ class LBitSet {
   std::uint32_t* grow(int words);
 
   union {
-    std::uint32_t within[kWithin];
+    std::uint32_t within[kWithin];  // those beyond the words are as the tail
     LBitSetRep* rep;
   } part_ = {{0, 0}};
   std::int32_t word_count_ = 0;

@@ -31,7 +31,7 @@ class MatchRun {
   MatchRun& operator=(const MatchRun&) = delete;
 
   /// Begins to match a pattern of this reach.
-  void start(Reach reach) { remembers_ = reach < Reach::anything; }
+  void start(Reach reach) { remembers_ = reach == Reach::input || reach == Reach::variables; }
   /// Whether anything may be remembered at all.
   bool remembers() const { return remembers_; }
   /// Whether the pattern has given too much to look any further.

@@ -45,7 +45,7 @@ class MultiPattern : public LPattern {
  protected:
   Reach parts_reach() const override {
     Reach all = Reach::input;
-    for (const PatternPtr& sub : subs) all = std::max(all, sub.reach());
+    for (const PatternPtr& sub : subs) all |= sub.reach();
     return all;
   }
 
@@ -81,7 +81,7 @@ class SeqPat : public PatternOf<SeqPat, MultiPattern> {
  public:
   void init(World& world, IRSlist* args) override {
     MultiPattern::init(world, args);
-    auto reaches_out = [](const PatternPtr& sub) { return sub.reach() > Reach::input; };
+    auto reaches_out = [](const PatternPtr& sub) { return sub.reach() != Reach::input; };
     auto first = std::find_if(subs.begin(), subs.end(), reaches_out);
     auto last = std::find_if(subs.rbegin(), subs.rend(), reaches_out);
     steady_left_ = static_cast<int>(first - subs.begin());

@@ -31,7 +31,7 @@ class LPattern {
   /// Takes the arguments (the head is off already).
   virtual void init(World&, IRSlist*) {}
   /// Takes stock of its expressions, once all of them are there.
-  void settle_reach() { reach_ = std::max(constraint_.reach(), parts_reach()); }
+  void settle_reach() { reach_ = constraint_.reach() | parts_reach(); }
   /// What its expressions and those of its parts read and change. A pattern that stays within the
   /// input of its expressions gives at a position what the chart has there, whoever asks and when.
   Reach reach() const { return reach_; }

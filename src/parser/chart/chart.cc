@@ -26,6 +26,22 @@ PItem* Chart::copy_item(const PItem* source, const AttSet* atts) {
   return item;
 }
 
+Outlook Chart::foresee(const ExpPtr& condition, const PItem& source, const Link& link) {
+  AttInterpreterList* type = grammar_._att_type;
+  if (source._atts->interpreters != type) return Outlook::unknown;
+  if (!shown_._atts || shown_._atts->interpreters != type) shown_._atts = make_ref<AttVec>(type);
+  shown_._low = source._low;
+  shown_._high = source._high;
+  shown_._head_child = const_cast<PItem*>(&source);
+  shown_._link = &link;
+  shown_._weight = source._weight;
+  shown_.head_word = nullptr;
+  shown_._atts->show(*source._atts, link._percolate);
+  const Outlook outlook = condition->foresee(Value::of(&shown_), p_item_type());
+  shown_._atts->show_nothing();
+  return outlook;
+}
+
 PItem* Chart::make_lexical_item(const GCate& node, LexItem* lexitem) {
   PItem* item = new_item();
   if (!item) return nullptr;
@@ -37,12 +53,6 @@ PItem* Chart::make_lexical_item(const GCate& node, LexItem* lexitem) {
   if (!lexitem_of(*item) && item->_low <= item->_high)
     store_att(*item->_atts, syntax_atts(*item->_atts).lexitem, lexitem);
   return item;
-}
-
-bool Chart::ends_at(const GCate& node, int word_index) const {
-  for (int position = 0; position < node.n_positions(); ++position)
-    if (!bucket(node, position, word_index).empty()) return true;
-  return false;
 }
 
 Chart::Items* Chart::new_cell(int column, int word_index) {
@@ -65,6 +75,8 @@ void Chart::store(const GCate& node, int position, PItem* item) {
   Items* items = new_cell(node.column(position), item->_high);
   if (!items) return;
   items->append(item);
+  if (position < node.n_positions())
+    rows_[static_cast<std::size_t>(item->_high)].ended.set(node._number);
   // One that is stored twice is in the index once.
   if (std::exchange(item->stored_in, this)) {
     shifted_ = true;
@@ -99,6 +111,7 @@ void Chart::reset() {
     Row& row = rows_[static_cast<std::size_t>(used.word_index)];
     row.cells[used.column].clear();
     row.awaited.reset();
+    row.ended.reset();
   }
   used_.clear();
   by_span_.clear();
@@ -115,7 +128,9 @@ void Chart::clear(const GCate& node) {
   shifted_ = true;
   std::erase_if(used_, [&](Used used) {
     if (used.column < first || used.column > last) return false;
-    rows_[static_cast<std::size_t>(used.word_index)].cells[used.column].clear();
+    Row& row = rows_[static_cast<std::size_t>(used.word_index)];
+    row.cells[used.column].clear();
+    row.ended.clear(node._number);
     return true;
   });
 }

@@ -32,6 +32,10 @@ class Chart {
   /// exhausted.
   PItem* copy_item(const PItem* source, const AttSet* atts);
   bool is_exhausted() const { return pool_.is_exhausted(); }
+  /// What a condition will say of such a projection, as far as that is known without making it.
+  Outlook foresee(const ExpPtr& condition, const PItem& source, const Link& link);
+  /// Does as if a projection were made, and taken back.
+  void pass_over_item() { pool_.count(); }
   /// Takes back what was made last, and is of no use. Most projections are.
   void give_back(PItem* item) { pool_.give_back(item); }
   /// The item of a word, in its node.
@@ -70,7 +74,10 @@ class Chart {
            rows_[static_cast<std::size_t>(word_index)].awaited.test(node._number);
   }
   /// An item that was not taken from a subclass ends there.
-  bool ends_at(const GCate& node, int word_index) const;
+  bool ends_at(const GCate& node, int word_index) const {
+    return static_cast<std::size_t>(word_index) < rows_.size() &&
+           rows_[static_cast<std::size_t>(word_index)].ended.test(node._number);
+  }
   /// The word indexes that have rows.
   int row_count() const { return static_cast<int>(rows_.size()); }
 
@@ -95,6 +102,7 @@ class Chart {
     std::unique_ptr<Items[]> cells;
     int columns = 0;
     LBitSet awaited;  // nodes with links on which something waits
+    LBitSet ended;    // nodes of which there are items, but for those of subclasses
   };
   struct Used {
     int word_index;
@@ -112,6 +120,7 @@ class Chart {
 
   const Grammar& grammar_;
   ItemPool pool_;
+  PItem shown_;  // looks like an item that may not be worth making
   std::vector<Row> rows_;
   std::vector<Used> used_;  // cells that are not empty
   SpanIndex by_span_;

@@ -20,6 +20,8 @@ class ItemPool {
   PItem* new_item(AttInterpreterList* att_type);
   /// The sentence can have no more items.
   bool is_exhausted() const { return items_made_ >= kPoolLimit; }
+  /// Counts an item as made that need not be.
+  void count() { ++items_made_; }
   /// Takes the item back that was made last, if nobody can have got hold of it. It counts as made.
   void give_back(PItem* item);
   /// Takes all items back. Those that an expression may still have stay what they are until it has

@@ -130,9 +130,9 @@ Value set_category_cond(World& world, IRSlist* form) {
   return Value();
 }
 
-template <ExpPtr Link::*cond>
+template <Condition Link::*cond>
 Value set_link_cond(World& world, IRSlist* form) {
-  if (Link* link = current_link(world)) link->*cond = LExp::take_exp(world, *form);
+  if (Link* link = current_link(world)) link->*cond = ExpPtr(LExp::take_exp(world, *form));
   return Value();
 }
 

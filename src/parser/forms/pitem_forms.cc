@@ -158,11 +158,20 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
 };
 
 constexpr Prototype kForms[] = {
-    form<PItem2AttVec>(),   form<PItem2Modifier>(),    form<PItem2DepRel>(),
-    form<PItemHeadChild>(), form<PItemModifiee>(),     form<GetModifierByType>(),
-    form<PItemLow>(),       form<PItemHigh>(),         form<PItemLength>(),
-    form<DepRelType>(),     form<PItemAddWeight>(),    form<HeadFirst>(),
-    form<HeadLast>(),       form<SetTraceAttOfPred>(),
+    pure_form<PItem2AttVec>(),
+    form<PItem2Modifier>(),
+    form<PItem2DepRel>(),
+    form<PItemHeadChild>(),
+    form<PItemModifiee>(),
+    form<GetModifierByType>(),
+    pure_form<PItemLow>(),
+    pure_form<PItemHigh>(),
+    pure_form<PItemLength>(),
+    form<DepRelType>(),
+    form<PItemAddWeight, Reach::change>(),
+    form<HeadFirst>(),
+    form<HeadLast>(),
+    form<SetTraceAttOfPred>(),
 };
 
 }  // namespace

@@ -34,6 +34,7 @@ GCate::GCate(Grammar& grammar, const char* name, int number)
 }
 
 bool GCate::any_required(int from, int to) const {
+  if (required_ == 0) return false;
   for (int i = std::max(from, 0); i < to; ++i)
     if (required(i)) return true;
   return false;

@@ -62,7 +62,7 @@ class GCate {
   /// One of from..to-1 must be filled.
   bool any_required(int from, int to) const;
   /// The skip-word condition of a position, or null.
-  const ExpPtr* skip_cond(int position) const {
+  const Condition* skip_cond(int position) const {
     bool present = static_cast<std::size_t>(position) < skip_conds_.size() && skip_conds_[position];
     return present ? &skip_conds_[position] : nullptr;
   }
@@ -103,7 +103,7 @@ class GCate {
   int first_column_;
   int columns_;
   std::uint32_t repeat_ = 0, required_ = 0, minimal_ = 0, skip_adjunct_ = 0;
-  std::vector<ExpPtr> skip_conds_;
+  std::vector<Condition> skip_conds_;
 };
 
 }  // namespace torvane

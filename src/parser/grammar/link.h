@@ -23,10 +23,10 @@ struct Link {
 
   GCate* const _parent;
   GCate* const _child;  ///< may be null: a frame's argument whose category has no node
-  ExpPtr _modifier_cond;
-  ExpPtr _modifiee_cond;
-  ExpPtr _merged_cond;
-  ExpPtr _head_cond;
+  Condition _modifier_cond;
+  Condition _modifiee_cond;
+  Condition _merged_cond;
+  Condition _head_cond;
   std::uint32_t _check = 0;  ///< mask built by check-slash
   int _check_arg = -1;
   int _max_dist = 64;

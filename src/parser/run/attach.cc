@@ -35,6 +35,22 @@ void ParseRun::for_each_place(const GCate& node, const PItem& item, Positions po
   }
 }
 
+/// A head of the node has to have a modifier before it, and there is none. It is not looked for
+/// where a condition may do something of its own.
+bool ParseRun::lacks_modifier(const GCate& node, const PItem& item) const {
+  const int head = node.head();
+  if (!node.any_required(0, head)) return false;
+  bool found = false;
+  for (int p = head - 1; p >= 0; --p) {
+    const Condition* skip = node.skip_cond(p);
+    if (skip && skip->reach() != Reach::input) return false;
+    if (node.required(p)) break;
+  }
+  for_each_place(node, item, {0, head - 1}, -1,
+                 [&](int, int end, PItem*) { found = found || chart_.any_waits(node, end); });
+  return !found;
+}
+
 bool ParseRun::extend_left(const GCate& node, PItem* item, int position) {
   DepthGuard guard(delivery_depth);
   if (!guard) return true;

@@ -23,29 +23,54 @@ void ParseRun::drain_ready(const GCate& node) {
 
 void ParseRun::send(PItem* item, const Link& link) {
   DepthGuard guard(delivery_depth);
-  if (!guard || link.position() < 0) return;
-  if (!passes(link._modifier_cond, item)) return;
-  const GCate& parent = *link._parent;
   const int position = link.position();
-  if (link._is_subclass) {
+  if (!guard || position < 0) return;
+  const GCate& parent = *link._parent;
+  const bool is_plain = !link._is_subclass && position != parent.n_positions();
+  if (is_plain && position > parent.head() && item->_low > 0) return send_right(item, link);
+  if (!passes(link._modifier_cond, item)) return;
+  if (!is_plain) {
     accept(parent, item, link);
   } else if (position == parent.head()) {
-    PItem* copy = chart_.copy_item(item, &link._percolate);
-    if (!copy) return;
-    copy->_link = &link;
-    if (passes(link._head_cond, copy))
-      receive(parent, copy, &link);
-    else
-      chart_.give_back(copy);
-  } else if (position == parent.n_positions()) {
-    accept(parent, item, link);
-  } else if (position > parent.head() && item->_low > 0) {
-    // Asked in any case: a condition on the word before may do something of its own.
-    const bool has_head = has_head_before(parent, position, *item);
-    if (has_head || !link._no_guest) receive(parent, item, &link);
+    send_head(item, link);
   } else {
     chart_.park(link, item);
   }
+}
+
+/// As the head of a new item.
+void ParseRun::send_head(PItem* item, const Link& link) {
+  if (chart_.is_exhausted()) return;
+  if (is_useless(*item, link)) return chart_.pass_over_item();
+  PItem* copy = chart_.copy_item(item, &link._percolate);
+  copy->_link = &link;
+  if (passes(link._head_cond, copy))
+    receive(*link._parent, copy, &link);
+  else
+    chart_.give_back(copy);
+}
+
+/// As a modifier of what stands to the left. Of two conditions that only read, the cheaper one is
+/// asked first; else each is asked in its turn.
+void ParseRun::send_right(PItem* item, const Link& link) {
+  const GCate& parent = *link._parent;
+  const Condition* skip = parent.skip_cond(link.position());
+  const bool read_only =
+      link._modifier_cond.reach() == Reach::input && (!skip || skip->reach() == Reach::input);
+  if (!read_only && !passes(link._modifier_cond, item)) return;
+  if (!has_head_before(parent, link.position(), *item) && link._no_guest) return;
+  if (read_only && !passes(link._modifier_cond, item)) return;
+  receive(parent, item, &link);
+}
+
+/// Whether it can be seen beforehand that nothing comes of the item as a head. Most are of this
+/// kind. (A node that receives an item also sends on what it has ready.)
+bool ParseRun::is_useless(const PItem& item, const Link& link) const {
+  const GCate& node = *link._parent;
+  const Reach reach = link._head_cond.reach();
+  const bool is_quiet = reach == Reach::input || reach == Reach::change;
+  if (is_quiet && chart_.ready(node).empty() && lacks_modifier(node, item)) return true;
+  return link._head_cond && chart_.foresee(link._head_cond, item, link) == Outlook::null;
 }
 
 /// A head may end right before the item.

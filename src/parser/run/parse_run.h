@@ -33,6 +33,9 @@ class ParseRun {
   };
 
   void drain_ready(const GCate& node);
+  void send_head(PItem* item, const Link& link);
+  void send_right(PItem* item, const Link& link);
+  bool is_useless(const PItem& item, const Link& link) const;
   bool has_head_before(const GCate& node, int position, const PItem& item) const;
 
   // Filling positions, in attach.cc.
@@ -44,6 +47,7 @@ class ParseRun {
     bool any = false;      // something is stored that has the item in it
     bool minimal = false;  // one was a minimal modifier
   };
+  bool lacks_modifier(const GCate& node, const PItem& item) const;
   Taken take_waiting(const GCate& node, PItem* item, PItem* adjunct, int position, int end);
   bool take_heads(const GCate& node, PItem* modifier, const Link& link, PItem* adjunct,
                   int position, int end);
