@@ -14,12 +14,27 @@ ItemPool::ItemPool() {
   pool_.reserve(kPoolReserve);
 }
 
+// A sentence's items come in the order in which those of the last one were given back, too many to
+// have stayed in the near caches. So their memory is sent for some items ahead: first an item, then
+// the vector that it leads to, then the vector's block.
+void ItemPool::fetch_ahead() const {
+  if (free_ < 4) return;
+  auto fetch = [](const void* block, int lines) {
+    for (int i = 0; i < lines; ++i) __builtin_prefetch(static_cast<const char*>(block) + 64 * i, 1);
+  };
+  const auto next = pool_.begin() + free_ - 1;
+  fetch(next[-3].get(), 2);
+  fetch(next[-2]->_atts.get(), 2);
+  if (const AttVec* atts = next[-1]->_atts.get()) fetch(atts->long_values, 3);
+}
+
 PItem* ItemPool::new_item(AttInterpreterList* att_type) {
   bool reused = free_ > 0;
   // Kept: items-run-out-silently
   if (is_exhausted()) return nullptr;
   if (!reused) pool_.push_back(std::make_unique<PItem>());
   PItem* item = reused ? pool_[--free_].get() : pool_.back().get();
+  fetch_ahead();
   Ref<AttVec> atts = std::move(item->_atts);
   *item = PItem();
   // A vector that a variable still holds stays with it.

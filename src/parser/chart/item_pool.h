@@ -35,6 +35,7 @@ class ItemPool {
 
  private:
   struct Dropped;
+  void fetch_ahead() const;
   void set_aside();
   void take_back(std::vector<std::unique_ptr<PItem>>& items);
 

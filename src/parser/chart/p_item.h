@@ -18,9 +18,11 @@ class Chart;
 struct ForestChain;
 
 /// Owned by the chart's pool; it lives until the reset of the next sentence, and is then reused.
-struct PItem {
+/// What a forest reads stands in one line of the cache.
+struct alignas(64) PItem {
   std::int16_t _low = 0;   ///< first word
   std::int16_t _high = 0;  ///< last word; an empty item has _high = _low - 1
+  float _weight = 0;       ///< accumulated
   Ref<AttVec> _atts;       ///< never null, of the parser's type, of this item alone
   PItem* _next = nullptr;  ///< next alternative with the same signature
   /// What this one was projected or extended from; null for a lexical item.
@@ -28,8 +30,6 @@ struct PItem {
   /// Merged at this step; null for a pure projection and a lexical item.
   PItem* _modifier = nullptr;
   const Link* _link = nullptr;  ///< made the item; null for a lexical item
-  float _weight = 0;            ///< accumulated
-  int order = 0;                ///< among the items of the sentence, as they were made
   /// What a forest knows of the chain that begins here, while it is at this sentence.
   mutable ForestChain* chain = nullptr;
   mutable std::uint64_t forest = 0;
@@ -43,6 +43,7 @@ struct PItem {
   /// Of those below on the head children, the first with a lexical item, else the last; found when
   /// it is first asked for, so that a long row of empty modifiers is not walked for each of them.
   mutable const PItem* head_word = nullptr;
+  int order = 0;  ///< among the items of the sentence, as they were made
 };
 
 namespace tags {

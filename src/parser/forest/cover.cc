@@ -20,7 +20,7 @@ std::vector<CoverWord>& Cover::start(int word_slots) {
 }
 
 void Cover::offer(TNode* node, int low, int high, float cost) {
-  if (low >= 1 && low <= high && high < static_cast<int>(words_.size()))
+  if (takes(low, high, static_cast<int>(words_.size())))
     offers_.push_back({node, low, high, cost, offers_.size()});
 }
 
@@ -34,13 +34,12 @@ void Cover::keep_best_offers() {
   offers_.erase(std::unique(offers_.begin(), offers_.end(), same_span), offers_.end());
 }
 
-// Punctuation at the end that no tree reaches is not covered.
-int Cover::end_of_cover() const {
+int Cover::end_of_offers() const {
   int largest = -1;
   for (const CoverOffer& offer : offers_) largest = std::max(largest, offer.high);
-  int end = static_cast<int>(words_.size());
-  while (largest + 1 < end && words_[static_cast<std::size_t>(end) - 1].starts_punctuation) --end;
-  return end;
+  return end_of_cover(static_cast<int>(words_.size()), largest, [&](int i) {
+    return words_[static_cast<std::size_t>(i)].starts_punctuation;
+  });
 }
 
 float Cover::join_cost(const CoverWord& left, const CoverWord& right) {
@@ -50,8 +49,11 @@ float Cover::join_cost(const CoverWord& left, const CoverWord& right) {
 const std::vector<TNode*>& Cover::choose() {
   chosen_.clear();
   keep_best_offers();
-  int end = end_of_cover();
-  if (end > most_table_words_) {
+  const int end = end_of_offers();
+  auto spans = [&](const CoverOffer& offer) { return offer.low == 1 && offer.high == end - 1; };
+  if (auto whole = std::find_if(offers_.begin(), offers_.end(), spans); whole != offers_.end()) {
+    chosen_.push_back(whole->node);  // a tree is not compared with a split
+  } else if (end > most_table_words_) {
     chosen_ = LongCover(words_, offers_, end).choose();
   } else if (end >= 2) {
     choose_by_table(end);

@@ -39,6 +39,17 @@ class Cover {
   /// The chosen trees, from left to right; valid until the next call.
   const std::vector<TNode*>& choose();
 
+  /// Trees of other spans cannot be laid over so many words.
+  static bool takes(int low, int high, int word_slots) {
+    return low >= 1 && low <= high && high < word_slots;
+  }
+  /// Behind the last word to be covered: punctuation at the end that no tree reaches is not.
+  template <class StartsPunctuation>
+  static int end_of_cover(int word_slots, int last_of_trees, StartsPunctuation starts_punctuation) {
+    int end = word_slots;
+    while (last_of_trees + 1 < end && starts_punctuation(end - 1)) --end;
+    return end;
+  }
   static float join_cost(const CoverWord& left, const CoverWord& right);
   static std::size_t cell_index(int low, int high) {
     return static_cast<std::size_t>((high + 3) * high / 2 - low);
@@ -55,7 +66,7 @@ class Cover {
   };
 
   void keep_best_offers();
-  int end_of_cover() const;
+  int end_of_offers() const;
   void choose_by_table(int end);
   void fill_cell(int low, int high);
 

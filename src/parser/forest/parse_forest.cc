@@ -5,7 +5,9 @@
 #include <cmath>
 #include <limits>
 
+#include "parser/forest/cover.h"
 #include "parser/grammar/syntax_atts.h"
+#include "support/text.h"
 
 namespace torvane {
 namespace {
@@ -260,7 +262,24 @@ const std::vector<ModifierSide>& ParseForest::sides_of(Chain& chain) {
 }
 
 void ParseForest::collect_roots(const Grammar& grammar, const Chart& chart) {
+  results_.clear();
   for (const RootRule& rule : grammar._roots) collect(rule, chart, grammar._lex->last_position());
+  const int whole = last_of_whole(*grammar._lex);
+  auto spans = [&](const Result& r) { return r.item->_low == 1 && r.item->_high == whole; };
+  const bool only_whole = std::any_of(results_.begin(), results_.end(), spans);
+  for (const Result& result : results_)
+    if (!only_whole || spans(result)) add_root(result);
+}
+
+/// Where a result has to end that spans the sentence.
+int ParseForest::last_of_whole(const LexAnalyzer& lex) const {
+  const int words = lex.word_count();
+  int last = -1;
+  for (const Result& result : results_)
+    if (Cover::takes(result.item->_low, result.item->_high, words))
+      last = std::max<int>(last, result.item->_high);
+  auto starts_punctuation = [&](int i) { return is_punct(or_empty(lex.word(i))[0]); };
+  return Cover::end_of_cover(words, last, starts_punctuation) - 1;
 }
 
 // The longest results first, and a result that has passed a required position before one that has
@@ -269,17 +288,21 @@ void ParseForest::collect(const RootRule& rule, const Chart& chart, int last) {
   const GCate& node = *rule.node;
   for (int high = last; high >= 0; --high)
     for (int position = node.n_positions(); position >= 0; --position) {
-      for (PItem* item : chart.bucket(node, position, high))
-        if (passes(rule.filter, item)) add_root(*item, rule);
+      for (PItem* item : chart.bucket(node, position, high)) {
+        if (!passes(rule.filter, item)) continue;
+        Result result{item, 0, static_cast<bool>(rule.penalty)};
+        if (rule.penalty)
+          result.penalty =
+              static_cast<int>(rule.penalty->eval(Value::of(item), p_item_type()).number());
+        results_.push_back(result);
+      }
       if (node.required(position)) break;
     }
 }
 
-void ParseForest::add_root(PItem& item, const RootRule& rule) {
-  TNode* node = get_tnode(&item);
-  if (rule.penalty)
-    node->_root_penalty =
-        static_cast<int>(rule.penalty->eval(Value::of(&item), p_item_type()).number());
+void ParseForest::add_root(const Result& result) {
+  TNode* node = get_tnode(result.item);
+  if (result.has_penalty) node->_root_penalty = result.penalty;
   if (node->is_root) return;
   node->is_root = true;
   _roots.append(node);

@@ -83,7 +83,8 @@ class ParseForest {
 
   /// The TNode of the item's chain, made on first request.
   TNode* get_tnode(PItem* item);
-  /// Fills `_roots` by the grammar's root table.
+  /// Fills `_roots` by the grammar's root table. Where results span the sentence, the others cannot
+  /// be chosen, and are not built.
   void collect_roots(const Grammar& grammar, const Chart& chart);
 
   Slist<TNode*> _roots;
@@ -127,8 +128,15 @@ class ParseForest {
   float dependency_cost(const PItem& merged, const Chain& head);
   float best_cost(const PItem& head, PItem* modifier, Name relation);
   const std::vector<ModifierSide>& sides_of(Chain& chain);
+  /// An item that the root table takes.
+  struct Result {
+    PItem* item;
+    int penalty;
+    bool has_penalty;
+  };
   void collect(const RootRule& rule, const Chart& chart, int last);
-  void add_root(PItem& item, const RootRule& rule);
+  int last_of_whole(const LexAnalyzer& lex) const;
+  void add_root(const Result& result);
 
   DepCosts* costs_;
   Pool<Chain> chains_;
@@ -142,6 +150,7 @@ class ParseForest {
   std::optional<HeadSide> head_side_;
   std::vector<Chain*> stack_;
   std::vector<Chain*> alternatives_;
+  std::vector<Result> results_;
 };
 
 }  // namespace torvane

@@ -20,13 +20,13 @@ bool outlives_positions(const Link& link) {
 
 GCate::GCate(Grammar& grammar, const char* name, int number)
     : _grammar(grammar),
-      _name(name),
-      _short_name(_name.substr(0, _name.find('_'))),
       _number(number),
-      _guest_link(grammar.make_link(this, this)),
-      positions_(2),
       first_column_(grammar.new_columns(2)),
-      columns_(2) {
+      columns_(2),
+      positions_(2),
+      _guest_link(grammar.make_link(this, this)),
+      _name(name),
+      _short_name(_name.substr(0, _name.find('_'))) {
   out_links_.reserve(10);
   _guest_link->set_type(contract::kGuest);
   // Kept: guest-weight-not-added

@@ -19,18 +19,29 @@ class Grammar;
 /// What a grammar can say of a position. A new one must be filled, once.
 enum class PositionMark { repeat, optional, minimal, skip_adjunct };
 
-/// One category: a node of the network.
-class GCate {
+/// One category: a node of the network. What every item that is offered to it asks stands in
+/// front, in one line of the cache.
+class alignas(64) GCate {
  public:
   GCate(Grammar& grammar, const char* name, int number);
   GCate(const GCate&) = delete;
   GCate& operator=(const GCate&) = delete;
 
   Grammar& _grammar;
-  const std::string _name;        ///< such as V_N_P
-  const std::string _short_name;  ///< up to the first "_"
-  const int _number;              ///< among the nodes of the grammar
+  const int _number;  ///< among the nodes of the grammar
   bool _is_subcat = false;
+
+ private:
+  int n_positions_ = 1;
+  int head_ = 0;
+  int first_column_;
+  int columns_;
+  std::uint32_t repeat_ = 0, required_ = 0, minimal_ = 0, skip_adjunct_ = 0;
+  std::vector<Condition> skip_conds_;
+  std::vector<std::vector<Link*>> positions_;
+  std::vector<Link*> out_links_;
+
+ public:
   ExpPtr _full_cond;
   ExpPtr _minimal_cond;
   AttSet _visible;
@@ -39,6 +50,8 @@ class GCate {
   AttSet _conj_consistent;
   Link* _conj_link = nullptr;
   Link* _guest_link;
+  const std::string _name;        ///< such as V_N_P
+  const std::string _short_name;  ///< up to the first "_"
 
   int n_positions() const { return n_positions_; }
   /// -1 when no position was marked.
@@ -95,15 +108,6 @@ class GCate {
   }
   static void clear_bit(std::uint32_t& mask, int position) { mask &= ~(1u << (position & 31)); }
   void put_link(Link* link, int position);
-
-  std::vector<Link*> out_links_;
-  std::vector<std::vector<Link*>> positions_;
-  int n_positions_ = 1;
-  int head_ = 0;
-  int first_column_;
-  int columns_;
-  std::uint32_t repeat_ = 0, required_ = 0, minimal_ = 0, skip_adjunct_ = 0;
-  std::vector<Condition> skip_conds_;
 };
 
 }  // namespace torvane

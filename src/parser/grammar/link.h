@@ -17,22 +17,29 @@ using AttSet = LBitSet;
 enum class LinkKind : std::uint8_t { plain, guest, subcat, complement };
 
 /// `_child` sends items, `_parent` receives them at a position. Owned by the network for the whole
-/// run.
-struct Link {
+/// run. Every item is offered to every link of its node, and most are refused: what is asked then
+/// stands in front, and in one line of the cache.
+struct alignas(64) Link {
   Link(GCate* parent, GCate* child) : _parent(parent), _child(child) {}
 
   GCate* const _parent;
-  GCate* const _child;  ///< may be null: a frame's argument whose category has no node
+
+ private:
+  std::int16_t position_ = -1;
+  LinkKind kind_ = LinkKind::plain;
+
+ public:
+  bool _no_guest = true;
+  bool _is_subclass = false;
   Condition _modifier_cond;
+  Condition _head_cond;
+  AttSet _percolate;  ///< attributes copied into the merged item
   Condition _modifiee_cond;
   Condition _merged_cond;
-  Condition _head_cond;
+  GCate* const _child;       ///< may be null: a frame's argument whose category has no node
   std::uint32_t _check = 0;  ///< mask built by check-slash
   int _check_arg = -1;
   int _max_dist = 64;
-  bool _no_guest = true;
-  bool _is_subclass = false;
-  AttSet _percolate;  ///< attributes copied into the merged item
 
   /// The relation; no name if none was given.
   Name type() const { return type_; }
@@ -57,8 +64,6 @@ struct Link {
   Name type_;
   float weight_ = 1.0f;
   int column_ = -1;
-  std::int16_t position_ = -1;
-  LinkKind kind_ = LinkKind::plain;
 };
 
 namespace tags {
