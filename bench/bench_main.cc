@@ -80,5 +80,5 @@ int run() {
 int main(int argc, char** argv) {
   g_argc = argc;
   g_argv = argv;
-  return torvane::run_on_large_stack(std::size_t{256} << 20, run);
+  return torvane::run_on_large_stack(run);
 }

@@ -119,13 +119,23 @@ class Text(unittest.TestCase):
     def test_sentences(self):
         for text, *rest in (("Mr. J. Smith paid $3.50. ", "It was old! ", '"Is it good?" he asked. ', "Dr. Brown left."),
                             ("She lives in the U.S. ", "They visited Acme Inc. in May. ", "Why? ", "I know.\nYes.\n"),
-                            ("One line\ngoes on here. ", "A. Smith, e.g. Anna,  slept.")):
+                            ("One line\ngoes on here. ", "A. Smith, e.g. Anna,  slept."),
+                            ("It works!!! :-) ", "Really? ", "yes. ", "(See no. 5.) ", "Ask A. Brown at www.Here.Example.org, or node.js.")):
             whole = text + "".join(rest)
             want = [" ".join(one.replace("\n", " ").split("  ")).strip() for one in (text, *rest)]
             got = [" ".join(line.split("  ")) for line in self.sentences(whole) if line != "# newpar"]
             if want[-1].endswith("I know. Yes."):
                 want[-1:] = ["I know.", "Yes."]
             self.assertEqual(got, want)
+
+    def test_what_is_no_prose(self):
+        given = ("Kind regards, Anna Brown 03/28/2001 05:09 PM It is here. It was good.She left...\nWhy?no -- see - Plan.doc "
+                 "- Map.pdf Write to: anna@example.org Bye.\n")
+        self.assertEqual(self.sentences(given)[1:],
+                         ["Kind regards,", "Anna Brown", "03/28/2001 05:09 PM", "It is here.", "It was good.", "She left...",
+                          "Why?", "no -- see - Plan.doc", "- Map.pdf Write to: anna@example.org", "Bye."])
+        (first, second) = trees(given="It was good.She left.\n")
+        self.assertEqual((column(first, 9)[-1], "".join(column(second, 1))), ("SpaceAfter=No", "Sheleft."))
 
     def test_paragraphs(self):
         self.assertEqual(self.sentences("A heading\n\n \r\nDogs bark. Cats sleep\n\nShe left.\n"),

@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 """Runs every command of a page's console blocks and compares what it prints.
 
-usage: using_page.py PROGRAM PAGE [--write]
+usage: using_page.py PROGRAM PAGE [--prefix FOLDER] [--python INTERPRETER] [--write]
 
 A line that begins with "$ " is a command for the shell; the lines up to the next one are its output, messages too.
-The commands of a page run one after the other in one folder. --write puts what they print into the page.
+The commands of a page run one after the other in one folder, with the files that blocks of code with a file's name
+hold. Blocks marked "installed" need torvane installed in the folder of --prefix, those with python3 its module for the
+interpreter of --python; else they are left out. --write puts what they print into the page.
 """
+import argparse
 import os
 import pathlib
 import re
@@ -13,7 +16,7 @@ import subprocess
 import sys
 import tempfile
 
-BLOCK = re.compile(r"^```console\n(.*?)^```$", re.M | re.S)
+BLOCK = re.compile(r"^```([^\n]*)\n(.*?)^```$", re.M | re.S)
 
 
 def run_block(body, folder, environment):
@@ -25,20 +28,44 @@ def run_block(body, folder, environment):
     return out
 
 
+def installed(prefix):
+    """What a user sets who has torvane in a folder of his own."""
+    libraries = next(prefix.glob("lib/**/torvane.pc")).parent.parent
+    modules = [path.parent.parent for path in prefix.glob("lib/**/torvane/__init__.py")]
+    return {"PATH": f"{prefix}/bin:{os.environ['PATH']}", "LD_LIBRARY_PATH": str(libraries),
+            "PKG_CONFIG_PATH": f"{libraries}/pkgconfig", "PYTHONPATH": ":".join(map(str, modules))}
+
+
 def main():
-    program, page = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2])
-    text = page.read_text()
-    environment = {**os.environ, "PATH": f"{program.parent}:{os.environ['PATH']}"}
+    parser = argparse.ArgumentParser()
+    parser.add_argument("program", type=pathlib.Path)
+    parser.add_argument("page", type=pathlib.Path)
+    parser.add_argument("--prefix", type=pathlib.Path)
+    parser.add_argument("--python")
+    parser.add_argument("--write", action="store_true")
+    options = parser.parse_args()
+    text = options.page.read_text()
+    environment = {**os.environ, "PATH": f"{options.program.resolve().parent}:{os.environ['PATH']}"}
+    if options.prefix:
+        environment.update(installed(options.prefix.resolve()))
+    if options.python:
+        own, others = environment["PATH"].split(":", 1)
+        environment["PATH"] = f"{own}:{pathlib.Path(options.python).parent}:{others}"
     faults = 0
     with tempfile.TemporaryDirectory() as folder:
-        for body in BLOCK.findall(text):
+        for kind, body in BLOCK.findall(text):
+            kind, _, name = kind.partition(" ")
+            if kind != "console" and name:
+                pathlib.Path(folder, name).write_text(body)
+            if kind != "console" or (name and not options.prefix) or ("$ python3 " in body and not options.python):
+                continue
             printed = run_block(body, folder, environment)
             if printed != body:
                 faults += 1
                 print(printed)
-                text = text.replace(f"```console\n{body}```", f"```console\n{printed}```")
-    if "--write" in sys.argv:
-        page.write_text(text)
+                text = text.replace(body, printed)
+    if options.write:
+        options.page.write_text(text)
     print(f"{faults} faults")
     return 1 if faults else 0
 

@@ -10,10 +10,14 @@ what text costs two programs that are run in turn, and nothing else.
 """
 import json
 import os
+import pathlib
+import re
+import resource
 import subprocess
 import sys
 import tempfile
 
+import bench_command_line
 import bench_text
 
 RUNS = 9
@@ -95,6 +99,38 @@ def compare(old, new, data):
                  for name, (before, after), _ in bench_text.rows([old, new], data)])
 
 
+PYTHON_LOOP = """
+import sys, torvane
+nlp = torvane.load("english", data=sys.argv[1])
+for line in sys.stdin:
+    sys.stdout.write(nlp(line, "lines").to_conllu())
+"""
+
+
+def python_run(program, data):
+    """Processor times of the command line and of a loop in Python over the same sentences; None without the module."""
+    build = pathlib.Path(program).parent.parent
+    cache = (build / "CMakeCache.txt").read_text()
+    interpreter = re.search("^TORVANE_PYTHON_PROGRAM:FILEPATH=(.*)", cache, re.M)
+    if not interpreter or not list(build.glob("python/torvane/_torvane*.so")):
+        return None
+    listed = pathlib.Path(data).parent / "tests/english/sentences.tsv"
+    lines = [line.split("\t")[0] for line in listed.read_text().splitlines() if line and not line.startswith("#")]
+    text = ("\n".join(lines * (2000 // len(lines) + 1)) + "\n").encode()
+    commands = [[program, "parse", "--quiet", "--from", "lines", "--data", data],
+                [interpreter[1], "-c", PYTHON_LOOP, data]]
+    best = [None, None]
+    for _ in range(RUNS):
+        for i, command in enumerate(commands):
+            before = resource.getrusage(resource.RUSAGE_CHILDREN)
+            subprocess.run(command, input=text, stdout=subprocess.DEVNULL, check=True,
+                           env={**os.environ, "PYTHONPATH": str(build / "python")})
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            took = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+            best[i] = min(best[i] or took, took)
+    return best
+
+
 def main():
     bench, store_bench, step_counts, program, data = (os.path.abspath(a) for a in sys.argv[1:6])
     options = sys.argv[6:]
@@ -109,6 +145,11 @@ def main():
     seconds, peak = whole_run(program, data)
     table.append(("whole run", f"{seconds * 1e3:.0f} ms", "processor time, start-up included (wanted: below 50 ms)"))
     table.append(("whole run, peak memory", f"{peak / 1e6:.0f} MB", "wanted: below 48 MB"))
+    if not options:
+        table += bench_command_line.table(program)
+    if both := python_run(program, data):
+        table.append(("2,000 sentences from Python", f"{both[1] * 1e3:.0f} ms",
+                      f"{both[1] / both[0]:.2f} times the command line, both with their start (wanted: at most 1.3)"))
     table += [(name, f"{time:.3g} ms", note) for name, (time,), note in bench_text.rows([program], data)]
     print_table(table)
     for step, counts in bench_text.step_rows(step_counts, data):

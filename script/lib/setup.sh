@@ -21,6 +21,16 @@ need_build_tools() {
 need_test_tools() {
   need libgtest-dev test -e /usr/include/gtest/gtest.h
   need python3 command -v python3
+  need pkg-config command -v pkg-config
+  need mandoc command -v mandoc
+  need_python_tools
+  need python3-pytest test -e /usr/lib/python3/dist-packages/pytest
+}
+
+# For the Python module.
+need_python_tools() {
+  need python3-dev sh -c 'ls /usr/include/python3*/Python.h'
+  need pybind11-dev test -e /usr/include/pybind11/pybind11.h
 }
 
 # Runs a command whose output is of interest only if it fails.

@@ -12,8 +12,6 @@ namespace torvane {
 
 namespace {
 
-constexpr std::size_t kStackSize = std::size_t{256} << 20;
-
 constexpr const char* kDataDir = "./data";
 
 // The normal end of a run has status 1; only the command `exit` ends with 0.
@@ -57,10 +55,7 @@ int run() {
 
 // Arguments are for people; start-up files know of none.
 int main(int argc, char** argv) {
-  if (argc == 1) return torvane::run_on_large_stack(torvane::kStackSize, torvane::run);
-  static int count = argc;
-  static char** arguments = argv;
-  return torvane::run_on_large_stack(torvane::kStackSize, [] {
-    return torvane::run_command_line(count, arguments, TORVANE_VERSION);
-  });
+  if (argc == 1) return torvane::run_on_large_stack(torvane::run);
+  return torvane::run_on_large_stack(
+      [&] { return torvane::run_command_line(argc, argv, TORVANE_VERSION); });
 }

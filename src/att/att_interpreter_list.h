@@ -60,6 +60,17 @@ class AttInterpreterList {
   NameTable<int> indexes_;  // by name
 };
 
+// Of a defined attribute that is not binary: its slot is in the block.
+inline AttWord AttVec::word_at(const AttSlot& slot) const {
+  return slot.storage == Storage::byte ? small_values[slot.at] : long_values[slot.at];
+}
+
+inline AttWord AttVec::get(int index) const {
+  if (!has(index)) return 0;
+  const AttSlot& slot = interpreters->slots[index];
+  return slot.storage == Storage::bit ? bin_values.test(index) : word_at(slot);
+}
+
 /// A new list under its name, as "AttInterpreterList"; it lives as long as the world.
 AttInterpreterList* make_att_list(World& world, const char* list_name, int estimated_size);
 /// A list of a world by its name, or null: after the look-up's report, or quietly.

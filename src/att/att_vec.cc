@@ -147,17 +147,6 @@ void AttVec::lay_out() {
   laid_out_char = static_cast<std::int16_t>(chars);
 }
 
-// Of a defined attribute that is not binary: its slot is in the block.
-inline AttWord AttVec::word_at(const AttSlot& slot) const {
-  return slot.storage == Storage::byte ? small_values[slot.at] : long_values[slot.at];
-}
-
-AttWord AttVec::get(int index) const {
-  if (!has(index)) return 0;
-  const AttSlot& slot = interpreters->slots[index];
-  return slot.storage == Storage::bit ? bin_values.test(index) : word_at(slot);
-}
-
 void AttVec::set(int index, AttWord value) {
   AttInterpreter* att = interpreters ? interpreters->at(index) : nullptr;
   if (!att) return;

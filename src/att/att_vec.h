@@ -65,8 +65,8 @@ class AttVec : public Counted<AttVec> {
   bool handed_out = false;
 
   bool has(int index) const { return defined.test(index); }
-  /// The raw value; 0 when undefined.
-  AttWord get(int index) const;
+  /// The raw value; 0 when undefined. (Defined where the types of vectors are known.)
+  inline AttWord get(int index) const;
   /// Marks defined and stores.
   void set(int index, AttWord value);
   void undefine(int index);
@@ -135,7 +135,7 @@ class AttVec : public Counted<AttVec> {
   static void operator delete(void*, void*) {}
 
  private:
-  AttWord word_at(const AttSlot& slot) const;
+  inline AttWord word_at(const AttSlot& slot) const;
   template <bool store>
   bool unify_pairs(const AttVec& other, const LBitSet* mask);
   template <bool store>

@@ -6,13 +6,41 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/nearest.h"
 
 namespace torvane {
 namespace {
 
+std::vector<std::string> option_names(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+  }
+  return names;
+}
+
+/// What is wrong with the arguments, with the name that may have been meant.
+std::string fault_of(const CLI::App& app, const CLI::App& asked, const CLI::ParseError& error) {
+  const std::vector<std::string> left = app.remaining(true);
+  const bool is_unknown =
+      error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError) || &asked == &app;
+  if (!is_unknown || left.empty()) return error.what();
+  const std::string& written = left.front();
+  if (written.starts_with('-'))
+    return "unknown option " + written +
+           hint_for(written.substr(0, written.find('=')), option_names(asked));
+  if (&asked != &app) return error.what();
+  std::vector<std::string> names;
+  for (const CliCommand& command : cli_commands()) names.emplace_back(command.name);
+  return "unknown command " + written + hint_for(written, names);
+}
+
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from CoNLL-U into another format", declare_convert},
+    {"help", "Show the page of a command, or a reference page", declare_help},
+    {"completion", "Write what bash completes", declare_completion},
 };
 
 }  // namespace
@@ -33,13 +61,17 @@ int run_command_line(int argc, char** argv, const char* version) {
   for (const CliCommand& command : cli_commands()) {
     CLI::App* sub = app.add_subcommand(command.name, command.what);
     sub->option_defaults()->take_last();
+    sub->footer("");
     works.emplace_back(sub, command.declare(*sub));
   }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error);  // --help, --version
-    std::cerr << "torvane: " << error.what() << "\nTry: torvane --help\n";
+    const std::vector<CLI::App*> asked = app.get_subcommands();
+    const CLI::App& at = asked.empty() ? app : *asked.front();
+    std::cerr << "torvane: " << fault_of(app, at, error) << "\nTry: torvane "
+              << (asked.empty() ? "" : at.get_name() + " ") << "--help\n";
     return kUsage;
   }
   for (const auto& [sub, work] : works)

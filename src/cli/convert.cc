@@ -9,8 +9,8 @@
 #include "cli/input.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
-#include "cli/sources.h"
 #include "formats/format.h"
+#include "sources/sources.h"
 
 namespace torvane {
 namespace {

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iostream>
@@ -57,6 +58,7 @@ bool Input::fill() {
     std::cerr << "torvane: " << name_ << ": " << std::strerror(errno) << '\n';
     failed_ = true;
   }
+  if (got > 0) bytes_read_ += static_cast<std::uint64_t>(got);
   buffer_.resize(had + (got > 0 ? static_cast<std::size_t>(got) : 0));
   return got > 0;
 }
@@ -83,8 +85,7 @@ bool Input::line(std::string& text) {
     text.assign(buffer_, at_, stop - at_);
     at_ = end == buffer_.npos ? stop : end + 1;
     ++line_number_;
-    if (!text.empty() && text.back() == '\r') text.pop_back();
-    if (line_number_ == 1 && text.starts_with("\xef\xbb\xbf")) text.erase(0, 3);
+    trim(text, line_number_ == 1);
     if (!told_of_bytes_) look_at_bytes(text);
     return true;
   }
@@ -112,6 +113,20 @@ bool Input::is_waiting() const {
   if (file_ < 0) return next_ < names_.size();
   pollfd poll_for{file_, POLLIN, 0};
   return poll(&poll_for, 1, 0) > 0;
+}
+
+double Input::share_read() const {
+  std::uint64_t all = 0;
+  for (const std::string& name : names_) {
+    struct stat status;
+    const bool known = name == "-" ? fstat(0, &status) == 0 : stat(name.c_str(), &status) == 0;
+    if (!known) continue;
+    if (!S_ISREG(status.st_mode)) return 0;
+    all += static_cast<std::uint64_t>(status.st_size);
+  }
+  // What waits in the buffer is not yet done.
+  const std::uint64_t done = bytes_read_ - (buffer_.size() - at_);
+  return all > 0 ? std::min(static_cast<double>(done) / static_cast<double>(all), 1.0) : 0;
 }
 
 bool Input::is_terminal() const {

@@ -2,33 +2,34 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "sources/line_input.h"
+
 namespace torvane {
 
-class Input {
+class Input : public LineInput {
  public:
   /// Without names, and for the name "-": standard input.
   explicit Input(std::vector<std::string> names);
-  ~Input();
+  ~Input() override;
   Input(const Input&) = delete;
   Input& operator=(const Input&) = delete;
 
-  /// The next line, without its end (LF or CRLF). False at the end of all files.
-  bool line(std::string& text);
-  /// The last line given was the first one of its file.
-  bool starts_file() const { return line_number_ == 1; }
+  bool line(std::string& text) override;
+  bool starts_file() const override { return line_number_ == 1; }
   /// Where the last line stood: `FILE:NUMBER`.
   std::string place() const;
-  /// Tells of a fault that stands some lines before the last one.
-  void tell(std::size_t lines_back, const std::string& fault);
+  void tell(std::size_t lines_back, const std::string& fault) override;
   /// Faults were told.
   bool has_faults() const { return has_faults_; }
-  /// More can be read without waiting for whoever writes it.
-  bool is_waiting() const;
-  /// Somebody types.
-  bool is_terminal() const;
+  bool is_waiting() const override;
+  /// How much of all that there is to read was read, up to 1; 0 where the end is not known, as of a
+  /// pipe.
+  double share_read() const;
+  bool is_terminal() const override;
   /// A file could not be read; it was told.
   bool failed() const { return failed_; }
 
@@ -47,6 +48,7 @@ class Input {
   bool failed_ = false;
   bool has_faults_ = false;
   bool told_of_bytes_ = false;
+  std::uint64_t bytes_read_ = 0;
 };
 
 }  // namespace torvane

@@ -29,6 +29,10 @@ Output::~Output() {
   if (file_ > 2) close(file_);
 }
 
+bool Output::is_terminal() const {
+  return isatty(file_) == 1;
+}
+
 void Output::fail() {
   shut_ = true;
   if (errno == EPIPE) return;

@@ -21,6 +21,7 @@ class Output {
   /// Nothing can be written: nobody reads any more, or an error, which was told.
   bool is_shut() const { return shut_; }
   bool failed() const { return failed_; }
+  bool is_terminal() const;
 
  private:
   void fail();

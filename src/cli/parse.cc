@@ -1,8 +1,10 @@
 // torvane parse: sentences in, trees out.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdint>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,10 +14,11 @@
 #include "cli/input.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
-#include "cli/sources.h"
+#include "cli/progress.h"
 #include "cli/summary.h"
 #include "cli/workers.h"
 #include "formats/format.h"
+#include "sources/sources.h"
 
 namespace torvane {
 namespace {
@@ -24,15 +27,24 @@ struct ParseOptions {
   std::vector<std::string> files;
   std::string from = "text", to = "conllu", output;
   GrammarChoice grammar;
+  std::string counts;
   std::size_t jobs = 1;
+  int best = 0;
   bool strict = false, quiet = false;
 };
 
 /// A run: where it reads and writes, and what it has done.
 struct Run {
+  explicit Run(const ParseOptions& options)
+      : input(options.files),
+        output(options.output),
+        format(*find_format(options.to)),
+        progress(!options.quiet && !output.is_terminal()) {}
+
   Input input;
   Output output;
   const Format& format;
+  Progress progress;
   Summary summary;
   std::unique_ptr<Source> source;
   std::uint64_t tasks = 0;
@@ -45,12 +57,37 @@ struct Run {
   }
 };
 
-void parse_here(Run& run, Engine& engine) {
+std::unique_ptr<Engine> make_engine(const ParseOptions& options, const GrammarFiles& grammar) {
+  std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
+  if (!engine || options.counts.empty()) return engine;
+  const std::string fault = engine->use_counts(options.counts);
+  if (fault.empty()) return engine;
+  std::cerr << "torvane: " << fault << '\n';
+  return nullptr;
+}
+
+/// Writes the tree of a task, or as many of the best ones as are wanted.
+Outcome parse_and_write(Engine& engine, const Task& task, const ParseOptions& options,
+                        const Format& format, std::string& out) {
+  Sentence sentence = parse_task(engine, task);
+  const Outcome outcome = outcome_of(sentence);
+  for (sentence.best = std::min(options.best, 1);;) {
+    format.write(out, sentence);
+    if (sentence.best >= options.best) return outcome;
+    std::optional<Sentence> next = next_tree(engine, task);
+    if (!next) return outcome;
+    next->best = sentence.best + 1;
+    next->starts_paragraph = false;
+    next->id += '-' + std::to_string(next->best);
+    sentence = std::move(*next);
+  }
+}
+
+void parse_here(Run& run, const ParseOptions& options, Engine& engine) {
   for (Task task; run.next(task);) {
-    const Sentence sentence = parse_task(engine, task);
-    run.summary.count(sentence);
-    run.format.write(run.output.buffer, sentence);
+    run.summary.count(parse_and_write(engine, task, options, run.format, run.output.buffer));
     run.output.flush(!run.input.is_waiting());
+    run.progress.show(run.summary, run.input);
   }
 }
 
@@ -58,11 +95,10 @@ void parse_here(Run& run, Engine& engine) {
 void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles& grammar) {
   constexpr std::size_t kWaitingEach = 64;
   Workers workers(options.jobs, [&](Workers& all) {
-    const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
+    const std::unique_ptr<Engine> engine = make_engine(options, grammar);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
-      job->sentence = parse_task(*engine, job->task);
-      run.format.write(job->written, job->sentence);
+      job->outcome = parse_and_write(*engine, job->task, options, run.format, job->written);
       all.give_back(*job);
     }
   });
@@ -77,26 +113,27 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     if (workers.waiting() == 0) continue;
     const std::unique_ptr<Job> job = workers.finished();
     if (!job->done) return;
-    run.summary.count(job->sentence);
+    run.summary.count(job->outcome);
     run.output.buffer += job->written;
     run.output.flush(workers.waiting() == 0 && !run.input.is_waiting());
+    run.progress.show(run.summary, run.input);
   }
 }
 
 int parse(const ParseOptions& options) {
   catch_interrupts();
   const GrammarFiles grammar = find_grammar(options.grammar);
-  const std::unique_ptr<Engine> engine = load_grammar(grammar, options.grammar.max_words);
+  const std::unique_ptr<Engine> engine = make_engine(options, grammar);
   if (!engine) return kNoGrammar;
-  Run run{Input(options.files), Output(options.output), *find_format(options.to), {}, {}};
+  Run run(options);
   run.source = make_source(options.from, run.input, *engine);
   if (options.jobs == 1) {
-    parse_here(run, *engine);
+    parse_here(run, options, *engine);
   } else {
     parse_in_threads(run, options, grammar);
   }
   run.output.flush(true);
-  leave_grammar();
+  run.progress.end();
   if (is_interrupted()) end_by_interrupt();
   if (!options.quiet) std::cerr << run.summary.text() << '\n';
   if (run.input.failed() || run.input.has_faults() || run.output.failed()) return kInputOutput;
@@ -124,6 +161,11 @@ std::function<int()> declare_parse(CLI::App& app) {
   app.add_option("--data", options->grammar.data, "Folder of the grammars");
   app.add_option("--style", options->grammar.style,
                  "Head style: content, where the grammar has it, or grammar");
+  app.add_option(
+      "--counts", options->counts,
+      "Folder of a database of counts, as script/learn leaves it: weigh dependencies by it");
+  app.add_option("--best", options->best, "So many of the best trees of each sentence")
+      ->check(CLI::Range(1, 1000));
   app.add_option("--max-words", options->grammar.max_words,
                  "A longer sentence is parsed piece by piece")
       ->check(CLI::Range(1, 30000))

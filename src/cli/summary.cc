@@ -1,7 +1,6 @@
 #include "cli/summary.h"
 
 namespace torvane {
-namespace {
 
 std::string with_commas(std::uint64_t number) {
   std::string digits = std::to_string(number);
@@ -9,29 +8,24 @@ std::string with_commas(std::uint64_t number) {
   return digits;
 }
 
-}  // namespace
+Outcome outcome_of(const Sentence& sentence) {
+  if (!sentence.cut.empty()) return Outcome::cut;
+  return sentence.is_whole() ? Outcome::whole : Outcome::parts;
+}
 
-void Summary::count(const Sentence& sentence) {
-  ++sentences_;
-  if (!sentence.cut.empty()) {
-    ++cut_;
-  } else if (sentence.is_whole()) {
-    ++whole_;
-  } else {
-    ++parts_;
-  }
+double Summary::seconds() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
 }
 
 std::string Summary::text() const {
-  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start_;
-  std::string text = with_commas(sentences_) + (sentences_ == 1 ? " sentence, " : " sentences, ") +
-                     with_commas(whole_) + " whole, " + with_commas(parts_) + " in parts, " +
-                     with_commas(cut_) + " cut";
-  if (took.count() > 0)
-    text +=
-        "; " +
-        with_commas(static_cast<std::uint64_t>(static_cast<double>(sentences_) / took.count())) +
-        " a second";
+  std::string text = with_commas(sentences()) +
+                     (sentences() == 1 ? " sentence, " : " sentences, ") + with_commas(counts_[0]) +
+                     " whole, " + with_commas(counts_[1]) + " in parts, " +
+                     with_commas(counts_[2]) + " cut";
+  if (const double took = seconds(); took > 0)
+    text += "; " +
+            with_commas(static_cast<std::uint64_t>(static_cast<double>(sentences()) / took)) +
+            " a second";
   return text;
 }
 

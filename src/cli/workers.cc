@@ -2,12 +2,9 @@
 
 #include <utility>
 
-namespace torvane {
+#include "support/depth.h"
 
-namespace {
-// As the process gives itself: what guards on recursion are made for.
-constexpr std::size_t kStackSize = std::size_t{256} << 20;
-}  // namespace
+namespace torvane {
 
 Workers::Workers(std::size_t count, std::function<void(Workers&)> work) : work_(std::move(work)) {
   auto start = [](void* self) -> void* {
@@ -17,7 +14,7 @@ Workers::Workers(std::size_t count, std::function<void(Workers&)> work) : work_(
   };
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, kStackSize);
+  pthread_attr_setstacksize(&attributes, kLargeStack);
   const std::lock_guard lock(mutex_);
   for (std::size_t i = 0; i < count; ++i) {
     pthread_t thread;
@@ -46,12 +43,15 @@ Job* Workers::take() {
   return job;
 }
 
+// Only the oldest one is waited for.
 void Workers::give_back(Job& job) {
+  bool is_oldest;
   {
     const std::lock_guard lock(mutex_);
     job.done = true;
+    is_oldest = &job == jobs_.front().get();
   }
-  less_.notify_all();
+  if (is_oldest) less_.notify_one();
 }
 
 void Workers::resign() {

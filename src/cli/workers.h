@@ -11,14 +11,15 @@
 #include <string>
 #include <vector>
 
-#include "cli/sources.h"
+#include "cli/summary.h"
+#include "sources/sources.h"
 
 namespace torvane {
 
 /// A task and what became of it.
 struct Job {
   Task task;
-  Sentence sentence;
+  Outcome outcome = Outcome::whole;
   std::string written;
   bool done = false;
 };

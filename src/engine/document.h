@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,10 @@ struct Sentence {
   std::vector<SentenceWord> words;
   std::vector<WordRange> ranges;  ///< in the order of the words
   bool starts_paragraph = false;
-  int parts = 0;    ///< trees that the grammar found; their tops hang on the root
+  int parts = 0;  ///< trees that the grammar found; their tops hang on the root
+  /// What the trees cost together: less is better, among the trees of one sentence.
+  std::optional<float> cost;
+  int best = 0;     ///< which one of the next-best trees, from 1; 0: they were not asked for
   std::string cut;  ///< what kept the parse from being complete: `words`, `items`; or empty
 
   /// One tree, and all words but punctuation in it.

@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <sstream>
+#include <tuple>
 
 #include "engine/all_offers.h"
 #include "engine/sentence_of.h"
 #include "parser/torvane_parser.h"
+#include "store/header_file.h"
+#include "support/messages.h"
 #include "support/text.h"
+#include "triples/db/triple_db.h"
 
 namespace torvane {
 
@@ -18,6 +23,16 @@ const Deps& result_of(TorvaneParser& parser) {
   return *parser._deps;
 }
 
+bool same_tree(const Sentence& a, const Sentence& b) {
+  return std::equal(a.words.begin(), a.words.end(), b.words.begin(), b.words.end(),
+                    [](const SentenceWord& one, const SentenceWord& other) {
+                      auto tie = [](const SentenceWord& w) {
+                        return std::tie(w.head, w.relation, w.upos, w.xpos, w.lemma, w.features);
+                      };
+                      return tie(one) == tie(other);
+                    });
+}
+
 }  // namespace
 
 Engine::Engine() : Engine(World::Console::of_process()) {}
@@ -25,6 +40,11 @@ Engine::Engine() : Engine(World::Console::of_process()) {}
 Engine::Engine(const World::Console& console) : world_(console) {
   WorldScope here(world_);
   for (const Offer* offer : all_offers()) offer->enter(world_);
+}
+
+Engine::~Engine() {
+  WorldScope here(world_);
+  counts_.reset();
 }
 
 void Engine::start(const char* data_dir) {
@@ -63,11 +83,33 @@ std::string Engine::load(const std::vector<std::string>& files,
   }
   TorvaneParser* parser = current_parser(world_);
   if (!parser || !parser->grammar._lex) return "the grammar makes no parser";
+  parser->grammar.frames_by_name = true;
   labels_ = std::make_unique<Labels>(world_);
   return {};
 }
 
+std::string Engine::use_counts(const std::string& folder) {
+  constexpr long kBuckets = 59999;
+  constexpr long kIdBuckets = 200011;
+  WorldScope here(world_);
+  std::ostringstream faults;
+  {
+    MessagesTo kept(faults);
+    FileSearch files;
+    files.only({folder});
+    HeaderFile header(files, "triples.hdr", world_.double_byte);
+    counts_ = std::make_unique<TripleDb>(kBuckets, kIdBuckets, false);
+    counts_->link_file(world_.objects, header, OpenMode::read);
+  }
+  const std::string fault = faults.str();
+  if (!counts_->has_file())
+    return folder + " has no counts that can be read: " + fault.substr(0, fault.find('\n'));
+  current_parser(world_)->costs._reldb = counts_.get();
+  return {};
+}
+
 Sentence Engine::parse(std::string_view text) {
+  has_next_ = false;
   Sentence whole;
   std::size_t from = 0, gap_from = 0, words = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
@@ -81,14 +123,16 @@ Sentence Engine::parse(std::string_view text) {
     gap_from = end;
     from = at;
   }
-  if (from == 0) return parse_piece(text);
+  has_next_ = from == 0;
+  if (has_next_) return parse_piece(text);
   append(whole, parse_piece(text.substr(from)), text.substr(gap_from, from - gap_from));
   whole.cut = "words";
   return whole;
 }
 
 Sentence Engine::parse(const std::vector<std::string>& words) {
-  if (words.size() <= max_words) return parse_piece(words);
+  has_next_ = words.size() <= max_words;
+  if (has_next_) return parse_piece(words);
   Sentence whole;
   for (auto from = words.begin(); from != words.end();) {
     const auto to =
@@ -106,14 +150,23 @@ int Engine::boundary(std::string_view token) {
   return labels_->finds_sentences() ? labels_->boundary(token) : -1;
 }
 
+bool Engine::joint(std::string_view token) {
+  WorldScope here(world_);
+  return labels_->joint(token);
+}
+
 Sentence Engine::parse_piece(std::string_view text) {
   WorldScope here(world_);
   TorvaneParser& parser = *current_parser(world_);
-  if (!parser.feed(std::string(text).c_str(), nullptr)) return {};
+  if (!parser.feed(std::string(text).c_str(), nullptr)) {
+    has_next_ = false;
+    return {};
+  }
   parser.parse_items();
-  Sentence sentence = sentence_of(result_of(parser), text, *labels_);
-  if (parser.chart.is_exhausted()) sentence.cut = "items";
-  return sentence;
+  text_ = text;
+  words_.clear();
+  given_.clear();
+  return result();
 }
 
 Sentence Engine::parse_piece(const std::vector<std::string>& words) {
@@ -122,11 +175,44 @@ Sentence Engine::parse_piece(const std::vector<std::string>& words) {
   std::vector<const char*> forms;
   forms.reserve(words.size());
   for (const std::string& word : words) forms.push_back(word.c_str());
-  if (!parser.feed_words(forms)) return {};
+  if (!parser.feed_words(forms)) {
+    has_next_ = false;
+    return {};
+  }
   parser.parse_items();
-  Sentence sentence = sentence_of(result_of(parser), words, *labels_);
+  text_.clear();
+  words_ = words;
+  given_.clear();
+  return result();
+}
+
+Sentence Engine::result() {
+  TorvaneParser& parser = *current_parser(world_);
+  const Deps& deps = result_of(parser);
+  Sentence sentence =
+      words_.empty() ? sentence_of(deps, text_, *labels_) : sentence_of(deps, words_, *labels_);
+  sentence.cost = parser.cost();
   if (parser.chart.is_exhausted()) sentence.cut = "items";
   return sentence;
+}
+
+// Many derivations give the same tree.
+std::optional<Sentence> Engine::next() {
+  constexpr int kMostAlike = 200;
+  if (!has_next_) return {};
+  WorldScope here(world_);
+  if (given_.empty()) given_.push_back(result());
+  for (int tries = 0; tries < kMostAlike && current_parser(world_)->next_deps(); ++tries) {
+    Sentence sentence = result();
+    const bool is_new = std::none_of(given_.begin(), given_.end(), [&](const Sentence& other) {
+      return same_tree(sentence, other);
+    });
+    if (!is_new) continue;
+    given_.push_back(sentence);
+    return sentence;
+  }
+  has_next_ = false;
+  return {};
 }
 
 }  // namespace torvane

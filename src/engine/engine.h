@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,11 +15,14 @@
 
 namespace torvane {
 
+class TripleDb;
+
 class Engine {
  public:
   /// On the process's own streams.
   Engine();
   explicit Engine(const World::Console& console);
+  ~Engine();
 
   World& world() { return world_; }
   /// Sets the search path, then runs the start-up file `torvane.lsp` that is found along it.
@@ -32,22 +36,37 @@ class Engine {
   /// Runs files by their paths, one after the other; what they load is looked for in the folders,
   /// in that order, and nowhere else. An empty text, or what is wrong.
   std::string load(const std::vector<std::string>& files, const std::vector<std::string>& folders);
+  /// Lets a database of counts that script/learn left in a folder weigh the dependencies of the
+  /// loaded grammar. An empty text, or what is wrong.
+  std::string use_counts(const std::string& folder);
   /// Parses a text as one sentence, once a grammar is loaded. What stands behind a zero byte comes
   /// out in words outside the tree.
   Sentence parse(std::string_view text);
   /// The same of words as they are given.
   Sentence parse(const std::vector<std::string>& words);
+  /// The next-best tree of the sentence that was parsed last: another one than those that it gave
+  /// so far. Nothing where there is none, and for a sentence that was parsed piece by piece.
+  std::optional<Sentence> next();
   /// A sentence of more words (between blanks) is parsed piece by piece.
   std::size_t max_words = 200;
   /// Reads the next token of a running text: -1 while no sentence ends, else how many of the tokens
   /// read belong to the next one. A grammar that knows nothing of it gives -1.
   int boundary(std::string_view token);
+  /// Whether two sentences meet inside a token of it: there a blank was put into it.
+  bool joint(std::string_view token);
 
  private:
   Sentence parse_piece(std::string_view text);
   Sentence parse_piece(const std::vector<std::string>& words);
+  Sentence result();
 
   World world_;
+  std::unique_ptr<TripleDb> counts_;  // null: none
+  // The sentence in hand: one of the two, and the trees that were given.
+  std::string text_;
+  std::vector<std::string> words_;
+  std::vector<Sentence> given_;
+  bool has_next_ = false;
   std::unique_ptr<Labels> labels_;  // compiled in the world, so that they end before it
 };
 

@@ -32,7 +32,8 @@ Labels::Labels(World& world)
       features_(function(world, "universal-features")),
       outside_category_(function(world, "outside-category")),
       outside_relation_(function(world, "outside-relation")),
-      boundary_(function(world, "sentence-boundary")) {}
+      boundary_(function(world, "sentence-boundary")),
+      joint_(function(world, "sentence-joint")) {}
 
 std::string Labels::label(const ExpPtr& function, DepTree& node) {
   if (!function) return {};
@@ -60,6 +61,12 @@ int Labels::boundary(std::string_view token) const {
   TextScope texts;
   return static_cast<int>(
       boundary_.eval(Value::made_text(token), type_id_of<const char*>()).number());
+}
+
+bool Labels::joint(std::string_view token) const {
+  if (!joint_) return false;
+  TextScope texts;
+  return static_cast<bool>(joint_.eval(Value::made_text(token), type_id_of<const char*>()));
 }
 
 }  // namespace torvane

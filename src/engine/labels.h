@@ -30,11 +30,13 @@ class Labels {
   /// Reads the next token of a text: -1 while no sentence ends, else how many of the tokens read
   /// belong to the next one.
   int boundary(std::string_view token) const;
+  /// Whether two sentences meet inside a token: there a blank was put into it.
+  bool joint(std::string_view token) const;
 
  private:
   static std::string label(const ExpPtr& function, DepTree& node);
 
-  ExpPtr category_, relation_, features_, outside_category_, outside_relation_, boundary_;
+  ExpPtr category_, relation_, features_, outside_category_, outside_relation_, boundary_, joint_;
 };
 
 }  // namespace torvane

@@ -292,6 +292,7 @@ void append(Sentence& first, Sentence&& second, std::string_view gap) {
   }
   first.text += second.text;
   first.parts += second.parts;
+  if (second.cost) first.cost = first.cost.value_or(0) + *second.cost;
 }
 
 }  // namespace torvane

@@ -2,6 +2,7 @@
 #include <cstddef>
 
 #include "formats/format.h"
+#include "formats/layout.h"
 
 namespace torvane {
 namespace {
@@ -76,6 +77,10 @@ void add_word(std::string& out, const SentenceWord& word, std::size_t number) {
 
 void write_conllu(std::string& out, const Sentence& sentence) {
   if (sentence.words.empty()) return;
+  if (sentence.best > 0) {
+    add_comment(out, "best", std::to_string(sentence.best));
+    if (sentence.cost) add_comment(out, "cost", cost_text(*sentence.cost));
+  }
   for (const std::string& comment : sentence.comments) {
     out += comment;
     out += '\n';

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "formats/format.h"
+#include "formats/layout.h"
 #include "text/utf8.h"
 
 namespace torvane {
@@ -55,6 +56,8 @@ void write_json(std::string& out, const Sentence& sentence) {
   add_text(out, "id", sentence.id);
   add_number(out, "parts", static_cast<std::size_t>(sentence.parts));
   add_text(out, "cut", sentence.cut);
+  if (sentence.best > 0) add_number(out, "best", static_cast<std::size_t>(sentence.best));
+  if (sentence.cost) out += ",\"cost\":" + cost_text(*sentence.cost);
   out += ",\"words\":[";
   std::size_t id = 0, byte = 0, character = 0;
   auto character_at = [&](std::size_t to) {

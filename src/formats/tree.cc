@@ -133,6 +133,11 @@ class Drawing {
 }  // namespace
 
 void write_tree(std::string& out, const Sentence& sentence) {
+  if (sentence.best > 0) {
+    out += std::to_string(sentence.best) + ':';
+    if (sentence.cost) out += " cost " + cost_text(*sentence.cost);
+    out += '\n';
+  }
   if (!sentence.words.empty()) Drawing(sentence).write(out);
 }
 

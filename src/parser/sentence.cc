@@ -166,4 +166,15 @@ void TorvaneParser::parse_items() {
   if (!_constituency) parse_to_deps();
 }
 
+bool TorvaneParser::next_deps() {
+  if (refuse_while_parsing(_world, "parse", grammar._lex) || !_deps) return false;
+  SentenceInHand in_hand(*this);
+  if (!next_trees_) next_trees_ = std::make_unique<NextTrees>(forest_, grammar, chart);
+  if (!next_trees_->next()) return false;
+  cost_ = next_trees_->cost();
+  drop_result();
+  build(next_trees_->roots());
+  return true;
+}
+
 }  // namespace torvane

@@ -33,6 +33,8 @@ TorvaneParser::TorvaneParser(World& world, int hashtable_size)
 
 void TorvaneParser::reset() {
   if (refuse_while_parsing(_world, "reset-parser", grammar._lex)) return;
+  next_trees_.reset();
+  forest_.clear();
   chart.reset();
   costs.reset();
   if (grammar._lex) grammar._lex->reset();
@@ -52,14 +54,22 @@ void TorvaneParser::drop_result() {
 
 void TorvaneParser::parse_to_deps() {
   if (!grammar._lex) return;
+  next_trees_.reset();
   forest_.clear();
   forest_.collect_roots(grammar, chart);
   choose_roots(grammar, _word_weight, forest_, cover_);
+  cost_ = 0;
+  for (const TNode* root : forest_._roots)
+    cost_ += static_cast<float>(root->_root_penalty) + root->_weight;
+  build(forest_._roots);
+}
+
+void TorvaneParser::build(const Slist<TNode*>& roots) {
   if (!_deps || _deps->shared()) _deps = make_ref<Deps>(_world);
   if (!_deps->is_clear()) _deps->clear();
   _deps->_att_type = grammar._att_type;
   _deps->set_words(*grammar._lex);
-  builder_.build(forest_._roots, *_deps);
+  builder_.build(roots, *_deps);
   if (_deps_modifier && _deps->_root) _deps_modifier->modify(_deps->_root);
 }
 

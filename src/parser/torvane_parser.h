@@ -10,6 +10,7 @@
 #include "deps/deps_modifier.h"
 #include "parser/chart/chart.h"
 #include "parser/forest/cover.h"
+#include "parser/forest/next_trees.h"
 #include "parser/forest/parse_forest.h"
 #include "parser/forest/tree_builder.h"
 
@@ -50,6 +51,10 @@ class TorvaneParser {
   void parse(const char* text, TokenizerBase* tokenizer);
   /// The result in `_deps`: the forest scored, covered and converted, once a sentence.
   void parse_to_deps();
+  /// Makes the next-best result of the sentence the result; false, and it stays, if there is none.
+  bool next_deps();
+  /// What the result costs: less is better, among those of one sentence.
+  float cost() const { return cost_; }
   /// A sentence is in hand: the grammar, the chart and the analyser stay as they are.
   bool is_parsing() const { return parsing_; }
 
@@ -63,12 +68,15 @@ class TorvaneParser {
   bool feed_with(AddWords add_words);
   bool collect_items();
   void drop_result();
+  void build(const Slist<TNode*>& roots);
 
   bool parsing_ = false;
   std::vector<Initial> initial_;
   ParseForest forest_{&costs};
   Cover cover_;
   TreeBuilder builder_;
+  float cost_ = 0;
+  std::unique_ptr<NextTrees> next_trees_;  // null until one was asked for
 };
 
 namespace tags {

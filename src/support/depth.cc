@@ -45,9 +45,9 @@ void DepthGuard::look_closer() {
   if (!ok_) trip(limit_);
 }
 
-int run_on_large_stack(std::size_t bytes, int (*body)()) {
+int run_on_large_stack(const std::function<int()>& body) {
   struct Run {
-    int (*body)();
+    const std::function<int()>& body;
     int result;
   } run{body, 0};
   auto start = [](void* argument) -> void* {
@@ -57,7 +57,7 @@ int run_on_large_stack(std::size_t bytes, int (*body)()) {
   };
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, bytes);
+  pthread_attr_setstacksize(&attributes, kLargeStack);
   pthread_t thread;
   bool started = pthread_create(&thread, &attributes, start, &run) == 0;
   pthread_attr_destroy(&attributes);

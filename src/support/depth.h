@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 namespace torvane {
 
@@ -76,8 +77,10 @@ inline void lift_depth_limits() {
 /// Bytes of stack left below the caller.
 std::size_t stack_left();
 
-/// Runs `body` on a stack of `bytes` bytes and gives its result: how the process gets a stack that
-/// fits the guards.
-int run_on_large_stack(std::size_t bytes, int (*body)());
+/// The stack that the guards are made for: how the process gets it.
+inline constexpr std::size_t kLargeStack = std::size_t{256} << 20;
+
+/// Runs `body` on a stack of that size, in a thread of its own, and gives its result.
+int run_on_large_stack(const std::function<int()>& body);
 
 }  // namespace torvane

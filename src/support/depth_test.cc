@@ -42,7 +42,7 @@ TEST(Depth, EndsBeforeTheStackDoes) {
   lift_depth_limits();
   std::thread([] { deepest = go_down(0); }).join();
   lift_depth_limits();
-  int on_a_large_one = run_on_large_stack(std::size_t{64} << 20, [] { return go_down(0); });
+  int on_a_large_one = run_on_large_stack([] { return go_down(0); });
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "by stack: too deep\nby stack: too deep\nby stack: too deep\n");
   EXPECT_GT(on_this_stack, 1000);

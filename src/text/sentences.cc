@@ -7,6 +7,10 @@
 
 namespace torvane {
 
+namespace {
+constexpr std::size_t kLongestWord = 100;
+}
+
 SentenceCutter::SentenceCutter(Engine& engine, std::size_t most_words)
     : engine_(engine), most_words_(most_words) {}
 
@@ -20,12 +24,30 @@ void SentenceCutter::add_line(std::string_view line) {
       ++at;
       continue;
     }
-    tokens_.push_back({pending_.size(), pending_.size() + end - at});
-    pending_ += line.substr(at, end - at);
-    read(line.substr(at, end - at), 0);
-    if (tokens_.size() >= most_words_) cut(0);
+    for (std::string_view token = line.substr(at, end - at); !token.empty();) {
+      const std::size_t length = joint_in(token);
+      add_token(token.substr(0, length));
+      token.remove_prefix(length);
+    }
     at = end;
   }
+}
+
+/// Bytes of a token up to where the next sentence begins without a blank; else all.
+std::size_t SentenceCutter::joint_in(std::string_view token) {
+  for (std::size_t i = 1; i < token.size() && token.size() <= kLongestWord; ++i) {
+    if (!is_punct(token[i - 1]) || !is_alpha(token[i])) continue;
+    std::string parted(token);
+    if (engine_.joint(parted.insert(i, 1, ' '))) return i;
+  }
+  return token.size();
+}
+
+void SentenceCutter::add_token(std::string_view token) {
+  tokens_.push_back({pending_.size(), pending_.size() + token.size()});
+  pending_ += token;
+  read(token, 0);
+  if (tokens_.size() >= most_words_) cut(0);
 }
 
 // Tokens that belong to the next sentence are read once more, as its beginning.
@@ -46,8 +68,9 @@ void SentenceCutter::cut(std::size_t tokens_kept) {
   if (taken == 0) return;
   const std::size_t end = tokens_[taken - 1].end;
   const std::size_t begin = tokens_.front().begin;
-  ready_.push_back({pending_.substr(begin, end - begin), std::exchange(starts_paragraph_, false)});
   const std::size_t next = tokens_kept > 0 ? tokens_[taken].begin : pending_.size();
+  ready_.push_back({pending_.substr(begin, end - begin), std::exchange(starts_paragraph_, false),
+                    tokens_kept == 0 || next > end});
   pending_.erase(0, next);
   tokens_.erase(tokens_.begin(), tokens_.begin() + static_cast<std::ptrdiff_t>(taken));
   for (Token& token : tokens_) {

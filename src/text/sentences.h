@@ -14,6 +14,7 @@ namespace torvane {
 struct CutSentence {
   std::string text;
   bool starts_paragraph;
+  bool space_after;  ///< false where the next sentence begins without a blank
 };
 
 /// Takes a text line by line and gives its sentences. White space at their ends is left out.
@@ -31,6 +32,8 @@ class SentenceCutter {
   struct Token {
     std::size_t begin, end;
   };
+  std::size_t joint_in(std::string_view token);
+  void add_token(std::string_view token);
   void read(std::string_view token, std::size_t depth);
   void cut(std::size_t tokens_kept);
 

@@ -104,6 +104,8 @@ bool Chart::store_by_start(const GCate& node, PItem* item) {
 
 void Chart::start() {
   ready_.resize(static_cast<std::size_t>(grammar_.node_count()));
+  words_ = grammar_._lex ? static_cast<std::size_t>(grammar_._lex->word_count()) : 0;
+  answers_.assign(static_cast<std::size_t>(grammar_.column_count()) * words_, Answer::none);
 }
 
 void Chart::reset() {

@@ -94,6 +94,15 @@ class Chart {
   /// The same behind the node's positions, in the order of starts. False if it was not stored.
   bool store_by_start(const GCate& node, PItem* item);
 
+  /// What the condition of a position on the words to be skipped said of a word, where it need not
+  /// be asked twice; null for a place that is not kept.
+  enum class Answer : std::uint8_t { none, no, yes };
+  Answer* answer(const GCate& node, int position, int word_index) {
+    const auto word = static_cast<std::size_t>(word_index);
+    const std::size_t place = static_cast<std::size_t>(node.column(position)) * words_ + word;
+    return word < words_ && place < answers_.size() ? &answers_[place] : nullptr;
+  }
+
   /// Items of a node that wait to be sent upward.
   Items& ready(const GCate& node) { return ready_[static_cast<std::size_t>(node._number)]; }
 
@@ -133,6 +142,8 @@ class Chart {
   SpanIndex by_span_;
   bool shifted_ = false;  // the index does not hold for all items
   std::vector<Items> ready_;
+  std::vector<Answer> answers_;  // a row of words for each column
+  std::size_t words_ = 0;
 };
 
 }  // namespace torvane

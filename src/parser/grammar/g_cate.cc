@@ -33,8 +33,7 @@ GCate::GCate(Grammar& grammar, const char* name, int number)
   _guest_link->set_weight(kGuestWeight);
 }
 
-bool GCate::any_required(int from, int to) const {
-  if (required_ == 0) return false;
+bool GCate::requires_between(int from, int to) const {
   for (int i = std::max(from, 0); i < to; ++i)
     if (required(i)) return true;
   return false;
@@ -122,6 +121,11 @@ void GCate::add_link(Link* link, int position) {
 void GCate::add_out_link(Link* link) {
   auto place = std::upper_bound(out_links_.begin(), out_links_.end(), link->weight(),
                                 [](float weight, const Link* l) { return weight < l->weight(); });
+  if (_grammar.frames_by_name && link->_parent->_is_subcat)
+    place = std::find_if(out_links_.begin(), place, [&](const Link* l) {
+      return l->weight() == link->weight() && l->_parent->_is_subcat &&
+             l->_parent->_name > link->_parent->_name;
+    });
   out_links_.insert(place, link);
 }
 

@@ -58,7 +58,8 @@ class alignas(64) GCate {
   int head() const { return head_; }
   /// The links that arrive at a position; behind the last one those of subclasses.
   const std::vector<Link*>& links_at(int position) const { return positions_[position]; }
-  /// The links by which items leave, ascending by weight, then in order of definition.
+  /// The links by which items leave, ascending by weight, then in order of definition (those to
+  /// frames also by name).
   const std::vector<Link*>& out_links() const { return out_links_; }
   /// The column of the chart for items that have filled the positions up to this one.
   int column(int position) const { return first_column_ + position; }
@@ -73,7 +74,7 @@ class alignas(64) GCate {
     return position >= 0 && position < n_positions_ && bit(required_, position);
   }
   /// One of from..to-1 must be filled.
-  bool any_required(int from, int to) const;
+  bool any_required(int from, int to) const { return required_ != 0 && requires_between(from, to); }
   /// The skip-word condition of a position, or null.
   const Condition* skip_cond(int position) const {
     bool present = static_cast<std::size_t>(position) < skip_conds_.size() && skip_conds_[position];
@@ -107,6 +108,7 @@ class alignas(64) GCate {
     mask |= 1u << (position & 31);
   }
   static void clear_bit(std::uint32_t& mask, int position) { mask &= ~(1u << (position & 31)); }
+  bool requires_between(int from, int to) const;
   void put_link(Link* link, int position);
 };
 

@@ -32,6 +32,9 @@ class Grammar {
   AttInterpreterList* _att_type = nullptr;
   AttSet _percolating;
   std::vector<RootRule> _roots;
+  /// The links to frames stand by the frames' names, not as the words came that brought them: then
+  /// a parse does not depend on those before it.
+  bool frames_by_name = false;
 
   /// The node of a name; made if `create`, else null when missing.
   GCate* get_node(const char* name, bool create);

@@ -15,9 +15,16 @@ constexpr int kLongestAdjunct = 4;
 
 }  // namespace
 
-bool ParseRun::passes_on_word(const ExpPtr* cond, int i) const {
+bool ParseRun::skips_word(const GCate& node, int position, int i) const {
+  const Condition* cond = node.skip_cond(position);
   const char* word = cond ? grammar_.word(i) : nullptr;
-  return word && holds(*cond->get(), grammar_._lex->text_value(word), type_id_of<const char*>());
+  if (!word) return false;
+  Chart::Answer* known = cond->reach() == Reach::input ? chart_.answer(node, position, i) : nullptr;
+  if (known && *known != Chart::Answer::none) return *known == Chart::Answer::yes;
+  const bool passes =
+      holds(*cond->get(), grammar_._lex->text_value(word), type_id_of<const char*>());
+  if (known) *known = passes ? Chart::Answer::yes : Chart::Answer::no;
+  return passes;
 }
 
 /// Calls `visit(position, end, adjunct)` for the places before the item that another one may end
@@ -120,7 +127,7 @@ int ParseRun::next_left(const GCate& node, int position, int q, const PItem& ite
                         PItem*& adjunct) const {
   adjunct = nullptr;
   if (q <= 0) return -1;
-  if (passes_on_word(node.skip_cond(position), q) || grammar_.skipped(q)) return q - 1;
+  if (skips_word(node, position, q) || grammar_.skipped(q)) return q - 1;
   const GCate* adjuncts = node.skips_adjunct(position) ? grammar_.adjunct_node() : nullptr;
   return adjuncts ? before_adjunct(*adjuncts, q, item, adjunct) : -1;
 }

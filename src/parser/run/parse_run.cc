@@ -81,7 +81,7 @@ bool ParseRun::is_useless(const PItem& item, const Link& link) const {
 /// A head may end right before the item.
 bool ParseRun::has_head_before(const GCate& node, int position, const PItem& item) const {
   int end = item._low - 1;
-  if (passes_on_word(node.skip_cond(position), end) && !chart_.ends_at(node, end)) --end;
+  if (skips_word(node, position, end) && !chart_.ends_at(node, end)) --end;
   return grammar_.skipped(end) || chart_.ends_at(node, end);
 }
 

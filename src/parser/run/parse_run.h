@@ -58,7 +58,8 @@ class ParseRun {
   /// adjunct that lies between comes back in `adjunct`.
   int next_left(const GCate& node, int position, int q, const PItem& item, PItem*& adjunct) const;
   int before_adjunct(const GCate& adjuncts, int q, const PItem& item, PItem*& adjunct) const;
-  bool passes_on_word(const ExpPtr* cond, int i) const;
+  /// The position lets a modifier stand on the other side of the word.
+  bool skips_word(const GCate& node, int position, int i) const;
 
   // Storing, in add_item.cc.
   bool join_alternative(const GCate& node, PItem* item, Positions positions);

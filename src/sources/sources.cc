@@ -1,4 +1,4 @@
-#include "cli/sources.h"
+#include "sources/sources.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,7 +16,7 @@ constexpr const char* kBlanks = " \t\r\f\v";
 /// A sentence a line; an empty line is none.
 class Lines : public Source {
  public:
-  explicit Lines(Input& input) : input_(input) {}
+  explicit Lines(LineInput& input) : input_(input) {}
   bool next(Task& task) override {
     task = {};
     while (input_.line(task.text))
@@ -25,13 +25,13 @@ class Lines : public Source {
   }
 
  private:
-  Input& input_;
+  LineInput& input_;
 };
 
 /// A sentence a line, with blanks between its words.
 class Tokens : public Source {
  public:
-  explicit Tokens(Input& input) : lines_(input) {}
+  explicit Tokens(LineInput& input) : lines_(input) {}
   bool next(Task& task) override {
     if (!lines_.next(task)) return false;
     for (std::size_t at = 0; (at = task.text.find_first_not_of(kBlanks, at)) != task.text.npos;) {
@@ -52,7 +52,7 @@ class Text : public Source {
   // Where nothing tells a sentence's end, memory still has one.
   static constexpr std::size_t kMostWords = 2000;
 
-  Text(Input& input, Engine& engine) : input_(input), cutter_(engine, kMostWords) {}
+  Text(LineInput& input, Engine& engine) : input_(input), cutter_(engine, kMostWords) {}
   bool next(Task& task) override {
     CutSentence sentence;
     while (!cutter_.next(sentence)) {
@@ -62,6 +62,7 @@ class Text : public Source {
     task = {};
     task.text = std::move(sentence.text);
     task.starts_paragraph = sentence.starts_paragraph;
+    task.space_after = sentence.space_after;
     return true;
   }
 
@@ -76,7 +77,7 @@ class Text : public Source {
     if (input_.is_terminal() && !input_.is_waiting()) cutter_.end_paragraph();
   }
 
-  Input& input_;
+  LineInput& input_;
   SentenceCutter cutter_;
   std::string line_;
   bool ended_ = false;
@@ -85,7 +86,7 @@ class Text : public Source {
 /// Trees that were made before: their words are kept.
 class Conllu : public Source {
  public:
-  explicit Conllu(Input& input) : input_(input) {}
+  explicit Conllu(LineInput& input) : input_(input) {}
   bool next(Task& task) override {
     for (bool more = true; more;) {
       more = input_.line(line_);
@@ -103,7 +104,7 @@ class Conllu : public Source {
   }
 
  private:
-  Input& input_;
+  LineInput& input_;
   ConlluReader reader_;
   std::string line_;
 };
@@ -123,19 +124,24 @@ Sentence merged(Sentence read, const Sentence& parsed) {
     word.part = now.part;
   }
   read.parts = parsed.parts;
+  read.cost = parsed.cost;
   read.cut = parsed.cut;
   return read;
 }
 
-Sentence parse_text(Engine& engine, const std::string& text) {
+enum class Which { best, next };
+
+std::optional<Sentence> parse_text(Engine& engine, const std::string& text, Which which) {
   const PlainText plain(text);
-  Sentence sentence = engine.parse(plain.text());
-  plain.restore(sentence);
+  std::optional<Sentence> sentence =
+      which == Which::next ? engine.next() : engine.parse(plain.text());
+  if (sentence) plain.restore(*sentence);
   return sentence;
 }
 
 /// The words stay as they are given; the grammar sees plain ones.
-Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
+std::optional<Sentence> parse_words(Engine& engine, const std::vector<std::string>& words,
+                                    Which which) {
   std::vector<std::string> plain;
   plain.reserve(words.size());
   for (const std::string& word : words) {
@@ -144,31 +150,42 @@ Sentence parse_words(Engine& engine, const std::vector<std::string>& words) {
     text.erase(text.find_last_not_of(' ') + 1);
     plain.push_back(text.empty() ? word : text);
   }
-  Sentence sentence = engine.parse(plain);
-  sentence.text.clear();
-  for (std::size_t i = 0; i < sentence.words.size() && i < words.size(); ++i) {
-    SentenceWord& word = sentence.words[i];
-    if (i > 0) sentence.text += ' ';
-    word.begin = sentence.text.size();
+  std::optional<Sentence> sentence = which == Which::next ? engine.next() : engine.parse(plain);
+  if (!sentence) return {};
+  sentence->text.clear();
+  for (std::size_t i = 0; i < sentence->words.size() && i < words.size(); ++i) {
+    SentenceWord& word = sentence->words[i];
+    if (i > 0) sentence->text += ' ';
+    word.begin = sentence->text.size();
     word.form = words[i];
-    sentence.text += word.form;
-    word.end = sentence.text.size();
+    sentence->text += word.form;
+    word.end = sentence->text.size();
   }
+  return sentence;
+}
+
+std::optional<Sentence> tree_of(Engine& engine, const Task& task, Which which) {
+  std::optional<Sentence> sentence = task.words.empty() ? parse_text(engine, task.text, which)
+                                                        : parse_words(engine, task.words, which);
+  if (!sentence) return {};
+  if (task.read) sentence = merged(*task.read, *sentence);
+  sentence->id = task.id;
+  sentence->starts_paragraph |= task.starts_paragraph;
+  if (!task.space_after && !sentence->words.empty()) sentence->words.back().space_after = false;
   return sentence;
 }
 
 }  // namespace
 
 Sentence parse_task(Engine& engine, const Task& task) {
-  Sentence sentence =
-      task.words.empty() ? parse_text(engine, task.text) : parse_words(engine, task.words);
-  if (task.read) sentence = merged(*task.read, sentence);
-  sentence.id = task.id;
-  sentence.starts_paragraph |= task.starts_paragraph;
-  return sentence;
+  return tree_of(engine, task, Which::best).value();
 }
 
-std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engine& engine) {
+std::optional<Sentence> next_tree(Engine& engine, const Task& task) {
+  return tree_of(engine, task, Which::next);
+}
+
+std::unique_ptr<Source> make_source(const std::string& name, LineInput& input, Engine& engine) {
   if (name == "text") return std::make_unique<Text>(input, engine);
   if (name == "lines") return std::make_unique<Lines>(input);
   if (name == "tokens") return std::make_unique<Tokens>(input);
@@ -176,7 +193,7 @@ std::unique_ptr<Source> make_source(const std::string& name, Input& input, Engin
   return nullptr;
 }
 
-std::unique_ptr<Source> make_tree_source(Input& input) {
+std::unique_ptr<Source> make_tree_source(LineInput& input) {
   return std::make_unique<Conllu>(input);
 }
 

@@ -1,0 +1,49 @@
+#include "library/given_text.h"
+
+#include <algorithm>
+
+#include "support/text.h"
+#include "text/utf8.h"
+
+namespace torvane {
+
+bool GivenText::line(std::string& text) {
+  if (at_ >= text_.size()) return false;
+  const std::size_t end = std::min(text_.find('\n', at_), text_.size());
+  text = text_.substr(at_, end - at_);
+  at_ = end + 1;
+  ++line_number_;
+  trim(text, line_number_ == 1);
+  return true;
+}
+
+void GivenText::tell(std::size_t lines_back, const std::string& fault) {
+  if (!faults_.empty()) faults_ += '\n';
+  faults_ += std::to_string(line_number_ - lines_back) + ": " + fault;
+}
+
+void TextSearch::step() {
+  if (character_end_ <= at_.byte) {
+    const std::size_t length = utf8_length(text_.substr(at_.byte));
+    character_end_ = at_.byte + std::max<std::size_t>(length, 1);
+  }
+  ++at_.byte;
+  if (at_.byte == character_end_) ++at_.character;
+}
+
+std::vector<Place> TextSearch::find(std::string_view piece) {
+  std::vector<Place> places;
+  places.reserve(piece.size());
+  for (char c : piece) {
+    if (is_space(c)) {
+      places.push_back(at_);
+      continue;
+    }
+    while (at_.byte < text_.size() && text_[at_.byte] != c) step();
+    places.push_back(at_);
+    if (at_.byte < text_.size()) step();
+  }
+  return places;
+}
+
+}  // namespace torvane
