@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Prints what the benchmarks reach as one table, and what a whole run of the program costs.
 
-usage: bench_table.py BENCH_PROGRAM STORE_BENCH_PROGRAM PROGRAM DATA_FOLDER [options of the benchmark programs]
+usage: bench_table.py BENCH_PROGRAM STORE_BENCH_PROGRAM STEP_COUNTS_PROGRAM PROGRAM DATA_FOLDER
+                      [--against OLD_PROGRAM | options of the benchmark programs]
 
 A row with a peer (NAME_own/..., beside it NAME_std/..., NAME_peer/... or one under the name of a library) gives the
-ratio of the two, measured in one run. Wanted figures stand in the last column where there are any.
+ratio of the two, measured in one run. Wanted figures stand in the last column where there are any. With --against,
+what text costs two programs that are run in turn, and nothing else.
 """
 import json
 import os
@@ -16,6 +18,7 @@ import sys
 import tempfile
 
 import bench_command_line
+import bench_text
 
 RUNS = 9
 PEERS = ["std", "peer", "gdbm", "lmdb"]
@@ -85,6 +88,17 @@ def whole_run(program, data):
     return sorted(times)[RUNS // 2], sorted(peaks)[RUNS // 2]
 
 
+def print_table(table):
+    width = max(len(name) for name, _, _ in table)
+    for name, time, notes in table:
+        print(f"{name:{width}}  {time:>9}  {notes}".rstrip())
+
+
+def compare(old, new, data):
+    print_table([(name, f"{before:.3g} ms", f"now {after:.3g} ms, {before / after:.2f} times as fast")
+                 for name, (before, after), _ in bench_text.rows([old, new], data)])
+
+
 PYTHON_LOOP = """
 import sys, torvane
 nlp = torvane.load("english", data=sys.argv[1])
@@ -118,8 +132,12 @@ def python_run(program, data):
 
 
 def main():
-    bench, store_bench, program, data = (os.path.abspath(a) for a in sys.argv[1:5])
-    rows = benchmarks(bench, sys.argv[5:]) + benchmarks(store_bench, sys.argv[5:])
+    bench, store_bench, step_counts, program, data = (os.path.abspath(a) for a in sys.argv[1:6])
+    options = sys.argv[6:]
+    if options[:1] == ["--against"]:
+        compare(os.path.abspath(options[1]), program, data)
+        return
+    rows = benchmarks(bench, options) + benchmarks(store_bench, options)
     by_name = {row["name"]: row for row in rows}
     peers = {name: [by_name[peer] for peer in (name.replace("_own/", f"_{p}/") for p in PEERS) if peer in by_name]
              for name in by_name if "_own/" in name}
@@ -132,14 +150,15 @@ def main():
     seconds, peak = whole_run(program, data)
     table.append(("whole run", f"{seconds * 1e3:.0f} ms", "processor time, start-up included (wanted: below 50 ms)"))
     table.append(("whole run, peak memory", f"{peak / 1e6:.0f} MB", "wanted: below 48 MB"))
-    if not sys.argv[5:]:
+    if not options:
         table += bench_command_line.table(program)
     if both := python_run(program, data):
         table.append(("2,000 sentences from Python", f"{both[1] * 1e3:.0f} ms",
                       f"{both[1] / both[0]:.2f} times the command line, both with their start (wanted: at most 1.3)"))
-    width = max(len(name) for name, _, _ in table)
-    for name, time, notes in table:
-        print(f"{name:{width}}  {time:>9}  {notes}".rstrip())
+    table += [(name, f"{time:.3g} ms", note) for name, (time,), note in bench_text.rows([program], data)]
+    print_table(table)
+    for step, counts in bench_text.step_rows(step_counts, data):
+        print(f"{step:42}" + "".join(f"{count:>10}" for count in counts))
 
 
 main()

@@ -8,6 +8,8 @@ import subprocess
 import sys
 import time
 
+from run_folder import quoted
+
 HEADER = "triples.db 64 20011 strcasecmp\n"
 # Printed after each sentence, so that the progress can be told from the output.
 MARK = "-- next --"
@@ -53,10 +55,6 @@ class Progress:
         seconds = time.monotonic() - self.start
         clear = "\r\033[K" if self.live else ""
         print(f"{clear}{self.task}: {self.done} sentences in {seconds:.1f} s", file=sys.stderr)
-
-
-def quoted(text):
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
 
 
 class Engine:

@@ -51,7 +51,8 @@ AttInterpreterList::AttInterpreterList(const char* list_name, int estimated_size
     : atts(estimated_size),
       name(or_empty(list_name)),
       weight_fn(default_weight),
-      slots(estimated_size) {}
+      slots(estimated_size),
+      indexes_(estimated_size, std::strcmp) {}
 
 AttInterpreterList::~AttInterpreterList() {
   aliases.clear();
@@ -72,6 +73,7 @@ void AttInterpreterList::add(std::unique_ptr<AttInterpreter> att) {
   AttInterpreter* added = att.release();
   added->index = count();
   atts.append(added);
+  if (!indexes_.find(added->name.c_str())) indexes_.insert(added->name.c_str(), added->index);
   if (!added->list) added->list = this;
   added->allocate(this);
   AttSlot slot{static_cast<std::int16_t>(added->slot), added->storage, added->holds, added->plain};
@@ -83,12 +85,10 @@ AttInterpreter* AttInterpreterList::lookup(const char* att_name, int* index) con
   *index = -1;
   if (!att_name) return nullptr;
   if (*att_name == '+' || *att_name == '-' || *att_name == '~') ++att_name;
-  for (AttInterpreter* att : atts) {
-    ++*index;
-    // Kept: attribute-names-have-case
-    if (std::strcmp(att->name.c_str(), att_name) == 0) return att;
-  }
-  return nullptr;
+  // Kept: attribute-names-have-case
+  const auto* known = indexes_.find(att_name);
+  *index = known ? known->value : count() - 1;
+  return known ? atts[*index] : nullptr;
 }
 
 void AttInterpreterList::make_att_set(LBitSet& out, IRSlist* names) const {

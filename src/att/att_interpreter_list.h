@@ -55,6 +55,9 @@ class AttInterpreterList {
 
   /// As many attributes as a packed tag can name.
   static constexpr int kMostAtts = 32766;
+
+ private:
+  NameTable<int> indexes_;  // by name
 };
 
 // Of a defined attribute that is not binary: its slot is in the block.

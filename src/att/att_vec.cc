@@ -7,6 +7,7 @@
 #include "att/att_interpreter_list.h"
 #include "support/messages.h"
 #include "support/pool.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 
@@ -185,6 +186,7 @@ TraceChain* AttVec::own_trace(int index) {
 
 // The vector is empty and of the other's type. It takes all attributes, or those of the mask.
 void AttVec::take_values(const AttVec& other, const LBitSet* mask) {
+  count(Step::vector_copied);
   defined = other.defined;
   if (mask) defined &= *mask;
   bin_values = other.bin_values;
@@ -200,6 +202,7 @@ void AttVec::take_values(const AttVec& other, const LBitSet* mask) {
     small_values = reinterpret_cast<unsigned char*>(block + laid_out_long);
   }
   std::memcpy(long_values, other.long_values, words * sizeof(AttWord));
+  count(Step::byte_copied, words * sizeof(AttWord));
   for (int p = 0; p < other.defined.pair_count(); ++p) {
     const std::uint64_t taken = defined.pair(p);
     for (std::uint64_t bits = other.defined.pair(p) & interpreters->counted_atts.pair(p); bits;

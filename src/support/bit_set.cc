@@ -104,12 +104,6 @@ void LBitSet::init(int nbits, const int* list) {
   for (; *list >= 0 && *list < nbits; ++list) set(*list);
 }
 
-void LBitSet::reset() {
-  if (has_rep()) drop_rep();
-  word_count_ = 0;
-  set_tail(false);
-}
-
 LBitSet LBitSet::complement() const {
   LBitSet result;
   std::uint32_t* theirs = result.own(word_count());

@@ -66,7 +66,13 @@ class LBitSet {
   /// outside 0..nbits-1.
   // Part of the interface; nothing in the engine calls it yet.
   void init(int nbits, const int* list);
-  void reset();  ///< the empty set
+  /// The empty set.
+  void reset() {
+    if (has_rep()) drop_rep();
+    part_ = {{0, 0}};
+    word_count_ = 0;
+    complement_ = false;
+  }
 
   LBitSet complement() const;
   LBitSet operator&(const LBitSet& other) const;

@@ -28,15 +28,12 @@ const TypeTag& Era::kind(const TypeTag& base) {
 }
 
 // A value on its way may still have a tag in the era, even if nobody holds it.
-void Eras::renew() {
-  if (era_->holders_ > 0 || lifetimes().expression_waits()) {
-    era_->over_ = true;
-    lifetimes().drop(
-        birth_, [](Word word) { reinterpret_cast<Era*>(word)->drop(); },
-        reinterpret_cast<Word>(era_.leak()));
-    era_ = make_ref<Era>();
-  }
-  birth_ = lifetimes().now();
+void Eras::end_era() {
+  era_->over_ = true;
+  lifetimes().drop(
+      birth_, [](Word word) { reinterpret_cast<Era*>(word)->drop(); },
+      reinterpret_cast<Word>(era_.leak()));
+  era_ = make_ref<Era>();
 }
 
 // The characters stand behind it, so that a text leads to its copy.

@@ -189,11 +189,16 @@ class Eras {
   /// The one in hand.
   Era* now() const { return era_.get(); }
   /// Ends it. One of which nobody holds anything serves again.
-  void renew();
+  void renew() {
+    if (era_->holders_ > 0 || lifetimes().expression_waits()) end_era();
+    birth_ = lifetimes().now();
+  }
   /// When its owner, or the era in hand, began.
   std::uint64_t birth() const { return birth_; }
 
  private:
+  void end_era();
+
   Ref<Era> era_ = make_ref<Era>();
   std::uint64_t birth_ = lifetimes().now();
 };

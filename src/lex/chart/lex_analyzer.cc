@@ -97,22 +97,26 @@ struct LexAnalyzer::Dropped {
 };
 
 void LexAnalyzer::drop_items() {
-  std::vector<std::unique_ptr<Meaning>> meanings;
-  const bool may_be_read = lifetimes().expression_waits();
-  for (LexItem* item : all_items_) {
-    if (may_be_read) meanings.push_back(std::move(item->meaning));
-    item->clear();
-  }
-  if (may_be_read) {
-    std::unique_ptr<Dropped> dropped(
-        new Dropped{*this, std::move(pool_), std::move(join_), all_items_, std::move(meanings)});
-    drop(std::move(dropped), eras_.birth());
+  if (lifetimes().expression_waits()) {
+    set_aside();
   } else {
+    for (LexItem* item : all_items_) item->clear();
     pool_.reset();
     join_.reset();
     take_back(all_items_);
   }
   all_items_.clear();
+}
+
+void LexAnalyzer::set_aside() {
+  std::vector<std::unique_ptr<Meaning>> meanings;
+  for (LexItem* item : all_items_) {
+    meanings.push_back(std::move(item->meaning));
+    item->clear();
+  }
+  std::unique_ptr<Dropped> dropped(
+      new Dropped{*this, std::move(pool_), std::move(join_), all_items_, std::move(meanings)});
+  drop(std::move(dropped), eras_.birth());
 }
 
 void LexAnalyzer::take_back(const Array<LexItem*>& items) {

@@ -120,6 +120,7 @@ class LexAnalyzer {
   static const Slist<LexItem*>& items_at(const std::vector<Slist<LexItem*>>& chart, int i);
   void add_sentinel();
   void drop_items();
+  void set_aside();
   void take_back(const Array<LexItem*>& items);
   void need_positions(int count);
   void split_last_word();

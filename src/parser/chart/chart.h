@@ -14,6 +14,7 @@
 #include "parser/chart/span_limits.h"
 #include "parser/grammar/grammar.h"
 #include "support/slist.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 
@@ -27,7 +28,10 @@ class Chart {
   LBitSet case_marks, oblique_case_marks;  ///< word sets of the case-mark forms
 
   /// A cleared item; null when the pool is exhausted.
-  PItem* new_item() { return pool_.new_item(grammar_._att_type); }
+  PItem* new_item() {
+    count(Step::item);
+    return pool_.new_item(grammar_._att_type);
+  }
   /// A projection of `source` with the attributes in the set (null: all); null when the pool is
   /// exhausted.
   PItem* copy_item(const PItem* source, const AttSet* atts);
@@ -37,7 +41,10 @@ class Chart {
   /// Does as if a projection were made, and taken back.
   void pass_over_item() { pool_.count(); }
   /// Takes back what was made last, and is of no use. Most projections are.
-  void give_back(PItem* item) { pool_.give_back(item); }
+  void give_back(PItem* item) {
+    count(Step::given_back);
+    pool_.give_back(item);
+  }
   /// The item of a word, in its node.
   PItem* make_lexical_item(const GCate& node, LexItem* lexitem);
 

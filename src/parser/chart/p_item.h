@@ -10,6 +10,7 @@
 #include "lex/chart/lex_item.h"
 #include "lexp/lexp.h"
 #include "parser/grammar/g_cate.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 
@@ -70,6 +71,7 @@ PItem* modifiee(PItem* item);
 int p_item_type();
 /// A condition on an item: passes when there is none.
 inline bool passes(const ExpPtr& cond, const PItem* item) {
+  if (cond) count(Step::condition);
   return !cond || holds(*cond.get(), Value::of(item), p_item_type());
 }
 

@@ -94,7 +94,31 @@ float DepCosts::association_cost() {
   return p > 0 ? 0.0f - std::log(p) : kWorst;
 }
 
+std::size_t DepCosts::Pair::place() const {
+  auto hash = static_cast<std::uint64_t>(distance);
+  for (const char* text : {head, modifier, relation})
+    hash = (hash ^ reinterpret_cast<std::uintptr_t>(text)) * 0x9E3779B97F4A7C15u;
+  return hash >> (64 - kPairBits);
+}
+
 float DepCosts::dep_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation) {
+  const Pair pair{head.word.data(),
+                  head.category.data(),
+                  head.pform,
+                  head.name,
+                  modifier.word.data(),
+                  modifier.category.data(),
+                  relation,
+                  items_,
+                  std::abs(head.position - modifier.position),
+                  head.preposition};
+  if (pairs_.empty()) pairs_.resize(std::size_t{1} << kPairBits);
+  PairCost& known = pairs_[pair.place()];
+  if (!(known.pair == pair)) known = {pair, new_cost(head, modifier, relation)};
+  return known.cost;
+}
+
+float DepCosts::new_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation) {
   relation_ = or_empty(relation);
   std::string_view category = head.category;
   if (head.preposition && relation_ == contract::kSubject) {

@@ -2,9 +2,11 @@
 // seldom a database of counts has seen the two together.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "deps/dep_statistics.h"
 #include "parser/chart/p_item.h"
@@ -60,8 +62,34 @@ class DepCosts {
   void reset() {
     if (shared_.debug_weight && _cost_cache) _cost_cache->clear();
   }
+  /// The sides asked about from now on are of other items than before.
+  void forget_pairs() { ++items_; }
 
  private:
+  /// A head and a modifier, by the places of their texts: within a sentence the same pair comes up
+  /// many times, and is told at once.
+  struct Pair {
+    const char* head = nullptr;
+    const char* head_category = nullptr;
+    const char* pform = nullptr;
+    const char* name = nullptr;
+    const char* modifier = nullptr;
+    const char* modifier_category = nullptr;
+    const char* relation = nullptr;
+    std::uint64_t items = 0;  // whose texts they are
+    int distance = 0;
+    bool preposition = false;
+
+    std::size_t place() const;
+    friend bool operator==(const Pair&, const Pair&) = default;
+  };
+  struct PairCost {
+    Pair pair;
+    float cost = 0;
+  };
+  static constexpr int kPairBits = 10;
+
+  float new_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation);
   float distance_cost(int distance);
   float association_cost();
 
@@ -69,6 +97,8 @@ class DepCosts {
   SharedCosts& shared_;
   std::unique_ptr<NameTable<float>> _cost_cache;  // by triple, for all sentences; null until used
   std::unique_ptr<NameTable<char>> _bad_triples;  // a set; null if there are none
+  std::uint64_t items_ = 1;
+  std::vector<PairCost> pairs_;  // a pair has one place; who comes later takes it
   // Of the dependency in hand.
   std::string relation_, word1_, key_, word2_, triple_;
 };

@@ -66,6 +66,8 @@ void ParseForest::clear() {
   derivations_.reset();
   views_.reset();
   sides_used_ = 0;
+  head_ = nullptr;
+  if (costs_) costs_->forget_pairs();
   sentence_ = next_sentence();
 }
 
@@ -236,10 +238,13 @@ float ParseForest::dependency_cost(const PItem& merged, const Chain& head_chain)
 
 float ParseForest::best_cost(const PItem& head, PItem* modifier, Name relation) {
   if (!modifier) return -1.0f;
-  HeadSide head_side(head);
+  if (&head != head_) {
+    head_ = &head;
+    head_side_.emplace(head);
+  }
   float best = std::numeric_limits<float>::max();
   for (const ModifierSide& side : sides_of(*chain_of(modifier)))
-    best = std::min(best, costs_->dep_cost(head_side, side, relation.c_str()));
+    best = std::min(best, costs_->dep_cost(*head_side_, side, relation.c_str()));
   return best;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <vector>
 
 #include "parser/chart/chart.h"
@@ -145,6 +146,8 @@ class ParseForest {
   std::uint64_t sentence_;
   std::deque<std::vector<ModifierSide>> sides_;  // the different alternatives, as costs see them
   std::size_t sides_used_ = 0;
+  const PItem* head_ = nullptr;  // the last one asked about
+  std::optional<HeadSide> head_side_;
   std::vector<Chain*> stack_;
   std::vector<Chain*> alternatives_;
   std::vector<Result> results_;

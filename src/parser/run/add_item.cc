@@ -1,6 +1,7 @@
 // The storing of an item in the chart of its node.
 #include "parser/grammar/syntax_atts.h"
 #include "parser/run/parse_run.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 namespace {
@@ -33,6 +34,7 @@ bool ParseRun::join_alternative(const GCate& node, PItem* item, Positions positi
     const bool joined = chart_.any_of_span(node, p, *item, [&](PItem* other) {
       if (other == item) return true;
       if (!equivalent(*other, *item, node._visible)) return false;
+      count(Step::equal_item);
       if (other->_next) item->_next = other->_next;
       other->_next = item;
       return true;
@@ -62,6 +64,7 @@ bool ParseRun::add_item(const GCate& node, PItem* item, int position) {
     // The full condition refused an item that no further position can change.
     return false;
   }
+  count(Step::stored);
   chart_.store(node, position, item);
   return true;
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "parser/grammar/syntax_atts.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 namespace {
@@ -60,9 +61,12 @@ class Merge {
       : chart_(chart), grammar_(grammar), link_(link), modifier_(modifier), head_(head) {}
 
   PItem* run(PItem* adjunct, int position) {
-    if (!check_argument(position) || !check_moved()) return nullptr;
+    count(Step::merge);
+    if (!tested(check_argument(position), Step::refused_argument) ||
+        !tested(check_moved(), Step::refused_moved))
+      return nullptr;
     merged_ = merge_items(chart_, *link_._parent, modifier_, head_, adjunct);
-    if (!merged_) return nullptr;
+    if (!tested(merged_ != nullptr, Step::refused_reach)) return nullptr;
     merged_->_link = &link_;
     merged_->_weight += link_.weight();
     if (hit_ >= 0) discharge(*merged_, hit_);
@@ -73,9 +77,11 @@ class Merge {
 
  private:
   bool combines() {
-    if (!combine() || !fill_gap()) return false;
+    if (!tested(combine(), Step::refused_unification) || !tested(fill_gap(), Step::refused_gap))
+      return false;
     if (mask_ != 0 && list_of(mod_vec(), syn_.move)) discharge(*merged_, 0);
-    return passes(link_._merged_cond, merged_) && case_allowed();
+    return tested(passes(link_._merged_cond, merged_), Step::refused_merged) &&
+           tested(case_allowed(), Step::refused_case);
   }
 
   AttVec& mod_vec() { return *modifier_._atts; }

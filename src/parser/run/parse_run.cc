@@ -1,6 +1,7 @@
 #include "parser/run/parse_run.h"
 
 #include "parser/run/delivery_depth.h"
+#include "support/step_counts.h"
 
 namespace torvane {
 
@@ -25,10 +26,11 @@ void ParseRun::send(PItem* item, const Link& link) {
   DepthGuard guard(delivery_depth);
   const int position = link.position();
   if (!guard || position < 0) return;
+  count(Step::offer);
   const GCate& parent = *link._parent;
   const bool is_plain = !link._is_subclass && position != parent.n_positions();
   if (is_plain && position > parent.head() && item->_low > 0) return send_right(item, link);
-  if (!passes(link._modifier_cond, item)) return;
+  if (!tested(passes(link._modifier_cond, item), Step::refused_modifier)) return;
   if (!is_plain) {
     accept(parent, item, link);
   } else if (position == parent.head()) {
@@ -41,10 +43,10 @@ void ParseRun::send(PItem* item, const Link& link) {
 /// As the head of a new item.
 void ParseRun::send_head(PItem* item, const Link& link) {
   if (chart_.is_exhausted()) return;
-  if (is_useless(*item, link)) return chart_.pass_over_item();
+  if (!tested(!is_useless(*item, link), Step::foreseen)) return chart_.pass_over_item();
   PItem* copy = chart_.copy_item(item, &link._percolate);
   copy->_link = &link;
-  if (passes(link._head_cond, copy))
+  if (tested(passes(link._head_cond, copy), Step::refused_head))
     receive(*link._parent, copy, &link);
   else
     chart_.give_back(copy);
@@ -57,9 +59,12 @@ void ParseRun::send_right(PItem* item, const Link& link) {
   const Condition* skip = parent.skip_cond(link.position());
   const bool read_only =
       link._modifier_cond.reach() == Reach::input && (!skip || skip->reach() == Reach::input);
-  if (!read_only && !passes(link._modifier_cond, item)) return;
+  const auto refuses = [&] {
+    return !tested(passes(link._modifier_cond, item), Step::refused_modifier);
+  };
+  if (!read_only && refuses()) return;
   if (!has_head_before(parent, link.position(), *item) && link._no_guest) return;
-  if (read_only && !passes(link._modifier_cond, item)) return;
+  if (read_only && refuses()) return;
   receive(parent, item, &link);
 }
 
