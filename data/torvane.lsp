@@ -2,16 +2,8 @@
 ; as "data".
 
 (load english/attributes.lsp
-      english/endings.lsp)
-
-(load-lex english english/closed.lex     :no-dup 0)
-(load-lex english english/nouns.lex      :no-dup 0)
-(load-lex english english/names.lex      :no-dup 0)
-(load-lex english english/verbs.lex      :no-dup 0)
-(load-lex english english/irregular.lex  :no-dup 0)
-(load-lex english english/adjectives.lex :no-dup 0)
-(load-lex english english/adverbs.lex    :no-dup 0)
-(load-lex english english/phrases.lex    :no-dup 0)
+      english/endings.lsp
+      english/vocabulary.lsp)
 
 (load english/inflection.lsp
       english/unknown.lsp

@@ -21,6 +21,7 @@
   (defattribute pform StrAtt)         ; which preposition
   (defattribute cform StrAtt)
   (defattribute rare BinAtt)          ; an unlikely reading, see inflection.lsp
+  (defattribute freq EnumAtt (allowable-values f1 f2 f3 f4 f5 f6 f7 f8))   ; how unlikely, as counts of senses tell
   (defattribute ref StrAtt)
 
   ; Verbs. The form of a verb group is that of its first word; an auxiliary has in `vform` the form
@@ -43,8 +44,12 @@
   (defattribute some BinAtt)          ; ... but not to an adjective behind it: something new
   (defattribute part BinAtt)          ; ... nor to `of`: some of them
   (defattribute proper BinAtt)        ; a name
+  (defattribute human BinAtt)         ; ... that nothing but a name can be: Neal, not Post
+  (defattribute title BinAtt)         ; a name that stands before one: Mr.
+  (defattribute cap BinAtt)           ; an adjective that is written with a capital: Israeli
   (defattribute that BinAtt)          ; the fact that ...
   (defattribute to BinAtt)            ; the chance to ...
+  (defattribute counted BinAtt)       ; has a number: a measure, 53 cents
   (defattribute time BinAtt)          ; yesterday, last week
   (defattribute wh BinAtt)            ; asks
   (defattribute rel BinAtt)           ; relates: whose
@@ -72,17 +77,18 @@
 (alias mass  (make-av syn ((cat n) (node NN) -count)))
 (alias plural (make-av syn ((cat n) (node NN) -count (agr p3))))
 (alias name  (make-av syn ((cat n) (node NN) -count +proper)))
+(alias person (make-av syn (name +human)))
 (alias tnoun (make-av syn (noun +time)))
 (alias tmass (make-av syn (mass +time)))
 (alias pron  (make-av syn ((cat n) (node Pro) +pro +spec)))
-(alias num   (make-av syn ((cat a) (node Num))))
+(alias num   (make-av syn ((cat a) (node Num) +counted)))
 (alias det   (make-av syn ((cat d) +spec)))
 
 ; Verbs, by what they take. The node's name comes from `args`: V, V_N, V_N_C, ...
 (alias vi  (make-av syn ((cat v))))
 (alias vt  (make-av syn ((cat v) (case acc) +tr (args ((cat n) (role obj) (slash np))))))
 (alias vo  (make-av syn ((cat v) (case acc) +tr (args ((cat n) +opt (role obj) (slash np))))))
-(alias vd  (make-av syn ((cat v) (case acc) +tr
+(alias vd  (make-av syn ((cat v) (case acc) +tr (freq f1)
                          (args ((cat n) +opt (role iobj) (slash np)) ((cat n) (role obj))))))
 (alias vnp (make-av syn ((cat v) (case acc) +tr
                          (args ((cat n) (role obj) (slash np)) ((cat p) +opt (role loc))))))
@@ -122,3 +128,4 @@
 (alias comp (make-av syn ((cat j) (node Comp))))
 (alias relpro (make-av syn ((cat n) (node RelPro))))
 (alias conn (make-av syn ((cat j))))
+(alias intj (make-av syn ((cat j) (node Intj))))

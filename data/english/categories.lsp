@@ -6,21 +6,22 @@
 (def-category Comp)                                         ; that, whether
 (def-category Sub)                                          ; when, because
 (def-category Neg)
+(def-category Intj)                                         ; yes, please, lol
 (def-category Gen)                                          ; 's
 (def-category RelPro)                                       ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
 (def-category Adv (visible-atts (wh deg focus loc front)))
-(def-category Num (visible-atts (lexitem agr spec time)))
+(def-category Num (visible-atts (lexitem agr spec time counted)))
 (def-category Det (visible-atts (agr spec wh rel pre alone few)))
 
 ; A noun phrase grows through four nodes: NN, a noun of the lexicon; NB, with what describes it;
 ; N0, with determiner and number; N, with what follows it.
-(def-category NN (visible-atts (lexitem agr count spec proper that to time)))
+(def-category NN (visible-atts (lexitem agr count spec proper human title that to time)))
 (def-category NB (visible-atts (lexitem agr count spec proper that to time)))
 (def-category Pro (visible-atts (lexitem agr case spec pro some part time wh)))
 (def-category NPoss (visible-atts (lexitem spec wh rel)))   ; a noun phrase with 's
-(def-category N0 (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
-(def-category N (visible-atts (lexitem agr case count spec pro some part proper that to time wh rel)))
+(def-category N0 (visible-atts (lexitem agr case count spec pro some part proper that to time counted wh rel)))
+(def-category N (visible-atts (lexitem agr case count spec pro some part proper that to time counted wh rel)))
 (def-category Ger (visible-atts (lexitem agr move)))        ; swimming, as a noun phrase
 
 (def-category A (visible-atts (lexitem deg wh heavy)) (subcat-atts (move)))
@@ -33,8 +34,11 @@
 (def-category V_N_VB (visible-atts (lexitem vform agr move)))
 (def-category VP (visible-atts (lexitem vform agr move)))
 (def-category VG (visible-atts (lexitem vform agr move)))
+(def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready
 (def-category S (visible-atts (lexitem move wh)))           ; she reads
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
+(def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book
+(def-category CP (visible-atts (lexitem wh marked)))        ; what it is
 (def-category Imp (visible-atts (lexitem)))                 ; read!
 (def-category Rep (visible-atts (lexitem)))                 ; said she
 (def-category I (visible-atts (lexitem move)))              ; to read

@@ -2,6 +2,9 @@
 
 (defun mark () (pitem-attvec (modify (+marked))))
 
+; Set off from what follows: To win, tired of it, having left, ...
+(defun before-comma () (pitem-following-word (str= ",")))
+
 ; Tom, ...
 (defun called ()
   (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
@@ -9,26 +12,27 @@
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
-     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
-     (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
+     (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
+     (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
      (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()))
      (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+time)))))
      (SubC (dep-type sub))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
-     (A (dep-type mod) (percolate ()) (dep-weight 3))
-     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (participial))))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (no-gap))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (before-comma)))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (participial)))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
    (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
-   (C (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (and (marked) (no-gap))))
+   (C (dep-type subj) (percolate ()) (dep-weight 9) (modifier-cond (and (marked) (no-gap))))
    (Adv (dep-type pred) (percolate (wh)) (dep-weight 2)
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
-  (:head (VG (head-cond (finite))))
+  (:head (VF))
   ; "I am tired," he said. "So am I," said she.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
-     (S (dep-type report) (percolate ()) (dep-weight 6)
+     (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 
 ; said she, she said: only around what is said.
@@ -42,10 +46,11 @@
 ; does she read, what does she read
 (def-modifiers Q
   (* :skip-word (str= ",")
-     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
-     (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
+     (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
+     (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
      (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()))
      (SubC (dep-type sub)))
   (? (N (dep-type wh) (percolate (wh)) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
      (Adv (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
@@ -57,13 +62,47 @@
   (:head (VG (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base en ing pass prd)))))))
   (? :skip-word (in ("?")) (Rep (dep-type report) (dep-weight 2))))
 
+; Who is she, where are the books, how much is it; here is the book: the predicate stands in front.
+(defun finite-be () (pitem-attvec (and (contain ((own fin))) (strict-unifiable (vform) ((vform prd))))))
+(defun fronted-place () (and (pitem-attvec (contain (+loc))) (pitem-head-word (in (here)))))
+
+(def-modifiers QP
+  (* :skip-word (str= ",")
+     (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
+     (Intj (dep-type discourse) (percolate ()))
+     (Adv (dep-type mod) (percolate ()) (dep-weight 2)))
+  (:head (N (head-cond (and (wh) (pitem-add-weight -2))))
+         (A (head-cond (wh)))
+         (Adv (head-cond (or (wh) (fronted-place))))
+         (V (head-cond (and (not (int-gt (pitem-low) (int 2))) (pitem-attvec (contain ((vform pass))))))))
+  ((Aux (dep-type aux) (percolate ()) (modifier-cond (finite-be))))
+  (? (Neg (dep-type neg)))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
+  (* :skip-word (str= ",")
+     (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap)))
+     (Adv (dep-type mod) (percolate ()))
+     (SubC (dep-type sub) (percolate ()))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))))
+
+; ... what it is, how big they are.
+(def-modifiers CP
+  (:head (N (head-cond (and (wh) (mark))))
+         (A (head-cond (and (wh) (mark))))
+         (Adv (head-cond (and (wh) (mark)))))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
+  ((Aux (dep-type aux) (percolate ()) (modifier-cond (finite-be))))
+  (* (Neg (dep-type neg))
+     (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap)))
+     (Adv (dep-type mod) (percolate ()))))
+
 ; read!
 (def-modifiers Imp
   (* :skip-word (str= ",")
-     (N (dep-type voc) (percolate ()) (dep-weight 3) (modifier-cond (called)))
-     (Conn (dep-type conn) (modifier-cond (int-eq (pitem-low) (int 1))))
+     (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
+     (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
      (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()))
      (SubC (dep-type sub)))
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
@@ -73,7 +112,7 @@
 
 ; to read, for her to read
 (def-modifiers I
-  (? (P (dep-type subj) (percolate ()) (dep-weight 1.5)
+  (? (P (dep-type subj) (percolate ()) (dep-weight 0.2)
         (modifier-cond (and (no-gap) (pitem-attvec (contain ((pform for))))))))
   (:head (VG (head-cond (pitem-attvec (strict-unifiable (vform) ((vform inf))))))))
 
@@ -93,7 +132,7 @@
      (A (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
      (P (dep-type wh) (percolate ()) (modifier-cond (and (wh) (no-gap))) (merged-cond (mark))))
   (:head (S)))
-(def-subclass C (WhI))
+(def-subclass C (WhI) (CP))
 
 ; when she reads, while reading
 (def-modifiers SubC
@@ -108,7 +147,7 @@
 (def-modifiers RelS
   ((RelPro (dep-type subj))
    (N (dep-type subj) (percolate ()) (modifier-cond (pitem-attvec (contain (+rel))))))
-  (:head (VG (head-cond (finite)))))
+  (:head (VF)))
 
 ; ... (that) she reads __ ...
 (def-modifiers RelO

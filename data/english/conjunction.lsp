@@ -9,6 +9,7 @@
 (def-category Num (conj-atts () (agr)))
 (def-category VP (conj-atts (move) (vform)))
 (def-category VG (conj-atts (move) (vform)))
+(def-category VF (conj-atts (move) (agr)))
 (def-category S (conj-atts (move) (wh)))
 (def-category Q (conj-atts (move) (wh)))
 (def-category I (conj-atts (move) (wh)))
@@ -16,4 +17,7 @@
 
 ; Two are many: John and Mary are.
 (def-conj-constraints N (merged-cond (pitem-attvec (modify ((agr p3))))))
+; Finite groups are joined as such.
+(def-conj-constraints VG
+  (merged-cond (pitem-attvec (strict-unifiable (vform) ((vform base ing en pass inf prd))))))
 (def-conj-constraints NB (merged-cond (pitem-attvec (modify ((agr p3) -count)))))

@@ -19,3 +19,10 @@
                ((node2word (in (wouldn))) (str would))
                ((node2word (in (shouldn))) (str should))
                ((node2word (in (mustn))) (str must))))))
+
+; Tokens without a blank between them that are one word, or the beginning of one: rows of signs, faces made of signs,
+; words with a prefix. Other words with a hyphen are cut at it.
+(defun one-word ()
+  (or (reg-match "^[.][.]+$" "^--+$" "^[!?][!?]+$" "^[*][*]+$" "^==+$" "^__+$" "^~~+$" "^[$][$]+$"
+                 "^[:;=8]-$" "^[:;=8]-?[)(DPp]+$")
+      (reg-match "^(e|non|anti|pre|post|co|semi|counter|mid|multi|sub|ex|re|un)-[a-z]*$")))

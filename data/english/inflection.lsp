@@ -63,17 +63,41 @@
     (lexitem (and (ending bare) (att (and (contain ((cat n) (node NN) (agr s3))) (not (contain (+proper)))))
                   (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 6))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 20))))
   (nouns-as-verb (:act-on-all-matches)
     (lexitem (and (ending s) (att (contain ((node NN) (agr p3))))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 6))))
+    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 20))))
 
   ; "that he ..." is hardly a determiner.
   (that-he (:act-on-all-matches)
     (lexitem (and (att (contain ((cat d) +alone))) (root) (surform (in (that)))))
-    (if (followed-by (pred (att (contain (+pro (case nom))))))
+    (if (followed-by (pred (att (or (contain (+pro (case nom))) (contain (+proper)) (contain ((cat d)))))))
         (add-weight (litem) (int 3))))
 
+  ; "what" before a noun asks about it; before anything else it stands alone.
+  (what-noun (:act-on-all-matches) (lexitem (and (att (contain ((cat d) +wh))) (surform (in (what which)))))
+    (if (not (followed-by (pred (att (or (contain ((node NN) -proper)) (contain ((cat a)))
+                                         (and (contain ((node NN))) (not (contain (+proper)))))))))
+        (add-weight (litem) (int 3))))
+  ; US is no pronoun.
+  (us (word (in :case-sensitive (US)))
+    (prog (delete-if (low) (high) (pred (t)))
+          (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
+  ; "there is" is hardly a place.
+  (there-is (:act-on-all-matches) (lexitem (and (att (contain ((node Adv)))) (surform (in (there)))))
+    (if (followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform) ((vform prd)))))))
+        (add-weight (litem) (int 4))))
+  ; "to" before what may be a verb is hardly a preposition.
+  (to-verb (:act-on-all-matches) (lexitem (and (att (contain ((cat p) (pform to)))) (surform (in (to)))))
+    (if (followed-by (pred (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+        (add-weight (litem) (int 1))))
+
   (rare (:act-on-all-matches) (lexitem (att (contain (+rare))))
-    (add-weight (litem) (int 3))))
+    (add-weight (litem) (int 3)))
+  (infrequent (:act-on-all-matches) (lexitem (att (defined (freq))))
+    (add-weight (litem)
+      (comp (litem) (att (cond ((contain ((freq f1))) (int 1)) ((contain ((freq f2))) (int 2))
+                               ((contain ((freq f3))) (int 3)) ((contain ((freq f4))) (int 4))
+                               ((contain ((freq f5))) (int 5)) ((contain ((freq f6))) (int 6))
+                               ((contain ((freq f7))) (int 7)) ((t) (int 8))))))))

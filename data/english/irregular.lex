@@ -65,6 +65,8 @@
 (cut up (avm (vo ed)))
 (dealt (avm (vo ed (lemma deal))))
 (did (avm (vo past (lemma do))))
+(does (avm (vo (vform pres) sg (lemma do))))
+(has (avm (vt (vform pres) sg (lemma have))) (avm (vto (vform pres) sg (lemma have))))
 (done (avm (vo en (lemma do))))
 (drank (avm (vo past (lemma drink))))
 (drank up (avm (vo past)))

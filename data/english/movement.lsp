@@ -7,6 +7,11 @@
                   (when (ident)
                         (att (prog (move-att args object) (modify (-tr (vform pass)))))))))
 
+  ; tired, closed, married: what is an adjective too is rather that.
+  (participle-or-adjective (:act-on-all-matches) (lexitem (att (contain ((cat v) (vform pass)))))
+    (if (exist-lexitem (low) (high) (pred (att (and (contain ((cat a))) (not (defined-one-of (node freq)))))))
+        (add-weight (litem) (int 1))))
+
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
   (gap (:act-on-all-matches) (lexitem (att (contain (+tr))))

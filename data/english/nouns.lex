@@ -3180,3 +3180,7 @@
 (zone (avm (noun)))
 (zoo (avm (noun)))
 (zookeeper (avm (noun)))
+(e-mail (avm (noun)))
+(blog (avm (noun)))
+(info (avm (noun)))
+(fax (avm (noun)))

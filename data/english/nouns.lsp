@@ -14,8 +14,8 @@
 (def-modifiers NB
   (* :skip-word (str= ",")
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
-     (V (dep-type mod) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (percolate ()) (dep-weight 1.5))
-     (NN (dep-type nn) (percolate ()) (dep-weight 1.5)
+     (V (dep-type mod) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (percolate ()) (dep-weight 3))
+     (NN (dep-type nn) (percolate ()) (dep-weight 1.5) (modifier-cond (not (pitem-following-word (str= ","))))
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
                           (pitem-add-weight 1.5)
                           (t)))))
@@ -31,7 +31,7 @@
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
-  (* (Num (dep-type num) (percolate (agr spec)) (modifiee-cond (not-pro))))
+  (* (Num (dep-type num) (percolate (agr spec counted)) (modifiee-cond (not-pro))))
   (:head (NB)
          (Pro)
          ; the rich, the same: an adjective that has a determiner (see `determined`)
@@ -45,7 +45,7 @@
 (defun determined ()
   (cond ((pitem-attvec (defined (spec))) (t))
         ((pitem-attvec (contain (-pro))) (nil))
-        ((pitem-attvec (and (contain (+count)) (unifiable ((agr s3))))) (pitem-add-weight 3))
+        ((pitem-attvec (and (contain (+count)) (unifiable ((agr s3))))) (pitem-add-weight 5))
         ((t) (t))))
 
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
@@ -60,35 +60,37 @@
 (defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
 
 (def-modifiers N
+  (? (Neg (dep-type neg) (dep-weight 4)))
   (? (Adv (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+focus))))))
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
-     (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (not (marked)))
+     (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
            (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
      (RelA (dep-type rel) (dep-weight 1.5))
-     (VG (dep-type vrel) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)) (modifier-cond (participial)))
+     (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
      (I (dep-type comp) (percolate ())
+        (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)))))
         (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
      (A (dep-type mod) (percolate ()) (dep-weight 2.5) (modifier-cond (pitem-attvec (contain (+heavy))))
         (modifiee-cond (pitem-attvec (not (contain (+pro)) (contain (+proper))))))
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
-     (N (dep-type appo) (percolate ()) (dep-weight 1.2) (modifier-cond (pitem-attvec (contain (+proper))))
+     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (pitem-attvec (contain (+proper))))
         (modifiee-cond (pitem-attvec (and (contain (+spec)) (not (contain (+pro))) (not (contain (+proper)))))))
      (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
   ; Between commas, dashes or brackets; the closing one becomes part of the noun phrase.
   (* :skip-word (opens)
-     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (set-off))
+     (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (closed-off))
         (merged-cond (include-following-word (closes))))
-     (RelS (dep-type rel) (modifier-cond (set-off)) (merged-cond (include-following-word (closes))))
-     (RelA (dep-type rel) (modifier-cond (set-off)) (merged-cond (include-following-word (closes))))
-     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (set-off))
+     (RelS (dep-type rel) (modifier-cond (closed-off)) (merged-cond (include-following-word (closes))))
+     (RelA (dep-type rel) (modifier-cond (closed-off)) (merged-cond (include-following-word (closes))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (closed-off))
         (merged-cond (include-following-word (closes))))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3.5)
-         (modifier-cond (and (set-off) (participial)))
+         (modifier-cond (and (closed-off) (participial)))
          (merged-cond (include-following-word (closes))))))
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
@@ -103,6 +105,7 @@
 (defun heavy () (pitem-attvec (modify (+heavy))))
 
 (def-modifiers A
+  (? (Neg (dep-type neg) (dep-weight 3)))
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+loc)) (contain (+front))))) (percolate (wh)))
      (N (dep-type measure) (modifier-cond (pitem-attvec (contain (+time)))) (percolate ()) (dep-weight 1.5)))
   (:head)
@@ -113,7 +116,9 @@
 
 (def-modifiers Adv
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
-  (:head))
+  (:head)
+  (? (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap))
+        (modifiee-cond (pitem-attvec (contain (+loc)))))))
 
 (def-modifiers P
   (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))

@@ -1,6 +1,9 @@
 ; Words that the lexicon does not have, numbers, names, compounds. These rules come after those of
 ; inflection.lsp, which may have left a word without any reading, and before those of movement.lsp.
 
+; Behind such a sign a capital tells as little as at the start of the sentence.
+(defun starts-anew () (in ("(" "\"" ":" "." "-" "!" "?" ";" "..." ">" "<" "*")))
+
 (def-rules english-rules
   ; Negated auxiliaries are cut before the 't: "won" is one only in front of it.
   (contracted (:act-on-all-matches)
@@ -12,6 +15,17 @@
 
   (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
 
+  ; Addresses of the web and of mail are names, files are things. Half past seven PM.
+  (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]" "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|htm|html|uk|de|us)$"))
+    (prog (delete-if (low) (high) (pred (t)))
+          (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
+  (file (word (reg-match "^[A-Za-z0-9].*[.](pdf|doc|docx|xls|xlsx|ppt|txt|jpg|jpeg|gif|png|zip|exe|mp3|rtf)$"))
+    (prog (delete-if (low) (high) (pred (t)))
+          (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))))
+  (half-day (seq (word (reg-match "^[0-9][0-9:.]*$")) (word (in (am pm a.m. p.m. am. pm.))))
+    (prog (delete-if (high) (high) (pred (t)))
+          (assert (make-lexitem (high) (high) (avm (avm (mass -proper +time)))))))
+
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
@@ -19,11 +33,31 @@
   (number (& (not-in-lexicon) (word (reg-match "^[$]?[0-9][0-9.,:/]*(th|st|nd|rd|s|m|km|kg|%|am|pm)?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 
-  ; A capital inside the sentence makes a name, whatever else the word may be.
+  ; In a heading most words have capitals, which tell nothing.
+  (heading (whole-sentence)
+    (if (comp (matching-word)
+              (exist-word " " (and (reg-match "^[a-z][a-z]")
+                                   (not (in (of the and in for to an on at by with or from as is de la)))))) (comp (analyzer) (set-mixed-case 1)) (comp (analyzer) (set-mixed-case 0))))
+
+  ; A capital inside the sentence makes a name, whatever noun the word may be.
   (name (word (reg-match "^[A-Z][A-Za-z.]"))
-    (if (int-gt (low) (int 1))
-        (if (not (exist-lexitem (low) (high) (pred (att (contain (+proper))))))
-            (assert (make-lexitem (low) (high) (avm (avm (name sg))))))))
+    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
+        (cond ((exist-lexitem (low) (high) (pred (att (or (contain (+cap)) (contain (-proper)))))) (nil))
+              ((exist-lexitem (low) (high) (pred (att (contain (+human)))))
+               (assert (make-lexitem (low) (high) (avm (avm (person sg))))))
+              ((exist-lexitem (low) (high) (pred (att (and (contain ((node NN))) (not (contain (+proper)))))))
+               (if (exist-lexitem (low) (high) (pred (att (contain ((node NN) (agr s3))))))
+                   (assert (make-lexitem (low) (high) (avm (avm (name sg)))))
+                   (assert (make-lexitem (low) (high) (avm (avm (name plu)))))))
+              ((exist-lexitem (low) (high) (pred (att (contain (+proper))))) (nil))
+              ((exist-lexitem (low) (high) (pred (att (or (contain ((cat v))) (and (contain ((cat a))) (not (defined (node))))))))
+               (assert (add-weight (make-lexitem (low) (high) (avm (avm (name sg)))) (int 1))))
+              ((exist-lexitem (low) (high) (pred (t))) (nil))
+              ((t) (assert (make-lexitem (low) (high) (avm (avm (person sg)))))))))
+  (no-common-noun (:act-on-all-matches)
+    (lexitem (and (att (contain ((node NN)))) (att (not (contain (+proper)))) (surform (reg-match "^[A-Z][A-Za-z.]"))))
+    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
+        (add-weight (litem) (int 3))))
 
   ; Small words inside a name: Ludwig van Beethoven.
   (long-name (seq (word (reg-match "^[A-Z]")) (word (in (van von der de da di del la bin al)))
@@ -37,27 +71,29 @@
         (delete (litem))))
 
   ; By ending.
-  (unknown-ly (& (not-in-lexicon) (word (reg-match "..ly$")))
+  (unknown-ly (& (not-in-lexicon) (word (reg-match "^[a-z].*..ly$")))
     (assert (make-lexitem (low) (high) (avm (avm (adv))))))
-  (unknown-ing (& (not-in-lexicon) (word (reg-match "...ing$")))
+  (unknown-ing (& (not-in-lexicon) (word (reg-match "^[a-z].*...ing$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (vo (vform ing))))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 1)))))
-  (unknown-ed (& (not-in-lexicon) (word (reg-match "...ed$")))
+  (unknown-ed (& (not-in-lexicon) (word (reg-match "^[a-z].*...ed$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (vo ed)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 1)))))
   (unknown-s (& (not-in-lexicon) (word (reg-match "^[a-z].*[^su]s$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (plural)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo (vform pres) sg)))) (int 2)))))
-  (unknown-adj (& (not-in-lexicon) (word (reg-match "(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
+  (unknown-adj (& (not-in-lexicon) (word (reg-match "^(non|anti|pro|over|under)[a-z][a-z][a-z]" "^[a-z].*(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (adj)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 2)))))
   (unknown-noun (& (not-in-lexicon)
-                   (word (reg-match "(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
+                   (word (reg-match "^[a-z].*(tion|sion|ness|ment|ity|ism|ist|ship|ance|ence|hood|dom|logy|er|or)$")))
     (assert (make-lexitem (low) (high) (avm (avm (mass sg))))))
   (unknown-name (& (not-in-lexicon) (word (reg-match "^[A-Z]")))
-    (prog (assert (make-lexitem (low) (high) (avm (avm (name sg)))))
-          (if (int-eq (low) (int 1))
-              (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 1))))))
+    (prog (assert (make-lexitem (low) (high) (avm (avm (person sg)))))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 2)))
+          (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 3)))))
+  (capital-adjective (:act-on-all-matches) (lexitem (att (contain (+proper))))
+    (if (exist-lexitem (low) (high) (pred (att (contain (+cap))))) (add-weight (litem) (int 1))))
   (unknown (& (not-in-lexicon) (word (reg-match "^[a-z]")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (adj)))) (int 2)))

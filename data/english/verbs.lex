@@ -1151,7 +1151,7 @@
 (test (avm (vt)))
 (thank (avm (vt)))
 (think (avm (vc)) (avm (vna)) (avm (vnto)))
-(threaten (avm (vto)))
+(threaten (avm (vo)) (avm (vto)))
 (thrill (avm (vo)))
 (thrive (avm (vi)))
 (throb (avm (vi)))

@@ -22,23 +22,28 @@
 (def-modifiers VP
   (:head (V)
          (A (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 0.2))))
-         (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 0.4))))
+         (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1))))
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
          (C (percolate (move)) (modifier-cond (marked)) (head-cond (and (to-predicate) (pitem-add-weight 1)))))
   (* :skip-word (opens)
-     (P (dep-type mod) (percolate (move)) (dep-weight 1.2)
+     (P (dep-type mod) (percolate (move)) (dep-weight 0.2)
         (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
      (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
           (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
      (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
+     (N (dep-type time) (percolate ()) (dep-weight 4)
+        (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
+     (Intj (dep-type discourse) (percolate ()))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
-     (A (dep-type pred) (percolate ()) (dep-weight 3))
+     (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
      (I (dep-type purpose) (percolate (move)) (dep-weight 2))
      (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
-         (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing)))))))))
+         (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing))))))
+         ; ..., killing several people: behind a comma it hardly belongs to a noun.
+         (merged-cond (if (pitem-modifier (set-off)) (pitem-add-weight -2) (t))))))
 
 (def-subclass Adjunct
   (Adv (modifier-cond (pitem-attvec (not (contain (+deg))))))
@@ -70,6 +75,16 @@
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux) (pitem-add-weight -1))))
      (Neg (dep-type neg))
+     (Intj (dep-type discourse) (percolate ()))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))
           (merged-cond (between-commas))))
-  (:head (VP)))
+  (:head (VP)
+         ; if he could, so he did: the auxiliary alone
+         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." "," "?" "!" ";" ":" ")" and but or either too)))
+                              (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
+                                  (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
+                              (pitem-add-weight 5))))))
+
+; The verb group that a subject can have. Here `is ready` and `reads` are of one form, so that they can be joined.
+(def-modifiers VF
+  (:head (VG (head-cond (and (finite) (pitem-attvec (modify ((vform fin)))))))))
