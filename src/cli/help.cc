@@ -19,8 +19,8 @@ namespace {
 /// An entry of the page on the language: a command or a form.
 constexpr std::string_view kEntry = "- `";
 
-const Page* find_page(std::string_view name) {
-  for (const Page& page : all_pages())
+const ReferencePage* find_page(std::string_view name) {
+  for (const ReferencePage& page : all_pages())
     if (page.name == name) return &page;
   return nullptr;
 }
@@ -50,7 +50,7 @@ std::string entries(const std::vector<std::string>& words) {
 
 std::vector<std::string> topics() {
   std::vector<std::string> names{"forms"};
-  for (const Page& page : all_pages()) names.emplace_back(page.name);
+  for (const ReferencePage& page : all_pages()) names.emplace_back(page.name);
   for (const CliCommand& command : cli_commands()) names.emplace_back(command.name);
   return names;
 }
@@ -64,7 +64,7 @@ std::string text_of(const CLI::App& program, const std::string& topic,
                     const std::vector<std::string>& words) {
   if (topic == "forms") return entries(words);
   std::string text;
-  if (const Page* page = find_page(topic)) {
+  if (const ReferencePage* page = find_page(topic)) {
     for (std::string_view line : page->lines) text.append(line).append("\n");
   } else if (topic.empty()) {
     text = page_of(program, "torvane");
@@ -103,7 +103,7 @@ int help(const CLI::App& program, const HelpOptions& options) {
 std::function<int()> declare_help(CLI::App& app) {
   auto options = std::make_shared<HelpOptions>();
   std::string pages = "A command, or a page: forms";
-  for (const Page& page : all_pages()) pages.append(", ").append(page.name);
+  for (const ReferencePage& page : all_pages()) pages.append(", ").append(page.name);
   app.add_option("TOPIC", options->topic, pages);
   app.add_option("WORD", options->words, "With forms: parts of the names wanted");
   return [&app, options] { return help(*app.get_parent(), *options); };

@@ -6,11 +6,11 @@
 
 namespace torvane {
 
-struct Page {
+struct ReferencePage {
   std::string_view name;
   std::span<const std::string_view> lines;
 };
 
-std::span<const Page> all_pages();
+std::span<const ReferencePage> all_pages();
 
 }  // namespace torvane

@@ -32,6 +32,7 @@ Labels::Labels(World& world)
       features_(function(world, "universal-features")),
       lemma_(function(world, "universal-lemma")),
       clitic_(function(world, "clitic")),
+      one_word_(function(world, "one-word")),
       outside_category_(function(world, "outside-category")),
       outside_relation_(function(world, "outside-relation")),
       boundary_(function(world, "sentence-boundary")),
@@ -65,6 +66,12 @@ std::string Labels::clitic(std::string_view token) const {
   std::string small(token);
   std::transform(small.begin(), small.end(), small.begin(), lower);
   return text_of(clitic_.eval(Value::made_text(small), type_id_of<const char*>()));
+}
+
+bool Labels::is_one_word(std::string_view tokens) const {
+  if (!one_word_) return false;
+  TextScope texts;
+  return one_word_.eval(Value::made_text(tokens), type_id_of<const char*>()).word() != 0;
 }
 
 int Labels::boundary(std::string_view token) const {

@@ -31,6 +31,9 @@ class Labels {
   /// letters; empty if the two are not written as one word.
   std::string clitic(std::string_view token) const;
 
+  /// Tokens without a blank between them that make up one word, or the beginning of one.
+  bool is_one_word(std::string_view tokens) const;
+
   bool finds_sentences() const { return static_cast<bool>(boundary_); }
   /// Reads the next token of a text: -1 while no sentence ends, else how many of the tokens read
   /// belong to the next one.
@@ -41,8 +44,8 @@ class Labels {
  private:
   static std::string label(const ExpPtr& function, DepTree& node);
 
-  ExpPtr category_, relation_, features_, lemma_, clitic_, outside_category_, outside_relation_,
-      boundary_, joint_;
+  ExpPtr category_, relation_, features_, lemma_, clitic_, one_word_, outside_category_,
+      outside_relation_, boundary_, joint_;
 };
 
 }  // namespace torvane

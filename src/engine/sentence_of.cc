@@ -86,18 +86,25 @@ class Assembly {
       }
   }
 
-  // The tree with the most words gives the root.
+  // Of several trees the grammar may call the top of one the root, and then the others have
+  // relations to it; else the one with the most words gives the root.
   void join_parts() {
     std::vector<int> size(places_.size());
+    int tops = 0, top = 0;
     for (int i = 1; i <= count(); ++i)
       for (int up = i; up > 0 && place(i).node; up = place(up).head)
         ++size[static_cast<std::size_t>(up)];
     for (int i = 1; i <= count(); ++i) {
       if (!place(i).node || place(i).head) continue;
       ++sentence_.parts;
+      if (labels_.relation(*place(i).node) == kRoot) {
+        ++tops;
+        top = i;
+      }
       if (root_ == 0 || size[static_cast<std::size_t>(i)] > size[static_cast<std::size_t>(root_)])
         root_ = i;
     }
+    if (tops == 1) root_ = top;
     for (int i = 1; i <= count(); ++i)
       if (place(i).node && !place(i).head && i != root_) word(i).part = true;
     if (root_ == 0) {
@@ -135,6 +142,8 @@ class Assembly {
     } else if (is_quote || is_one_of(form, kOpening)) {
       head = right;
       opened_.push_back(i);
+    } else if (place(right).head == left) {
+      head = right;
     } else if (place(left).head > i) {
       head = left;
     } else if (place(right).head > 0 && place(right).head < i) {
@@ -160,7 +169,7 @@ class Assembly {
       }
       if (i == root_) {
         to.relation = kRoot;
-      } else if (to.part || to.relation == kRoot || to.relation.empty()) {
+      } else if (to.relation == kRoot || to.relation.empty()) {
         to.relation = kUnknown;
       }
     }
@@ -265,6 +274,13 @@ Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labe
       continue;
     }
     add_words(sentence, at, begin);
+    if (begin == at && !sentence.words.empty() &&
+        labels.is_one_word(text.substr(sentence.words.back().begin,
+                                       begin + form.size() - sentence.words.back().begin))) {
+      at = sentence.words.back().end = begin + form.size();
+      word_of.push_back(static_cast<int>(sentence.words.size()));
+      continue;
+    }
     at = begin + form.size();
     SentenceWord& word = sentence.words.emplace_back();
     word.begin = begin;

@@ -77,12 +77,13 @@ const char* torvane_version() noexcept {
 
 torvane_document* torvane_read(const char* format, const char* text, size_t length) noexcept {
   auto document = std::make_unique<torvane_document>();
-  if (!format || std::string_view(format) != "conllu") {
-    document->error = "there is no format " + std::string(format ? format : "") + " to be read";
+  const std::string name = format ? format : "";
+  torvane::GivenText given({text ? text : "", text ? length : 0});
+  const auto source = torvane::make_tree_source(name, given);
+  if (!source) {
+    document->error = "there is no format " + name + " to be read";
     return document.release();
   }
-  torvane::GivenText given({text ? text : "", text ? length : 0});
-  const auto source = torvane::make_tree_source(given);
   for (torvane::Task task; source->next(task);)
     document->sentences.push_back(std::move(*task.read));
   document->error = given.faults();
@@ -119,8 +120,10 @@ char* torvane_document_write(const torvane_document* document, const char* forma
   const torvane::Format* found = torvane::find_format(format ? format : "");
   if (!found) return nullptr;
   std::string out;
+  found->begin(out);
   for (size_t i = 0; i < torvane_document_size(document); ++i)
     found->write(out, document->sentences[i]);
+  found->end(out);
   return torvane::copy_of(out, length);
 }
 
@@ -129,7 +132,9 @@ char* torvane_sentence_write(const torvane_document* document, size_t sentence, 
   const torvane::Format* found = torvane::find_format(format ? format : "");
   if (!found || sentence >= torvane_document_size(document)) return nullptr;
   std::string out;
+  found->begin(out);
   found->write(out, document->sentences[sentence]);
+  found->end(out);
   return torvane::copy_of(out, length);
 }
 
