@@ -10,5 +10,5 @@ foreach(page IN LISTS pages)
   string(APPEND table "    {\"${page}\", k_${page}},\n")
 endforeach()
 file(WRITE ${OUT} "// Written by the build.\n#include \"cli/pages.h\"\n\nnamespace torvane {\nnamespace {\n\n${lines}
-constexpr Page kPages[] = {\n${table}};\n
-}  // namespace\n\nstd::span<const Page> all_pages() {\n  return kPages;\n}\n\n}  // namespace torvane\n")
+constexpr ReferencePage kPages[] = {\n${table}};\n
+}  // namespace\n\nstd::span<const ReferencePage> all_pages() {\n  return kPages;\n}\n\n}  // namespace torvane\n")
