@@ -103,7 +103,8 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     const std::unique_ptr<Engine> engine = make_engine(options, grammar);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
-      job->outcome = parse_and_write(*engine, job->task, options, run.format, run.page, job->written);
+      job->outcome =
+          parse_and_write(*engine, job->task, options, run.format, run.page, job->written);
       all.give_back(*job);
     }
   });
