@@ -58,7 +58,8 @@ TEST(LibraryTest, WordsKnowWhatTheyAreAndWhereTheyStand) {
 }
 
 TEST(LibraryTest, BytesThatAreNoTextStandWhereTheyStood) {
-  const std::string text("a\xff\xfe dog \0 b\xc3 barks \xe2\x80.\n\x80\n", 28);
+  using namespace std::string_literals;
+  const std::string text = "a\xff\xfe dog \0 b\xc3 barks \xe2\x80.\n\x80\n"s;
   for (const char* kind : {"text", "lines", "tokens"}) {
     const torvane::Document document = english().parse(text, kind);
     ASSERT_TRUE(document);
