@@ -19,8 +19,9 @@ ItemPool::ItemPool() {
 // the vector that it leads to, then the vector's block.
 void ItemPool::fetch_ahead() const {
   if (free_ < 4) return;
-  auto fetch = [](const void* block, int lines) {
-    for (int i = 0; i < lines; ++i) __builtin_prefetch(static_cast<const char*>(block) + 64 * i, 1);
+  auto fetch = [](const void* block, std::size_t lines) {
+    for (std::size_t i = 0; i < lines; ++i)
+      __builtin_prefetch(static_cast<const char*>(block) + 64 * i, 1);
   };
   const auto next = pool_.begin() + free_ - 1;
   fetch(next[-3].get(), 2);
