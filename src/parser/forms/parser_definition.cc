@@ -123,7 +123,7 @@ Value set_deps_modifier(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kParserDefinitionCommands[] = {
     // Kept: parser-by-keywords
     {"def-torvane-parser", def_torvane_parser,
      "(def-torvane-parser name size-of-hash att-type lex-attributes output-attributes "
@@ -141,6 +141,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::parser_definition{kCommands};
+constinit const Offer offers::parser_definition{kParserDefinitionCommands};
 
 }  // namespace torvane
