@@ -111,7 +111,10 @@ Value set_reldb(World& world, IRSlist* form) {
   if (!current_parser(world)) return Value();
   TorvaneParser* parser = take_parser(world, form);
   Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
-  if (parser && database) parser->costs._reldb = trees(world).statistics_of(database);
+  if (parser && database) {
+    parser->costs._reldb = trees(world).statistics_of(database);
+    parser->costs.fixed_counts = false;
+  }
   return Value();
 }
 
