@@ -163,7 +163,7 @@ $("form").onsubmit = async (event) => {
     const { sentences } = await ask("/parse", { text, style, drawing: true, width: Math.floor(innerWidth / 10) });
     $("trees").replaceChildren(...sentences.map((sentence) => new Card(sentence, style).root));
     const whole = sentences.filter((sentence) => sentence.parts === 1).length;
-    $("state").textContent = `${sentences.length} sentences, ${whole} of one tree`;
+    $("state").textContent = `${sentences.length} ${sentences.length === 1 ? "sentence" : "sentences"}, ${whole} of one tree`;
     $("conllu").disabled = false;
     $("conllu").onclick = async () =>
       download("trees.conllu", "text/plain", (await ask("/parse", { text, style, to: "conllu" })).output);
