@@ -7,6 +7,7 @@
 
 #include "lexp/functions.h"
 #include "lexp/open_streams.h"
+#include "lexp/refusal.h"
 #include "lexp/types.h"
 #include "lexp/variables.h"
 #include "shell/world.h"
@@ -32,6 +33,7 @@ class Expressions : public WorldPart {
   Scopes scopes{types};
   std::vector<std::unique_ptr<Func>> functions;
   ObjFactory* family = nullptr;
+  std::unique_ptr<FormTexts> form_texts;  ///< null: nobody wants them
 };
 
 inline Expressions& expressions(World& world) {
