@@ -45,6 +45,7 @@ struct Expansion : Form<Expansion, CompExp> {
 [[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(World& world, const std::string& text) {
   Array<ExpPtr> exps;
   IRSlistReader reader(world.double_byte);
+  reader.tokenizer().stay_at(world.places.current);
   for (IRSlist* form = reader.start_string(text.c_str()); form; form = reader.next()) {
     if (auto exp = LExp::get_exp(world, form)) exps.append(std::move(exp));
   }
@@ -87,9 +88,12 @@ std::unique_ptr<LExp> LExp::get_exp(World& world, IRSlist* form) {
   if (!guard) return nullptr;
   std::optional<ExpansionScope> outermost;
   if (compile_depth.depth == 1) outermost.emplace(world.macros);
+  PlaceScope here(world.places, form->place);
   const Macro* macro = world.macros.find(*form);
-  if (!macro) return compile_head(world, form);
-  return compile_expansion(world, world.macros.expand(*macro, *form));
+  if (macro) return compile_expansion(world, world.macros.expand(*macro, *form));
+  std::unique_ptr<LExp> exp = compile_head(world, form);
+  world.places.keep(exp.get(), form->place);
+  return exp;
 }
 
 std::unique_ptr<LExp> LExp::get_exp_from_text(World& world, const char* text) {
