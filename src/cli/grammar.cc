@@ -26,6 +26,7 @@ std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_
   if (fault.empty()) {
     engine = std::make_unique<Engine>(World::Console{&nothing, &std::cerr, &std::cerr});
     engine->max_words = max_words;
+    engine->world().places.want_in_messages(std::cerr);
     engine->world().interpreter.redefine("exit", end_program, nullptr);
     fault = engine->load(files.files, files.folders);
   }

@@ -33,7 +33,7 @@ class Expressions : public WorldPart {
   Scopes scopes{types};
   std::vector<std::unique_ptr<Func>> functions;
   ObjFactory* family = nullptr;
-  std::unique_ptr<FormTexts> form_texts;  ///< null: nobody wants them
+  FormTexts form_texts;  ///< kept where places are
 };
 
 inline Expressions& expressions(World& world) {

@@ -38,7 +38,8 @@ class TwoInts : public BinaryFunc {
     if (Value value = eval(input, type)) return value;
     std::string found;
     for (const ExpPtr* part : {&a, &b})
-      if (*part) found += (found.empty() ? "" : " and ") + std::to_string(part->eval(input, type).number());
+      if (*part)
+        found += (found.empty() ? "" : " and ") + std::to_string(part->eval(input, type).number());
     refusal.steps.push_back({this, found});
     return Value();
   }

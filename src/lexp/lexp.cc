@@ -53,6 +53,7 @@ struct Expansion : Form<Expansion, CompExp> {
 [[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(World& world, const std::string& text) {
   Array<ExpPtr> exps;
   IRSlistReader reader(world.double_byte);
+  reader.tokenizer().stay_at(world.places.current);
   for (IRSlist* form = reader.start_string(text.c_str()); form; form = reader.next()) {
     if (auto exp = LExp::get_exp(world, form)) exps.append(std::move(exp));
   }
@@ -95,13 +96,14 @@ std::unique_ptr<LExp> LExp::get_exp(World& world, IRSlist* form) {
   if (!guard) return nullptr;
   std::optional<ExpansionScope> outermost;
   if (compile_depth.depth == 1) outermost.emplace(world.macros);
-  FormTexts* texts = expressions(world).form_texts.get();
-  const std::string text = texts ? text_of(*form) : std::string();
+  PlaceScope here(world.places, form->place);
+  const bool quotes = world.places.kept;
+  const std::string text = quotes ? text_of(*form) : std::string();
   const Macro* macro = world.macros.find(*form);
-  std::unique_ptr<LExp> exp =
-      macro ? compile_expansion(world, world.macros.expand(*macro, *form))
-            : compile_head(world, form);
-  if (texts && exp) texts->note(*exp, text);
+  std::unique_ptr<LExp> exp = macro ? compile_expansion(world, world.macros.expand(*macro, *form))
+                                    : compile_head(world, form);
+  if (!macro) world.places.keep(exp.get(), form->place);
+  if (quotes && exp) expressions(world).form_texts.note(*exp, text);
   return exp;
 }
 

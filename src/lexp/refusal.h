@@ -14,14 +14,14 @@ class LExp;
 struct Refusal {
   struct Step {
     const LExp* exp;
-    std::string finding;  ///< what the form found; may be empty
+    std::string finding;   ///< what the form found; may be empty
     bool is_call = false;  ///< of a defined function
   };
   std::vector<Step> steps;  ///< from the innermost form to the whole
 };
 
-/// The texts of the forms that expressions were compiled from, for a world that wants to quote
-/// them. An expression that was copied since has none.
+/// The texts of the forms that expressions were compiled from, to be quoted. An expression that was
+/// copied since has none.
 class FormTexts {
  public:
   void note(const LExp& exp, std::string text) { texts_[&exp] = std::move(text); }

@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "shell/world.h"
 #include "support/messages.h"
@@ -333,6 +334,7 @@ std::unique_ptr<Tokenizer> Tokenizer::make_default(bool double_byte) {
 
 bool Tokenizer::fill(unsigned char& out) {
   using Traits = std::istream::traits_type;
+  place_.word += std::exchange(line_ended_, false);
   read_pos = 0;
   buffer_len = 0;
   std::istream* in = input ? input->in() : nullptr;
@@ -346,7 +348,10 @@ bool Tokenizer::fill(unsigned char& out) {
         break;
       }
       buffer[static_cast<std::size_t>(buffer_len++)] = Traits::to_char_type(c);
-      if (c == '\n') break;
+      if (c == '\n') {
+        line_ended_ = counts_lines_ && place_.line() < Place::kMostLines;
+        break;
+      }
     }
   } else if (!input) {
     buffer.reset();

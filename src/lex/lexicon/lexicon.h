@@ -33,8 +33,8 @@ class Lexicon {
 
   /// Reads what every dictionary has under the key; the entry read last, or null.
   LexEntry* load_from_disk(const char* key);
-  /// Reads all entries of a stream.
-  void load(std::istream& in, bool no_dup);
+  /// Reads all entries of a stream, which stands at a place.
+  void load(std::istream& in, bool no_dup, Place first_line = {});
   // Part of the interface; nothing in the engine calls it yet.
   void load_unique(std::istream& in);
   std::unique_ptr<LexEntry> new_entry(const char* key);

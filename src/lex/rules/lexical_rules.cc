@@ -94,8 +94,12 @@ namespace {
 
 std::vector<std::unique_ptr<Rule>> read_rules(World& world, IRSlist* form) {
   std::vector<std::unique_ptr<Rule>> rules;
-  for (IRSlist* item : form->items)
-    if (item->is_list()) rules.push_back(std::make_unique<Rule>(world, item));
+  for (IRSlist* item : form->items) {
+    PlaceScope here(world.places, item->place);
+    if (!item->is_list()) continue;
+    rules.push_back(std::make_unique<Rule>(world, item));
+    world.places.keep(rules.back().get(), item->place);
+  }
   return rules;
 }
 

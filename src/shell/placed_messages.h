@@ -1,0 +1,41 @@
+// Messages one by one, each with where the form stood that was in hand.
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <sstream>
+#include <string>
+
+#include "shell/place.h"
+#include "support/messages.h"
+
+namespace torvane {
+
+class Places;
+
+struct PlacedMessage {
+  std::string text;  ///< with the line's end
+  Place place;
+  std::string form;  ///< of a file, that was being run
+};
+
+/// Gathers what is written between two messages' beginnings, and gives it on.
+class PlacedMessages : public MessageListener {
+ public:
+  using Taker = std::function<void(const PlacedMessage& message)>;
+
+  PlacedMessages(const Places& places, Taker taker) : places_(places), taker_(std::move(taker)) {}
+  std::ostream& stream() { return out_; }
+  void message_may_begin() override;
+  /// The message in hand is whole.
+  void end();
+
+ private:
+  const Places& places_;
+  const Taker taker_;
+  std::ostringstream out_;
+  Place place_;
+  std::string form_;
+};
+
+}  // namespace torvane
