@@ -52,7 +52,8 @@ std::string values_in(Value input, const LBitSet& atts) {
   if (!vec) return "there is none";
   std::ostringstream out;
   vec->print(out, &atts);
-  return out.str() == "()" ? "no value" : out.str();
+  const std::string values = out.str();
+  return values.size() <= 2 ? "it has none" : "it has " + values.substr(1, values.size() - 2);
 }
 
 // All of the named attributes are defined.

@@ -39,6 +39,7 @@ std::string fault_of(const CLI::App& app, const CLI::App& asked, const CLI::Pars
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from one format into another", declare_convert},
+    {"why", "Tell why a sentence has its tree, and not another one", declare_why},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

@@ -48,6 +48,9 @@ class Engine {
   /// The next-best tree of the sentence that was parsed last: another one than those that it gave
   /// so far. Nothing where there is none, and for a sentence that was parsed piece by piece.
   std::optional<Sentence> next();
+  /// Makes the engine keep the places and texts of the forms that it loads from here on, which
+  /// explanations quote.
+  void keep_forms();
   /// Parses a text as one sentence and explains its tree; or why a word (from 1) is not under
   /// another one in it (0: not a root). It costs several times what a parse does.
   WhyTree why(std::string_view text);
@@ -63,6 +66,8 @@ class Engine {
   bool joint(std::string_view token);
 
  private:
+  struct Explained;
+  Explained parse_to_explain(std::string_view text);
   Sentence parse_piece(std::string_view text);
   Sentence parse_piece(const std::vector<std::string>& words);
   Sentence result();

@@ -251,7 +251,7 @@ class NegExp : public Form<NegExp, CompExp> {
   Value watch(Value input, int type, Refusal& refusal) override {
     for (const ExpPtr& exp : exps)
       if (exp->eval(input, type)) {
-        refusal.steps.push_back({exp.get(), "this holds"});
+        refusal.steps.push_back({exp.get(), "it holds"});
         refusal.steps.push_back({this, {}});
         return Value();
       }

@@ -36,10 +36,10 @@ class TwoInts : public BinaryFunc {
   }
   Value watch(Value input, int type, Refusal& refusal) override {
     if (Value value = eval(input, type)) return value;
-    std::string found;
+    std::string found = "they are";
     for (const ExpPtr* part : {&a, &b})
       if (*part)
-        found += (found.empty() ? "" : " and ") + std::to_string(part->eval(input, type).number());
+        found += (part == &a ? " " : " and ") + std::to_string(part->eval(input, type).number());
     refusal.steps.push_back({this, found});
     return Value();
   }

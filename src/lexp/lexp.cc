@@ -108,7 +108,7 @@ std::unique_ptr<LExp> LExp::get_exp(World& world, IRSlist* form) {
 }
 
 std::string LExp::finding(Value input) {
-  if (const char* found = input.text()) return '"' + std::string(found) + '"';
+  if (const char* found = input.text()) return "it is '" + std::string(found) + "'";
   return input ? std::string() : "there is none";
 }
 
