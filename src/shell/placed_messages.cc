@@ -19,4 +19,9 @@ void PlacedMessages::end() {
   taker_(message);
 }
 
+void PlacedMessages::process_ends() {
+  end();
+  if (at_end_) at_end_();
+}
+
 }  // namespace torvane

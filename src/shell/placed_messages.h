@@ -24,15 +24,19 @@ class PlacedMessages : public MessageListener {
  public:
   using Taker = std::function<void(const PlacedMessage& message)>;
 
-  PlacedMessages(const Places& places, Taker taker) : places_(places), taker_(std::move(taker)) {}
+  /// `at_end` runs when the process ends because of what the last message tells.
+  PlacedMessages(const Places& places, Taker taker, std::function<void()> at_end)
+      : places_(places), taker_(std::move(taker)), at_end_(std::move(at_end)) {}
   std::ostream& stream() { return out_; }
   void message_may_begin() override;
+  void process_ends() override;
   /// The message in hand is whole.
   void end();
 
  private:
   const Places& places_;
   const Taker taker_;
+  const std::function<void()> at_end_;
   std::ostringstream out_;
   Place place_;
   std::string form_;

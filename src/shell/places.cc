@@ -38,8 +38,9 @@ void Places::want_in_messages(std::ostream& out) {
   });
 }
 
-void Places::give_messages(std::function<void(const PlacedMessage&)> taker) {
-  messages_ = std::make_unique<PlacedMessages>(*this, std::move(taker));
+void Places::give_messages(std::function<void(const PlacedMessage&)> taker,
+                           std::function<void()> at_end) {
+  messages_ = std::make_unique<PlacedMessages>(*this, std::move(taker), std::move(at_end));
 }
 
 namespace {

@@ -36,6 +36,8 @@ class Places {
 
   /// The place of the first line of a file that is to be read; none for an empty path.
   Place begin_file(const std::string& path);
+  /// The paths of the files that were read, in their order; one that was read twice stands twice.
+  const std::vector<std::string>& files() const { return files_; }
   /// "FILE:LINE"; empty for none.
   std::string text(Place place) const;
   /// The path of a place's file; empty for none.
@@ -49,8 +51,10 @@ class Places {
 
   /// Lets a line with its place follow each message that goes to `out`.
   void want_in_messages(std::ostream& out);
-  /// Gives each message to `taker`, with its place.
-  void give_messages(std::function<void(const PlacedMessage&)> taker);
+  /// Gives each message to `taker`, with its place. `at_end` runs when the process ends because of
+  /// what the last message tells.
+  void give_messages(std::function<void(const PlacedMessage&)> taker,
+                     std::function<void()> at_end = {});
   /// Null if no place is wanted in messages.
   PlacedMessages* messages() const { return messages_.get(); }
 

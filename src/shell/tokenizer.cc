@@ -150,7 +150,7 @@ int TokenizerBase::look_further() {
 void TokenizerBase::put_back(unsigned char c) {
   if (rollback_count == static_cast<int>(rollback.size())) {
     messages() << "Tokenizer cannot rollback more than " << rollback.size() << " characters\n";
-    std::exit(EXIT_FAILURE);
+    end_process(EXIT_FAILURE);
   }
   rollback[static_cast<std::size_t>(rollback_count++)] = c;
 }

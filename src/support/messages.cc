@@ -1,5 +1,6 @@
 #include "support/messages.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <utility>
 
@@ -13,6 +14,11 @@ thread_local MessageListener* bound_listener = nullptr;
 std::ostream& messages() {
   if (bound_listener) bound_listener->message_may_begin();
   return bound ? *bound : std::cerr;
+}
+
+void end_process(int status) {
+  if (bound_listener) bound_listener->process_ends();
+  std::exit(status);
 }
 
 MessagesTo::MessagesTo(std::ostream& stream, MessageListener* listener)

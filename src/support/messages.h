@@ -10,11 +10,15 @@ namespace torvane {
 /// is what is written between two calls of which the second finds the line ended.
 std::ostream& messages();
 
-/// Is told of each call of `messages`.
+/// Ends the process, behind a message: after a fault with which nothing can go on.
+[[noreturn]] void end_process(int status);
+
+/// Is told of each call of `messages`, and of the end.
 class MessageListener {
  public:
   virtual ~MessageListener() = default;
   virtual void message_may_begin() = 0;
+  virtual void process_ends() = 0;
 };
 
 /// Sends the thread's messages to `stream` while it lives, and tells the listener (null: nobody).

@@ -83,6 +83,13 @@ class Lexicon {
   void add_dictionary(std::unique_ptr<DictOnDisk> dictionary);
   void set_endings(std::unique_ptr<EndingTable> table) { ending_table_ = std::move(table); }
   std::size_t entry_count() const { return entries_.size(); }
+  /// Whether words are also looked for on disk.
+  bool has_dictionaries() const { return !dictionaries_.empty(); }
+  /// Calls `visit(entry)` for each entry in memory, in no order.
+  template <class Visit>
+  void for_each(Visit visit) const {
+    for (const auto& [key, entry] : entries_) visit(*entry);
+  }
 
   bool check_meanings = false;  ///< a meaning that the entry has already is rejected
   /// Beyond so many uses the entries that were not used lately are dropped.

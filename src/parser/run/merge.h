@@ -13,7 +13,18 @@ PItem* merge(Chart& chart, const Grammar& grammar, PItem& modifier, PItem& head,
              int position, const Link& link);
 
 /// The test of a merge that refuses it.
-enum class MergeTest { none, argument, moved, span, distance, pool, unification, gap, merged, mark };
+enum class MergeTest {
+  none,
+  argument,
+  moved,
+  span,
+  distance,
+  pool,
+  unification,
+  gap,
+  merged,
+  mark
+};
 
 /// The same for who wants to know why: which test says no, and the item as far as it was made (null
 /// if it was not), which the caller gives back. `before`: set to what the item had before the
