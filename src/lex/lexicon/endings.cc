@@ -110,6 +110,7 @@ const char* EndingDouble::strip(const char* word) const {
 void EndingTable::read(World& world, IRSlist* form) {
   while (std::unique_ptr<IRSlist> item = form->pop_front()) {
     if (item->is_atom() || item->empty()) continue;
+    PlaceScope here(world.places, item->place);
     const IRSlist* head = item->nth(0);
     if (head->is_atom() && same_word(head->atom, ":conditions")) {
       item->pop_front();

@@ -46,7 +46,7 @@ Value load_lex(World& world, IRSlist* form) {
   if (const char* text = form->take_keyword_str(":no-dup")) scan_long(text, no_dup);
   Lexicon* lexicon = take_lexicon(world, form);
   Ref<Stream> in = lexicon ? take_input(world, form) : Ref<Stream>();
-  if (in && in->in()) lexicon->load(*in->in(), no_dup != 0);
+  if (in && in->in()) lexicon->load(*in->in(), no_dup != 0, world.places.begin_file(in->path()));
   return Value();
 }
 
