@@ -31,8 +31,8 @@ void TextSearch::step() {
   if (at_.byte == character_end_) ++at_.character;
 }
 
-std::vector<Place> TextSearch::find(std::string_view piece) {
-  std::vector<Place> places;
+std::vector<TextPlace> TextSearch::find(std::string_view piece) {
+  std::vector<TextPlace> places;
   places.reserve(piece.size());
   for (char c : piece) {
     if (is_space(c)) {

@@ -29,7 +29,7 @@ class GivenText : public LineInput {
 };
 
 /// A place in a text, as a byte and as the character that the byte belongs to.
-struct Place {
+struct TextPlace {
   std::size_t byte = 0, character = 0;
 };
 
@@ -39,13 +39,13 @@ class TextSearch {
   explicit TextSearch(std::string_view text) : text_(text) {}
   /// Where each byte of the next piece stands. A blank of the piece stands behind the word before
   /// it.
-  std::vector<Place> find(std::string_view piece);
+  std::vector<TextPlace> find(std::string_view piece);
 
  private:
   void step();
 
   std::string_view text_;
-  Place at_;
+  TextPlace at_;
   std::size_t character_end_ = 0;  // of the character at the place
 };
 
