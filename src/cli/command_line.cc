@@ -41,6 +41,7 @@ constexpr CliCommand kCommands[] = {
     {"convert", "Turn trees from one format into another", declare_convert},
     {"why", "Tell why a sentence has its tree, and not another one", declare_why},
     {"check", "Tell what is wrong with a grammar, and where", declare_check},
+    {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

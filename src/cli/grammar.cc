@@ -5,19 +5,31 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <utility>
 
 #include "cli/command.h"
 
 namespace torvane {
 namespace {
 
+thread_local std::function<void()> duty_before_end;
+
 // A grammar can run `exit`, in any thread. Whoever asked for a parse has none.
 Value end_program(World&, IRSlist*) {
   std::cerr << "torvane: the grammar ended the program" << std::endl;
+  if (duty_before_end) duty_before_end();
   _exit(kNoGrammar);
 }
 
 }  // namespace
+
+BeforeGrammarEnds::BeforeGrammarEnds(std::function<void()> duty) {
+  duty_before_end = std::move(duty);
+}
+
+BeforeGrammarEnds::~BeforeGrammarEnds() {
+  duty_before_end = nullptr;
+}
 
 std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words,
                                      Forms forms) {

@@ -6,8 +6,9 @@
 #include <string_view>
 
 #include "formats/format.h"
-#include "library/given_text.h"
 #include "library/handles.h"
+#include "library/text_search.h"
+#include "sources/given_text.h"
 #include "sources/sources.h"
 
 namespace torvane {

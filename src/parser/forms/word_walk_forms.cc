@@ -164,7 +164,7 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kWordWalkForms[] = {
     form<PItemHeadWord>(),        form<PItemPrecedingWord>(),
     form<PItemFollowingWord>(),   form<PItemFollowedByOrEndWithWord>(),
     form<IncludeFollowingWord>(), form<IncludePrecedingWord>(),
@@ -172,6 +172,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::word_walk_forms{kForms};
+constinit const Offer offers::word_walk_forms{kWordWalkForms};
 
 }  // namespace torvane
