@@ -16,6 +16,7 @@ need_build_tools() {
   need ninja-build command -v ninja
   need g++ command -v c++
   need libcli11-dev test -e /usr/include/CLI/CLI.hpp
+  need libedit-dev test -e /usr/include/histedit.h
 }
 
 need_test_tools() {

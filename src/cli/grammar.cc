@@ -31,13 +31,13 @@ BeforeGrammarEnds::~BeforeGrammarEnds() {
   duty_before_end = nullptr;
 }
 
-std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words,
-                                     Forms forms) {
+std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words, Forms forms,
+                                     std::ostream& out) {
   static thread_local std::istringstream nothing;
   std::string fault = files.fault;
   std::unique_ptr<Engine> engine;
   if (fault.empty()) {
-    engine = std::make_unique<Engine>(World::Console{&nothing, &std::cerr, &std::cerr});
+    engine = std::make_unique<Engine>(World::Console{&nothing, &out, &std::cerr});
     engine->max_words = max_words;
     if (forms == Forms::kept) engine->keep_forms();
     engine->world().places.want_in_messages(std::cerr);

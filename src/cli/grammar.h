@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <iostream>
 #include <memory>
 
 #include "engine/engine.h"
@@ -13,9 +14,9 @@ namespace torvane {
 enum class Forms { dropped, kept };
 
 /// A new engine with the grammar; null after a message if it does not load. What a grammar prints
-/// goes to standard error; one that ends the process ends it with kNoGrammar.
+/// goes to `out`; one that ends the process ends it with kNoGrammar.
 std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words,
-                                     Forms forms = Forms::dropped);
+                                     Forms forms = Forms::dropped, std::ostream& out = std::cerr);
 
 /// What the running thread has to do before a grammar that it runs ends the process.
 class BeforeGrammarEnds {

@@ -193,6 +193,25 @@ Sentence Engine::rewrite(const std::string& tree_text) {
   return sentence_of(*deps, text_of(*deps), *labels_);
 }
 
+GrammarNames Engine::names() {
+  WorldScope here(world_);
+  GrammarNames names;
+  const TorvaneParser* parser = current_parser(world_);
+  if (!parser) return names;
+  parser->grammar._nodes.for_each(
+      [&](const auto& entry) { names.categories.emplace_back(entry.key); });
+  if (const AttInterpreterList* type = parser->grammar._att_type)
+    for (const AttInterpreter* att : type->atts) names.attributes.push_back(att->name);
+  if (parser->grammar._lex && parser->grammar._lex->lexicon())
+    parser->grammar._lex->lexicon()->for_each(
+        [&](const LexEntry& entry) { names.words.push_back(entry.key); });
+  return names;
+}
+
+void Engine::stop() {
+  if (TorvaneParser* parser = current_parser(world_)) parser->chart.stop();
+}
+
 int Engine::boundary(std::string_view token) {
   WorldScope here(world_);
   return labels_->finds_sentences() ? labels_->boundary(token) : -1;
@@ -240,7 +259,7 @@ Sentence Engine::result() {
   Sentence sentence =
       words_.empty() ? sentence_of(deps, text_, *labels_) : sentence_of(deps, words_, *labels_);
   sentence.cost = parser.cost();
-  if (parser.chart.is_exhausted()) sentence.cut = "items";
+  if (parser.chart.is_exhausted()) sentence.cut = parser.chart.is_stopped() ? "stopped" : "items";
   return sentence;
 }
 

@@ -18,6 +18,11 @@ namespace torvane {
 
 class TripleDb;
 
+/// The names that somebody may want to write who works with a grammar.
+struct GrammarNames {
+  std::vector<std::string> categories, attributes, words;
+};
+
 class Engine {
  public:
   /// On the process's own streams.
@@ -48,6 +53,11 @@ class Engine {
   /// The next-best tree of the sentence that was parsed last: another one than those that it gave
   /// so far. Nothing where there is none, and for a sentence that was parsed piece by piece.
   std::optional<Sentence> next();
+  /// Ends the parse in hand: its result is what there is by then, with `cut` set to `stopped`. The
+  /// only call that may come from a signal handler, or while another thread uses the engine.
+  void stop();
+  /// Of the grammar that is loaded, in no order.
+  GrammarNames names();
   /// Makes the engine keep the places and texts of the forms that it loads from here on, which
   /// explanations quote.
   void keep_forms();

@@ -14,7 +14,7 @@ constexpr const char* kRoot = "root";
 constexpr const char* kUnknown = "dep";
 
 /// A word of the sentence under way. Numbers are from 1, as heads are.
-struct Place {
+struct WordPlace {
   DepTree* node = nullptr;  ///< null: outside all trees
   int depth = 0;            ///< of the node
   int head = 0;
@@ -43,7 +43,7 @@ class Assembly {
 
  private:
   int count() const { return static_cast<int>(sentence_.words.size()); }
-  Place& place(int i) { return places_[static_cast<std::size_t>(i)]; }
+  WordPlace& place(int i) { return places_[static_cast<std::size_t>(i)]; }
   SentenceWord& word(int i) { return sentence_.words[static_cast<std::size_t>(i - 1)]; }
   int word_at(int position) const {
     return position > 0 && static_cast<std::size_t>(position) < word_of_.size()
@@ -59,7 +59,7 @@ class Assembly {
       const int depth = waiting.back().second;
       waiting.pop_back();
       if (int i = word_at(node->_pos); i > 0) {
-        Place& here = place(i);
+        WordPlace& here = place(i);
         if (!here.node || depth < here.depth) {
           here.node = node;
           here.depth = depth;
@@ -157,7 +157,7 @@ class Assembly {
   void write() {
     for (int i = 1; i <= count(); ++i) {
       SentenceWord& to = word(i);
-      Place& here = place(i);
+      WordPlace& here = place(i);
       to.head = i == root_ ? 0 : here.head > 0 ? here.head : root_;
       if (here.node) {
         write_node(*here.node, to);
@@ -196,7 +196,7 @@ class Assembly {
   const Labels& labels_;
   Sentence& sentence_;
   std::vector<int> word_of_;  // the word of the sentence, by the parser's position
-  std::vector<Place> places_;
+  std::vector<WordPlace> places_;
   int root_ = 0;
   std::vector<int> opened_;  // brackets and quotes that are still to be closed
 };

@@ -11,6 +11,8 @@ namespace torvane {
 /// `most_links`: how many links of a pair are told, those that came furthest; 0: all.
 void write_why_text(std::string& out, const WhyPair& why, std::size_t most_links);
 void write_why_text(std::string& out, const WhyTree& why);
+/// The readings of the modifier of a pair.
+void write_readings(std::string& out, const WhyPair& why);
 /// One object, on a line of its own.
 void write_why_json(std::string& out, const WhyPair& why);
 void write_why_json(std::string& out, const WhyTree& why);

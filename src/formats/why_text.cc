@@ -152,6 +152,12 @@ void write_why_text(std::string& out, const WhyPair& why, std::size_t most_links
   }
 }
 
+void write_readings(std::string& out, const WhyPair& why) {
+  if (!why.fault.empty()) return;
+  out += word_text(why.sentence, why.modifier) + ":\n";
+  add_readings(out, why.sentence, why.modifier_readings);
+}
+
 void write_why_text(std::string& out, const WhyTree& why) {
   if (!why.fault.empty()) {
     out += why.fault + '\n';

@@ -36,6 +36,9 @@ class Chart {
   /// exhausted.
   PItem* copy_item(const PItem* source, const AttSet* atts);
   bool is_exhausted() const { return pool_.is_exhausted(); }
+  /// Lets the sentence have no more items; from a signal handler or another thread too.
+  void stop() { pool_.stop(); }
+  bool is_stopped() const { return pool_.is_stopped(); }
   /// What a condition will say of such a projection, as far as that is known without making it.
   Outlook foresee(const ExpPtr& condition, const PItem& source, const Link& link);
   /// How many items the sentence has; and to forget that there were more, of which none is in use.

@@ -1,6 +1,7 @@
 // The items of a sentence, used again for the next one.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -19,7 +20,10 @@ class ItemPool {
   /// A cleared item with a vector of the type; null when the pool is exhausted.
   PItem* new_item(AttInterpreterList* att_type);
   /// The sentence can have no more items.
-  bool is_exhausted() const { return items_made_ >= kPoolLimit; }
+  bool is_exhausted() const { return items_made_ >= limit_.load(std::memory_order_relaxed); }
+  /// Lets the sentence have no more from here on; from a signal handler or another thread too.
+  void stop() { limit_.store(0, std::memory_order_relaxed); }
+  bool is_stopped() const { return limit_.load(std::memory_order_relaxed) == 0; }
   /// Counts an item as made that need not be.
   void count() { ++items_made_; }
   /// How many the sentence has; and to forget that there were more, of which none is in use.
@@ -34,6 +38,7 @@ class ItemPool {
     free_ = static_cast<int>(pool_.size());
     eras_.renew();
     items_made_ = 0;
+    limit_.store(kPoolLimit, std::memory_order_relaxed);
   }
 
  private:
@@ -45,6 +50,7 @@ class ItemPool {
   std::vector<std::unique_ptr<PItem>> pool_;  // the free ones first
   int free_ = 0;
   int items_made_ = 0;  // of this sentence
+  std::atomic<int> limit_ = kPoolLimit;
   Eras eras_;
 };
 
