@@ -28,6 +28,7 @@
   (defattribute agr DisjAtt (allowable-values mn ma md mg fn fa fd fg nn na nd ng pn pa pd pg i u w))
   (defattribute decl DisjAtt (allowable-values weak mixed strong))   ; of an adjective: after der, ein, nothing
   (defattribute spec BinAtt)                                         ; has a determiner, or needs none
+  (defattribute proper BinAtt)                                       ; a name
   (defattribute ante DisjAtt (allowable-values m f n p))             ; what a relative pronoun goes back to
   (defattribute plural EnumAtt (allowable-values e er en n none))    ; the ending of the plural of a noun
   (defattribute masculine BinAtt)                                    ; a weak noun: den Studenten
@@ -61,8 +62,8 @@
 (alias weak-m (make-av syn ((cat n) (node NN) (agr mn) +masculine)))
 (alias irregular-plural (make-av syn ((cat n) (node NN) (agr pn pa pg) (plural none))))
 (alias irregular-plural-n (make-av syn ((cat n) (node NN) (agr pn pa pd pg) (plural none))))   ; Gärten
-(alias him (make-av syn ((cat n) (node NN) +spec (agr mn ma md))))     ; names
-(alias her (make-av syn ((cat n) (node NN) +spec (agr fn fa fd))))
+(alias him (make-av syn ((cat n) (node NN) +spec +proper (agr mn ma md))))     ; names
+(alias her (make-av syn ((cat n) (node NN) +spec +proper (agr fn fa fd))))
 (alias pron (make-av syn ((cat n) (node Pro) +spec)))
 (alias rel (make-av syn ((cat n) (node RelPro))))
 (alias the (make-av syn ((cat d) +spec (decl weak))))

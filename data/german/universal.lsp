@@ -1,6 +1,6 @@
 ; What others call the words: universal categories and features.
 (defun universal-category ()
-  (cond ((cat (str= NN)) (if (node2attvec (contain (+spec))) (str PROPN) (str NOUN)))
+  (cond ((cat (str= NN)) (if (node2attvec (contain (+proper))) (str PROPN) (str NOUN)))
         ((cat (in (Pro RelPro))) (str PRON))
         ((cat (reg-match "^V$")) (str VERB))
         ((cat (str= Aux)) (str AUX))
@@ -32,3 +32,7 @@
   (cond ((in (und oder aber)) (str cc))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str punct))
         ((t) (str dep))))
+
+; A sentence of running text ends with such a sign, if the next word has a capital.
+(defun sentence-boundary ()
+  (sbnd (current-token (reg-match "[.?!]$")) . (current-token (reg-match "^[A-Z\195]"))))

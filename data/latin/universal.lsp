@@ -29,3 +29,7 @@
   (cond ((in (et sed aut)) (str cc))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str punct))
         ((t) (str dep))))
+
+; A sentence of running text ends with such a sign, if the next word has a capital.
+(defun sentence-boundary ()
+  (sbnd (current-token (reg-match "[.?!]$")) . (current-token (reg-match "^[A-Z]"))))
