@@ -45,6 +45,7 @@
   (defattribute final BinAtt)                                        ; ankommt: only at the end of its clause
   (defattribute front BinAtt)                                        ; a clause with something before its verb
   (defattribute adverbial BinAtt)                                    ; weil, wenn; not dass
+  (defattribute verbal BinAtt)                                       ; a preposition that rather goes with verbs: in
   (defattribute lemma StrAtt))
 
 (make-avmeaning-proto syn avm)

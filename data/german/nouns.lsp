@@ -23,13 +23,17 @@
       (and (pitem-modifier (pitem-attvec (unifiable ((ante n))))) (pitem-attvec (unify ((agr nn na nd ng)))))
       (and (pitem-modifier (pitem-attvec (unifiable ((ante p))))) (pitem-attvec (unify ((agr pn pa pd pg)))))))
 
+; The price of a place behind a noun: er liest das Buch in der Schule.
+(defun rather-to-the-verb ()
+  (if (pitem-modifier (pitem-attvec (contain (+verbal)))) (pitem-add-weight 1) (t)))
+
 (def-modifiers N
   (:head (N0 (head-cond (determined))))
   (* (N (dep-type nmod) (percolate ()) (modifier-cond (pitem-attvec (strict-unifiable (agr) (genitive)))))
-     (PP (dep-type nmod) (percolate ()) (dep-weight 1.5)))
+     (PP (dep-type nmod) (percolate ()) (dep-weight 1.5) (merged-cond (rather-to-the-verb))))
   (? :skip-word (str= ",")
      (Rel (dep-type acl) (percolate ()) (modifier-cond (between-commas))
           (merged-cond (and (same-gender) (include-following-word (str= ",")))))))
 
 ; A preposition depends on its noun and percolates `agr`, the cases that it governs.
-(def-modifiers PP ((P (dep-type case) (percolate (agr)))) (:head (N)))
+(def-modifiers PP ((P (dep-type case) (percolate (agr verbal)))) (:head (N)))

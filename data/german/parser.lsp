@@ -15,7 +15,7 @@
 (def-category Pred (visible-atts (agr)) (conj-atts () (agr)))   ; klein, müde: an adjective as a predicate
 (def-category Adv)
 (def-category Deg)
-(def-category P (visible-atts (agr)))
+(def-category P (visible-atts (agr verbal)))
 (def-category Prt (visible-atts (particle)))
 (def-category Aux (visible-atts (agr vform perf)))
 (def-category Comp (visible-atts (adverbial)))
@@ -27,7 +27,7 @@
 (def-category NB (visible-atts (agr spec decl)))
 (def-category N0 (visible-atts (agr spec decl)))
 (def-category N (visible-atts (agr)))
-(def-category PP (visible-atts (agr)))
+(def-category PP (visible-atts (agr verbal)))
 
 ; A clause: VK is a verb at the end of its clause, with the auxiliary behind it; VF has all that stands before it.
 (def-category V (visible-atts (agr vform perf nom acc dat clause particle final)))

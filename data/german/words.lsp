@@ -81,7 +81,8 @@
   (mit (avm ((cat p) (dative)))) (aus (avm ((cat p) (dative)))) (von (avm ((cat p) (dative))))
   (für (avm ((cat p) (accusative)))) (ohne (avm ((cat p) (accusative)))) (über (avm ((cat p) (accusative))))
   (Über (avm ((cat p) (accusative) (lemma über))))               ; Ü and ü are different bytes
-  (in (avm ((cat p) (agr md fd nd pd ma fa na pa)))) (auf (avm ((cat p) (agr md fd nd pd ma fa na pa))))
+  (in (avm ((cat p) +verbal (agr md fd nd pd ma fa na pa))))
+  (auf (avm ((cat p) +verbal (agr md fd nd pd ma fa na pa))))
 
   ; What opens a clause with its verb at the end.
   (dass (avm ((cat j) (node Comp) -adverbial))) (ob (avm ((cat j) (node Comp) -adverbial)))
