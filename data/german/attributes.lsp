@@ -51,7 +51,6 @@
 (make-avmeaning-proto syn avm)
 
 ; The cases.
-(alias nominative (make-av syn ((agr mn fn nn pn i u w))))
 (alias accusative (make-av syn ((agr ma fa na pa))))
 (alias dative     (make-av syn ((agr md fd nd pd))))
 (alias genitive   (make-av syn ((agr mg fg ng pg))))

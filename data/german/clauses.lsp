@@ -1,10 +1,9 @@
 ; Clauses. What a verb takes may stand in any order, so a position takes all of it (*), and the case of each tells what
 ; it is: a link asks whether the verb still wants such a one, and notes that it is had.
 
-; For the merged item: the subject agrees by percolating `agr`; objects are told by their case.
-(defun as-subject ()
-  (and (pitem-attvec (contain (+nom))) (pitem-modifier (pitem-attvec (unifiable (nominative))))
-       (pitem-attvec (modify (-nom)))))
+; For the merged item: the subject percolates `agr`, in which the finite verb has nominatives only; objects are told by
+; their case.
+(defun as-subject () (and (pitem-attvec (contain (+nom))) (pitem-attvec (modify (-nom)))))
 (defun as-object ()
   (and (pitem-attvec (contain (+acc))) (pitem-modifier (pitem-attvec (unifiable (accusative))))
        (pitem-attvec (modify (-acc)))))
