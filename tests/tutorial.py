@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Runs every step of docs/grammar.md and compares the trees that it shows.
+"""Runs every step of a page such as docs/grammar.md and compares the trees that it shows.
 
-usage: tutorial.py PROGRAM GRAMMAR_PAGE [--write]
+usage: tutorial.py PROGRAM PAGE [--write]
 
 A block headed "lisp NAME" is a file. A block headed "tree NAME: SENTENCE" is what the program prints for
 the sentence when it loads that file, without the outer parentheses; "output NAME" is all that it prints.
