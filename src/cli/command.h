@@ -15,7 +15,7 @@ enum Status : int {
   kDone = 0,
   kInputOutput = 1,  ///< something could not be read or written
   kUsage = 2,
-  kNotWhole = 3,  ///< with --strict: a sentence is not whole
+  kNotWhole = 3,  ///< with --strict: a sentence is not whole; `score`: too few are right
   kNoGrammar = 4,
 };
 
@@ -32,6 +32,7 @@ std::span<const CliCommand> cli_commands();
 std::function<int()> declare_parse(CLI::App& app);
 std::function<int()> declare_convert(CLI::App& app);
 std::function<int()> declare_check(CLI::App& app);
+std::function<int()> declare_score(CLI::App& app);
 std::function<int()> declare_help(CLI::App& app);
 std::function<int()> declare_completion(CLI::App& app);
 

@@ -40,6 +40,8 @@ constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from one format into another", declare_convert},
     {"check", "Tell what is wrong with a grammar, and where", declare_check},
+    {"score", "Count the words of a list of sentences that get the heads they should have",
+     declare_score},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };
