@@ -178,7 +178,7 @@ class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAttForms[] = {
     pure_form<AttDefPred>(),
     pure_form<AttDefOnePred>(),
     form<AttUnDefPred, Reach::change>(),
@@ -191,6 +191,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::att_forms{kForms};
+constinit const Offer offers::att_forms{kAttForms};
 
 }  // namespace torvane

@@ -33,6 +33,7 @@ std::function<int()> declare_parse(CLI::App& app);
 std::function<int()> declare_convert(CLI::App& app);
 std::function<int()> declare_check(CLI::App& app);
 std::function<int()> declare_score(CLI::App& app);
+std::function<int()> declare_serve(CLI::App& app);
 std::function<int()> declare_help(CLI::App& app);
 std::function<int()> declare_completion(CLI::App& app);
 

@@ -42,6 +42,7 @@ constexpr CliCommand kCommands[] = {
     {"check", "Tell what is wrong with a grammar, and where", declare_check},
     {"score", "Count the words of a list of sentences that get the heads they should have",
      declare_score},
+    {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

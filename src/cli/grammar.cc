@@ -5,19 +5,33 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <utility>
 
 #include "cli/command.h"
+#include "shell/placed_messages.h"
 
 namespace torvane {
 namespace {
 
+thread_local std::function<void()> duty_before_end;
+
 // A grammar can run `exit`, in any thread. Whoever asked for a parse has none.
-Value end_program(World&, IRSlist*) {
+Value end_program(World& world, IRSlist*) {
+  if (PlacedMessages* messages = world.places.messages()) messages->end();
   std::cerr << "torvane: the grammar ended the program" << std::endl;
+  if (duty_before_end) duty_before_end();
   _exit(kNoGrammar);
 }
 
 }  // namespace
+
+BeforeGrammarEnds::BeforeGrammarEnds(std::function<void()> duty) {
+  duty_before_end = std::move(duty);
+}
+
+BeforeGrammarEnds::~BeforeGrammarEnds() {
+  duty_before_end = nullptr;
+}
 
 std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words) {
   static thread_local std::istringstream nothing;

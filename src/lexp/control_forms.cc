@@ -350,7 +350,7 @@ class EqExp : public Form<EqExp, BinaryFunc> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kControlForms[] = {
     pure_form<ProgExp>(),  pure_form<Prog1Exp>(),   pure_form<FuncComp>(),
     pure_form<IfAction>(), form<WhileAction>(),     pure_form<WhenAction>(),
     form<OneOf>(),         pure_form<CondAction>(), form<CollectExp>(),
@@ -362,6 +362,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::control_forms{kForms};
+constinit const Offer offers::control_forms{kControlForms};
 
 }  // namespace torvane

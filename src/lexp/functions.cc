@@ -95,12 +95,12 @@ Value defun(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kFunctionsCommands[] = {
     {"defun", defun, "(defun funcname ( [args] ) LExp LExp ...) define a function."},
 };
 
 }  // namespace
 
-constinit const Offer offers::functions{kCommands};
+constinit const Offer offers::functions{kFunctionsCommands};
 
 }  // namespace torvane

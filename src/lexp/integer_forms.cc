@@ -119,13 +119,13 @@ class Ent2Str : public Form<Ent2Str, LAdaptor> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kIntegerForms[] = {
     pure_form<IntEq>(),   pure_form<IntGt>(),    pure_form<IntDiff>(), pure_form<IntSum>(),
     pure_form<PlusOne>(), pure_form<MinusOne>(), form<Int2Str>(),      form<Ent2Str>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::integer_forms{kForms};
+constinit const Offer offers::integer_forms{kIntegerForms};
 
 }  // namespace torvane

@@ -177,12 +177,12 @@ Value def_endings(World& world, IRSlist* form) {
   return Value::of(table);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEndingsCommands[] = {
     {"def-endings", def_endings, "(def-endings ending1 ...) define a set of endings."},
 };
 
 }  // namespace
 
-constinit const Offer offers::endings{kCommands};
+constinit const Offer offers::endings{kEndingsCommands};
 
 }  // namespace torvane

@@ -118,12 +118,12 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
 
 namespace {
 
-constexpr Prototype kPatterns[] = {
+constexpr Prototype kPatternPatterns[] = {
     pattern<WordPat>("word", "(word LEXP) matches a word that satisfies LEXP"),
 };
 
 }  // namespace
 
-constinit const Offer offers::pattern{kPatterns};
+constinit const Offer offers::pattern{kPatternPatterns};
 
 }  // namespace torvane

@@ -151,7 +151,7 @@ Value debug_rules(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLexicalRulesCommands[] = {
     {"def-rules", def_rules,
      "(def-rules name rule1 rule2 ...) define a set of lexical rules. If the rule set so name is "
      "already defined, rule1 rule2 ... are appended at the end."},
@@ -165,6 +165,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::lexical_rules{kCommands};
+constinit const Offer offers::lexical_rules{kLexicalRulesCommands};
 
 }  // namespace torvane

@@ -200,7 +200,7 @@ Value roots(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kGrammarCommands[] = {
     {"def-category", def_category,
      "(def-category CATEGORY COMMAND1 .... COMMANDn) define a category."},
     // Kept: def-modifiers-stands-alone
@@ -262,6 +262,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::grammar_commands{kCommands};
+constinit const Offer offers::grammar_commands{kGrammarCommands};
 
 }  // namespace torvane

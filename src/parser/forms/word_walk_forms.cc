@@ -157,7 +157,7 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kWordWalkForms[] = {
     form<PItemHeadWord>(),        form<PItemPrecedingWord>(),
     form<PItemFollowingWord>(),   form<PItemFollowedByOrEndWithWord>(),
     form<IncludeFollowingWord>(), form<IncludePrecedingWord>(),
@@ -165,6 +165,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::word_walk_forms{kForms};
+constinit const Offer offers::word_walk_forms{kWordWalkForms};
 
 }  // namespace torvane

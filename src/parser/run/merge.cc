@@ -25,13 +25,16 @@ PItem* merge_items(Chart& chart, const GCate& node, PItem& modifier, PItem& head
     with_adjunct->_link = node._guest_link;
     below = with_adjunct;
   }
+  const int distance = head_position(right) - head_position(left);
+  if (distance > kMostHeadDistance) {
+    chart.pass_over_item();
+    return nullptr;
+  }
   PItem* item = chart.copy_item(below, nullptr);
   if (!item) return nullptr;
   item->_low = left._low;
   item->_high = right._high;
   item->_modifier = &modifier;
-  int distance = head_position(right) - head_position(left);
-  if (distance > kMostHeadDistance) return nullptr;
   if (distance > 0) item->_weight += static_cast<float>(distance >> 1);
   item->_weight += modifier._weight;
   return item;
