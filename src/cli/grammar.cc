@@ -33,13 +33,15 @@ BeforeGrammarEnds::~BeforeGrammarEnds() {
   duty_before_end = nullptr;
 }
 
-std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words) {
+std::unique_ptr<Engine> load_grammar(const GrammarFiles& files, std::size_t max_words,
+                                     Forms forms) {
   static thread_local std::istringstream nothing;
   std::string fault = files.fault;
   std::unique_ptr<Engine> engine;
   if (fault.empty()) {
     engine = std::make_unique<Engine>(World::Console{&nothing, &std::cerr, &std::cerr});
     engine->max_words = max_words;
+    if (forms == Forms::kept) engine->keep_forms();
     engine->world().places.want_in_messages(std::cerr);
     engine->world().interpreter.redefine("exit", end_program, nullptr);
     fault = engine->load(files.files, files.folders);

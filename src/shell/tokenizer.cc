@@ -344,6 +344,7 @@ bool Tokenizer::fill(unsigned char& out) {
     std::ostream* tied = in->tie(nullptr);  // what is written does not go out sooner for it
     in->getline(buffer.get(), buffer_size);
     in->tie(tied);
+    const bool counts = counts_lines_ && place_.line() < Place::kMostLines;
     bool ended = in->eof();
     bool full = !ended && in->fail();
     in->clear();
@@ -352,13 +353,12 @@ bool Tokenizer::fill(unsigned char& out) {
       int c = in->rdbuf()->sbumpc();  // getline kept one byte for a zero
       ended = Traits::eq_int_type(c, Traits::eof());
       if (!ended) buffer[static_cast<std::size_t>(buffer_len++)] = Traits::to_char_type(c);
+      line_ended_ = counts && c == '\n';
     } else if (!ended) {
       buffer[static_cast<std::size_t>(buffer_len - 1)] = '\n';
+      line_ended_ = counts;
     }
     if (ended) in->setstate(std::ios::eofbit | std::ios::failbit);
-    line_ended_ = counts_lines_ && buffer_len > 0 &&
-                  buffer[static_cast<std::size_t>(buffer_len - 1)] == '\n' &&
-                  place_.line() < Place::kMostLines;
   } else if (!input) {
     buffer.reset();
   }

@@ -78,7 +78,11 @@ void LexRuleList::apply(LexAnalyzer& analyzer) {
   std::vector<Rule*> now;
   now.reserve(rules_.size());
   for (const auto& rule : rules_) now.push_back(rule.get());
-  for (Rule* rule : now) rule->apply(analyzer);
+  for (Rule* rule : now) {
+    if (analyzer.losses) analyzer.rule_in_hand = {rule->name().c_str(), rule};
+    rule->apply(analyzer);
+  }
+  analyzer.rule_in_hand = {};
 }
 
 void LexRuleList::insert(std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
