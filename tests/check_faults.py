@@ -156,7 +156,7 @@ class Clean(unittest.TestCase):
                 (folder / head).write_text(body)
             for head, _ in steps:
                 if head not in no_grammars:
-                    self.assertEqual(check(folder, "./" + head), (0, ""), head)
+                    self.assertEqual(check(folder, "--data", DATA, "./" + head), (0, ""), head)
 
 
 if __name__ == "__main__":

@@ -128,10 +128,9 @@ void check_attributes(GrammarSources& sources) {
 }
 
 void check_entries(GrammarSources& sources) {
-  std::vector<std::pair<const SourceFile*, const SourceForm*>> all;
-  sources.each_entry(
-      [&](const SourceFile& file, const SourceForm& entry) { all.emplace_back(&file, &entry); });
-  for (const auto& [file, entry] : all) look_at_entry(sources, *file, *entry);
+  sources.each_entry([&](const SourceFile& file, const SourceForm& entry) {
+    look_at_entry(sources, file, entry);
+  });
 }
 
 }  // namespace torvane

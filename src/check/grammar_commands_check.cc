@@ -278,10 +278,8 @@ class Commands {
 
 void check_grammar_commands(GrammarSources& sources) {
   Commands commands(sources);
-  std::vector<std::pair<const SourceFile*, const SourceForm*>> all;
   sources.each_command(
-      [&](const SourceFile& file, const SourceForm& form) { all.emplace_back(&file, &form); });
-  for (const auto& [file, form] : all) commands.look_at(*file, *form);
+      [&](const SourceFile& file, const SourceForm& form) { commands.look_at(file, form); });
 }
 
 }  // namespace torvane

@@ -114,10 +114,8 @@ class Rules {
 
 void check_rules(GrammarSources& sources) {
   Rules rules(sources);
-  std::vector<std::pair<const SourceFile*, const SourceForm*>> all;
   sources.each_command(
-      [&](const SourceFile& file, const SourceForm& form) { all.emplace_back(&file, &form); });
-  for (const auto& [file, form] : all) rules.look_at(*file, *form);
+      [&](const SourceFile& file, const SourceForm& form) { rules.look_at(file, form); });
 }
 
 }  // namespace torvane

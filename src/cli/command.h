@@ -15,7 +15,7 @@ enum Status : int {
   kDone = 0,
   kInputOutput = 1,  ///< something could not be read or written
   kUsage = 2,
-  kNotWhole = 3,  ///< with --strict: a sentence is not whole
+  kNotWhole = 3,  ///< with --strict: a sentence is not whole; `score`: too few are right
   kNoGrammar = 4,
 };
 
@@ -35,6 +35,7 @@ std::function<int()> declare_why(CLI::App& app);
 std::function<int()> declare_repl(CLI::App& app);
 std::function<int()> declare_check(CLI::App& app);
 std::function<int()> declare_serve(CLI::App& app);
+std::function<int()> declare_score(CLI::App& app);
 std::function<int()> declare_help(CLI::App& app);
 std::function<int()> declare_completion(CLI::App& app);
 

@@ -43,6 +43,8 @@ constexpr CliCommand kCommands[] = {
     {"why", "Tell why a sentence has its tree, and not another one", declare_why},
     {"check", "Tell what is wrong with a grammar, and where", declare_check},
     {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
+    {"score", "Count the words of a list of sentences that get the heads they should have",
+     declare_score},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "cli/command.h"
+#include "shell/placed_messages.h"
 
 namespace torvane {
 namespace {
@@ -15,7 +16,8 @@ namespace {
 thread_local std::function<void()> duty_before_end;
 
 // A grammar can run `exit`, in any thread. Whoever asked for a parse has none.
-Value end_program(World&, IRSlist*) {
+Value end_program(World& world, IRSlist*) {
+  if (PlacedMessages* messages = world.places.messages()) messages->end();
   std::cerr << "torvane: the grammar ended the program" << std::endl;
   if (duty_before_end) duty_before_end();
   _exit(kNoGrammar);

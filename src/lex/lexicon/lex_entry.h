@@ -112,7 +112,7 @@ void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add) 
   CurrentEntry reading(world, &entry);
   for (IRSlist* item : form.items) {
     if (item->is_atom()) continue;
-    PlaceScope here(world.places, item->place);
+    if (item->place) world.places.current = item->place;
     if (std::unique_ptr<Meaning> meaning = make_meaning(world, item)) add(std::move(meaning));
   }
 }

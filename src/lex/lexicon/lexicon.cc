@@ -155,8 +155,8 @@ LexEntry* Lexicon::add_if_absent(IRSlist* form) {
 }
 
 LexEntry* Lexicon::read_entry(IRSlist* form, bool no_dup) {
-  PlaceScope here(world_.places, form->place);
   Heading heading = parse_heading(*form);
+  const PlaceScope here(world_.places, form->place);
   if (heading.key.empty() || (heading.is_phrase && !heading.check_length())) return nullptr;
   LexEntry* entry = find(heading.key);
   if (entry && no_dup) {

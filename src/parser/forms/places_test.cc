@@ -59,6 +59,14 @@ over lines" (def-conj-constraints
   EXPECT_EQ(place(&grammar.world), "");
 }
 
+TEST_F(PlacesTest, LinesAreCountedWhereTheyFillTheBuffer) {
+  grammar.world.places.kept = true;
+  for (std::size_t length = 508; length < 516; ++length) {
+    load(';' + std::string(length, 'x') + "\n\n(roots (V (t)))");
+    EXPECT_EQ(place(grammar.grammar()._roots[0].filter.get()), "own.lsp:3") << length;
+  }
+}
+
 TEST_F(PlacesTest, NothingIsKeptUnlessAsked) {
   load("(roots (V (t)))");
   EXPECT_EQ(place(grammar.grammar()._roots[0].filter.get()), "");
