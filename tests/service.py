@@ -78,6 +78,19 @@ class Answers(unittest.TestCase):
             self.assertEqual((status, answer["output"].count("\n")), (200, 2), kind)
         self.assertEqual(self.service.post("/parse", {"text": ""}), (200, {"sentences": []}))
 
+    def test_reasons(self):
+        status, answer = self.service.post("/why", {"text": "The dogs bark.", "modifier": 1, "head": 3})
+        self.assertEqual((status, answer["answer"]["kind"], answer["own"]), (200, "dearer", 2))
+        self.assertGreater(answer["wanted"]["total"], answer["chosen"]["total"])
+        status, answer = self.service.post("/why", {"text": "The dogs bark."})
+        self.assertEqual((status, len(answer["words"])), (200, 4))
+        for request, status in (({"text": "Dogs bark.", "modifier": 9, "head": 1}, 422), ({"text": "", "modifier": 1}, 400),
+                                ({"text": "Dogs bark.", "head": 1}, 400), ({"text": "a " * 300, "modifier": 1}, 422),
+                                ({"text": "Dogs bark.", "modifier": 1, "head": 1}, 422)):
+            got, answer = self.service.post("/why", request)
+            self.assertEqual(got, status, request)
+            self.assertTrue(answer["error"], request)
+
     def test_text_is_never_code(self):
         for text in ('") (exit) ("', "(exit)", "\\\" (exit)", "\x00(exit)", "(load /etc/passwd)"):
             status, answer = self.service.post("/parse", {"text": text})

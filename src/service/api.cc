@@ -9,6 +9,8 @@
 
 #include "formats/format.h"
 #include "formats/svg.h"
+#include "formats/why_format.h"
+#include "sources/explained.h"
 #include "sources/given_text.h"
 #include "sources/sources.h"
 #include "support/text.h"
@@ -38,11 +40,13 @@ class Members {
     if (member && !member->is_string()) fault = std::string(name) + " is no string";
     return member && member->is_string() ? member->get<std::string>() : std::move(otherwise);
   }
-  int number(const char* name, int most, int otherwise) {
+  int number(const char* name, int least, int most, int otherwise) {
     const Json* member = find(name);
     if (!member) return otherwise;
-    const bool fits = member->is_number_integer() && *member >= 1 && *member <= most;
-    if (!fits) fault = std::string(name) + " is no number from 1 to " + std::to_string(most);
+    const bool fits = member->is_number_integer() && *member >= least && *member <= most;
+    if (!fits)
+      fault = std::string(name) + " is no number from " + std::to_string(least) + " to " +
+              std::to_string(most);
     return fits ? member->get<int>() : otherwise;
   }
   bool truth(const char* name) {
@@ -146,9 +150,9 @@ Answer Api::parse(std::string_view body) {
   request.from = members.text("from", "text");
   request.to = members.text("to");
   request.style = members.text("style", choice_.style);
-  request.best = members.number("best", kMostTrees, 0);
+  request.best = members.number("best", 1, kMostTrees, 0);
   request.drawing = members.truth("drawing");
-  request.page.width = static_cast<std::size_t>(members.number("width", 1000, 100));
+  request.page.width = static_cast<std::size_t>(members.number("width", 1, 1000, 100));
   if (members.fault.empty() && !members.has("text")) members.fault = "text is missing";
   if (!members.check().empty()) return refusal(400, members.fault);
   const std::vector<std::string> kinds = {"text", "lines", "tokens"};
@@ -162,15 +166,15 @@ Answer Api::parse(std::string_view body) {
   return parse_tasks(request);
 }
 
+Answer Api::too_late() const {
+  return refusal(504, "it took longer than " + std::to_string(limits_.seconds) + " seconds");
+}
+
 Answer Api::parse_tasks(const ParseRequest& request) {
   const auto latest = Clock::now() + std::chrono::seconds(limits_.seconds);
   std::string fault;
   EnginePool* engines = pool(request.style, fault);
   if (!engines) return refusal(400, fault);
-  const auto too_long = [&] {
-    return refusal(504, "it took longer than " + std::to_string(limits_.seconds) + " seconds");
-  };
-
   std::vector<Task> tasks;
   const auto cut = [&](Engine& engine) {
     GivenText given(request.text);
@@ -180,7 +184,7 @@ Answer Api::parse_tasks(const ParseRequest& request) {
       tasks.push_back(std::move(task));
     }
   };
-  if (!engines->run(cut, latest)) return too_long();
+  if (!engines->run(cut, latest)) return too_late();
 
   const Format* format = request.to.empty() ? nullptr : find_format(request.to);
   std::string out;
@@ -202,11 +206,41 @@ Answer Api::parse_tasks(const ParseRequest& request) {
         sentence = std::move(*next);
       }
     };
-    if (!engines->run(trees, latest)) return too_long();
+    if (!engines->run(trees, latest)) return too_late();
   }
   if (!format) return {200, "{\"sentences\":[" + out + "]}\n"};
   format->end(out);
   return {200, text_of({{"output", out}}) + '\n'};
+}
+
+Answer Api::why(std::string_view body) {
+  const auto latest = Clock::now() + std::chrono::seconds(limits_.seconds);
+  Members members(body);
+  const std::string text = members.text("text");
+  const std::string style = members.text("style", choice_.style);
+  const int most = static_cast<int>(choice_.max_words);
+  const int modifier = members.number("modifier", 1, most, 0);
+  const int head = members.number("head", 0, most, 0);
+  if (members.fault.empty() && text.empty()) members.fault = "text is missing";
+  if (members.fault.empty() && members.has("head") && modifier == 0)
+    members.fault = "modifier is missing";
+  if (!members.check().empty()) return refusal(400, members.fault);
+  if (!is_style(style)) return refusal(400, "there is no style " + style);
+  if (count_words(text) > choice_.max_words)
+    return refusal(422, "the sentence has more than " + std::to_string(most) + " words");
+  std::string fault, out;
+  EnginePool* engines = pool(style, fault);
+  if (!engines) return refusal(400, fault);
+  const auto explain = [&](Engine& engine) {
+    const auto write = [&](const auto& reasons) {
+      fault = reasons.fault;
+      write_why_json(out, reasons);
+    };
+    modifier > 0 ? write(why_in_text(engine, text, modifier, head))
+                 : write(why_in_text(engine, text));
+  };
+  if (!engines->run(explain, latest)) return too_late();
+  return fault.empty() ? Answer{200, out} : refusal(422, fault);
 }
 
 Answer Api::health() const {

@@ -34,6 +34,8 @@ class Api {
   /// Why the grammar does not load, or empty.
   std::string fault();
   Answer parse(std::string_view request);
+  /// Why a word is not under another one.
+  Answer why(std::string_view request);
   Answer health() const;
 
  private:
@@ -43,6 +45,7 @@ class Api {
   /// had.
   EnginePool* pool(const std::string& style, std::string& fault);
   Answer parse_tasks(const ParseRequest& request);
+  Answer too_late() const;
 
   const GrammarChoice choice_;
   const std::size_t threads_;

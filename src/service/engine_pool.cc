@@ -54,6 +54,7 @@ void EnginePool::serve() {
   std::ostringstream says;  // what a grammar prints is for those who write it
   Engine engine(World::Console{&nothing, &says, &says});
   engine.max_words = choice_.max_words;
+  engine.keep_forms();  // for explanations
   engine.world().interpreter.redefine("exit", refuse_exit, nullptr);
   const GrammarFiles files = find_grammar(choice_);
   std::string fault = files.fault;

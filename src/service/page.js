@@ -1,6 +1,7 @@
 "use strict";
 const $ = (id) => document.getElementById(id);
 const kMostTrees = 20;
+const kMostLinks = 5;
 
 async function ask(path, request) {
   const answer = await fetch(path, {
@@ -114,11 +115,11 @@ class Card {
     const word = (number) => (number ? this.tree.words[number - 1].form : "the root");
     place.replaceChildren(element("h2", `${word(why.modifier)} under ${word(why.head)}: ${why.answer.text}`));
     const list = element("ul");
-    for (const link of why.links ?? []) {
+    for (const link of why.links.slice(0, kMostLinks)) {
       const item = element("li", `${link.relation || "link"} (${link.child} under ${link.parent}): ${link.reason.text}`);
       for (const detail of link.reason.details ?? []) item.append(element("div", detail));
-      const at = link.reason.place ?? link.place;
-      if (at) item.append(" ", element("code", `${at.file}:${at.line}`));
+      const at = link.reason.file ? link.reason : link;
+      if (at.file) item.append(" ", element("code", `${at.file}:${at.line}`));
       list.append(item);
     }
     if (list.children.length) place.append(list);

@@ -93,6 +93,7 @@ class Service {
       put(response, api_.health());
     });
     answer("/parse", &Api::parse);
+    answer("/why", &Api::why);
   }
 
   std::string fault() { return api_.fault(); }
