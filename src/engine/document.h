@@ -42,8 +42,9 @@ struct Sentence {
   int parts = 0;  ///< trees that the grammar found; their tops hang on the root
   /// What the trees cost together: less is better, among the trees of one sentence.
   std::optional<float> cost;
-  int best = 0;     ///< which one of the next-best trees, from 1; 0: they were not asked for
-  std::string cut;  ///< what kept the parse from being complete: `words`, `items`, `stopped`; or empty
+  int best = 0;  ///< which one of the next-best trees, from 1; 0: they were not asked for
+  /// What kept the parse from being complete: `words`, `items`, `stopped`; or empty.
+  std::string cut;
 
   /// One tree, and all words but punctuation in it.
   bool is_whole() const {

@@ -358,9 +358,6 @@ bool Tokenizer::fill(unsigned char& out) {
       buffer[static_cast<std::size_t>(buffer_len - 1)] = '\n';
       line_ended_ = counts;
     }
-    const bool ends_line =
-        buffer_len > 0 && buffer[static_cast<std::size_t>(buffer_len - 1)] == '\n';
-    line_ended_ = ends_line && counts_lines_ && place_.line() < Place::kMostLines;
     if (ended) in->setstate(std::ios::eofbit | std::ios::failbit);
   } else if (!input) {
     buffer.reset();
