@@ -21,8 +21,12 @@
                ((node2word (in (mustn))) (str must))))))
 
 ; Tokens without a blank between them that are one word, or the beginning of one: rows of signs, faces made of signs,
-; words with a prefix. Other words with a hyphen are cut at it.
+; addresses, telephone numbers, names such as O'Neill, words with a prefix or suffix. Other words with a hyphen are
+; cut at it.
 (defun one-word ()
-  (or (reg-match "^[.][.]+$" "^--+$" "^[!?][!?]+$" "^[*][*]+$" "^==+$" "^__+$" "^~~+$" "^[$][$]+$"
-                 "^[:;=8]-$" "^[:;=8]-?[)(DPp]+$")
-      (reg-match "^(e|non|anti|pre|post|co|semi|counter|mid|multi|sub|ex|re|un)-[a-z]*$")))
+  (or (reg-match "^[.][.]+$" "^[-=]-+=*$" "^==+-*$" "^-=+$" "^[!?][!?]+$" "^[*][*]+$" "^__+$" "^~~+$" "^[$][$]+$"
+                 "^[:;=8]-$" "^[:;=8]-?[)(DPp]+$" "^[.:][?]$" "^!+[.]$")
+      (reg-match "^https?:[^ ]*[^]) >\"';,.!]$" "^www[.][^ ]*[^]) >\"';,.!]$" "^[A-Za-z0-9.]*[.][a-z]*-[a-z]*$")
+      (reg-match "^[0-9][0-9][0-9]-$" "^[0-9][0-9][0-9]-[0-9]*$" "^[0-9][0-9][0-9]-[0-9]*-[0-9]*$")
+      (reg-match "^[Oo]'[A-Za-z]*$" "^Yahoo!$")
+      (reg-match "^([Ee]|[Nn]on|[Aa]nti|[Pp]re|[Pp]ost|[Cc]o|[Ss]emi|[Cc]ounter|[Mm]id|[Mm]ulti|[Ss]ub|[Ee]x|[Rr]e|[Uu]n|[Mm]is|[Oo]ver|[Vv]ice|[Pp]ro|[Ii]nter|[Uu]ltra|[Mm]ini|[Ee]co|[Bb]io|[Pp]seudo|[Qq]uasi|[Nn]eo|[Tt]ri|[Uu]ni|[Bb]i|[Dd]e)-[A-Za-z]*$")))
