@@ -15,5 +15,6 @@
       english/nouns.lsp
       english/verbs.lsp
       english/clauses.lsp
+      english/text.lsp
       english/conjunction.lsp
       english/roots.lsp)

@@ -49,6 +49,10 @@
 (def-category RelO (visible-atts (lexitem move marked)))    ; that she reads __
 (def-category RelA (visible-atts (lexitem)))                ; where she reads
 
+; Pieces that are joined by nothing better, see text.lsp.
+(def-category Text (visible-atts ()))
+(def-category Joined (visible-atts (lexitem)))
+
 ; What may stand between a verb and its argument: he told me yesterday that ... The parser knows this node
 ; by its name; such a guest costs 10.
 (def-category Adjunct)

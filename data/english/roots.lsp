@@ -14,4 +14,5 @@
   (SubC (t) (int 8))
   (A (t) (int 5))
   (P (int-gt (pitem-length) (int 0)) (int 8))
-  (Adv (t) (int 8)))
+  (Adv (t) (int 8))
+  (Text (t) (int 10)))

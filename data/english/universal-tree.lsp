@@ -118,6 +118,17 @@
       (tree (node2word (in (ago))) (node (of-noun)))
       (set-rel (match 1) (str obl)))
 
+  (up :name heading-of-clause
+      :comments "PS -- I am here: of pieces in a row a clause is the root."
+      (tree first (and (cat) (not (comp (parent) (cat))) (not (is-clause)) (not (exist-child (rel (str= mark)))))
+            (node second (and (rel (str= parataxis)) (is-clause))))
+      (prog (set-rel (get-val second) (match (rel)))
+            (set-rel (match) (str parataxis))
+            (match (all-children (prog (if (and (rel (in (parataxis discourse))) (not (eq (ident) (get-val second))))
+                                           (reattach-node (get-val second)))
+                                       (t))))
+            (invert-dep (get-val second))))
+
   (down :name pieces
       :comments "A sentence in pieces: all go on from the first one that is a clause, else from the first."
       (node (and (is-top) (not (eq (ident) (comp (parent) (main-piece))))))

@@ -1,0 +1,5 @@
+(load data/torvane.lsp)
+(p3 "I came, he left.")
+(pn "Text")
+(pn "^S$")
+(exit)
