@@ -95,7 +95,7 @@
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
 (def-modifiers Ger
-  (? (NPoss (dep-type gen)) (Det (dep-type det) (percolate ())))
+  (? (NPoss (dep-type gen)) (Det (dep-type det) (percolate ()) (dep-weight 3)))
   (:head (VG (head-cond (pitem-attvec (and (strict-unifiable (vform) ((vform ing)))
                                            (undefine (vform agr))
                                            (unify ((agr s3)))))))))

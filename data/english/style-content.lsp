@@ -16,6 +16,7 @@
                                  (str compound))
                                 ((t) (str advmod))))
         ((exist-child (rel (str= case))) (if (under-noun) (str nmod) (str obl)))
+        ((node2word (in (else))) (str advmod))
         ((of-adjective) (if (under-noun) (if (node2word (reg-match "^[0-9].*-[a-z]*[^dg]$")) (str compound) (str amod)) (str advcl)))
         ((of-verb) (cond ((not (under-noun)) (str advcl)) ((before-parent) (str amod)) ((t) (str acl))))
         ((of-preposition) (if (node2word (in (up out off on in down over))) (str compound) (str advmod)))
@@ -28,6 +29,17 @@
   (cond ((not (of-verb)) (if (exist-child (rel (in (cop subj)))) (str ccomp) (str xcomp)))
         ((exist-child (rel (in (subj expl csubj)))) (str ccomp))
         ((t) (str xcomp))))
+
+; start cleaning, going to stay: no free adjunct of such a verb.
+(defun without-clause ()
+  (and (of-verb) (not (before-parent)) (not (word-before (str= ",")))
+       (or (and (rel (str= purpose))
+                (comp (parent) (node2word (in (going want wants wanted need needs needed try tries tried trying help helps helped
+                                               continue continues continued like love hate determined))))
+                (exist-child (node2word (in (to)))))
+           (and (rel (str= sub)) (node2word (reg-match "ing$")) (not (exist-child (rel (in (mark case)))))
+                (comp (parent) (node2root (in (start stop keep try begin continue enjoy finish quit mind anticipate avoid
+                                               consider suggest recommend love like hate prefer admit deny))))))))
 
 (defun number-relation ()
   (cond ((not (under-noun)) (str obl))
@@ -48,8 +60,10 @@
   (cond ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
         ((comp (parent) (of-preposition)) (str fixed))
         ((node2word (reg-match "^[0-9]+$")) (str nummod))
+        ((comp (parent) (node2word (in ("more than" "less than")))) (str fixed))
+        ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str amod))
         ((comp (parent) (cat (in (Sub Comp Aux)))) (str fixed))
-        ((comp (parent) (of-verb)) (if (node2word (in (back away together))) (str advmod) (str compound)))
+        ((comp (parent) (of-verb)) (if (or (of-motion) (node2word (in (back away together ahead)))) (str advmod) (str compound)))
         ((comp (parent) (cat (str= Adv)))
          (cond ((node2word (in (in of on at by for to with from as than about))) (str case))
                ((node2word (in (the a an all no any))) (str det))
@@ -78,7 +92,7 @@
         ((rel (str= num)) (number-relation))
         ((rel (str= appo)) (str appos))
         ((rel (str= comp)) (if (under-noun) (str acl) (clause-relation)))
-        ((rel (in (sub purpose))) (str advcl))
+        ((rel (in (sub purpose))) (if (without-clause) (str xcomp) (str advcl)))
         ((rel (in (rel vrel)))
          (cond ((under-noun) (str acl)) ((cat (str= Adv)) (str advmod)) ((t) (str obj))))
         ((rel (str= wh)) (cond ((cat (str= Adv)) (str advmod)) ((t) (str obj))))

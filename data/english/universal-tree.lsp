@@ -66,6 +66,13 @@
             (node (rel (in (comp obj pred iobj)))))
       (if (not (eq (get-val hearer) (match 2))) (set-rel (get-val hearer) (str iobj))))
 
+  (up :name told-him-alone
+      :comments "Don't tell him, please notify the sender: what is said may stay away."
+      (tree (and (is-verb) (node2root (in (tell notify instruct assure remind))))
+            (node hearer (and (rel (str= obj)) (cat) (not (node2word (in (it that this truth story stories lie lies time tale
+                                                                    difference thing things joke what)))))))
+      (set-rel (get-val hearer) (str iobj)))
+
   (up :name title
       :comments "Mr. Brown, President Bush: what a person is called by describes the name."
       (tree (is-plain-name) (node (and (rel (str= nn)) (is-title))))

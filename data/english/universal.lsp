@@ -25,9 +25,11 @@
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
 (defun category-of-part ()
   (cond ((and (node2word (in (as))) (exist-child (rel (str= fixed)))) (str ADV))
+        ((and (node2word (in (over up down out))) (comp (parent) (node2word (reg-match " t?here$")))) (str ADV))
         ((node2word (in (in of on at by for to with from as than about up off out down over like into per until)))
          (str ADP))
         ((node2word (in (the a an this that no all any some each))) (str DET))
+        ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str ADJ))
         ((node2word (in (new united south north east west great old big long short last least first prime real same
                          good other early late high many much more most less such due next central fast far)))
          (str ADJ))
@@ -70,7 +72,9 @@
 
 ; text-based, 15-year, sky-high: what a compound with a hyphen is, its last part tells.
 (defun category-of-compound ()
-  (cond ((not (node2word (reg-match "-"))) (str ADJ))
+  (cond ((node2word (in (else))) (str ADV))
+        ((node2word (in (following))) (str VERB))
+        ((not (node2word (reg-match "-"))) (str ADJ))
         ((node2word (reg-match "(ed|ing)$")) (str VERB))
         ((node2word (reg-match "(known|ive|al|ous|ful|able|ible|ic|less|free|friendly|high|long|old|wide|ly|time)$")) (str ADJ))
         ((t) (str NOUN))))
@@ -78,11 +82,16 @@
 ; There is a problem: `be` itself is the predicate.
 (defun is-main-be () (exist-child (rel (str= expl))))
 
+; the meeting, our hiring: a gerund with a determiner and without an object is a noun.
+(defun is-action ()
+  (and (node2word (reg-match "ing$")) (exist-child (rel (in (det gen))))
+       (not (exist-child (rel (in (obj iobj subj aux cop comp auxpass mark)))))))
+
 (defun universal-category ()
   (cond ((cat (in (NN NB))) (cond ((is-proper) (str PROPN)) ((t) (str NOUN))))
         ((of-preposition) (cond ((rel (str= mark)) (str SCONJ)) ((node2word (in (ago))) (str ADV)) ((t) (str ADP))))
         ((cat (str= Det)) (category-of-determiner))
-        ((of-verb) (str VERB))
+        ((of-verb) (if (is-action) (str NOUN) (str VERB)))
         ((and (cat (str= Pro)) (node2word (in (one))) (exist-child (exist-child (rel (str= case))))) (str NUM))
         ((cat (in (Pro RelPro)))
          (if (node2word (in (today tomorrow yesterday tonight lot lots plenty number couple "a lot"))) (str NOUN) (str PRON)))
