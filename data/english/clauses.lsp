@@ -39,8 +39,11 @@
 (def-modifiers Rep
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
   (:head (VG (head-cond (and (finite)
-                             (pitem-head-word (in (said says know think believe suppose guess asked replied answered
-                                                   cried shouted whispered thought explained added wrote)))))))
+                             (pitem-head-word (in (said says know think believe suppose guess asked asks replied replies
+                                                   answered cried shouted whispered thought explained explains added
+                                                   adds wrote writes commented told reported reports noted notes warned
+                                                   warns declared announced remarked stated argued concluded continued
+                                                   insisted admitted claimed suggested)))))))
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
 
 ; does she read, what does she read

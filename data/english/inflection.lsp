@@ -84,10 +84,17 @@
   (us (word (in :case-sensitive (US)))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
-  ; "there is" is hardly a place.
+  ; "there is" is hardly a place, nor is "there will be"; "is there" may be one.
   (there-is (:act-on-all-matches) (lexitem (and (att (contain ((node Adv)))) (surform (in (there)))))
-    (if (followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform) ((vform prd)))))))
-        (add-weight (litem) (int 4))))
+    (cond ((followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform) ((vform prd en base)))))))
+           (add-weight (litem) (int 4)))
+          ((and (preceded-by-word (pred (in (is are was were "'s")))) (int-gt (int 4) (low)))
+           (add-weight (litem) (int 2)))))
+
+  ; as soon as, as much as: the first one is an adverb.
+  (as-soon-as (seq (word (in (as))) (lexitem (att (or (contain ((node Adv))) (contain ((cat a))) (contain ((cat d))))))
+                   (word (in (as))))
+    (delete-if (low) (low) (pred (att (or (contain ((cat p))) (contain ((node Sub))))))))
   ; "to" before what may be a verb is hardly a preposition.
   (to-verb (:act-on-all-matches) (lexitem (and (att (contain ((cat p) (pform to)))) (surform (in (to)))))
     (if (followed-by (pred (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))

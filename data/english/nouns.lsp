@@ -31,7 +31,11 @@
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
-  (* (Num (dep-type num) (percolate (agr spec counted)) (modifiee-cond (not-pro))))
+  ; three, the last few, the first two
+  (* (Num (dep-type num) (percolate (agr spec counted)) (modifiee-cond (not-pro)))
+     (A (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (last next past first second other same final
+                                                                           following previous remaining top only))))
+        (modifiee-cond (pitem-attvec (contain (+counted))))))
   (:head (NB)
          (Pro)
          ; the rich, the same: an adjective that has a determiner (see `determined`)
@@ -59,6 +63,9 @@
 ; Not: yesterday that ..., them who ...
 (defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
 
+(defun free () (and (pitem-attvec (contain (+pro +wh))) (pitem-head-word (in (what whatever whoever)))))
+(defun no-question () (pitem-attvec (undefine (wh))))
+
 (def-modifiers N
   (? (Neg (dep-type neg) (dep-weight 4)))
   (? (Adv (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+focus))))))
@@ -66,6 +73,11 @@
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
+     ; what he wants, whatever happens, as noun phrases
+     (S (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 3.5) (modifier-cond (with-gap))
+        (modifiee-cond (free)) (merged-cond (no-question)))
+     (VF (dep-type rel) (percolate ()) (dep-weight 3.5) (modifier-cond (no-gap)) (modifiee-cond (free))
+         (merged-cond (no-question)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
            (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))

@@ -11,7 +11,7 @@
   (VG (pitem-attvec (not (contain ((vform prd))))) (int 9))
   (I (t) (int 8))
   (Intj (t) (int 6))
-  (SubC (t) (int 8))
+  (SubC (t) (int 14))
   (A (t) (int 5))
   (P (int-gt (pitem-length) (int 0)) (int 8))
   (Adv (t) (int 8))

@@ -41,7 +41,7 @@
          (A (percolate ()) (head-cond (and (opening) (pitem-add-weight 5))))
          (P (percolate ()) (head-cond (and (opening) (whole) (pitem-add-weight 8))))
          (Adv (percolate ()) (head-cond (and (opening) (pitem-add-weight 8))))
-         (SubC (percolate ()) (head-cond (and (opening) (pitem-add-weight 8))))
+         (SubC (percolate ()) (head-cond (and (opening) (pitem-add-weight 14))))
          (Intj (percolate ()) (head-cond (and (opening) (pitem-add-weight 6)))))
   (* :skip-word (breaks)
      (S (dep-type parataxis) (percolate ()) (dep-weight 8) (modifier-cond (and (whole) (bounded))) (merged-cond (joined)))

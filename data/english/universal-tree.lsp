@@ -125,6 +125,24 @@
       (tree (node2word (in (ago))) (node (of-noun)))
       (set-rel (match 1) (str obl)))
 
+  (up :name he-said
+      :comments "I am tired, he said: what is said depends on the verb that tells so."
+      (tree quote (t) (node said (and (rel (str= report)) (node2root (in (say ask reply answer cry shout whisper explain add
+                                                                     write comment tell report note warn declare announce
+                                                                     remark state argue conclude insist admit claim
+                                                                     suggest))))))
+      (prog (set-rel (get-val said) (match (rel)))
+            (set-rel (match) (str ccomp))
+            (invert-dep (get-val said))))
+
+  (up :name date-and-hour
+      :comments "02/13/2001 08:02 PM: the hour depends on the day."
+      (tree hour (node2word (reg-match "^[0-9]*:[0-9:]*$"))
+                 (node day (and (before-parent) (node2word (reg-match "^[0-9][0-9]?[/.-][0-9][0-9]?[/.-][0-9]*$")))))
+      (prog (set-rel (get-val day) (match (rel)))
+            (set-rel (match) (str nmod))
+            (invert-dep (get-val day))))
+
   (up :name heading-of-clause
       :comments "PS -- I am here: of pieces in a row a clause is the root."
       (tree first (and (cat) (not (comp (parent) (cat))) (not (is-clause)) (not (exist-child (rel (str= mark)))))

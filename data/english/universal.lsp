@@ -100,7 +100,7 @@
                                 ((t) (str AUX))))
         ((of-adjective) (category-of-compound))
         ((cat (str= Adv)) (category-of-adverb))
-        ((cat (str= Num)) (str NUM))
+        ((cat (str= Num)) (if (quantity) (str ADJ) (str NUM)))
         ((cat (str= Intj)) (str INTJ))
         ((cat (str= Conn)) (str CCONJ))
         ((cat (in (Comp Sub))) (category-of-mark))
