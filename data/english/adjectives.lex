@@ -1,7 +1,7 @@
 ; Adjectives; adjc takes a clause, adji an infinitive.
 
 (able (avm (adj)) (avm (adji)))
-(about (avm (adj)) (avm (adji)))
+(about (avm (adji)))
 (absent (avm (adj)))
 (absent-minded (avm (adj)))
 (absolute (avm (adj)))

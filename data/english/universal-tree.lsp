@@ -24,8 +24,11 @@
       :comments "There is a problem: `be` is the predicate, the noun its subject."
       (tree noun (t) (node there (and (rel (str= subj)) (is-there))) (node be (rel (str= cop))))
       (prog (set-rel (get-val there) (str expl))
-            (match (all-children (prog (if (not (or (rel (in (det predet num gen mod amod nn lex-mod rel vrel conj appo case comp acl nmod))) 
-                                                    (eq (ident) (get-val be))))
+            (match (all-children (prog (if (or (not (or (rel (in (det predet num gen mod amod nn lex-mod rel vrel conj appo case
+                                                                 comp acl nmod)))
+                                                        (eq (ident) (get-val be))))
+                                               (and (rel (str= mod)) (before-parent)
+                                                    (or (exist-child (rel (str= case))) (cat (str= Adv)))))
                                            (reattach-node (get-val be)))
                                        (t))))
             (set-rel (get-val be) (match (rel)))
