@@ -9,19 +9,29 @@
 (defun called ()
   (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
 
+; What stands before the subject stands at the start of its clause: behind a sign, a conjunction, what introduces a clause.
+(defun clause-start ()
+  (or (not (int-gt (pitem-low) (int 2)))
+      (pitem-preceding-word
+        (in ("," ";" ":" "-" "--" "..." "(" "." "!" "?" "*" ">" ")" "]" "[" "&" "'" and but or so yet nor plus then that if
+             because bc cause cos cuz since when while whereas although though until unless whether as after before once where
+             why how what who which than said say says think thinks thought know knows knew believe believes hope guess
+             feel felt wish sure okay ok yes no well oh hi hello hey lol please also however therefore thus now today
+             yesterday again)))))
+
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (no-gap)))
+     (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
-     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+time)))))
-     (SubC (dep-type sub))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (no-gap))))
-     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (before-comma)))
-     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (participial)))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time))) (clause-start))))
+     (SubC (dep-type sub) (modifier-cond (clause-start)))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (participial)))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
    (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
    (C (dep-type subj) (percolate ()) (dep-weight 9) (modifier-cond (and (marked) (no-gap))))
@@ -51,10 +61,10 @@
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
+     (P (dep-type mod) (percolate ()) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
-     (SubC (dep-type sub)))
+     (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (N (dep-type wh) (percolate (wh)) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
      (Adv (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
      (A (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
@@ -103,10 +113,10 @@
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
+     (P (dep-type mod) (percolate ()) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
-     (SubC (dep-type sub)))
+     (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
   (? (Neg (dep-type neg)))
