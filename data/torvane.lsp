@@ -7,6 +7,7 @@
 
 (load english/inflection.lsp
       english/unknown.lsp
+      english/context.lsp
       english/movement.lsp
       english/rules.lsp
       english/parser.lsp

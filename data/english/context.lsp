@@ -1,0 +1,32 @@
+; Readings that the word before, or behind, rules out. Where two neighbours leave no doubt, the other readings go:
+; the parser then has less to try. A reading goes only where one that fits is left.
+
+; Of a verb: no participle, which could stand before a noun.
+(defun finite-only () (att (and (contain ((cat v))) (not (strict-unifiable (vform) ((vform en ing pass)))))))
+(defun of-any-verb () (att (contain ((cat v)))))
+(defun nominal () (att (or (contain ((cat n))) (and (contain ((cat a))) (not (defined (node)))))))
+(defun common () (att (or (contain ((node NN))) (and (contain ((cat a))) (not (defined (node)))))))
+
+(def-rules english-rules
+  ; the plan, my answers, every step
+  (behind-determiner (seq (word (in (the a an my your our their every))) (word (t)))
+    (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (finite-only)))))
+  ; of use, from work, with cries
+  (behind-preposition (seq (word (in (of from into with at without between among during per via upon onto towards toward)))
+                           (word (t)))
+    (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (finite-only)))))
+  ; would plan, didn't answer, could not use
+  (behind-modal (seq (word (in (could would should must "'ll" cannot "n't" "'t"))) (? (word (in (not never also only))))
+                     (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+    (delete-if (high) (high) (pred (common))))
+  ; he plans, they answer
+  (behind-pronoun (seq (word (in (i he she we they))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform pres past)))))))
+    (delete-if (high) (high) (pred (common))))
+  ; Rod's
+  (before-genitive (seq (word (t)) (word (in ("'s"))))
+    (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
+  ; A capital inside the sentence: a name rather than a verb.
+  (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z]"))))
+    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew))))
+             (exist-lexitem (low) (high) (pred (att (contain ((cat n)))))))
+        (delete (litem)))))
