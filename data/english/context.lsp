@@ -7,6 +7,9 @@
 (defun nominal () (att (or (contain ((cat n))) (and (contain ((cat a))) (not (defined (node)))))))
 (defun common () (att (or (contain ((node NN))) (and (contain ((cat a))) (not (defined (node)))))))
 
+(defun starts-noun-phrase ()
+  (in (the a an my your his her our their this these those every me him us them myself himself themselves ourselves)))
+
 (def-rules english-rules
   ; the plan, my answers, every step
   (behind-determiner (seq (word (in (the a an my your our their every))) (word (t)))
@@ -22,11 +25,34 @@
   ; he plans, they answer
   (behind-pronoun (seq (word (in (i he she we they))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform pres past)))))))
     (delete-if (high) (high) (pred (common))))
+  ; the past years: no preposition
+  (behind-article (seq (word (in (the a an my your our their))) (lexitem (att (contain ((cat p))))))
+    (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (att (contain ((cat p))))))))
+  ; to the house; to be
+  (to-noun (seq (word (in (to))) (word (starts-noun-phrase)))
+    (delete-if (low) (low) (pred (att (contain ((own inf)))))))
+  (to-verb-only (seq (word (in (to))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+    (if (not (exist-lexitem (high) (high) (pred (nominal)))) (delete-if (low) (low) (pred (att (contain ((cat p))))))))
+  ; that he, that the: no determiner
+  (that-clause (seq (word (in (that))) (word (in (the a an my his our their he she we they i you this these those there it))))
+    (delete-if (low) (low) (pred (att (contain ((cat d)))))))
+  ; See the page, Check your mail; please answer
+  (command (seq (^) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base))))))
+                (word (starts-noun-phrase)))
+    (delete-if (int 1) (int 1) (pred (att (contain ((node NN) (agr s3)))))))
+  (please (seq (word (in (please pls plz))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+    (delete-if (high) (high) (pred (common))))
+  ; I like, would like
+  (like-verb (seq (word (in (i we they you would "'d" "n't" "'t" really also to))) (word (in (like))))
+    (delete-if (high) (high) (pred (att (not (contain ((cat v))))))))
+  ; it's, that's
+  (pronoun-is (seq (word (in (it he she that there what who here where how this))) (word (in ("'s"))))
+    (delete-if (high) (high) (pred (att (contain ((node Gen)))))))
   ; Rod's
   (before-genitive (seq (word (t)) (word (in ("'s"))))
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
   ; A capital inside the sentence: a name rather than a verb.
-  (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z]"))))
+  (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z][^A-Z]"))))
     (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew))))
              (exist-lexitem (low) (high) (pred (att (contain ((cat n)))))))
         (delete (litem)))))

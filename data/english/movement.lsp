@@ -14,7 +14,9 @@
 
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
+  ; Where a noun phrase follows there is none.
   (gap (:act-on-all-matches) (lexitem (att (contain (+tr))))
-    (assert (comp (duplicate-lexitem (litem))
-                  (when (ident)
-                        (att (prog (move-att args move) (modify (-tr)))))))))
+    (if (not (followed-by-word (pred (starts-noun-phrase))))
+        (assert (comp (duplicate-lexitem (litem))
+                      (when (ident)
+                            (att (prog (move-att args move) (modify (-tr))))))))))
