@@ -48,6 +48,36 @@
   ; it's, that's
   (pronoun-is (seq (word (in (it he she that there what who here where how this))) (word (in ("'s"))))
     (delete-if (high) (high) (pred (att (contain ((node Gen)))))))
+  ; is open, were cool; have plans, had questions
+  (behind-be (seq (word (in (be been being is are was were am "'m" "'re" have has had "'ve" having))) (word (t)))
+    (if (exist-lexitem (high) (high) (pred (or (nominal) (att (strict-unifiable (vform) ((vform en ing)))))))
+        (delete-if (high) (high) (pred (finite-only)))))
+  ; five plans
+  (behind-number (seq (lexitem (att (contain ((node Num))))) (lexitem (att (contain ((node NN) (agr p3))))))
+    (delete-if (high) (high) (pred (finite-only))))
+  ; the old plan: `old` is no noun
+  (behind-adjective (seq (word (in (the a an my your our their his its this these those every some any no)))
+                         (lexitem (and (att (and (contain ((cat a))) (not (defined (node)))))
+                                       (no-alternative (att (contain ((cat n))))))) (word (t)))
+    (if (exist-lexitem (high) (high) (pred (att (contain ((cat n)))))) (delete-if (high) (high) (pred (finite-only)))))
+  ; before he came; after them; by the house
+  (before-subject (seq (word (in (before after since until till than as like because))) (word (in (i he she we they))))
+    (if (exist-lexitem (low) (low) (pred (att (contain ((node Sub))))))
+        (delete-if (low) (low) (pred (att (or (contain ((cat p))) (contain ((node Adv)))))))))
+  (before-object (seq (word (in (before after since until till than as like))) (word (in (me him us them))))
+    (delete-if (low) (low) (pred (att (contain ((node Sub)))))))
+  (before-article (seq (word (in (by over around behind near across along through under above below before since inside
+                                 outside past round))) (word (starts-noun-phrase)))
+    (delete-if (low) (low) (pred (att (contain ((node Adv)))))))
+  ; that is: no conjunction
+  (that-is (seq (word (in (that))) (word (in (is was has "'s" are were does did will would can could))))
+    (delete-if (low) (low) (pred (att (contain ((node Comp)))))))
+  ; Tom's house rather than Tom's here
+  (noun-s (lexitem (and (att (contain ((node Aux)))) (surform (in ("'s")))))
+    (if (and (followed-by (pred (att (contain ((node NN))))))
+             (exist-lexitem (low) (high) (pred (att (contain ((node Gen))))))
+             (not (followed-by (pred (att (or (contain ((cat v))) (contain ((cat p))) (contain ((node Adv)))))))))
+        (add-weight (litem) (int 3))))
   ; Rod's
   (before-genitive (seq (word (t)) (word (in ("'s"))))
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
