@@ -7,6 +7,7 @@
 (def-category Sub)                                          ; when, because
 (def-category Neg)
 (def-category Intj)                                         ; yes, please, lol
+(def-category ItIs (visible-atts (vform)))                  ; its, im, thats
 (def-category Gen)                                          ; 's
 (def-category RelPro)                                       ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
@@ -36,6 +37,7 @@
 (def-category VG (visible-atts (lexitem vform agr move)))
 (def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready
 (def-category S (visible-atts (lexitem move wh)))           ; she reads
+(def-category RunIn (visible-atts (lexitem)))               ; its ready
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
 (def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book
 (def-category CP (visible-atts (lexitem wh marked)))        ; what it is

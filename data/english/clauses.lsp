@@ -45,6 +45,16 @@
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 
+; its ready, im going: subject and auxiliary that are written as one
+(def-modifiers RunIn
+  (* :skip-word (str= ",")
+     (Conn (dep-type conn))
+     (Adv (dep-type mod) (percolate ()))
+     (Intj (dep-type discourse) (percolate ())))
+  ((ItIs (dep-type subj) (percolate (vform))))
+  (:head (VG (percolate (vform)) (head-cond (no-gap)))))
+(def-subclass S (RunIn (dep-weight 2)))
+
 ; said she, she said: only around what is said.
 (def-modifiers Rep
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))

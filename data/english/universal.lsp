@@ -104,6 +104,7 @@
         ((cat (str= Intj)) (str INTJ))
         ((cat (str= Conn)) (str CCONJ))
         ((cat (in (Comp Sub))) (category-of-mark))
+        ((cat (str= ItIs)) (str PRON))
         ((cat (in (Neg Gen))) (str PART))
         ((cat) (str X))
         ((t) (category-of-part))))
