@@ -33,6 +33,7 @@
 (def-category V (visible-atts (lexitem vform agr move)))
 (def-category V_N_P (visible-atts (lexitem vform agr move)))
 (def-category V_N_VB (visible-atts (lexitem vform agr move)))
+(def-category V_VB (visible-atts (lexitem vform agr move)))
 (def-category VP (visible-atts (lexitem vform agr move)))
 (def-category VG (visible-atts (lexitem vform agr move)))
 (def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready

@@ -52,6 +52,11 @@
   (behind-be (seq (word (in (be been being is are was were am "'m" "'re" have has had "'ve" having))) (word (t)))
     (if (exist-lexitem (high) (high) (pred (or (nominal) (att (strict-unifiable (vform) ((vform en ing)))))))
         (delete-if (high) (high) (pred (finite-only)))))
+  ; want to party: behind `to` a verb is no rarer than a noun.
+  (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
+                                                             (or (contain ((freq f8))) (contain ((freq f7))) (contain ((freq f6)))
+                                                                 (contain ((freq f5))) (contain ((freq f4)))))))
+    (if (preceded-by-word (pred (in (to)))) (add-weight (litem) (int -3))))
   ; five plans
   (behind-number (seq (lexitem (att (contain ((node Num))))) (lexitem (att (contain ((node NN) (agr p3))))))
     (delete-if (high) (high) (pred (finite-only))))

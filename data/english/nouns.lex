@@ -3099,7 +3099,7 @@
 (weight (avm (noun)))
 (welder (avm (noun)))
 (welfare (avm (mass)))
-(well (avm (noun)))
+(well (avm (noun +rare)))
 (werewolf (avm (noun)))
 (west (avm (mass)))
 (whale (avm (noun)))

@@ -200,3 +200,4 @@
 (wipe out (avm (vo)))
 (work out (avm (vo)))
 (write down (avm (vo)))
+(as such (avm (adv)))

@@ -138,6 +138,17 @@
             (set-rel (match) (str ccomp))
             (invert-dep (get-val said))))
 
+  (up :name a-few
+      :comments "a few years: the article belongs to the noun."
+      (tree noun (t) (tree (and (rel (in (det num))) (node2word (in (few little couple)))) (node a (rel (str= det)))))
+      (match 1 1 (reattach-node (get-val noun))))
+
+  (up :name just-too-good
+      :comments "just too good: both belong to the adjective."
+      (tree adjective (not (cat (str= Adv))) (tree (and (cat (str= Adv)) (rel (str= mod)))
+                                                   (node (and (rel (str= mod)) (node2word (in (just only simply also really)))))))
+      (match 1 1 (reattach-node (get-val adjective))))
+
   (up :name date-and-hour
       :comments "02/13/2001 08:02 PM: the hour depends on the day."
       (tree hour (node2word (reg-match "^[0-9]*:[0-9:]*$"))

@@ -25,6 +25,7 @@
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
 (defun category-of-part ()
   (cond ((and (node2word (in (as))) (exist-child (rel (str= fixed)))) (str ADV))
+        ((and (comp (parent) (of-verb)) (of-motion)) (str ADV))
         ((and (node2word (in (over up down out))) (comp (parent) (node2word (reg-match " t?here$")))) (str ADV))
         ((node2word (in (in of on at by for to with from as than about up off out down over like into per until)))
          (str ADP))
@@ -33,7 +34,7 @@
         ((node2word (in (new united south north east west great old big long short last least first prime real same
                          good other early late high many much more most less such due next central fast far)))
          (str ADJ))
-        ((node2word (in (back away apart together forward ahead aside long soon ever even so well there here now then
+        ((node2word (in (back right away apart together forward ahead aside long soon ever even so well there here now then
                          still just very))) (str ADV))
         ((node2word (in (and or but))) (str CCONJ))
         ((node2word (in (because if though although that))) (str SCONJ))

@@ -42,6 +42,8 @@
   ; al-Sadr, el Barak
   (arab-name (seq (word (in :case-sensitive (al el ul bin ibn Al El Bin))) (? -) (word (reg-match "^[A-Z]")))
     (prog (delete-if (high) (high) (pred (t)))
+          (delete-if (low) (low) (pred (t)))
+          (assert (make-lexitem (low) (low) (avm (avm (person sg)))))
           (assert (make-lexitem (high) (high) (avm (avm (person sg)))))))
   ; President Bush, Park Avenue: at the start of a sentence two capitals make a name.
   (first-name (seq (^) (word (reg-match "^[A-Z][a-z]")) (word (reg-match "^[A-Z][a-z]")))
@@ -135,5 +137,7 @@
               (delete-smaller (low) (high))
               (prog
                 (delete-smaller (low) (high))
+                (if (comp (matching-word) (reg-match "^[A-Za-z]*-[A-Z]"))
+                    (assert (make-lexitem (low) (high) (avm (avm (name sg))))))
                 (assert (make-lexitem (low) (high) (avm (avm (adj)))))
                 (assert (make-lexitem (low) (high) (avm (avm (noun sg)))))))))))

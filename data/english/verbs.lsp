@@ -16,6 +16,12 @@
   (:skip-adjunct (N (dep-type obj) (check-arg 0) (percolate (case move))))
   (:skip-adjunct (P (dep-type loc) (check-arg 1) (percolate (move)) (merged-cond (pitem-add-weight -1.5)))))
 
+; come visit us, help explain it
+(def-subcat V_VB V
+  (:head)
+  ((VP (dep-type comp) (percolate (move))
+       (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base))))))))
+
 (defun to-predicate () (pitem-attvec (modify ((vform prd)))))
 
 ; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
@@ -80,10 +86,12 @@
           (merged-cond (between-commas))))
   (:head (VP)
          ; if he could, so he did: the auxiliary alone
-         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." "," "?" "!" ";" ":" ")" and but or either too)))
+         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." "," "?" "!" ";" ":" ")" "n't" "'t" not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
-                              (pitem-add-weight 5))))))
+                              (pitem-add-weight 5)))))
+  ; ... but they did not
+  (? (Neg (dep-type neg) (modifiee-cond (pitem-attvec (defined (own)))))))
 
 ; The verb group that a subject can have. Here `is ready` and `reads` are of one form, so that they can be joined.
 (def-modifiers VF
