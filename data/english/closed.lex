@@ -237,7 +237,7 @@
 (beneath (avm (prep (pform beneath))))
 (above (avm (prep (pform above))) (avm (adv +loc +rare)))
 (below (avm (prep (pform below))) (avm (adv +loc +rare)))
-(over (avm (prep (pform over) +verbal)) (avm (adv +loc +rare)))
+(over (avm (adv +deg +rare)) (avm (prep (pform over) +verbal)) (avm (adv +loc +rare)))
 (across (avm (prep (pform across) +verbal)) (avm (adv +rare)))
 (along (avm (prep (pform along) +verbal)) (avm (adv +rare)))
 (around (avm (prep (pform around))) (avm (adv +rare)) (avm (adv +deg +rare)))

@@ -56,7 +56,7 @@
   (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
                                                              (or (contain ((freq f8))) (contain ((freq f7))) (contain ((freq f6)))
                                                                  (contain ((freq f5))) (contain ((freq f4)))))))
-    (if (preceded-by-word (pred (in (to)))) (add-weight (litem) (int -3))))
+    (if (preceded-by-word (pred (in (to)))) (add-weight (litem) (int -4))))
   ; five plans
   (behind-number (seq (lexitem (att (contain ((node Num))))) (lexitem (att (contain ((node NN) (agr p3))))))
     (delete-if (high) (high) (pred (finite-only))))
@@ -88,6 +88,6 @@
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
   ; A capital inside the sentence: a name rather than a verb.
   (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z][^A-Z]"))))
-    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew))))
+    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (or (starts-anew) (in (to please and or))))))
              (exist-lexitem (low) (high) (pred (att (contain ((cat n)))))))
         (delete (litem)))))

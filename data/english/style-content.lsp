@@ -19,7 +19,10 @@
         ((node2word (in (else))) (str advmod))
         ((of-adjective) (if (under-noun) (if (node2word (reg-match "^[0-9].*-[a-z]*[^dg]$")) (str compound) (str amod)) (str advcl)))
         ((of-verb) (cond ((not (under-noun)) (str advcl)) ((before-parent) (str amod)) ((t) (str acl))))
-        ((of-preposition) (if (node2word (in (up out off on in down over))) (str compound) (str advmod)))
+        ((of-preposition) (cond ((node2word (in (ago))) (str advmod))
+                                ((not (node2word (in (up out off on in down over through)))) (if (under-noun) (str advmod) (str obl)))
+                                ((of-motion) (str advmod))
+                                ((t) (str compound))))
         ((cat (str= Num)) (if (under-noun) (str nummod) (str obl)))
         ((of-noun) (if (under-noun) (str nmod) (str obl)))
         ((t) (str dep))))
@@ -68,10 +71,13 @@
         ((comp (parent) (cat (str= Adv)))
          (cond ((node2word (in (in of on at by for to with from as than about))) (str case))
                ((node2word (in (the a an all no any))) (str det))
+               ((comp (parent) (node2word (reg-match "^(right|over|up|down|out) (now|away|here|there)$" "^so (far|much|many)$")))
+                (str advmod))
                ((t) (str fixed))))
         ((node2word (in (a an the no each every))) (str det))
         ((node2word (in (new united south north east west great old big long short last least first prime real same
-                         good other early late high many much more most less such due next central fast far)))
+                         good other early late high many much more most less such due next central fast far full half double
+                         low dual)))
          (str amod))
         ((t) (str compound))))
 

@@ -3,13 +3,16 @@
 
 (defun is-name-part () (and (cat (str= NN)) (node2attvec (contain (+proper)))))
 ; Nothing but a name: no noun that a name may be made of (Post, City).
-(defun is-plain-name () (node2attvec (contain (+proper +human))))
+(defun is-plain-name () (or (node2attvec (contain (+proper +human))) (node2word (reg-match "^[A-Z][.]$"))))
 (defun is-title ()
   (or (node2attvec (contain (+title)))
       (node2root (in (president senator congressman congresswoman governor mayor minister chancellor professor doctor
                       judge justice captain general colonel major sergeant lieutenant commander admiral inspector officer
                       detective father sister brother pope bishop cardinal reverend rabbi king queen prince princess
-                      lord lady sir sheikh sheik ayatollah imam uncle aunt coach chairman)))))
+                      lord lady sir sheikh sheik ayatollah imam uncle aunt coach chairman chairwoman leader member adviser
+                      advisor administrator cleric spokesman spokeswoman director manager analyst author writer singer
+                      actor actress reporter journalist lawyer attorney scientist historian dictator premier ambassador
+                      commissioner candidate founder owner editor secretary)))))
 (defun is-it () (node2word (str= it)))
 (defun is-there () (and (cat (str= Pro)) (node2word (str= there))))
 
@@ -49,7 +52,7 @@
 
   (up :name it-is-clear
       :comments "It is clear that he knows, it is hard to say: the clause is the subject."
-      (tree (and (of-adjective) (exist-child (rel (str= cop))))
+      (tree (and (or (of-adjective) (cat (str= NN))) (exist-child (rel (str= cop))))
             (node it (and (rel (str= subj)) (is-it)))
             (node clause (rel (str= comp))))
       (prog (set-rel (get-val it) (str expl))
@@ -114,8 +117,8 @@
 
   (up :name as-well
       :comments "as well: fixed rows have their first word for a head."
-      (tree well (and (cat (str= Adv)) (node2word (in ("as well" "of course"))))
-            (node as (and (rel (str= lex-mod)) (node2word (in (as))))))
+      (tree well (and (cat (str= Adv)) (node2word (in ("as well" "more than" "less than"))))
+            (node as (and (rel (str= lex-mod)) (node2word (in (as more less))))))
       (prog (set-rel (get-val as) (str advmod)) (set-rel (match) (str fixed)) (invert-dep (get-val as))))
 
   (up :name out-of
@@ -154,7 +157,7 @@
       (tree hour (node2word (reg-match "^[0-9]*:[0-9:]*$"))
                  (node day (and (before-parent) (node2word (reg-match "^[0-9][0-9]?[/.-][0-9][0-9]?[/.-][0-9]*$")))))
       (prog (set-rel (get-val day) (match (rel)))
-            (set-rel (match) (str nmod))
+            (set-rel (match) (str list))
             (invert-dep (get-val day))))
 
   (up :name heading-of-clause

@@ -25,6 +25,7 @@
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
 (defun category-of-part ()
   (cond ((and (node2word (in (as))) (exist-child (rel (str= fixed)))) (str ADV))
+        ((and (node2word (in (more less))) (exist-child (rel (str= fixed)))) (str ADJ))
         ((and (comp (parent) (of-verb)) (of-motion)) (str ADV))
         ((and (node2word (in (over up down out))) (comp (parent) (node2word (reg-match " t?here$")))) (str ADV))
         ((node2word (in (in of on at by for to with from as than about up off out down over like into per until)))
@@ -63,6 +64,7 @@
                ((node2word (reg-match " all$")) (str DET))
                ((node2word (reg-match " (once|now|then|there|here)$")) (str ADV))
                ((t) (str NOUN))))
+        ((and (rel (str= fixed)) (node2word (reg-match "than$"))) (str ADP))
         ((interjection) (if (node2word (in (well no))) (if (rel (str= discourse)) (str INTJ) (str ADV)) (str INTJ)))
         ((and (rel (str= mod)) (particle) (comp (parent) (of-verb)) (not (of-motion))) (str ADP))
         ((node2word (in (up off))) (str ADP))
