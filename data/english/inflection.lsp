@@ -9,6 +9,8 @@
   ; person... and ...maybe: full stops that stand at a word are no part of it.
   (full-stops (& (not-in-lexicon) (word (reg-match "^[A-Za-z][A-Za-z]*[.][.]+$" "^[.][.]+[A-Za-z]*$")))
     (look-up (low) (high) (comp (matching-word) (reg-sub "[.][.]+" ""))))
+  (quoted (& (not-in-lexicon) (word (reg-match "^'[A-Za-z]")))
+    (look-up (low) (high) (comp (matching-word) (reg-sub "^'" ""))))
   (s-noun (:act-on-all-matches) (lexitem (and (ending s) (noun) (att (not (defined (agr))))))
     (comp (litem) (att (modify (-count (agr p3))))))
   (s-verb (:act-on-all-matches) (lexitem (and (ending s) (verb)))

@@ -80,7 +80,7 @@
          (merged-cond (no-question)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
-           (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
+           (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in (all))))))
      (RelA (dep-type rel) (dep-weight 1.5))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))

@@ -18,7 +18,7 @@
 
 ; and we hope to see you, but why, or none at all: behind anything.
 (def-modifiers Joined
-  ((Conn (dep-type conn)))
+  (:skip-word (str= ",") (Conn (dep-type conn)))
   (:head (S (percolate ()) (head-cond (whole)))
          (Q (percolate ()) (head-cond (whole)))
          (Imp (percolate ()) (head-cond (pitem-add-weight 3)))

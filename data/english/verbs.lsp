@@ -32,6 +32,9 @@
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         ; all you have to do is ask
+         (V (percolate ()) (modifier-cond (and (pitem-preceding-word (in (is was))) (no-gap)))
+            (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate) (pitem-add-weight 4))))
          (C (percolate (move)) (modifier-cond (marked)) (head-cond (and (to-predicate) (pitem-add-weight 1)))))
   (* :skip-word (opens)
      (P (dep-type mod) (percolate (move)) (dep-weight 0.2)
