@@ -45,6 +45,11 @@
             (set-rel (get-val subject) (str nsubj))
             (match 1 1 (reattach-node (get-val clause)))))
 
+  (up :name is-that
+      :comments "All I say is that you are the best: `is` stands before a marked clause."
+      (treeq (not (is-verb)) (node (and (is-be) (rel (str= aux)))) (node (rel (str= mark))))
+      (set-rel (match 1) (str cop)))
+
   (up :name about-finding
       :comments "It is about finding it: `be` before a marked verb is a copula."
       (tree (is-verb) (node be (and (is-be) (rel (str= aux)))) (node (and (is-prep) (rel (str= mark)))))
