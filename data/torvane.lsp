@@ -13,6 +13,7 @@
       english/parser.lsp
       english/categories.lsp
       english/conditions.lsp
+      english/frames.lsp
       english/nouns.lsp
       english/verbs.lsp
       english/clauses.lsp

@@ -25,7 +25,7 @@
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
      (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (and (clause-start) (no-gap))))
-     (Adv (dep-type mod) (percolate ()))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (not (wh))))
      (Intj (dep-type discourse) (percolate ()))
      (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time))) (clause-start))))
      (SubC (dep-type sub) (modifier-cond (clause-start)))

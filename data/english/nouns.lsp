@@ -55,6 +55,7 @@
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
 (defun noun-or-verb ()
   (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (t))
+        ((noun-has-frame) (pitem-add-weight -1))
         ((pitem-attvec (contain (+part))) (pitem-add-weight 3))
         ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2.5))
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))

@@ -619,7 +619,7 @@
 (lie (avm (vi)))
 (lift (avm (vt)))
 (light (avm (vt)))
-(like (avm (vt)) (avm (vto)) (avm (vnto)) (avm (vna)))
+(like (avm (vt)) (avm (vi (freq f2))) (avm (vto)) (avm (vnto)) (avm (vna)))
 (limit (avm (vt)))
 (limp (avm (vi)))
 (line (avm (vo)))
