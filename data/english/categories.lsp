@@ -48,6 +48,8 @@
 (def-category WhI (visible-atts (lexitem move)))            ; how to read
 (def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
 (def-category SubC (visible-atts (lexitem)))                ; when she reads
+(def-category PSub)                                         ; a preposition before a clause
+(def-category PC (visible-atts (lexitem)))                  ; about what she reads
 (def-category RelS (visible-atts (lexitem)))                ; who reads
 (def-category RelO (visible-atts (lexitem move marked)))    ; that she reads __
 (def-category RelA (visible-atts (lexitem)))                ; where she reads

@@ -166,6 +166,11 @@
          (A (percolate ()) (head-cond (pitem-add-weight 2)))
          (P (percolate ()) (modifier-cond (no-gap)) (head-cond (pitem-add-weight 2)))))
 
+; about what she reads, on how to read
+(def-modifiers PC
+  ((PSub (dep-type mark) (percolate ())))
+  (:head (C (percolate ()) (head-cond (and (marked) (no-gap))))))
+
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS
   ((RelPro (dep-type subj))

@@ -52,6 +52,12 @@
   (behind-be (seq (word (in (be been being is are was were am "'m" "'re" have has had "'ve" having))) (word (t)))
     (if (exist-lexitem (high) (high) (pred (or (nominal) (att (strict-unifiable (vform) ((vform en ing)))))))
         (delete-if (high) (high) (pred (finite-only)))))
+  ; Hope all is well, thank you: whoever writes is left out.
+  (hope (seq (^) (word (in (hope thank wish thanks))) (word (in (you all this that it everything everyone he she they we i the to my))))
+    (delete-if (int 1) (int 1) (pred (att (and (contain ((node NN))) (not (contain ((agr p3)))))))))
+  ; about what he said, on how to do it: before a question a preposition may mark a clause.
+  (preposition-of-clause (seq (lexitem (att (contain ((cat p))))) (word (in (how whether where why when who what which whatever))))
+    (assert (make-lexitem (low) (low) (avm (avm ((cat j) (node PSub)))))))
   ; want to party: behind `to` a verb is no rarer than a noun.
   (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
                                                              (or (contain ((freq f8))) (contain ((freq f7))) (contain ((freq f6)))

@@ -83,6 +83,7 @@
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
            (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in (all))))))
      (RelA (dep-type rel) (dep-weight 1.5))
+     (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
      (I (dep-type comp) (percolate ())
@@ -125,6 +126,7 @@
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (PC (dep-type sub) (percolate ()) (merged-cond (heavy)))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))
 
 (def-modifiers Adv

@@ -201,3 +201,6 @@
 (work out (avm (vo)))
 (write down (avm (vo)))
 (as such (avm (adv)))
+(walking distance (avm (mass)))
+(best regards (avm (plural)))
+(kind regards (avm (plural)))

@@ -61,7 +61,8 @@
 
 ; A part of a word that the lexicon writes apart.
 (defun part-relation ()
-  (cond ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
+  (cond ((node2word (in ("&"))) (str cc))
+        ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
         ((comp (parent) (of-preposition)) (str fixed))
         ((node2word (reg-match "^[0-9]+$")) (str nummod))
         ((comp (parent) (node2word (in ("more than" "less than")))) (str fixed))

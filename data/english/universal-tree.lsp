@@ -103,6 +103,16 @@
       (prog (set-rel (match 1) (str conj))
             (match 1 (all-children (prog (if (is-conjunct) (reattach-node (get-val first))) (t))))))
 
+  (up :name place-name
+      :comments "San Francisco, Palo Alto: foreign names of places hang on their first part."
+      (tree last (is-proper) (node first (and (rel (str= lex-mod)) (before-parent)
+                                              (node2word (in (san santa los las el la palo rio costa buenos puerto sao saint
+                                                              tel abu ras sri kuala hong))))))
+      (prog (set-rel (get-val first) (match (rel)))
+            (set-rel (match) (str flat))
+            (match (all-children (prog (if (not (rel (str= flat))) (reattach-node (get-val first))) (t))))
+            (invert-dep (get-val first))))
+
   (up :name half-day
       :comments "at 7 pm: the number is the head."
       (tree half (node2word (in (am pm a.m. p.m.))) (node hour (and (rel (in (num nn))) (before-parent))))

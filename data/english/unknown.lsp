@@ -26,6 +26,10 @@
     (prog (delete-if (high) (high) (pred (t)))
           (assert (make-lexitem (high) (high) (avm (avm (mass -proper +time)))))))
 
+  ; sooo, veryyy
+  (emphatic (& (not-in-lexicon) (word (reg-match "^[Ss][Oo][Oo]+$" "^[Vv][Ee][Rr][Yy][Yy]+$")))
+    (assert (make-lexitem (low) (high) (avm (avm (adv +deg))))))
+
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))

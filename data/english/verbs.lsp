@@ -48,6 +48,7 @@
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
      (Intj (dep-type discourse) (percolate ()))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
+     (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
      (I (dep-type purpose) (percolate (move)) (dep-weight 2))
