@@ -876,7 +876,6 @@
 (vast (avm (adj)))
 (vegetarian (avm (adj)))
 (verbal (avm (adj)))
-(very (avm (adj +rare)))
 (violent (avm (adj)))
 (virtual (avm (adj)))
 (visible (avm (adj)))

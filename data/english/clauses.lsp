@@ -19,6 +19,12 @@
              feel felt wish sure okay ok yes no well oh hi hello hey lol please also however therefore thus now today
              yesterday again)))))
 
+; ..., folks.
+(defun called-last ()
+  (and (pitem-preceding-word (str= ","))
+       (pitem-attvec (comp (att-str-val lexitem) (in (folk guy man sir madam dear friend dude buddy everyone all people boy girl lady
+                                                      gentleman mate honey baby))))))
+
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
@@ -39,9 +45,10 @@
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
   (:head (VF))
-  ; "I am tired," he said. "So am I," said she.
+  ; "I am tired," he said. "So am I," said she. That is right, folks.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
+     (N (dep-type voc) (percolate ()) (dep-weight 4) (modifier-cond (called-last)))
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 

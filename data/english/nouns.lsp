@@ -83,6 +83,9 @@
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
            (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in (all))))))
      (RelA (dep-type rel) (dep-weight 1.5))
+     ; the way he does it, the day they met
+     (S (dep-type rel) (percolate ()) (dep-weight 3) (modifier-cond (no-gap))
+        (modifiee-cond (pitem-attvec (and (contain (+spec)) (comp (att-str-val lexitem) (in (way time day moment reason)))))))
      (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
