@@ -48,7 +48,7 @@
   ; "I am tired," he said. "So am I," said she. That is right, folks.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
-     (N (dep-type voc) (percolate ()) (dep-weight 4) (modifier-cond (called-last)))
+     (N (dep-type voc) (percolate ()) (dep-weight 0.5) (modifier-cond (called-last)))
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 
@@ -133,6 +133,7 @@
      (P (dep-type mod) (percolate ()) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
+     (V (dep-type sub) (percolate ()) (modifier-cond (and (pitem-head-word (in (attached enclosed))) (no-gap))))
      (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))

@@ -14,7 +14,6 @@
 (def-modifiers NB
   (* :skip-word (str= ",")
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
-     (V (dep-type mod) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (percolate ()) (dep-weight 3))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5) (modifier-cond (not (pitem-following-word (str= ","))))
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
                           (pitem-add-weight 1.5)
@@ -125,7 +124,8 @@
   (? (Neg (dep-type neg) (dep-weight 3)))
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+loc)) (contain (+front))))) (percolate (wh)))
      (N (dep-type measure) (modifier-cond (pitem-attvec (contain (+time)))) (percolate ()) (dep-weight 1.5)))
-  (:head)
+  ; very impressed, clean and redlined: a participle
+  (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond (pitem-add-weight 2))))
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
