@@ -535,7 +535,6 @@
 (native (avm (adj)))
 (natural (avm (adj)))
 (naughty (avm (adj)))
-(near (avm (adj)))
 (nearby (avm (adj)))
 (neat (avm (adj)))
 (necessary (avm (adj)) (avm (adji)))

@@ -40,8 +40,11 @@
   (command (seq (^) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base))))))
                 (word (starts-noun-phrase)))
     (delete-if (int 1) (int 1) (pred (att (contain ((node NN) (agr s3)))))))
+  (yet-another (seq (word (in (yet))) (word (in (another a more again)))) 
+    (delete-if (low) (low) (pred (att (contain (+conj))))))
   (please (seq (word (in (please pls plz))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
-    (delete-if (high) (high) (pred (common))))
+    (prog (delete-if (high) (high) (pred (common)))
+          (delete-if (low) (low) (pred (of-any-verb)))))
   ; I like, would like
   (like-verb (seq (word (in (i we they you would "'d" "n't" "'t" really also to))) (word (in (like))))
     (delete-if (high) (high) (pred (att (not (contain ((cat v))))))))

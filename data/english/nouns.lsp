@@ -38,7 +38,11 @@
   (:head (NB)
          (Pro)
          ; the rich, the same: an adjective that has a determiner (see `determined`)
-         (A (head-cond (and (pitem-attvec (modify (-pro +part))) (pitem-add-weight 5))))
+         (A (head-cond (and (pitem-attvec (modify (-pro +part)))
+                            (if (pitem-head-word (in (best worst same latest other least former latter following first
+                                                      last next poor rich elderly dead unemployed)))
+                                (pitem-add-weight 3)
+                                (pitem-add-weight 5)))))
          ; two of them, some of them: dearer than two books, some books
          (Num (head-cond (and (pitem-attvec (modify (+pro +part))) (pitem-add-weight 1.5))))
          (Det (head-cond (and (pitem-attvec (contain (+alone))) (pitem-attvec (modify (+pro +part)))

@@ -47,7 +47,7 @@
 (defun number-relation ()
   (cond ((not (under-noun)) (str obl))
         ((comp (parent) (cat (str= Num))) (str compound))
-        ((quantity) (str amod))
+        ((or (quantity) (and (before-parent) (node2word (reg-match "^[0-9]+(st|nd|rd|th)$")))) (str amod))
         ((node2word (reg-match "^(19|20)[0-9][0-9]$")) (if (before-parent) (str compound) (str nmod)))
         ((before-parent) (str nummod))
         ((comp (parent) (node2attvec (contain (+time)))) (str nummod))

@@ -40,6 +40,7 @@
         ((node2word (in (and or but))) (str CCONJ))
         ((node2word (in (because if though although that))) (str SCONJ))
         ((node2word (in ("&"))) (str CCONJ))
+        ((exist-child (rel (str= flat))) (str PROPN))
         ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str PUNCT))
         ((comp (parent) (is-proper)) (str PROPN))
         ((comp (parent) (cat (str= Num))) (str NUM))
@@ -91,6 +92,9 @@
   (and (node2word (reg-match "ing$")) (exist-child (rel (in (det gen))))
        (not (exist-child (rel (in (obj iobj subj aux cop comp auxpass mark)))))))
 
+; on the 5th, March 3rd: a day, where the 5th street has an adjective
+(defun is-date () (or (not (rel (str= num))) (exist-child (node2attvec (contain (+time)))) (comp (parent) (node2attvec (contain (+time))))))
+
 (defun universal-category ()
   (cond ((cat (in (NN NB))) (cond ((is-proper) (str PROPN)) ((t) (str NOUN))))
         ((of-preposition) (cond ((rel (str= mark)) (str SCONJ)) ((node2word (in (ago))) (str ADV)) ((t) (str ADP))))
@@ -104,7 +108,9 @@
                                 ((t) (str AUX))))
         ((of-adjective) (category-of-compound))
         ((cat (str= Adv)) (category-of-adverb))
-        ((cat (str= Num)) (if (quantity) (str ADJ) (str NUM)))
+        ((cat (str= Num)) (cond ((quantity) (str ADJ))
+                                ((node2word (reg-match "^[0-9]+(st|nd|rd|th)$")) (if (is-date) (str NOUN) (str ADJ)))
+                                ((t) (str NUM))))
         ((cat (str= Intj)) (str INTJ))
         ((cat (str= Conn)) (str CCONJ))
         ((cat (in (Comp Sub PSub))) (category-of-mark))
@@ -127,7 +133,8 @@
 
 ; Words that no tree took.
 (defun outside-category ()
-  (cond ((reg-match "^[$%#+=<>/*]$") (str SYM))
+  (cond ((in ("&")) (str CCONJ))
+        ((reg-match "^[$%#+=<>/*]$") (str SYM))
         ((reg-match "^[:;=8][-o']?[)(DPp|]+$") (str SYM))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str PUNCT))
         ((in (and or but nor "&" yet plus)) (str CCONJ))
@@ -146,7 +153,8 @@
         ((reg-match "^[A-Z]") (str PROPN))
         ((t) (str NOUN))))
 (defun outside-relation ()
-  (cond ((reg-match "^[$%#+=<>]$") (str dep))
+  (cond ((in ("&")) (str cc))
+        ((reg-match "^[$%#+=<>]$") (str dep))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str punct))
         ((in (and or but nor "&" yet plus)) (str cc))
         ((in (hello hi yes no please thanks oh wow hey okay ok well lol)) (str discourse))
