@@ -32,7 +32,7 @@
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
      (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (not (wh))))
-     (Intj (dep-type discourse) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()) (dep-weight 0.8))
      (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time))) (clause-start))))
      (SubC (dep-type sub) (modifier-cond (clause-start)))
      (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))

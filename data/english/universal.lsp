@@ -119,18 +119,6 @@
         ((cat) (str X))
         ((t) (category-of-part))))
 
-(defun universal-features ()
-  (cond ((cat (in (NN NB)))
-         (cond ((node2attvec (strict-unifiable (agr) ((agr p3)))) (str "Number=Plur"))
-               ((node2attvec (strict-unifiable (agr) ((agr s3)))) (str "Number=Sing"))))
-        ((of-verb)
-         (cond ((node2attvec (strict-unifiable (vform) ((vform inf)))) (str "VerbForm=Inf"))
-               ((node2attvec (strict-unifiable (vform) ((vform ing)))) (str "VerbForm=Ger"))
-               ((and (node2attvec (strict-unifiable (vform) ((vform past)))) (not (exist-child (cat (str= Aux)))))
-                (str "Tense=Past|VerbForm=Fin"))
-               ((node2attvec (strict-unifiable (vform) ((vform en)))) (str "VerbForm=Part"))
-               ((node2attvec (strict-unifiable (vform) ((vform pres)))) (str "Tense=Pres|VerbForm=Fin"))))))
-
 ; Words that no tree took.
 (defun outside-category ()
   (cond ((in ("&")) (str CCONJ))

@@ -46,7 +46,7 @@
      (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
      (N (dep-type time) (percolate ()) (dep-weight 4)
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
-     (Intj (dep-type discourse) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
      (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
