@@ -35,6 +35,7 @@
      (Intj (dep-type discourse) (percolate ()) (dep-weight 0.8))
      (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time))) (clause-start))))
      (SubC (dep-type sub) (modifier-cond (clause-start)))
+     (Q (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
      (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (participial)))))
@@ -48,6 +49,7 @@
   ; "I am tired," he said. "So am I," said she. That is right, folks.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
+     (Tag (dep-type parataxis) (percolate ()) (dep-weight 0.5))
      (N (dep-type voc) (percolate ()) (dep-weight 0.5) (modifier-cond (called-last)))
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
@@ -61,6 +63,24 @@
   ((ItIs (dep-type subj) (percolate (vform))))
   (:head (VG (percolate (vform)) (head-cond (no-gap)))))
 (def-subclass S (RunIn (dep-weight 2)))
+
+; On the hill stood a house. Now comes the best part.
+(def-modifiers Inv
+  ((P (dep-type mod) (percolate ()) (modifier-cond (and (no-gap) (clause-start))))
+   (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (here there now then first next))))))
+  (:head (V (percolate ())
+            (modifier-cond (pitem-head-word (in (stood stands lay lies sat sits came comes come went goes hung hangs lived lives
+                                                 began begins followed follows arose appeared appears rose))))
+            (head-cond (and (finite) (no-gap)))))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (not-pro))))))
+(def-subclass S (Inv (dep-weight 1.5)))
+
+; ..., didn't you
+(def-modifiers Tag
+  (:head (Aux (percolate ()) (modifier-cond (pitem-attvec (contain ((own fin)))))))
+  (? (Neg (dep-type neg)))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (pitem-attvec (contain (+pro)))
+                                                         (pitem-followed-by-or-end-with-word (in ("?" "." "!"))))))))
 
 ; said she, she said: only around what is said.
 (def-modifiers Rep
@@ -104,6 +124,7 @@
   (:head (N (head-cond (and (wh) (pitem-add-weight -2))))
          (A (head-cond (wh)))
          (Adv (head-cond (or (wh) (fronted-place))))
+         (P (percolate ()) (head-cond (and (not (int-gt (pitem-low) (int 2))) (no-gap) (pitem-add-weight 1.5))))
          (V (head-cond (and (not (int-gt (pitem-low) (int 2))) (pitem-attvec (contain ((vform pass))))))))
   ((Aux (dep-type aux) (percolate ()) (modifier-cond (finite-be))))
   (? (Neg (dep-type neg)))
@@ -125,6 +146,12 @@
      (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))))
 
+; A command begins its clause, but for what may stand before it.
+(defun imperative-start ()
+  (or (clause-start)
+      (pitem-preceding-word (in (not "n't" "'t" do just only never always first next ps attached enclosed)))
+      (pitem-preceding-word (reg-match "ly$"))))
+
 ; read!
 (def-modifiers Imp
   (* :skip-word (str= ",")
@@ -138,7 +165,7 @@
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
   (? (Neg (dep-type neg)))
-  (:head (VG (head-cond (pitem-attvec (unify ((vform base)))))))
+  (:head (VG (head-cond (and (imperative-start) (pitem-attvec (unify ((vform base))))))))
   (? :skip-word (in ("," "!")) (Rep (dep-type report) (dep-weight 2))))
 
 ; to read, for her to read

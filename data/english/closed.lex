@@ -15,7 +15,7 @@
 (no (avm (det)) (avm (intj +rare)))
 (some (avm (det +alone)))
 (any (avm (det +alone)))
-(all (avm (det +alone +pre)) (avm (adv (freq f2))))
+(all (avm (det +alone +pre)) (avm (adv +deg (freq f2))))
 (both (avm (det plu +alone +pre)) (avm (conn +conj1 +rare)) (avm (adv +rare)))
 (half (avm (det +alone +pre)))
 (such (avm (det +pre)))

@@ -143,6 +143,7 @@
         (modifiee-cond (pitem-attvec (contain (+loc)))))))
 
 (def-modifiers P
-  (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
+  (? (Neg (dep-type neg) (dep-weight 3))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
           (dep-weight 1.5)))
   (:head))

@@ -134,7 +134,7 @@
 
   ; A hyphenated compound is looked up whole; what is not found is an adjective or a noun.
   (hyphen (seq (word (t)) (+ (seq - (word (t)))))
-    (if (not (exist-lexitem (low) (high) (pred (t))) (comp (matching-word) (reg-match " ")))
+    (if (not (or (exist-lexitem (low) (high) (pred (t))) (comp (matching-word) (reg-match " " "^[^A-Za-z0-9]"))))
         (prog
           (look-up (low) (high) (str))
           (if (exist-lexitem (low) (high) (pred (t)))
