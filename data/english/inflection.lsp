@@ -5,6 +5,11 @@
 (defun verb () (att (and (contain ((cat v))) (not (defined (vform))))))
 (defun adjective () (att (and (contain ((cat a))) (not (defined (node))))))
 
+; Words behind which a verb is due.
+(defun before-plain-verb ()
+  (in (to i you we they who that "n't" not will would can could should may might must do please lets "'ll" "'d" and)))
+(defun before-third-person () (in (he she it who that which)))
+
 (def-rules english-rules
   ; person... and ...maybe: full stops that stand at a word are no part of it.
   (full-stops (& (not-in-lexicon) (word (reg-match "^[A-Za-z][A-Za-z]*[.][.]+$" "^[.][.]+[A-Za-z]*$")))
@@ -55,7 +60,7 @@
   (irregular (:act-on-all-matches) (lexitem (att (defined (lemma))))
     (set-lexitem-root (litem) (comp (litem) (att (att-str-val lemma)))))
 
-  ; A verb may serve as a noun and a noun as a verb, at a price.
+  ; A verb may serve as a noun and, where a verb is due, a noun as a verb, at a price.
   (verb-as-noun (:act-on-all-matches)
     (lexitem (and (ending bare) (att (contain ((cat v) (vform base)))) (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (or (contain ((cat n))) (contain ((cat i))) (contain ((cat p))))))))
@@ -68,11 +73,13 @@
     (lexitem (and (ending bare) (att (and (contain ((cat n) (node NN) (agr s3))) (not (contain (+proper)))))
                   (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 20))))
+    (if (or (int-eq (low) (int 1)) (preceded-by-word (pred (before-plain-verb))))
+        (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 20)))))
   (nouns-as-verb (:act-on-all-matches)
     (lexitem (and (ending s) (att (contain ((node NN) (agr p3))))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 20))))
+    (if (preceded-by-word (pred (before-third-person)))
+        (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 20)))))
 
   ; "that he ..." is hardly a determiner.
   (that-he (:act-on-all-matches)
