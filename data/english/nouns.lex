@@ -3232,3 +3232,4 @@
 (executive (avm (noun)))
 (original (avm (noun)))
 (individual (avm (noun)))
+(folk (avm (noun)))

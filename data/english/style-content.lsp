@@ -25,11 +25,12 @@
                                 ((t) (str compound))))
         ((cat (str= Num)) (if (under-noun) (str nummod) (str obl)))
         ((of-noun) (if (under-noun) (str nmod) (str obl)))
+        ((cat (str= Aux)) (str advcl))
         ((t) (str dep))))
 
 ; Behind a verb or an adjective: a clause that has its subject, or one that has not.
 (defun clause-relation ()
-  (cond ((not (of-verb)) (if (exist-child (rel (in (cop subj)))) (str ccomp) (str xcomp)))
+  (cond ((not (of-verb)) (if (exist-child (rel (in (subj nsubj expl)))) (str ccomp) (str xcomp)))
         ((exist-child (rel (in (subj expl csubj)))) (str ccomp))
         ((t) (str xcomp))))
 
@@ -46,6 +47,7 @@
 
 (defun number-relation ()
   (cond ((not (under-noun)) (str obl))
+        ((and (not (before-parent)) (node2word (reg-match "^(19|20)[0-9][0-9]$"))) (str nmod))
         ((comp (parent) (cat (str= Num))) (str compound))
         ((or (quantity) (and (before-parent) (node2word (reg-match "^[0-9]+(st|nd|rd|th)$")))) (str amod))
         ((node2word (reg-match "^(19|20)[0-9][0-9]$")) (if (before-parent) (str compound) (str nmod)))
@@ -76,7 +78,7 @@
                 (str advmod))
                ((t) (str fixed))))
         ((node2word (in (a an the no each every))) (str det))
-        ((node2word (in (new united south north east west great old big long short last least first prime real same
+        ((node2word (in (best kind new united south north east west great old big long short last least first prime real same
                          good other early late high many much more most less such due next central fast far full half double
                          low dual)))
          (str amod))

@@ -97,7 +97,8 @@
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
                               (pitem-add-weight 5)))))
   ; ... but they did not
-  (? (Neg (dep-type neg) (modifiee-cond (pitem-attvec (defined (own)))))))
+  (* (Neg (dep-type neg) (modifiee-cond (pitem-attvec (defined (own)))))
+     (Adv (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (defined (own)))))))
 
 ; The verb group that a subject can have. Here `is ready` and `reads` are of one form, so that they can be joined.
 (def-modifiers VF
