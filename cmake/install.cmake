@@ -2,6 +2,9 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS torvane DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(TARGET torvane_serve)
+  install(TARGETS torvane_serve DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
 install(TARGETS torvane_static torvane_shared EXPORT torvane DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY include/torvane DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(FILES ${PROJECT_BINARY_DIR}/include/torvane/version.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/torvane)

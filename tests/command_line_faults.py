@@ -58,11 +58,11 @@ class Grammars(unittest.TestCase):
 
     END = '(exec-commands (exit))'
 
-    def run_with(self, forms, *options):
+    def run_with(self, forms, *options, given="the cat sleeps\n"):
         with tempfile.TemporaryDirectory() as folder:
             pathlib.Path(folder, "own.lsp").write_text(SMALL + forms)
             return run("parse", "--quiet", "--grammar", "./own.lsp", "--from", "lines", "--to", "brackets", *options,
-                       given="the cat sleeps\n", cwd=folder)
+                       given=given, cwd=folder)
 
     def test_the_end_of_the_program_inside_a_parse(self):
         places = (f"(def-modifiers V (? (N (modifier-cond {self.END}))) (:head))",
@@ -73,6 +73,12 @@ class Grammars(unittest.TestCase):
             for options in ([], ["-j", "2"], ["-o", "out"]):
                 status, out, errors = self.run_with(forms, *options)
                 self.assertEqual((status, out, errors), (4, b"", "torvane: the grammar ended the program\n"), forms)
+
+    def test_what_was_parsed_before_the_end_is_written(self):
+        forms = f"(defun universal-category () (if (node2word (in (sleeps))) {self.END} (str X)))"
+        for options in ([], ["-j", "3"]):
+            status, out, errors = self.run_with(forms, *options, given="the cat\n" * 50 + "the cat sleeps\n" * 9)
+            self.assertEqual((status, out.count(b"\n")), (4, 50), options)
 
     def test_printing(self):
         forms = ('(echo (loaded)) (def-tree-rules prints (up :name print (node (t)) (print-str :suffix " seen\\n"))) '

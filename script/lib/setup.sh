@@ -24,7 +24,15 @@ need_test_tools() {
   need pkg-config command -v pkg-config
   need mandoc command -v mandoc
   need_python_tools
+  need_service_tools
   need python3-pytest test -e /usr/lib/python3/dist-packages/pytest
+}
+
+# For `torvane serve`.
+need_service_tools() {
+  need pkg-config command -v pkg-config
+  need libcpp-httplib-dev test -e /usr/include/httplib.h
+  need nlohmann-json3-dev test -e /usr/include/nlohmann/json.hpp
 }
 
 # For the Python module.

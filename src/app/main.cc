@@ -1,4 +1,6 @@
 // The process: one line of text in, its dependency tree out.
+#include <malloc.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -49,12 +51,21 @@ int run() {
   return kNormalEnd;
 }
 
+// Memory of another thread than the first would be asked for a page and a system call at a time, by
+// which the lexicon takes an eighth longer to load.
+void take_memory_in_large_pieces() {
+  constexpr int kPiece = 2 << 20;
+  mallopt(M_ARENA_MAX, 1);
+  mallopt(M_TOP_PAD, kPiece);
+}
+
 }  // namespace
 
 }  // namespace torvane
 
 // Arguments are for people; start-up files know of none.
 int main(int argc, char** argv) {
+  torvane::take_memory_in_large_pieces();
   if (argc == 1) return torvane::run_on_large_stack(torvane::run);
   return torvane::run_on_large_stack(
       [&] { return torvane::run_command_line(argc, argv, TORVANE_VERSION); });

@@ -97,7 +97,7 @@ Value load_aliases(World& world, IRSlist* form) {
   return Value::of(current);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kAliasesCommands[] = {
     {"load-aliases", load_aliases, "(load-aliases file) load alias definitions from file."},
     {"save-aliases", save_aliases_command, "(save-aliases file) save the aliases in file."},
     {"alias", alias, "(alias name [att-type] (ATTRIBUTES)) define an alias"},
@@ -107,6 +107,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::aliases{kCommands};
+constinit const Offer offers::aliases{kAliasesCommands};
 
 }  // namespace torvane

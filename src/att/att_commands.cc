@@ -86,7 +86,7 @@ Value def_att_set(World& world, IRSlist* form) {
   return Value::of(type);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kAttCommands[] = {
     {"defattribute", defattribute,
      "(defattribute <att-name> <att-type> <other-parameters>) ---define an attribute"},
     {"def-att-list", def_att_list,
@@ -102,6 +102,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::att_commands{kCommands};
+constinit const Offer offers::att_commands{kAttCommands};
 
 }  // namespace torvane

@@ -85,7 +85,7 @@ class AttIndex : public Form<AttIndex, LConst> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAttConstantsForms[] = {
     form<AttVecConst>(),
     form<AttSetConst>(),
     form<AttIndex>(),
@@ -93,6 +93,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::att_constants{kForms};
+constinit const Offer offers::att_constants{kAttConstantsForms};
 
 }  // namespace torvane

@@ -1,5 +1,6 @@
 // The forms that test and change attribute vectors.
 #include <algorithm>
+#include <sstream>
 
 #include "att/att_pred.h"
 #include "att/offers.h"
@@ -45,6 +46,16 @@ LBitSet find_att_set(const AttInterpreterList* type, IRSlist* names) {
 
 namespace {
 
+/// The values of these attributes in a vector, for a reader.
+std::string values_in(Value input, const LBitSet& atts) {
+  const AttVec* vec = input.as<AttVec>();
+  if (!vec) return "there is none";
+  std::ostringstream out;
+  vec->print(out, &atts);
+  const std::string values = out.str();
+  return values.size() <= 2 ? "it has none" : "it has " + values.substr(1, values.size() - 2);
+}
+
 // All of the named attributes are defined.
 class AttDefPred : public Form<AttDefPred, AttPred> {
  public:
@@ -60,6 +71,11 @@ class AttDefPred : public Form<AttDefPred, AttPred> {
   Value apply(AttVec& vec, Value input, int) override {
     bool all = std::all_of(indexes_.begin(), indexes_.end(), [&](int i) { return vec.has(i); });
     return all ? input : Value();
+  }
+  std::string finding(Value input) override {
+    LBitSet atts;
+    for (std::int16_t index : indexes_) atts.set(index);
+    return values_in(input, atts);
   }
 
   Array<std::int16_t> indexes_;
@@ -108,6 +124,7 @@ class AttDefAndUnifiablePred : public Form<AttDefAndUnifiablePred, AttDefOnePred
     // Kept: strict-unifiable-one-of
     return any_defined(vec) && vec.unifiable(*vec_) ? input : Value();
   }
+  std::string finding(Value input) override { return values_in(input, vec_->defined); }
 
  private:
   Ref<AttVec> vec_;
@@ -119,6 +136,8 @@ class AttWithAttPred : public AttPred {
   void init(World& world, IRSlist* args) override { constant_ = read_vector(world, *args); }
 
  protected:
+  std::string finding(Value input) override { return values_in(input, constant_->defined); }
+
   Ref<AttVec> constant_;
 };
 
@@ -178,7 +197,7 @@ class AttModifyPred : public Form<AttModifyPred, AttWithAttPred> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAttForms[] = {
     pure_form<AttDefPred>(),
     pure_form<AttDefOnePred>(),
     form<AttUnDefPred, Reach::change>(),
@@ -191,6 +210,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::att_forms{kForms};
+constinit const Offer offers::att_forms{kAttForms};
 
 }  // namespace torvane

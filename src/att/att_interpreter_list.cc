@@ -26,9 +26,9 @@ float default_weight(const float* values, int n) {
   return sum;
 }
 
-void report_get_att(const char* list_name, const char* att_name, const char* value_text) {
-  messages() << "AttInterpreterList::get_att(\"" << or_empty(list_name) << "\", \""
-             << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
+std::ostream& report_get_att(const char* list_name, const char* att_name, const char* value_text) {
+  return messages() << "AttInterpreterList::get_att(\"" << or_empty(list_name) << "\", \""
+                    << or_empty(att_name) << "\", \"" << or_empty(value_text) << "\")\n";
 }
 
 // The attribute of a list, and its index; null after the report.
@@ -37,11 +37,11 @@ AttInterpreter* find_att(World& world, const char* list_name, const char* att_na
   AttInterpreterList* list = find_att_list(world, list_name, false);
   AttInterpreter* att = list ? list->lookup(att_name, &index) : nullptr;
   if (att) return att;
-  report_get_att(list_name, att_name, value_text);
+  std::ostream& out = report_get_att(list_name, att_name, value_text);
   if (list)
-    messages() << '"' << or_empty(att_name) << "\" is not an attribute\n";
+    out << '"' << or_empty(att_name) << "\" is not an attribute\n";
   else
-    messages() << '"' << or_empty(list_name) << "\" is not a type of attribute value vector\n";
+    out << '"' << or_empty(list_name) << "\" is not a type of attribute value vector\n";
   return nullptr;
 }
 

@@ -81,13 +81,13 @@ class AttUnifiable2Pred : public Form<AttUnifiable2Pred, TwoVectors> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAttPairForms[] = {
     form<AttUnify2Pred>(),
     form<AttUnifiable2Pred>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::att_pair_forms{kForms};
+constinit const Offer offers::att_pair_forms{kAttPairForms};
 
 }  // namespace torvane

@@ -123,7 +123,7 @@ class AttVec2Str : public Form<AttVec2Str, AttPred> {
   std::optional<LBitSet> mask_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAttValueForms[] = {
     form<AttValPred>(),
     pure_form<AttStrVal>(),
     form<AttVec2Str>(),
@@ -131,6 +131,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::att_value_forms{kForms};
+constinit const Offer offers::att_value_forms{kAttValueForms};
 
 }  // namespace torvane

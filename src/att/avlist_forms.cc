@@ -142,7 +142,7 @@ class RotateAndInsertIntoAvList : public Form<RotateAndInsertIntoAvList, AvListI
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAvlistForms[] = {
     form<DeleteFromAvList>(),
     form<MoveAtt>(),
     form<InsertIntoAvList>(),
@@ -151,6 +151,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::avlist_forms{kForms};
+constinit const Offer offers::avlist_forms{kAvlistForms};
 
 }  // namespace torvane

@@ -85,13 +85,13 @@ template class DisjunctionAtt<CharAtt>;
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kDisjunctionAttsTypes[] = {
     attribute_type<Disj8Att>(),
     attribute_type<DisjAtt>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::disjunction_atts{kTypes};
+constinit const Offer offers::disjunction_atts{kDisjunctionAttsTypes};
 
 }  // namespace torvane

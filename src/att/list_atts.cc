@@ -182,13 +182,13 @@ Subsumption StackAtt::compare_with(const AttVecList& mine, const AttVecList& the
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kListAttsTypes[] = {
     attribute_type<ListAtt>(),
     attribute_type<StackAtt>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::list_atts{kTypes};
+constinit const Offer offers::list_atts{kListAttsTypes};
 
 }  // namespace torvane

@@ -206,12 +206,12 @@ bool unpack_nested(AttVec& vec, const char*& p, const char* end) {
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kNestedAttsTypes[] = {
     attribute_type<VecAtt>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::nested_atts{kTypes};
+constinit const Offer offers::nested_atts{kNestedAttsTypes};
 
 }  // namespace torvane

@@ -94,7 +94,7 @@ AttWord IntAtt::get_val(const char* token) const {
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kScalarAttsTypes[] = {
     attribute_type<BinAtt>(),
     attribute_type<EnumAtt>(),
     attribute_type<SmIntAtt>(),
@@ -103,6 +103,6 @@ constexpr Prototype kTypes[] = {
 
 }  // namespace
 
-constinit const Offer offers::scalar_atts{kTypes};
+constinit const Offer offers::scalar_atts{kScalarAttsTypes};
 
 }  // namespace torvane

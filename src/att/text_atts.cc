@@ -108,13 +108,13 @@ EntAtt* ent_att(AttInterpreter* att) {
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kTextAttsTypes[] = {
     attribute_type<StrAtt>(),
     attribute_type<EntAtt>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::text_atts{kTypes};
+constinit const Offer offers::text_atts{kTextAttsTypes};
 
 }  // namespace torvane

@@ -60,12 +60,12 @@ bool TraceAtt::shows(AttWord value) const {
 
 namespace {
 
-constexpr Prototype kTypes[] = {
+constexpr Prototype kTraceAttTypes[] = {
     attribute_type<TraceAtt>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::trace_att{kTypes};
+constinit const Offer offers::trace_att{kTraceAttTypes};
 
 }  // namespace torvane

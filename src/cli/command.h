@@ -31,6 +31,9 @@ std::span<const CliCommand> cli_commands();
 
 std::function<int()> declare_parse(CLI::App& app);
 std::function<int()> declare_convert(CLI::App& app);
+std::function<int()> declare_serve(CLI::App& app);
+std::function<int()> declare_why(CLI::App& app);
+std::function<int()> declare_check(CLI::App& app);
 std::function<int()> declare_help(CLI::App& app);
 std::function<int()> declare_completion(CLI::App& app);
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cli/command.h"
-#include "cli/nearest.h"
+#include "support/nearest.h"
 
 namespace torvane {
 namespace {
@@ -39,6 +39,9 @@ std::string fault_of(const CLI::App& app, const CLI::App& asked, const CLI::Pars
 constexpr CliCommand kCommands[] = {
     {"parse", "Parse text into dependency trees", declare_parse},
     {"convert", "Turn trees from one format into another", declare_convert},
+    {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
+    {"why", "Tell why a sentence has its tree, and not another one", declare_why},
+    {"check", "Tell what is wrong with a grammar, and where", declare_check},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

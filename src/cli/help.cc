@@ -9,9 +9,9 @@
 
 #include "cli/command.h"
 #include "cli/interrupt.h"
-#include "cli/nearest.h"
 #include "cli/output.h"
 #include "cli/pages.h"
+#include "support/nearest.h"
 
 namespace torvane {
 namespace {

@@ -1,4 +1,6 @@
 // torvane parse: sentences in, trees out.
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdint>
@@ -88,6 +90,7 @@ Outcome parse_and_write(Engine& engine, const Task& task, const ParseOptions& op
 }
 
 void parse_here(Run& run, const ParseOptions& options, Engine& engine) {
+  const BeforeGrammarEnds written([&] { run.output.flush(true); });
   for (Task task; run.next(task);) {
     run.summary.count(
         parse_and_write(engine, task, options, run.format, run.page, run.output.buffer));
@@ -103,6 +106,7 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     const std::unique_ptr<Engine> engine = make_engine(options, grammar);
     if (!engine) return all.resign();
     while (Job* job = all.take()) {
+      const BeforeGrammarEnds in_turn([&] { all.fail(*job); });
       job->outcome =
           parse_and_write(*engine, job->task, options, run.format, run.page, job->written);
       all.give_back(*job);
@@ -118,7 +122,11 @@ void parse_in_threads(Run& run, const ParseOptions& options, const GrammarFiles&
     }
     if (workers.waiting() == 0) continue;
     const std::unique_ptr<Job> job = workers.finished();
-    if (!job->done) return;
+    if (job->state == Job::State::open) return;
+    if (job->state == Job::State::failed) {
+      run.output.flush(true);
+      _exit(kNoGrammar);
+    }
     run.summary.count(job->outcome);
     run.output.buffer += job->written;
     run.output.flush(workers.waiting() == 0 && !run.input.is_waiting());

@@ -1,5 +1,7 @@
 #include "cli/workers.h"
 
+#include <unistd.h>
+
 #include <utility>
 
 #include "support/depth.h"
@@ -43,12 +45,21 @@ Job* Workers::take() {
   return job;
 }
 
-// Only the oldest one is waited for.
 void Workers::give_back(Job& job) {
+  end(job, Job::State::done);
+}
+
+void Workers::fail(Job& job) {
+  end(job, Job::State::failed);
+  while (true) pause();
+}
+
+// Only the oldest one is waited for.
+void Workers::end(Job& job, Job::State state) {
   bool is_oldest;
   {
     const std::lock_guard lock(mutex_);
-    job.done = true;
+    job.state = state;
     is_oldest = &job == jobs_.front().get();
   }
   if (is_oldest) less_.notify_one();
@@ -74,7 +85,7 @@ void Workers::add(Task&& task) {
 
 std::unique_ptr<Job> Workers::finished() {
   std::unique_lock lock(mutex_);
-  less_.wait(lock, [this] { return jobs_.front()->done || able_ == 0; });
+  less_.wait(lock, [this] { return jobs_.front()->state != Job::State::open || able_ == 0; });
   std::unique_ptr<Job> job = std::move(jobs_.front());
   jobs_.pop_front();
   return job;

@@ -21,7 +21,7 @@ struct Job {
   Task task;
   Outcome outcome = Outcome::whole;
   std::string written;
-  bool done = false;
+  enum class State { open, done, failed } state = State::open;
 };
 
 class Workers {
@@ -37,16 +37,20 @@ class Workers {
   /// The next job; null at the end.
   Job* take();
   void give_back(Job& job);
+  /// The same of a job that ends the process: the thread does not come back.
+  [[noreturn]] void fail(Job& job);
   /// For a thread that cannot work.
   void resign();
 
   // Outside.
   void add(Task&& task);
   std::size_t waiting() const { return jobs_.size(); }
-  /// The oldest job, once it is done; or as it was, when no thread can work.
+  /// The oldest job, once it is done or has failed; or as it was, when no thread can work.
   std::unique_ptr<Job> finished();
 
  private:
+  void end(Job& job, Job::State state);
+
   std::function<void(Workers&)> work_;
   std::vector<pthread_t> threads_;
   std::size_t able_ = 0;

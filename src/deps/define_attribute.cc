@@ -19,7 +19,7 @@ Value define_attribute(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kDefineAttributeCommands[] = {
     {"define-attribute", define_attribute, "(define-attribute name-of-attribute type-of-val)"},
 };
 
@@ -37,6 +37,7 @@ void own_types(World& world) {
 
 }  // namespace
 
-constinit const Offer offers::define_attribute{std::span<const Prototype>(), kCommands, own_types};
+constinit const Offer offers::define_attribute{std::span<const Prototype>(),
+                                               kDefineAttributeCommands, own_types};
 
 }  // namespace torvane

@@ -163,7 +163,7 @@ class MinimalAcross : public Form<MinimalAcross> {
   ExpPtr exp_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kDepPrintForms[] = {
     function<print_dep_tree>("print-dep-tree",
                              "`(print-dep-tree [atts [stream]])` prints the whole tree of the "
                              "node, with the attributes of the set"),
@@ -193,6 +193,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::dep_print_forms{kForms};
+constinit const Offer offers::dep_print_forms{kDepPrintForms};
 
 }  // namespace torvane

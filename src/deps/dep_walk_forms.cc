@@ -164,13 +164,13 @@ class CompatibleModifier : public Form<CompatibleModifier, TernaryFunc> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kDepWalkForms[] = {
     form<GetChild>(),      form<GetParent>(),  form<GetAntecedent>(), form<CompatibleModifier>(),
     form<FindFirstNode>(), form<ExpandNode>(), form<ReattachNode>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::dep_walk_forms{kForms};
+constinit const Offer offers::dep_walk_forms{kDepWalkForms};
 
 }  // namespace torvane

@@ -17,7 +17,7 @@ constexpr int kMostChildren = 65535;
 [[noreturn]] void fail_without_att_type() {
   // Kept: no-vector-type-ends-the-run
   messages() << "The type of AttVec in dependency tree is not defined\n" << std::flush;
-  std::exit(1);
+  end_process(1);
 }
 
 bool fits_one_byte(const DepTree& node) {

@@ -51,13 +51,13 @@ struct ConcatDepWords : Adaptor<ConcatDepWords, Deps, Value, const char*> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kDepsTextForms[] = {
     form<Str2Deps>(),
     form<ConcatDepWords>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::deps_text_forms{kForms};
+constinit const Offer offers::deps_text_forms{kDepsTextForms};
 
 }  // namespace torvane

@@ -184,7 +184,7 @@ struct RDepName : NameOfDependency<RDepName> {
   static constexpr std::string_view kJoin = ":r_";
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kNodeAdaptorsForms[] = {
     form<DepTree2Deps>(),       form<DepTree2Rel>(),  form<DepTree2Cat>(),
     form<DepTree2Root>(),       form<DepTree2Word>(), form<DepTree2AttVec>(),
     form<DepTree2MinP>(),       form<DepTree2MaxP>(), form<DepTree2Ante>(),
@@ -196,6 +196,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::node_adaptors{kForms};
+constinit const Offer offers::node_adaptors{kNodeAdaptorsForms};
 
 }  // namespace torvane

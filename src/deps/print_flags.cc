@@ -15,7 +15,7 @@ Value set_print_governor(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kPrintFlagsCommands[] = {
     {"print-deptree-weight", set_print_weight,
      "(print-deptree-weight 0|1) set the PRINT_DEPTREE_WEIGHT flag"},
     {"print-governor", set_print_governor, "(print-governor 0|1) set the PRINT_GOV flag"},
@@ -23,6 +23,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::print_flags{kCommands};
+constinit const Offer offers::print_flags{kPrintFlagsCommands};
 
 }  // namespace torvane

@@ -27,8 +27,7 @@ const char* span_text(const DepTree& node) {
 }
 
 void write_atom(std::ostream& out, const char* text) {
-  std::string atom;
-  append_quoted(atom, or_empty(text), QuoteComma::yes);
+  std::string atom = quoted(text, QuoteComma::yes);
   out << (atom.empty() ? "\"\"" : atom);
 }
 

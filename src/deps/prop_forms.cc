@@ -180,7 +180,7 @@ class AddToDepPropList : public DepTreeComponent<AddToDepPropList, DepTree> {
   ExpPtr exp_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kPropForms[] = {
     form<GetProp>(),
     form<SetProp>(),
     form<DelProp>(),
@@ -189,6 +189,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::prop_forms{kForms};
+constinit const Offer offers::prop_forms{kPropForms};
 
 }  // namespace torvane

@@ -49,12 +49,12 @@ class ReadAndModifyDeps : public Form<ReadAndModifyDeps> {
   ExpPtr stream_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kReadAndModifyDepsForms[] = {
     form<ReadAndModifyDeps>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::read_and_modify_deps{kForms};
+constinit const Offer offers::read_and_modify_deps{kReadAndModifyDepsForms};
 
 }  // namespace torvane

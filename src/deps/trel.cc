@@ -113,7 +113,7 @@ struct AddRelToDeps : DepTreeComponent<AddRelToDeps, DepTree> {
   ExpPtr rel_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kTrelForms[] = {
     form<MakeRel>(),
     form<AddPropvals>(),
     form<AddRelToDeps>(),
@@ -121,6 +121,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::trel{kForms};
+constinit const Offer offers::trel{kTrelForms};
 
 }  // namespace torvane

@@ -133,7 +133,9 @@ std::string Engine::use_counts(const std::string& folder) {
   const std::string fault = faults.str();
   if (!counts_->has_file())
     return folder + " has no counts that can be read: " + fault.substr(0, fault.find('\n'));
-  current_parser(world_)->costs._reldb = counts_.get();
+  DepCosts& costs = current_parser(world_)->costs;
+  costs._reldb = counts_.get();
+  costs.fixed_counts = true;  // they have no name by which a command could reach them
   return {};
 }
 

@@ -10,6 +10,7 @@
 
 #include "engine/document.h"
 #include "engine/labels.h"
+#include "engine/why.h"
 #include "parser/sentence_tree.h"
 #include "shell/world.h"
 
@@ -47,6 +48,13 @@ class Engine {
   /// The next-best tree of the sentence that was parsed last: another one than those that it gave
   /// so far. Nothing where there is none, and for a sentence that was parsed piece by piece.
   std::optional<Sentence> next();
+  /// Makes the engine keep the places and texts of the forms that it loads from here on, which
+  /// explanations quote.
+  void keep_forms();
+  /// Parses a text as one sentence and explains its tree; or why a word (from 1) is not under
+  /// another one in it (0: not a root). It costs several times what a parse does.
+  WhyTree why(std::string_view text);
+  WhyPair why(std::string_view text, int modifier, int head);
   /// The tree of a tree text, rewritten by the tree rules as after a parse.
   Sentence rewrite(const std::string& tree_text);
   /// A sentence of more words (between blanks) is parsed piece by piece.
@@ -58,6 +66,8 @@ class Engine {
   bool joint(std::string_view token);
 
  private:
+  struct Explained;
+  Explained parse_to_explain(std::string_view text);
   Sentence parse_piece(std::string_view text);
   Sentence parse_piece(const std::vector<std::string>& words);
   Sentence result();

@@ -261,7 +261,8 @@ void find_ranges(Sentence& sentence, const Labels& labels) {
 
 }  // namespace
 
-Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labels) {
+Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labels,
+                     std::vector<int>* positions) {
   Sentence sentence;
   sentence.text = text;
   std::vector<int> word_of(1);
@@ -290,6 +291,7 @@ Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labe
   add_words(sentence, at, text.size());
   find_ranges(sentence, labels);
   finish_words(sentence);
+  if (positions) *positions = word_of;
   Assembly(deps, labels, sentence, std::move(word_of)).run();
   return sentence;
 }

@@ -13,7 +13,10 @@ namespace torvane {
 
 /// The words are those that the parser saw; what it saw of the text and took into none is a word of
 /// its own.
-Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labels);
+/// `positions`, if given, gets the number of the word that each of the parser's positions is in; 0:
+/// none.
+Sentence sentence_of(const Deps& deps, std::string_view text, const Labels& labels,
+                     std::vector<int>* positions = nullptr);
 /// The words are those given; the parser may have cut them further.
 Sentence sentence_of(const Deps& deps, const std::vector<std::string>& words, const Labels& labels);
 

@@ -2,42 +2,19 @@
 #include <cstddef>
 
 #include "formats/format.h"
+#include "formats/json_string.h"
 #include "formats/layout.h"
 #include "text/utf8.h"
 
 namespace torvane {
 namespace {
 
-/// A string; bytes that are no UTF-8 stand as the replacement character.
-void add_string(std::string& out, std::string_view text) {
-  static constexpr char kHex[] = "0123456789abcdef";
-  out += '"';
-  for (std::size_t i = 0; i < text.size();) {
-    const auto c = static_cast<unsigned char>(text[i]);
-    const std::size_t length = utf8_length(text.substr(i));
-    if (length == 0) {
-      out += "\xef\xbf\xbd";
-    } else if (c == '"' || c == '\\') {
-      out += '\\';
-      out += text[i];
-    } else if (c < 0x20) {
-      out += "\\u00";
-      out += kHex[c >> 4];
-      out += kHex[c & 15];
-    } else {
-      out += text.substr(i, length);
-    }
-    i += length == 0 ? 1 : length;
-  }
-  out += '"';
-}
-
 void add_text(std::string& out, const char* name, std::string_view text) {
   if (text.empty()) return;
   out += ",\"";
   out += name;
   out += "\":";
-  add_string(out, text);
+  add_json_string(out, text);
 }
 
 void add_number(std::string& out, const char* name, std::size_t number) {
@@ -66,7 +43,7 @@ void add_ranges(std::string& out, const std::vector<WordRange>& ranges) {
 
 void write_json(std::string& out, const Sentence& sentence, const Page&) {
   out += "{\"text\":";
-  add_string(out, sentence.text);
+  add_json_string(out, sentence.text);
   add_text(out, "id", sentence.id);
   add_number(out, "parts", static_cast<std::size_t>(sentence.parts));
   add_text(out, "cut", sentence.cut);

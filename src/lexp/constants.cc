@@ -70,7 +70,7 @@ class StrConst : public Form<StrConst, LConst> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kConstantsForms[] = {
     form<PredConst>(),
     form<NamedObjConst>(),
     pure_form<IntegerConst>(),
@@ -79,6 +79,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::constants{kForms};
+constinit const Offer offers::constants{kConstantsForms};
 
 }  // namespace torvane

@@ -5,6 +5,7 @@
 #include "lexp/form.h"
 #include "lexp/lexp.h"
 #include "lexp/offers.h"
+#include "lexp/refusal.h"
 #include "lexp/tuples.h"
 #include "support/ref.h"
 
@@ -70,6 +71,14 @@ class IfAction : public Form<IfAction, CompExp> {
     int branch = exps[0]->eval(input, type) ? 1 : 2;
     return branch < exps.count() ? exps[branch]->eval(input, type) : Value();
   }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    if (exps.empty()) return refuse(input, refusal);
+    const int branch = exps[0]->eval(input, type) ? 1 : 2;
+    const Value value = branch < exps.count() ? exps[branch]->watch(input, type, refusal) : Value();
+    if (value) return value;
+    refusal.steps.push_back({this, branch == 1 ? "its condition holds" : "its condition is false"});
+    return Value();
+  }
 };
 
 class WhileAction : public Form<WhileAction, CompExp> {
@@ -106,6 +115,15 @@ class WhenAction : public Form<WhenAction, CompExp> {
     if (!condition) return Value();
     for (int i = 1; i < exps.count(); ++i) exps[i]->eval(input, type);
     // Kept: when-gives-condition
+    return condition;
+  }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    const Value condition = exps.empty() ? Value() : exps[0]->watch(input, type, refusal);
+    if (!condition) {
+      refusal.steps.push_back({this, {}});
+      return Value();
+    }
+    for (int i = 1; i < exps.count(); ++i) exps[i]->eval(input, type);
     return condition;
   }
 };
@@ -171,6 +189,21 @@ class CondAction : public Form<CondAction> {
     }
     return Value();
   }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    for (const Array<ExpPtr>& clause : clauses) {
+      if (clause.empty()) continue;
+      Value value = clause[0]->eval(input, type);
+      if (!value) continue;
+      for (int i = 1; i < clause.count(); ++i)
+        value = i + 1 < clause.count() ? clause[i]->eval(input, type)
+                                       : clause[i]->watch(input, type, refusal);
+      if (value) return value;
+      refusal.steps.push_back({this, {}});
+      return Value();
+    }
+    refusal.steps.push_back({this, "none of its clauses holds"});
+    return Value();
+  }
 
   Array<Array<ExpPtr>> clauses;
 
@@ -215,6 +248,15 @@ class NegExp : public Form<NegExp, CompExp> {
     }
     return input;
   }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    for (const ExpPtr& exp : exps)
+      if (exp->eval(input, type)) {
+        refusal.steps.push_back({exp.get(), "it holds"});
+        refusal.steps.push_back({this, {}});
+        return Value();
+      }
+    return exps.empty() ? eval(input, type) : input;
+  }
   Outlook foresee(Value input, int type) override {
     for (const ExpPtr& exp : exps)
       if (Outlook part = exp->foresee(input, type); part != Outlook::null)
@@ -234,6 +276,18 @@ class OrExp : public Form<OrExp, CompExp> {
     for (const ExpPtr& exp : exps) {
       if (Value value = exp->eval(input, type)) return value;
     }
+    return Value();
+  }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    const std::size_t before = refusal.steps.size();
+    if (exps.empty() && input) return input;
+    for (const ExpPtr& exp : exps)
+      if (Value value = exp->watch(input, type, refusal)) {
+        refusal.steps.resize(before);
+        return value;
+      }
+    if (exps.count() != 1) refusal.steps.resize(before);
+    refusal.steps.push_back({this, exps.count() > 1 ? "none of its parts holds" : ""});
     return Value();
   }
   Outlook foresee(Value input, int type) override {
@@ -267,6 +321,15 @@ class AndExp : public Form<AndExp, CompExp> {
       value = exp->eval(input, type);
       if (!value) return Value();
     }
+    return value;
+  }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    Value value = input;
+    for (const ExpPtr& exp : exps) {
+      value = exp->watch(input, type, refusal);
+      if (!value) break;
+    }
+    if (!value) refusal.steps.push_back({this, {}});
     return value;
   }
   Outlook foresee(Value input, int type) override {
@@ -350,7 +413,7 @@ class EqExp : public Form<EqExp, BinaryFunc> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kControlForms[] = {
     pure_form<ProgExp>(),  pure_form<Prog1Exp>(),   pure_form<FuncComp>(),
     pure_form<IfAction>(), form<WhileAction>(),     pure_form<WhenAction>(),
     form<OneOf>(),         pure_form<CondAction>(), form<CollectExp>(),
@@ -362,6 +425,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::control_forms{kForms};
+constinit const Offer offers::control_forms{kControlForms};
 
 }  // namespace torvane

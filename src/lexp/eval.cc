@@ -16,12 +16,12 @@ Value eval_command(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEvalCommands[] = {
     {"eval", eval_command, "(eval LExp) Evaluate LExp with 0 as input."},
 };
 
 }  // namespace
 
-constinit const Offer offers::eval{kCommands};
+constinit const Offer offers::eval{kEvalCommands};
 
 }  // namespace torvane

@@ -36,12 +36,12 @@ class ExecCommands : public Form<ExecCommands> {
   IRSlist commands_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kExecCommandsForms[] = {
     form<ExecCommands>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::exec_commands{kForms};
+constinit const Offer offers::exec_commands{kExecCommandsForms};
 
 }  // namespace torvane

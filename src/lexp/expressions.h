@@ -7,6 +7,7 @@
 
 #include "lexp/functions.h"
 #include "lexp/open_streams.h"
+#include "lexp/refusal.h"
 #include "lexp/types.h"
 #include "lexp/variables.h"
 #include "shell/world.h"
@@ -32,6 +33,7 @@ class Expressions : public WorldPart {
   Scopes scopes{types};
   std::vector<std::unique_ptr<Func>> functions;
   ObjFactory* family = nullptr;
+  FormTexts form_texts;  ///< kept where places are
 };
 
 inline Expressions& expressions(World& world) {

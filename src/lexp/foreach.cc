@@ -19,13 +19,13 @@ Value foreach_command(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kForeachCommands[] = {
     {"foreach", foreach_command,
      "(foreach LIST :eval LEXP) Evaluate LExp with each of the string in the list."},
 };
 
 }  // namespace
 
-constinit const Offer offers::foreach{kCommands};
+constinit const Offer offers::foreach{kForeachCommands};
 
 }  // namespace torvane

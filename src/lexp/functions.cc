@@ -2,6 +2,7 @@
 
 #include "lexp/expressions.h"
 #include "lexp/offers.h"
+#include "lexp/refusal.h"
 #include "support/depth.h"
 #include "support/messages.h"
 
@@ -37,6 +38,20 @@ class FuncExp : public LExp {
     bind_arguments(input, input_type);
     Value result = eval_body(input, input_type);
     for (const Ref<Var>& param : func->params) param->pop();
+    return result;
+  }
+
+  Value watch(Value input, int input_type, Refusal& refusal) override {
+    if (!func->params.empty() || func->body.empty()) return LExp::watch(input, input_type, refusal);
+    DepthGuard guard(call_depth);
+    if (!guard) return Value();
+    const std::size_t before = refusal.steps.size();
+    Value result;
+    for (const ExpPtr& exp : func->body) {
+      refusal.steps.resize(before);
+      result = exp ? exp->watch(input, input_type, refusal) : Value();
+    }
+    if (!result) refusal.steps.push_back({this, {}, true});
     return result;
   }
 
@@ -95,12 +110,12 @@ Value defun(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kFunctionsCommands[] = {
     {"defun", defun, "(defun funcname ( [args] ) LExp LExp ...) define a function."},
 };
 
 }  // namespace
 
-constinit const Offer offers::functions{kCommands};
+constinit const Offer offers::functions{kFunctionsCommands};
 
 }  // namespace torvane

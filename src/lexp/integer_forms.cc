@@ -1,9 +1,11 @@
 // Integers: arithmetic, comparison, and how they print.
 #include <charconv>
 #include <cstdint>
+#include <string>
 
 #include "lexp/form.h"
 #include "lexp/offers.h"
+#include "lexp/refusal.h"
 
 namespace torvane {
 
@@ -31,6 +33,15 @@ class TwoInts : public BinaryFunc {
     if (!input || !a || !b) return Value();
     Word left = a->eval(input, type).number();
     return Value::integer(apply(left, b->eval(input, type).number()));
+  }
+  Value watch(Value input, int type, Refusal& refusal) override {
+    if (Value value = eval(input, type)) return value;
+    std::string found = "they are";
+    for (const ExpPtr* part : {&a, &b})
+      if (*part)
+        found += (part == &a ? " " : " and ") + std::to_string(part->eval(input, type).number());
+    refusal.steps.push_back({this, found});
+    return Value();
   }
 
  protected:
@@ -119,13 +130,13 @@ class Ent2Str : public Form<Ent2Str, LAdaptor> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kIntegerForms[] = {
     pure_form<IntEq>(),   pure_form<IntGt>(),    pure_form<IntDiff>(), pure_form<IntSum>(),
     pure_form<PlusOne>(), pure_form<MinusOne>(), form<Int2Str>(),      form<Ent2Str>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::integer_forms{kForms};
+constinit const Offer offers::integer_forms{kIntegerForms};
 
 }  // namespace torvane

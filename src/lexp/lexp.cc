@@ -1,10 +1,12 @@
 #include "lexp/lexp.h"
 
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "lexp/expressions.h"
 #include "lexp/form.h"
+#include "lexp/refusal.h"
 #include "shell/macro.h"
 #include "shell/object_factory.h"
 #include "shell/tokenizer.h"
@@ -37,6 +39,12 @@ ObjFactory& lexp_family(World& world) {
   messages() << "LExp::get_exp: " << (form.atom ? form.atom : "()") << " is not a LExp\n";
 }
 
+std::string text_of(const IRSlist& form) {
+  std::ostringstream out;
+  form.print_item(out);
+  return out.str();
+}
+
 struct Expansion : Form<Expansion, CompExp> {
   static constexpr const char* kName = "prog";
 };
@@ -45,6 +53,7 @@ struct Expansion : Form<Expansion, CompExp> {
 [[gnu::noinline]] std::unique_ptr<LExp> compile_expansion(World& world, const std::string& text) {
   Array<ExpPtr> exps;
   IRSlistReader reader(world.double_byte);
+  reader.tokenizer().stay_at(world.places.current);
   for (IRSlist* form = reader.start_string(text.c_str()); form; form = reader.next()) {
     if (auto exp = LExp::get_exp(world, form)) exps.append(std::move(exp));
   }
@@ -87,9 +96,30 @@ std::unique_ptr<LExp> LExp::get_exp(World& world, IRSlist* form) {
   if (!guard) return nullptr;
   std::optional<ExpansionScope> outermost;
   if (compile_depth.depth == 1) outermost.emplace(world.macros);
+  PlaceScope here(world.places, form->place);
+  const bool quotes = world.places.kept;
+  const std::string text = quotes ? text_of(*form) : std::string();
   const Macro* macro = world.macros.find(*form);
-  if (!macro) return compile_head(world, form);
-  return compile_expansion(world, world.macros.expand(*macro, *form));
+  std::unique_ptr<LExp> exp = macro ? compile_expansion(world, world.macros.expand(*macro, *form))
+                                    : compile_head(world, form);
+  if (!macro) world.places.keep(exp.get(), form->place);
+  if (quotes && exp) expressions(world).form_texts.note(*exp, text);
+  return exp;
+}
+
+std::string LExp::finding(Value input) {
+  if (const char* found = input.text()) return "it is '" + std::string(found) + "'";
+  return input ? std::string() : "there is none";
+}
+
+Value LExp::refuse(Value input, Refusal& refusal) {
+  refusal.steps.push_back({this, finding(input)});
+  return Value();
+}
+
+Value LExp::watch(Value input, int input_type, Refusal& refusal) {
+  const Value value = eval(input, input_type);
+  return value ? value : refuse(input, refusal);
 }
 
 std::unique_ptr<LExp> LExp::get_exp_from_text(World& world, const char* text) {
@@ -118,6 +148,16 @@ Value LAdaptor::eval(Value input, int input_type) {
   if (!accepts(input_type)) return Value();
   Value converted = convert(input);
   return sub ? sub->eval(converted, mid_type) : converted;
+}
+
+Value LAdaptor::watch(Value input, int input_type, Refusal& refusal) {
+  if (!accepts(input_type)) return Value();
+  const Value converted = convert(input);
+  const Value value = sub && converted ? sub->watch(converted, mid_type, refusal)
+                      : sub            ? sub->eval(converted, mid_type)
+                                       : converted;
+  if (!value) refusal.steps.push_back({this, converted ? std::string() : "there is none"});
+  return value;
 }
 
 Outlook LAdaptor::foresee(Value input, int input_type) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "lexp/types.h"
 #include "shell/irslist.h"
@@ -32,6 +33,8 @@ constexpr Reach& operator|=(Reach& a, Reach b) {
 /// What an evaluation will give.
 enum class Outlook : std::uint8_t { null, value, unknown };
 
+struct Refusal;
+
 class LExp {
  public:
   /// Names the world of an expression that did not come out of `get_exp`.
@@ -56,6 +59,9 @@ class LExp {
   /// would have to make the input first can so find out, on one that only looks like it, that it
   /// is not worth it.
   virtual Outlook foresee(Value, int) { return Outlook::unknown; }
+  /// As `eval`, for who wants to know why: when it gives null, the parts that are to blame are
+  /// added to the refusal, the innermost first. Where a form does not say more, that is itself.
+  virtual Value watch(Value input, int input_type, Refusal& refusal);
   virtual ~LExp() = default;
 
   /// Compiles a form, consuming it. Null after a message if it is no expression.
@@ -76,6 +82,10 @@ class LExp {
   virtual Reach parts_reach() const { return Reach::input; }
   /// Reports the type error of an input.
   void wrong_type(int input_type) const;
+  /// What it found in an input that it refuses, for a reader; empty if there is nothing to say.
+  virtual std::string finding(Value input);
+  /// Adds itself to the refusal; null.
+  Value refuse(Value input, Refusal& refusal);
   /// The world that the expression was made for, from before `init` on.
   World& world() const { return *world_; }
   /// Two known types do not differ.
@@ -167,6 +177,7 @@ class LAdaptor : public LExp {
   void init(World& world, IRSlist* args) override;
   Value eval(Value input, int input_type) override;
   Outlook foresee(Value input, int input_type) override;
+  Value watch(Value input, int input_type, Refusal& refusal) override;
   virtual Value convert(Value input) = 0;
 
  protected:

@@ -133,7 +133,7 @@ class WriteToFile : public Form<WriteToFile, CharPred> {
   ExpPtr file_name_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kPrintForms[] = {
     form<PrintStr>(),
     form<PadStr>(),
     form<FlushOutput>(),
@@ -142,6 +142,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::print_forms{kForms};
+constinit const Offer offers::print_forms{kPrintForms};
 
 }  // namespace torvane

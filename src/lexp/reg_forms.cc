@@ -93,13 +93,13 @@ class RegSub : public Form<RegSub, CharPred> {
   std::string rewritten_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kRegForms[] = {
     pure_form<RegMatch>(),
     form<RegSub>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::reg_forms{kForms};
+constinit const Offer offers::reg_forms{kRegForms};
 
 }  // namespace torvane

@@ -210,10 +210,11 @@ Value def_sentence_separator(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {{"def-sentence-separator", def_sentence_separator, nullptr,
-                                  "`(def-sentence-separator NAME)` a named sentence separator"}};
+constexpr Command kSentenceBoundaryCommands[] = {
+    {"def-sentence-separator", def_sentence_separator, nullptr,
+     "`(def-sentence-separator NAME)` a named sentence separator"}};
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kSentenceBoundaryForms[] = {
     form<SBnd>(),
     form<CurrentToken>(),
     form<MatchedToken>(),
@@ -221,6 +222,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::sentence_boundary{kForms, kCommands};
+constinit const Offer offers::sentence_boundary{kSentenceBoundaryForms, kSentenceBoundaryCommands};
 
 }  // namespace torvane

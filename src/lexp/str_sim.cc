@@ -84,12 +84,12 @@ class StrSim : public Form<StrSim, BinaryFunc> {
   std::shared_ptr<TrigramCache> trigrams_ = std::make_shared<TrigramCache>();
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kStrSimForms[] = {
     form<StrSim>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::str_sim{kForms};
+constinit const Offer offers::str_sim{kStrSimForms};
 
 }  // namespace torvane

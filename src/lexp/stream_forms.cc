@@ -212,11 +212,11 @@ Value flush_command(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kStreamFormsCommands[] = {
     {"flush", flush_command, nullptr, "`(flush FILE)` flushes a stream that `output` opened"},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kStreamForms[] = {
     form<OpenFile>(),          form<CloseFile>(),
     form<SetTokenizerInput>(), form<SetTokenizerStringInput>(),
     form<IstrmConst>(),        form<OstrmConst>(),
@@ -224,6 +224,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::stream_forms{kForms, kCommands};
+constinit const Offer offers::stream_forms{kStreamForms, kStreamFormsCommands};
 
 }  // namespace torvane

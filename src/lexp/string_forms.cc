@@ -306,7 +306,7 @@ class RemovePrefix : public Form<RemovePrefix, CharPred> {
   ExpPtr prefix;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kStringForms[] = {
     form<InverseStr>(), form<StemWord>(),     form<LastWord>(),    form<RemovePunc>(),
     form<RemoveChar>(), pure_form<StrEq>(),   pure_form<StrStr>(), pure_form<StrPrefix>(),
     pure_form<StrIs>(), pure_form<NullStr>(), form<ExistWord>(),   form<AllWords>(),
@@ -323,6 +323,6 @@ std::unique_ptr<LExp> make_str_is(World& world, const char* text) {
   return exp;
 }
 
-constinit const Offer offers::string_forms{kForms};
+constinit const Offer offers::string_forms{kStringForms};
 
 }  // namespace torvane

@@ -130,11 +130,11 @@ Value declare_var_command(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kVariableFormsCommands[] = {
     {"declare-var", declare_var_command, "(declare-var varname) declare a variable."},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kVariableForms[] = {
     form<AssignVar>(),
     form<GetVarVal>(),
     pure_form<LetExp>(),
@@ -142,6 +142,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::variable_forms{kForms, kCommands};
+constinit const Offer offers::variable_forms{kVariableForms, kVariableFormsCommands};
 
 }  // namespace torvane

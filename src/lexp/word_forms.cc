@@ -106,7 +106,7 @@ class ContainToken : public Form<ContainToken, CharPred> {
   TokenizerBase* tokenizer_ = nullptr;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kWordForms[] = {
     pure_form<InWordList>(),
     pure_form<SuffixMatch>(),
     form<ContainToken>(),
@@ -114,6 +114,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::word_forms{kForms};
+constinit const Offer offers::word_forms{kWordForms};
 
 }  // namespace torvane

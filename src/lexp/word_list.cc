@@ -44,7 +44,7 @@ Value add_to_word_list(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kWordListCommands[] = {
     {"make-word-list", make_word_list,
      "(make-word-list NAME :hashsize SIZE [:case-sensitive] FILE FILE (WORD WORD ...))"},
     {"add-to-word-list", add_to_word_list, "(add-to-word-list NAME FILE FILE (WORD WORD ...))"},
@@ -122,6 +122,6 @@ void WordList::add_items(World& world, const IRSlist& items) {
   }
 }
 
-constinit const Offer offers::word_list{kCommands};
+constinit const Offer offers::word_list{kWordListCommands};
 
 }  // namespace torvane

@@ -6,14 +6,15 @@
 #include <string_view>
 
 #include "formats/format.h"
-#include "library/given_text.h"
 #include "library/handles.h"
+#include "library/text_search.h"
+#include "sources/given_text.h"
 #include "sources/sources.h"
 
 namespace torvane {
 namespace {
 
-torvane_word row_of(const SentenceWord& word, const std::vector<Place>& places) {
+torvane_word row_of(const SentenceWord& word, const std::vector<TextPlace>& places) {
   torvane_word row = {};
   row.form = word.form.c_str();
   row.lemma = word.lemma.c_str();
@@ -31,7 +32,7 @@ torvane_word row_of(const SentenceWord& word, const std::vector<Place>& places) 
   return row;
 }
 
-torvane_sentence row_of(const Sentence& sentence, const std::vector<Place>& places) {
+torvane_sentence row_of(const Sentence& sentence, const std::vector<TextPlace>& places) {
   torvane_sentence row = {};
   row.text = sentence.text.c_str();
   row.id = sentence.id.c_str();
@@ -52,7 +53,7 @@ torvane_sentence row_of(const Sentence& sentence, const std::vector<Place>& plac
 void seal(torvane_document& document, const char* text, std::size_t length) {
   TextSearch given(text ? std::string_view(text, length) : std::string_view());
   for (const Sentence& sentence : document.sentences) {
-    const std::vector<Place> places =
+    const std::vector<TextPlace> places =
         text ? given.find(sentence.text) : TextSearch(sentence.text).find(sentence.text);
     document.sentence_rows.push_back(row_of(sentence, places));
     std::vector<torvane_word>& rows = document.word_rows.emplace_back();

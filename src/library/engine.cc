@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "engine/grammar_files.h"
-#include "library/given_text.h"
 #include "library/handles.h"
 #include "library/transcript.h"
+#include "sources/given_text.h"
 #include "sources/sources.h"
 #include "support/depth.h"
 

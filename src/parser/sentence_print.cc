@@ -17,7 +17,7 @@ void print_line(std::ostream& out, const SentenceNode& node) {
   // Kept: e-labels-hide
   if (!node.parent || node.label[0] == contract::kEmptyLabel) return;
   out << node.label << "\t(";
-  out << (node.word && *node.word ? quote_word(node.word) : "()");
+  out << (node.word && *node.word ? quoted(node.word, QuoteComma::no) : "()");
   out << "\t " << (node.category ? node.category : contract::kNoCategory) << '\t';
   bool has_head = node.parent->parent != nullptr;
   out << (has_head ? node.parent->label : "*") << ")\n";

@@ -7,7 +7,6 @@
 #include "deps/tree_walk.h"
 #include "parser/torvane_parser.h"
 #include "support/depth.h"
-#include "support/text.h"
 
 namespace torvane {
 namespace {
@@ -135,12 +134,6 @@ void parse_sentence(World& world, const char* text, SentenceTree& tree) {
 void parse_words(World& world, const std::vector<const char*>& words, SentenceTree& tree) {
   TorvaneParser* parser = current_parser(world);
   if (parser && parser->feed_words(words)) parse_fed(*parser, tree);
-}
-
-std::string quote_word(const char* text) {
-  std::string quoted;
-  append_quoted(quoted, text, QuoteComma::no);
-  return quoted;
 }
 
 }  // namespace torvane

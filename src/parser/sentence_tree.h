@@ -65,7 +65,4 @@ void fill_tree(TorvaneParser& parser, SentenceTree& tree);
 /// One line a word, in sentence order; a null node prints as an empty tree.
 void print_tree(std::ostream& out, const SentenceNode* node);
 
-/// The text as an atom.
-std::string quote_word(const char* text);
-
 }  // namespace torvane

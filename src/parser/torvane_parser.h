@@ -55,6 +55,8 @@ class TorvaneParser {
   bool next_deps();
   /// What the result costs: less is better, among those of one sentence.
   float cost() const { return cost_; }
+  /// All derivations of the sentence, with the roots that were chosen.
+  ParseForest& forest() { return forest_; }
   /// A sentence is in hand: the grammar, the chart and the analyser stay as they are.
   bool is_parsing() const { return parsing_; }
 

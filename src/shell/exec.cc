@@ -1,6 +1,7 @@
 #include "shell/exec.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -104,6 +105,10 @@ void Exec::load(Stream* stream, const char* source) {
   if (!run) return;
   Tokenizer local(*tokenizer);
   local.set_input(stream);
+  if (stream && !stream->path().empty())
+    local.stand_at(world_.places.begin_file(stream->path()));
+  else
+    local.stay_at(world_.places.current);
   TokenizerBase* outer = std::exchange(tokenizer, &local);
   Round round;
   bool more = true;
@@ -132,6 +137,8 @@ bool Exec::read_and_run() {
       form.print_item(messages());
       messages() << '\n';
     }
+    std::optional<TopFormScope> top;
+    if (world_.places.messages() && tokenizer->reads_file()) top.emplace(world_.places, form);
     eval(form);
     form.clear();
   }
@@ -142,6 +149,7 @@ bool Exec::read_and_run() {
 
 Value Exec::eval(IRSlist& form) {
   if (form.empty()) return Value();
+  PlaceScope here(world_.places, form.place);
   const Macro* macro = world_.macros.find(form);
   if (!macro) return run_command(form);
   ExpansionScope scope(world_.macros);
@@ -164,9 +172,9 @@ Value Exec::run_command(IRSlist& form) {
   }
   if (Handler handler = find(name)) return handler(world_, &form);
   // Kept: errors-stop-nothing
-  messages() << "unknown function " << or_empty(name) << '\n';
-  form.print(messages());
-  messages() << '\n';
+  std::ostream& out = messages() << "unknown function " << or_empty(name) << '\n';
+  form.print(out);
+  out << '\n';
   return Value();
 }
 

@@ -84,10 +84,12 @@ struct Copier {
     auto copy = std::make_unique<IRSlist>();
     copy->atom = strings.copy(node.atom);
     copy->quoted = node.quoted;
+    copy->place = node.place;
     lists.back()->append(std::move(copy));
   }
-  void open(const IRSlist&) {
+  void open(const IRSlist& node) {
     auto copy = std::make_unique<IRSlist>();
+    copy->place = node.place;
     IRSlist* list = copy.get();
     lists.back()->append(std::move(copy));
     lists.push_back(list);
@@ -100,7 +102,8 @@ struct Copier {
 IRSlist::IRSlist(IRSlist&& other) noexcept
     : items(std::move(other.items)),
       atom(std::exchange(other.atom, nullptr)),
-      quoted(std::exchange(other.quoted, false)) {}
+      quoted(std::exchange(other.quoted, false)),
+      place(other.place) {}
 
 IRSlist& IRSlist::operator=(IRSlist&& other) noexcept {
   // What is assigned may stand inside what is replaced.
@@ -108,6 +111,7 @@ IRSlist& IRSlist::operator=(IRSlist&& other) noexcept {
   std::swap(items, taken.items);
   std::swap(atom, taken.atom);
   std::swap(quoted, taken.quoted);
+  std::swap(place, taken.place);
   return *this;
 }
 
@@ -151,6 +155,7 @@ bool IRSlist::read(TokenizerBase& tokenizer, char open, char close) {
   char* token = form_token(tokenizer);
   // Kept: stray-parenthesis
   if (!token || *token == close) return false;
+  place = tokenizer.place();
   if (*token == open)
     read_list(tokenizer, open, close);
   else
@@ -169,6 +174,7 @@ void IRSlist::read_list(TokenizerBase& tokenizer, char open, char close) {
       continue;
     }
     auto* item = new IRSlist;
+    item->place = tokenizer.place();
     list->items.append(item);
     if (*token == open) {
       enclosing.prepend(list);
@@ -313,6 +319,7 @@ void IRSlist::copy_into(const IRSlist& source, StrBufs& strings) {
   IRSlist copy;
   copy.atom = strings.copy(source.atom);
   copy.quoted = source.quoted;
+  copy.place = source.place;
   walk(source, Copier{strings, {&copy}});
   *this = std::move(copy);
 }

@@ -10,6 +10,7 @@
 #include <ostream>
 #include <string>
 
+#include "shell/place.h"
 #include "support/pool.h"
 #include "support/slist.h"
 #include "support/str_bufs.h"
@@ -27,6 +28,8 @@ class IRSlist : public Pooled<IRSlist> {
   char* atom = nullptr;
   /// The atom stood in quotes in the text (macros keep such atoms whole).
   bool quoted = false;
+  /// Where the node stands that was read from a file; in the expansion of a macro, its call.
+  Place place;
 
   IRSlist() = default;
   IRSlist(const IRSlist&) = delete;

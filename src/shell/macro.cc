@@ -159,13 +159,13 @@ Value debug_macro(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kMacroCommands[] = {
     {"defmacro", defmacro, "(defmacro name (parameters) LExp) define a macro."},
     {"debug-macro", debug_macro, "(debug-macro [name]) print expanded instances of the macro"},
 };
 
 }  // namespace
 
-constinit const Offer offers::macro{kCommands};
+constinit const Offer offers::macro{kMacroCommands};
 
 }  // namespace torvane

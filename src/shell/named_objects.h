@@ -33,6 +33,11 @@ class NamedObjects {
   T* find_as(const char* name, const char* expected_type, bool report) const {
     return find(name, expected_type, report).as<T>();
   }
+  /// Calls `visit(name, type)` for each object.
+  template <class Visit>
+  void for_each(Visit visit) const {
+    table_.for_each([&](const auto& entry) { visit(entry.key, entry.text); });
+  }
 
  private:
   NameTable<Value> table_;

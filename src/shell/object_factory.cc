@@ -21,7 +21,7 @@ Value objects(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kObjectFactoryCommands[] = {
     {"classes", classes, "(classes cl) list the classes in the Object Factory"},
     {"objects", objects, "(objects obj cl) list the objects belonging to cl in the Object Factory"},
 };
@@ -66,6 +66,6 @@ void Families::list_objects(std::ostream& out, const char* object_regexp,
   });
 }
 
-constinit const Offer offers::object_factory{kCommands};
+constinit const Offer offers::object_factory{kObjectFactoryCommands};
 
 }  // namespace torvane

@@ -93,7 +93,7 @@ Value set_search_path_command(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kShellCommands[] = {
     {"load", load, "(load file) execute the commands in file"},
     {"exit", exit_process, "(exit) exit the interpreter"},
     {"quote", quote, "(quote <list>) return <list> without evaluating it"},
@@ -108,6 +108,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::shell_commands{kCommands};
+constinit const Offer offers::shell_commands{kShellCommands};
 
 }  // namespace torvane

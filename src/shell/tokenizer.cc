@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "shell/world.h"
 #include "support/messages.h"
@@ -149,7 +150,7 @@ int TokenizerBase::look_further() {
 void TokenizerBase::put_back(unsigned char c) {
   if (rollback_count == static_cast<int>(rollback.size())) {
     messages() << "Tokenizer cannot rollback more than " << rollback.size() << " characters\n";
-    std::exit(EXIT_FAILURE);
+    end_process(EXIT_FAILURE);
   }
   rollback[static_cast<std::size_t>(rollback_count++)] = c;
 }
@@ -331,23 +332,31 @@ std::unique_ptr<Tokenizer> Tokenizer::make_default(bool double_byte) {
                                      double_byte);
 }
 
+// A line, or as much of it as the buffer holds; never more, since others may read the stream too.
 bool Tokenizer::fill(unsigned char& out) {
   using Traits = std::istream::traits_type;
+  place_.word += std::exchange(line_ended_, false);
   read_pos = 0;
   buffer_len = 0;
   std::istream* in = input ? input->in() : nullptr;
   if (in && in->good()) {
     need_buffer();
-    std::streambuf& source = *in->rdbuf();
-    while (buffer_len < buffer_size) {
-      int c = source.sbumpc();
-      if (Traits::eq_int_type(c, Traits::eof())) {
-        in->setstate(std::ios::eofbit | std::ios::failbit);
-        break;
-      }
-      buffer[static_cast<std::size_t>(buffer_len++)] = Traits::to_char_type(c);
-      if (c == '\n') break;
+    std::ostream* tied = in->tie(nullptr);  // what is written does not go out sooner for it
+    in->getline(buffer.get(), buffer_size);
+    in->tie(tied);
+    bool ended = in->eof();
+    bool full = !ended && in->fail();
+    in->clear();
+    buffer_len = static_cast<int>(in->gcount());
+    if (full) {
+      int c = in->rdbuf()->sbumpc();  // getline kept one byte for a zero
+      ended = Traits::eq_int_type(c, Traits::eof());
+      if (!ended) buffer[static_cast<std::size_t>(buffer_len++)] = Traits::to_char_type(c);
+    } else if (!ended) {
+      buffer[static_cast<std::size_t>(buffer_len - 1)] = '\n';
+      line_ended_ = counts_lines_ && place_.line() < Place::kMostLines;
     }
+    if (ended) in->setstate(std::ios::eofbit | std::ios::failbit);
   } else if (!input) {
     buffer.reset();
   }

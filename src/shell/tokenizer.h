@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "shell/place.h"
 #include "shell/streams.h"
 #include "support/slist.h"
 #include "support/str_bufs.h"
@@ -70,6 +71,21 @@ class TokenizerBase {
   void push_back(char* token) { pushed_back.append(token); }
   /// Clears the tokens given so far.
   void reset_tokens();
+  /// Says where the input that is set stands: its first line. Without this it stands nowhere.
+  void stand_at(Place first_line) {
+    place_ = first_line;
+    counts_lines_ = static_cast<bool>(first_line);
+    line_ended_ = false;
+  }
+  /// All of the input stands at one place.
+  void stay_at(Place place) {
+    place_ = place;
+    counts_lines_ = line_ended_ = false;
+  }
+  /// The input is a file whose lines are counted.
+  bool reads_file() const { return counts_lines_; }
+  /// Where the token given last ends.
+  Place place() const { return place_; }
   bool opens_quote(unsigned char c) const { return quote_end[c] != nullptr; }
 
   std::string separator;
@@ -101,6 +117,9 @@ class TokenizerBase {
   void start_input();
   int buffer_capacity_ = 0;
   int token_chunk_;
+  Place place_;
+  bool counts_lines_ = false;
+  bool line_ended_ = false;  // with what is in the buffer
 
  private:
   enum ByteClass : unsigned char { kEndsWord = 1, kMiddle = 2, kHigh = 4 };

@@ -121,7 +121,7 @@ constexpr const char* kSocketTokenizerDoc =
     "  )\n"
     "   defines a socket-tokenizer";
 
-constexpr Command kCommands[] = {
+constexpr Command kTokenizerCommands[] = {
     {"def-tokenizer", def_tokenizer, kTokenizerDoc},
     {"def-socket-tokenizer", def_socket_tokenizer, kSocketTokenizerDoc},
     {"double-byte", double_byte, "(double-byte tokenizer 0|1)"},
@@ -130,6 +130,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::tokenizer_commands{kCommands};
+constinit const Offer offers::tokenizer_commands{kTokenizerCommands};
 
 }  // namespace torvane

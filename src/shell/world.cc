@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "shell/placed_messages.h"
 #include "shell/tokenizer.h"
 #include "support/messages.h"
 
@@ -33,6 +34,14 @@ World::~World() {
   while (!owned_.empty()) owned_.pop_back();
   for (std::size_t i = parts_.size(); i > 0; --i) parts_[i - 1].reset();
   lifetimes.end_all();
+}
+
+WorldMessages::WorldMessages(World& world)
+    : placed_(world.places.messages()),
+      messages_(placed_ ? placed_->stream() : world.err(), placed_) {}
+
+WorldMessages::~WorldMessages() {
+  if (placed_) placed_->end();
 }
 
 void World::flush() {

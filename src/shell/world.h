@@ -13,6 +13,7 @@
 #include "shell/macro.h"
 #include "shell/named_objects.h"
 #include "shell/object_factory.h"
+#include "shell/places.h"
 #include "shell/streams.h"
 #include "support/lifetime.h"
 #include "support/messages.h"
@@ -52,6 +53,7 @@ class World {
   NamedObjects objects;
   Macros macros;
   FileSearch files;
+  Places places;
   /// Whether tokenizers built from now on take two high bytes as one character.
   bool double_byte = false;
   Exec interpreter;
@@ -110,14 +112,27 @@ class World {
   std::vector<std::unique_ptr<Thing>> owned_;
 };
 
+/// While it lives, the thread's messages go where the world wants them.
+class WorldMessages {
+ public:
+  explicit WorldMessages(World& world);
+  ~WorldMessages();
+  WorldMessages(const WorldMessages&) = delete;
+  WorldMessages& operator=(const WorldMessages&) = delete;
+
+ private:
+  PlacedMessages* placed_;
+  MessagesTo messages_;
+};
+
 /// While it lives, the world runs in this thread: messages go where it wants them, and the values
 /// that are made live in it.
 class WorldScope {
  public:
-  explicit WorldScope(World& world) : messages_(world.err()), lives_(world.lifetimes) {}
+  explicit WorldScope(World& world) : messages_(world), lives_(world.lifetimes) {}
 
  private:
-  MessagesTo messages_;
+  WorldMessages messages_;
   LivesIn lives_;
 };
 

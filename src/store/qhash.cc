@@ -102,7 +102,7 @@ void QHash::find_function(const std::string& name) {
   if (!found) {
     messages() << "The function '" << name << "' is not registered as a named object" << std::endl;
     // Kept: unknown-comparison-ends-the-run
-    std::exit(1);
+    end_process(1);
   }
   compare_ = found->compare;
 }

@@ -69,7 +69,7 @@ class BlockPool::Process {
 
 // Small blocks are made a row at a time, side by side.
 void* BlockPool::take_fresh(std::size_t words) {
-  constexpr std::size_t kSmall = 16;
+  constexpr std::size_t kSmall = 128;
   words = real_size(words);
   if (words >= kSizes || kAddressSanitizer) return ::operator new(words* kWord);
   Process& process = Process::get();

@@ -274,7 +274,7 @@ std::unique_ptr<regexp> regcomp(const char* exp) {
 void regerror(const char* message) {
   // Kept: bad-regexp-ends-the-run
   messages() << "regexp(3): " << message << '\n';
-  std::exit(EXIT_FAILURE);
+  end_process(EXIT_FAILURE);
 }
 
 }  // namespace torvane

@@ -23,7 +23,7 @@ constexpr bool is_one_of(char c, std::string_view set) {
 // A word under the knife. `end` is the offset of its last letter, -1 before the first; a test of
 // the root moves it, and where the test fails it stays moved, so that the later steps compare their
 // suffixes there.
-struct Word {
+struct Stem {
   char* text;
   std::ptrdiff_t end;
   std::ptrdiff_t length;
@@ -48,7 +48,7 @@ int word_size(const char* word) {
   return size;
 }
 
-bool contains_vowel(Word& word) {
+bool contains_vowel(Stem& word) {
   const char* root = word.text;
   if (*root == '\0') return false;
   return is_vowel(*root) || std::strpbrk(root + 1, "aeiouy") != nullptr;
@@ -56,7 +56,7 @@ bool contains_vowel(Word& word) {
 
 // A letter that is absent, before the front of the word, is no vowel.
 // Kept: stem-end-stays-moved
-bool ends_with_cvc(Word& word) {
+bool ends_with_cvc(Stem& word) {
   auto length = static_cast<std::ptrdiff_t>(std::strlen(word.text));
   if (length < 2) return false;
   auto letter = [&](std::ptrdiff_t i) { return i < 0 ? '\0' : word.text[i]; };
@@ -66,10 +66,10 @@ bool ends_with_cvc(Word& word) {
   return is_one_of(letter(length - 2), "aeiouy") && !is_vowel(letter(length - 3));
 }
 
-bool add_an_e(Word& word) {
+bool add_an_e(Stem& word) {
   return word_size(word.text) == 1 && ends_with_cvc(word);
 }
-bool remove_an_e(Word& word) {
+bool remove_an_e(Stem& word) {
   return word_size(word.text) == 1 && !ends_with_cvc(word);
 }
 
@@ -78,7 +78,7 @@ struct Rule {
   std::string_view old_end;
   std::string_view new_end;
   int min_root_size;
-  bool (*condition)(Word&) = nullptr;
+  bool (*condition)(Stem&) = nullptr;
 };
 
 constexpr Rule kStep1a[] = {
@@ -129,7 +129,7 @@ constexpr Rule kStep5b[] = {{503, "ll", "l", 1}, {}};
 
 // Applies the first rule of a table whose suffix stands at the end and whose root passes; its id,
 // or 0.
-int replace_end(Word& word, const Rule* rules) {
+int replace_end(Stem& word, const Rule* rules) {
   // A suffix has to reach to where the word ends, so none is found at an end that was moved.
   if (word.end != word.length - 1) return 0;
   const char last = word.length > 0 ? word.text[word.end] : '\0';
@@ -162,7 +162,7 @@ int stem(char* word) {
     if (!is_alpha(*p)) return 0;
     *p = lower(*p);
   }
-  Word w{word, p - word - 1, p - word};
+  Stem w{word, p - word - 1, p - word};
   replace_end(w, kStep1a);
   int rule = replace_end(w, kStep1b);
   if (rule == 106 || rule == 107) replace_end(w, kStep1b1);

@@ -113,4 +113,10 @@ void append_quoted(std::string& out, std::string_view text, QuoteComma comma) {
   out += '"';
 }
 
+std::string quoted(const char* text, QuoteComma comma) {
+  std::string out;
+  append_quoted(out, or_empty(text), comma);
+  return out;
+}
+
 }  // namespace torvane

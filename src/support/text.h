@@ -69,5 +69,7 @@ bool needs_quotes(std::string_view text, QuoteComma comma);
 /// The text as an atom of the configuration language: as it stands, or in double quotes with a
 /// backslash before each double quote and backslash. Appends to `out`.
 void append_quoted(std::string& out, std::string_view text, QuoteComma comma);
+/// The same as a text of its own; null is the empty text.
+std::string quoted(const char* text, QuoteComma comma);
 
 }  // namespace torvane

@@ -133,7 +133,7 @@ struct GetChunk : Adaptor<GetChunk, TreeMatch, TreeMatch*> {
   TreeMatch* step(TreeMatch& match) const { return get_chunk(world(), &match); }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kMatchForms[] = {
     form<MatchNode>(),
     form<ForAllMatches>(),
     function<print_attachment_points>(
@@ -144,6 +144,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::match_forms{kForms};
+constinit const Offer offers::match_forms{kMatchForms};
 
 }  // namespace torvane

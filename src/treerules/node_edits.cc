@@ -42,7 +42,7 @@ DepTree* invert_dep(TreeMatch* match, RSTree* tree) {
   return node;
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kNodeEditsForms[] = {
     function<set_text<&DepTree::set_rel>>("set-rel",
                                           "`(set-rel node text)` the node with another relation"),
     function<set_text<&DepTree::set_cat>>("set-cat",
@@ -56,6 +56,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::node_edits{kForms};
+constinit const Offer offers::node_edits{kNodeEditsForms};
 
 }  // namespace torvane

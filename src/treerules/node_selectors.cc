@@ -77,7 +77,7 @@ class RSTreeGetNode : public Form<RSTreeGetNode, NodeArg> {
   Array<ExpPtr> conds_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kNodeSelectorsForms[] = {
     form<TreeRoot>(),
     form<RSTreeParent>(),
     form<RSTreeGetNode>(),
@@ -85,6 +85,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::node_selectors{kForms};
+constinit const Offer offers::node_selectors{kNodeSelectorsForms};
 
 }  // namespace torvane

@@ -217,7 +217,7 @@ bool pre_head(TreeMatch*, RSTree* tree) {
   return parent && node->order() < parent->order();
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kTreeConditionsForms[] = {
     form<ExistChild>(),
     form<AllChildren>(),
     form<NumChildren>(),
@@ -235,6 +235,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::tree_conditions{kForms};
+constinit const Offer offers::tree_conditions{kTreeConditionsForms};
 
 }  // namespace torvane

@@ -121,7 +121,7 @@ Value inherit_children(TreeMatch* match, RSTree* node) {
   return Value::of(node);
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kTreeEditsForms[] = {
     function<inherit_children>(
         "inherit-children", nullptr,
         "(inherit-children <node>) make the siblings of <node> its children"),
@@ -173,6 +173,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::tree_edits{kForms};
+constinit const Offer offers::tree_edits{kTreeEditsForms};
 
 }  // namespace torvane

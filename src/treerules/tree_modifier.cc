@@ -93,13 +93,13 @@ Value clear_tree_rules(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kTreeModifierCommands[] = {
     {"def-tree-rules", def_tree_rules, "(def-tree-rules <name> <rule> ... <rule>)"},
     {"clear-tree-rules", clear_tree_rules, "(clear-tree-rules <name>)"},
 };
 
 }  // namespace
 
-constinit const Offer offers::tree_modifier{kCommands};
+constinit const Offer offers::tree_modifier{kTreeModifierCommands};
 
 }  // namespace torvane

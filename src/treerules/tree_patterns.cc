@@ -321,7 +321,7 @@ class AttachmentPoints : public Form<AttachmentPoints, RTPat> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kTreePatternsForms[] = {
     form<NodeCond>(),  form<LeafCond>(),         form<OptRTPat>(),    form<PlusRTPat>(),
     form<StarRTPat>(), form<BranchCond>(),       form<BranchUCond>(), form<BranchQCond>(),
     form<PathCond>(),  form<AttachmentPoints>(),
@@ -329,6 +329,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::tree_patterns{kForms};
+constinit const Offer offers::tree_patterns{kTreePatternsForms};
 
 }  // namespace torvane

@@ -278,6 +278,7 @@ std::unique_ptr<TreeRule> make_tree_rule(World& world, IRSlist* form) {
     return nullptr;
   }
   form->pop_front();
+  PlaceScope here(world.places, form->place);
   rule->init(world, form);
   return rule;
 }

@@ -109,7 +109,7 @@ Value print_keys(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kTripleCommands[] = {
     {"make-tripledb", make_tripledb,
      "(make-tripledb <dbname> <size>) creates a TripleDb object named <dbname>\n"},
     {"merge-tripledbs", merge_tripledbs, "(merge-tripledbs <DEST> <SRC>) merge SRC into DEST\n"},
@@ -126,6 +126,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::triple_commands{kCommands};
+constinit const Offer offers::triple_commands{kTripleCommands};
 
 }  // namespace torvane

@@ -221,7 +221,7 @@ Value expand_using_group_sims(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kSimCommands[] = {
     {"make-simworddb", make_simworddb,
      "(make-simworddb dbname [:max-syns max-number-of-related-words] [:size size-of-hashtable] "
      "[:noun ndb.hdr] [:verb vdb.hdr] [:adj/adv adb.hdr]) create a simworddb, limit is the max "
@@ -243,6 +243,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::sim_commands{kCommands};
+constinit const Offer offers::sim_commands{kSimCommands};
 
 }  // namespace torvane

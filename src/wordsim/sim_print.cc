@@ -12,12 +12,6 @@ namespace {
 
 constexpr int kShortList = 4;  // a list of so few words is left out of a page
 
-std::string quoted(const char* word) {
-  std::string text;
-  append_quoted(text, or_empty(word), QuoteComma::yes);
-  return text;
-}
-
 /// One list as text: its groups where their first members stand, each word once.
 class ListPrinter {
  public:
@@ -37,7 +31,7 @@ class ListPrinter {
       for (; group != groups_.end() && group->first == i; ++group) print_group(*group->second);
       if (seen_.test(i)) continue;
       out_ << "  ";
-      print_pair(i, quoted(db_.get_string(sims_[i].word)));
+      print_pair(i, quoted(db_.get_string(sims_[i].word), QuoteComma::yes));
       out_ << '\n';
     }
   }
@@ -121,7 +115,8 @@ void print_similar_words(const SimWordDb& db, const SimRecord& record, std::ostr
   bool begun = false;
   for (int pos = 0; pos < kPartsOfSpeech; ++pos) {
     if (record.sims[pos].empty()) continue;
-    if (!std::exchange(begun, true)) out << '(' << quoted(db.get_string(record.word));
+    if (!std::exchange(begun, true))
+      out << '(' << quoted(db.get_string(record.word), QuoteComma::yes);
     out << "\n (" << kPartOfSpeechNames[pos] << ' ' << float_text(record.desc[pos]) << '\n';
     ListPrinter(db, record, pos, out).print();
     out << "  )\n";

@@ -15,12 +15,6 @@ FeatureOverlap::Feature feature_of(int relation, int word) {
          static_cast<std::uint32_t>(word);
 }
 
-std::string quoted(const char* word) {
-  std::string text;
-  append_quoted(text, word, QuoteComma::yes);
-  return text;
-}
-
 }  // namespace
 
 int relation_end_pos(std::string_view relation, bool at_head) {
@@ -55,7 +49,7 @@ void TripleFeatures::read_entry(TripleDbInfo& entry, TripleDb& db, float least_i
       if (!(information >= least_information)) continue;
       if (item < 0) {
         item = static_cast<int>(items_.size());
-        items_.push_back({quoted(entry.key), entries_, pos});
+        items_.push_back({quoted(entry.key, QuoteComma::yes), entries_, pos});
       }
       overlap_.add(item, feature_of(rel.id, db.ids.get_id(other.word, false)), information);
     }

@@ -43,12 +43,12 @@ class WordSim : public Form<WordSim, MArgExp> {
   SimWordDb* db_ = nullptr;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kWordSimForms[] = {
     form<WordSim>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::word_sim{kForms};
+constinit const Offer offers::word_sim{kWordSimForms};
 
 }  // namespace torvane

@@ -199,7 +199,7 @@ struct IsMixedCase : Adaptor<IsMixedCase, LexAnalyzer, LexAnalyzer*> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kItemForms[] = {
     pure_form<AttComponentPred>(),
     pure_form<MeaningComponentPred>(),
     pure_form<RootPred>(),
@@ -218,6 +218,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::item_forms{kForms};
+constinit const Offer offers::item_forms{kItemForms};
 
 }  // namespace torvane

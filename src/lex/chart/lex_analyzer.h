@@ -33,6 +33,17 @@ inline constexpr TypeTag chart_rules{"LexRuleList*"};
 template <>
 struct ValueTraits<ChartRules> : TagOf<ChartRules, tags::chart_rules> {};
 
+/// A rule that is being applied: its name, and the rule itself, for who knows what that is.
+struct RuleInHand {
+  const char* name = nullptr;
+  const void* rule = nullptr;
+};
+/// An item that left the chart, and the rule in hand, if any.
+struct LexLoss {
+  const LexItem* item;
+  RuleInHand by;
+};
+
 class LexAnalyzer {
  public:
   /// Spans have 16 bits; further words of a sentence are refused.
@@ -109,9 +120,11 @@ class LexAnalyzer {
   bool mixed_case = true;
   char pos_marker = 0;
   char focus_marker = 0;
-  ChartRules* rules = nullptr;                                      ///< a named object, may be null
-  ExpPtr hook;                                                      ///< on LexItem*
-  ExpPtr meaning_selector;                                          ///< on Meaning*
+  ChartRules* rules = nullptr;             ///< a named object, may be null
+  std::vector<LexLoss>* losses = nullptr;  ///< null: nobody wants to know of them
+  RuleInHand rule_in_hand;                 ///< where `losses` are wanted
+  ExpPtr hook;                             ///< on LexItem*
+  ExpPtr meaning_selector;                 ///< on Meaning*
   LBitSet first_conjunctions, last_conjunctions, adverbs, skipped;  ///< marked positions
 
  private:

@@ -54,7 +54,7 @@ Value set_focus_marker(World& world, IRSlist* form) {
   return set_marker(world, form, &LexAnalyzer::focus_marker);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLexAnalyzerCommands[] = {
     {"make-lex-analyzer", make_lex_analyzer,
      "(make-lex-analyzer <name> <sentence-length>      <name-of-lexicon>      "
      "<name-of-ending-list>      <name-of-lexical-rules>      [ <hook-to-lexical-items> ])     "
@@ -68,6 +68,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::lex_analyzer_commands{kCommands};
+constinit const Offer offers::lex_analyzer_commands{kLexAnalyzerCommands};
 
 }  // namespace torvane

@@ -135,6 +135,7 @@ void LexAnalyzer::delete_item(LexItem* item) {
   if (!item) return;
   item->deleted_ = true;
   unlink(item);
+  if (losses) losses->push_back({item, rule_in_hand});
 }
 
 void LexAnalyzer::delete_smaller(int low, int high) {
@@ -152,7 +153,10 @@ void LexAnalyzer::delete_smaller(int low, int high) {
 void LexAnalyzer::keep_longest() {
   auto empty_end = [this](int end) {
     Slist<LexItem*>& items = ends_at_[static_cast<std::size_t>(end)];
-    for (LexItem* item : items) item->chart_high_ = -1;
+    for (LexItem* item : items) {
+      item->chart_high_ = -1;
+      if (losses) losses->push_back({item, rule_in_hand});
+    }
     items.clear();
   };
   for (int i = last_position(); i >= 1;) {

@@ -110,6 +110,7 @@ const char* EndingDouble::strip(const char* word) const {
 void EndingTable::read(World& world, IRSlist* form) {
   while (std::unique_ptr<IRSlist> item = form->pop_front()) {
     if (item->is_atom() || item->empty()) continue;
+    PlaceScope here(world.places, item->place);
     const IRSlist* head = item->nth(0);
     if (head->is_atom() && same_word(head->atom, ":conditions")) {
       item->pop_front();
@@ -176,12 +177,12 @@ Value def_endings(World& world, IRSlist* form) {
   return Value::of(table);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEndingsCommands[] = {
     {"def-endings", def_endings, "(def-endings ending1 ...) define a set of endings."},
 };
 
 }  // namespace
 
-constinit const Offer offers::endings{kCommands};
+constinit const Offer offers::endings{kEndingsCommands};
 
 }  // namespace torvane

@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "lex/lexicon/meaning.h"
+#include "shell/world.h"
 #include "support/hash.h"
 #include "support/slist.h"
 
@@ -109,9 +110,11 @@ class CurrentEntry {
 template <class Add>
 void read_meanings(World& world, const IRSlist& form, LexEntry& entry, Add add) {
   CurrentEntry reading(world, &entry);
-  for (IRSlist* item : form.items)
-    if (item->is_list())
-      if (std::unique_ptr<Meaning> meaning = make_meaning(world, item)) add(std::move(meaning));
+  for (IRSlist* item : form.items) {
+    if (item->is_atom()) continue;
+    PlaceScope here(world.places, item->place);
+    if (std::unique_ptr<Meaning> meaning = make_meaning(world, item)) add(std::move(meaning));
+  }
 }
 
 }  // namespace torvane

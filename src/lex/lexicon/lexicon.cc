@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lex/lexicon/dict_on_disk.h"
+#include "shell/tokenizer.h"
 #include "shell/world.h"
 #include "support/depth.h"
 #include "support/messages.h"
@@ -25,9 +26,10 @@ class BorrowedStream : public Stream {
 };
 
 template <class Visit>
-void each_form(World& world, std::istream& in, Visit visit) {
+void each_form(World& world, std::istream& in, Place first_line, Visit visit) {
   Ref<Stream> stream(new BorrowedStream(in));
   IRSlistReader reader(world.double_byte);
+  reader.tokenizer().stand_at(first_line);
   for (IRSlist* form = reader.start_stream(stream.get()); form; form = reader.next()) visit(form);
 }
 
@@ -137,12 +139,12 @@ LexEntry* Lexicon::load_from_disk(const char* key) {
   return result;
 }
 
-void Lexicon::load(std::istream& in, bool no_dup) {
-  each_form(world_, in, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
+void Lexicon::load(std::istream& in, bool no_dup, Place first_line) {
+  each_form(world_, in, first_line, [this, no_dup](IRSlist* form) { read_entry(form, no_dup); });
 }
 
 void Lexicon::load_unique(std::istream& in) {
-  each_form(world_, in, [this](IRSlist* form) { add_if_absent(form); });
+  each_form(world_, in, {}, [this](IRSlist* form) { add_if_absent(form); });
 }
 
 LexEntry* Lexicon::add_if_absent(IRSlist* form) {
@@ -153,6 +155,7 @@ LexEntry* Lexicon::add_if_absent(IRSlist* form) {
 }
 
 LexEntry* Lexicon::read_entry(IRSlist* form, bool no_dup) {
+  PlaceScope here(world_.places, form->place);
   Heading heading = parse_heading(*form);
   if (heading.key.empty() || (heading.is_phrase && !heading.check_length())) return nullptr;
   LexEntry* entry = find(heading.key);

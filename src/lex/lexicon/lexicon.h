@@ -33,8 +33,8 @@ class Lexicon {
 
   /// Reads what every dictionary has under the key; the entry read last, or null.
   LexEntry* load_from_disk(const char* key);
-  /// Reads all entries of a stream.
-  void load(std::istream& in, bool no_dup);
+  /// Reads all entries of a stream, which stands at a place.
+  void load(std::istream& in, bool no_dup, Place first_line = {});
   // Part of the interface; nothing in the engine calls it yet.
   void load_unique(std::istream& in);
   std::unique_ptr<LexEntry> new_entry(const char* key);
@@ -83,6 +83,13 @@ class Lexicon {
   void add_dictionary(std::unique_ptr<DictOnDisk> dictionary);
   void set_endings(std::unique_ptr<EndingTable> table) { ending_table_ = std::move(table); }
   std::size_t entry_count() const { return entries_.size(); }
+  /// Whether words are also looked for on disk.
+  bool has_dictionaries() const { return !dictionaries_.empty(); }
+  /// Calls `visit(entry)` for each entry in memory, in no order.
+  template <class Visit>
+  void for_each(Visit visit) const {
+    for (const auto& [key, entry] : entries_) visit(*entry);
+  }
 
   bool check_meanings = false;  ///< a meaning that the entry has already is rejected
   /// Beyond so many uses the entries that were not used lately are dropped.

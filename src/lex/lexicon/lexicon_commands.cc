@@ -46,7 +46,7 @@ Value load_lex(World& world, IRSlist* form) {
   if (const char* text = form->take_keyword_str(":no-dup")) scan_long(text, no_dup);
   Lexicon* lexicon = take_lexicon(world, form);
   Ref<Stream> in = lexicon ? take_input(world, form) : Ref<Stream>();
-  if (in && in->in()) lexicon->load(*in->in(), no_dup != 0);
+  if (in && in->in()) lexicon->load(*in->in(), no_dup != 0, world.places.begin_file(in->path()));
   return Value();
 }
 
@@ -102,7 +102,7 @@ class GetRoot : public Form<GetRoot, LAdaptor> {
   Lexicon* lexicon_ = nullptr;
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kLexiconCommands[] = {
     {"make-lexicon", make_lexicon,
      "(make-lexicon <name> <size>)  <name> is the name of the lexicon, which is accessible as a "
      "named object.  <size> is the size of the internal hashtable"},
@@ -121,12 +121,12 @@ constexpr Command kCommands[] = {
      "(print-lex <lexicon> [file]) --- print the entries in the lexicon to a file"},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kLexiconCommandsForms[] = {
     form<GetRoot>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::lexicon_commands{kForms, kCommands};
+constinit const Offer offers::lexicon_commands{kLexiconCommandsForms, kLexiconCommands};
 
 }  // namespace torvane

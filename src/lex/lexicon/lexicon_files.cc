@@ -308,7 +308,7 @@ Value filter_entries(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLexiconFilesCommands[] = {
     {"sort-lex", sort_lex,
      "(sort-lex source destination) sort the entries in source, the results are stored in "
      "destination."},
@@ -332,6 +332,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::lexicon_files{kCommands};
+constinit const Offer offers::lexicon_files{kLexiconFilesCommands};
 
 }  // namespace torvane

@@ -149,20 +149,20 @@ class AVMConst : public Form<AVMConst, LConst> {
   SharedConstant<Meaning> meaning_;
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kMeaningCommands[] = {
     {"make-avmeaning-proto", make_avmeaning_proto, nullptr,
      "`(make-avmeaning-proto ATT-TYPE KIND)` a kind of meaning that is a vector of that type"},
     {"make-str-meaning-proto", make_str_meaning_proto,
      "(make-str-meaning-proto type) --- define type to be a type of str-meaning."},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kMeaningForms[] = {
     pure_form<MeaningType>(),
     form<AVMConst>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::meaning{kForms, kCommands};
+constinit const Offer offers::meaning{kMeaningForms, kMeaningCommands};
 
 }  // namespace torvane

@@ -140,7 +140,7 @@ class CollectLexItems : public PatternOf<CollectLexItems, AtomicPat> {
   void find(MatchRun&, Anchor, int, MatchList&) const override {}
 };
 
-constexpr Prototype kPatterns[] = {
+constexpr Prototype kAtomPatterns[] = {
     pattern<LexItemPat>("lexitem",
                         "(lexitem LEXP) matches a single lexical item that satisfies LEXP"),
     pattern<NotInLexPat>("not-in-lexicon", "mattched if the word is not in the lexicon"),
@@ -157,6 +157,6 @@ constexpr Prototype kPatterns[] = {
 
 }  // namespace
 
-constinit const Offer offers::atom_patterns{kPatterns};
+constinit const Offer offers::atom_patterns{kAtomPatterns};
 
 }  // namespace torvane

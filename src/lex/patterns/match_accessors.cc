@@ -96,7 +96,7 @@ class ForEachMatchComp : public Form<ForEachMatchComp> {
   ExpPtr sub_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kMatchAccessorsForms[] = {
     pure_form<MatchItem>(),      pure_form<MatchMeaning>(), pure_form<MatchLow>(),
     pure_form<MatchHigh>(),      pure_form<MatchWord>(),    pure_form<MatchAnalyzer>(),
     pure_form<MatchComponent>(), form<ForEachMatchComp>(),
@@ -104,6 +104,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::match_accessors{kForms};
+constinit const Offer offers::match_accessors{kMatchAccessorsForms};
 
 }  // namespace torvane

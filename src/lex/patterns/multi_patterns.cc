@@ -194,7 +194,7 @@ class AndPat : public PatternOf<AndPat, MultiPattern> {
   }
 };
 
-constexpr Prototype kPatterns[] = {
+constexpr Prototype kMultiPatterns[] = {
     pattern<SeqPat>(
         "seq",
         "(seq <lpat> <lpat> ... <lpat>) matches a sequence of lexical items such that each of "
@@ -219,6 +219,6 @@ constexpr Prototype kPatterns[] = {
 
 }  // namespace
 
-constinit const Offer offers::multi_patterns{kPatterns};
+constinit const Offer offers::multi_patterns{kMultiPatterns};
 
 }  // namespace torvane

@@ -89,6 +89,7 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
     return nullptr;
   }
   if (!form) return nullptr;
+  PlaceScope here(world.places, form->place);
   if (form->is_atom()) {
     auto word = std::make_unique<WordPat>(make_str_is(world, form->atom));
     word->settle_reach();
@@ -96,9 +97,9 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
   }
   IRSlist* head = form->nth(0);
   if (!head || !head->is_atom()) {
-    messages() << "Unable to make pattern: ";
-    form->print_item(messages());
-    messages() << '\n';
+    std::ostream& out = messages() << "Unable to make pattern: ";
+    form->print_item(out);
+    out << '\n';
     return nullptr;
   }
   LPattern* prototype = find_prototype(*family, head->atom);
@@ -117,12 +118,12 @@ std::unique_ptr<LPattern> make_pattern(World& world, IRSlist* form) {
 
 namespace {
 
-constexpr Prototype kPatterns[] = {
+constexpr Prototype kPatternPatterns[] = {
     pattern<WordPat>("word", "(word LEXP) matches a word that satisfies LEXP"),
 };
 
 }  // namespace
 
-constinit const Offer offers::pattern{kPatterns};
+constinit const Offer offers::pattern{kPatternPatterns};
 
 }  // namespace torvane

@@ -113,7 +113,7 @@ class StarPat : public PatternOf<StarPat, PlusPat> {
   }
 };
 
-constexpr Prototype kPatterns[] = {
+constexpr Prototype kRepeatPatterns[] = {
     pattern<StarPat>("*", "(* <lpat>) matches a sequence of 0 or more matches of <lpat>"),
     pattern<PlusPat>("+", "(+ <lpat>) matches a sequence of 1 or more matches of <lpat>"),
     pattern<OptionalPat>("?", "(? <lpat>) matches 0 or 1 match of <lpat>"),
@@ -122,6 +122,6 @@ constexpr Prototype kPatterns[] = {
 
 }  // namespace
 
-constinit const Offer offers::repeat_patterns{kPatterns};
+constinit const Offer offers::repeat_patterns{kRepeatPatterns};
 
 }  // namespace torvane

@@ -132,7 +132,7 @@ LexItem* abbrev_with_def(Match* match, Meaning* meaning) {
   return make_definition(chart, {match->low, p + k, p + 1, p + k, p - 1, p + k}, meaning);
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAbbreviationsForms[] = {
     function<abbrev_def>("abbrev-def",
                          "`(abbrev-def exp)` a long name and its abbreviation in brackets become "
                          "one item of the meaning that `exp` gives"),
@@ -152,6 +152,6 @@ int spelled_out(const std::vector<const char*>& words, const char* abbreviation,
   return 0;
 }
 
-constinit const Offer offers::abbreviations{kForms};
+constinit const Offer offers::abbreviations{kAbbreviationsForms};
 
 }  // namespace torvane

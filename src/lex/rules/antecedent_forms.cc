@@ -145,13 +145,13 @@ Value clear_antecedent_list(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kAntecedentFormsCommands[] = {
     {"make-antecedent-list", make_antecedent_list, "(make-antecedent-list <name>)"},
     {"clear-antecedent-list", clear_antecedent_list,
      "(clear-antecedent-list name) clear the entries in an antecedent list."},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kAntecedentForms[] = {
     form<RegisterName>(),
     function<find_prev_occ>("find-prev-occ",
                             "`(find-prev-occ low high list)` the span's text in an antecedent "
@@ -166,6 +166,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::antecedent_forms{kForms, kCommands};
+constinit const Offer offers::antecedent_forms{kAntecedentForms, kAntecedentFormsCommands};
 
 }  // namespace torvane

@@ -110,7 +110,7 @@ class CombineLexItems : public Form<CombineLexItems> {
   std::vector<Part> parts_;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kComponentActionsForms[] = {
     function<add_component>("add-component",
                             "`(add-component item item text)` the second joins the first as a "
                             "component with that role"),
@@ -122,6 +122,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::component_actions{kForms};
+constinit const Offer offers::component_actions{kComponentActionsForms};
 
 }  // namespace torvane

@@ -70,7 +70,7 @@ void look_up(Match* match, Word low, Word high, const char* text) {
   if (has_hyphen) look_up_compound(chart, span, std::move(words), std::move(joined));
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kCompoundLookUpForms[] = {
     function<look_up>("look-up",
                       "`(look-up low high [text])` enters the lexicon's items for the span; "
                       "without a text also its hyphenated spellings"),
@@ -78,6 +78,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::compound_look_up{kForms};
+constinit const Offer offers::compound_look_up{kCompoundLookUpForms};
 
 }  // namespace torvane

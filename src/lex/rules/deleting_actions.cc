@@ -64,7 +64,7 @@ void rm_non_max(Match* match) {
   if (match) match->analyzer->keep_longest();
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kDeletingActionsForms[] = {
     function<delete_one>("delete", "`(delete item)` takes the item out of the chart"),
     function<delete_smaller>(
         "delete-smaller", "`(delete-smaller low high)` deletes the items strictly inside the span"),
@@ -86,6 +86,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::deleting_actions{kForms};
+constinit const Offer offers::deleting_actions{kDeletingActionsForms};
 
 }  // namespace torvane

@@ -29,7 +29,7 @@ void flag_last(Match* match, LexItem* item) {
   flag(match, item, &LexAnalyzer::last_conjunctions);
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kFlagActionsForms[] = {
     function<skip>("skip", "`(skip position)` the parser may pass over the word"),
     function<flag_adv>("flag-adv", "`(flag-adv item)` marks the item's words as adverbs"),
     function<flag_first>("flag-first-conjunction",
@@ -42,6 +42,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::flag_actions{kForms};
+constinit const Offer offers::flag_actions{kFlagActionsForms};
 
 }  // namespace torvane

@@ -80,7 +80,7 @@ LexItem* duplicate_item(Match* match, LexItem* item) {
   return chart ? chart->copy_item(*item) : nullptr;
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kItemSettersForms[] = {
     function<set_high>("set-high", "`(set-high item n)` moves the item's end, in the chart too"),
     function<set_low>(
         "set-low",
@@ -98,6 +98,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::item_setters{kForms};
+constinit const Offer offers::item_setters{kItemSettersForms};
 
 }  // namespace torvane

@@ -78,7 +78,11 @@ void LexRuleList::apply(LexAnalyzer& analyzer) {
   std::vector<Rule*> now;
   now.reserve(rules_.size());
   for (const auto& rule : rules_) now.push_back(rule.get());
-  for (Rule* rule : now) rule->apply(analyzer);
+  for (Rule* rule : now) {
+    if (analyzer.losses) analyzer.rule_in_hand = {rule->name().c_str(), rule};
+    rule->apply(analyzer);
+  }
+  analyzer.rule_in_hand = {};
 }
 
 void LexRuleList::insert(std::size_t at, std::vector<std::unique_ptr<Rule>> rules) {
@@ -94,8 +98,12 @@ namespace {
 
 std::vector<std::unique_ptr<Rule>> read_rules(World& world, IRSlist* form) {
   std::vector<std::unique_ptr<Rule>> rules;
-  for (IRSlist* item : form->items)
-    if (item->is_list()) rules.push_back(std::make_unique<Rule>(world, item));
+  for (IRSlist* item : form->items) {
+    PlaceScope here(world.places, item->place);
+    if (!item->is_list()) continue;
+    rules.push_back(std::make_unique<Rule>(world, item));
+    world.places.keep(rules.back().get(), item->place);
+  }
   return rules;
 }
 
@@ -147,7 +155,7 @@ Value debug_rules(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLexicalRulesCommands[] = {
     {"def-rules", def_rules,
      "(def-rules name rule1 rule2 ...) define a set of lexical rules. If the rule set so name is "
      "already defined, rule1 rule2 ... are appended at the end."},
@@ -161,6 +169,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::lexical_rules{kCommands};
+constinit const Offer offers::lexical_rules{kLexicalRulesCommands};
 
 }  // namespace torvane

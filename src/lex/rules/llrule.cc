@@ -122,11 +122,11 @@ Value make_llrule(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLlruleCommands[] = {
     {"make-llrule", make_llrule, "(make-llrule RULENAME PATTERN ACTION)"},
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kLlruleForms[] = {
     meaning_kind<LLRuleMeaning>(
         kKind,
         "`(llrule NAME)` or `(llrule ((LEFT ~ RIGHT) ACTION))` a rule that rides on an entry"),
@@ -137,6 +137,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::llrule{kForms, kCommands};
+constinit const Offer offers::llrule{kLlruleForms, kLlruleCommands};
 
 }  // namespace torvane

@@ -112,7 +112,7 @@ LexItem* insert_empty_category(Match* match, Word pos, Meaning* meaning) {
   return chart.add_item(chart.make_item("", meaning, end + 1, end, Slist<const char*>()), true);
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kMakingActionsForms[] = {
     form<MakeLexItem>(),
     form<RetrieveLexItem>(),
     function<insert_empty_category>("insert-empty-category",
@@ -122,6 +122,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::making_actions{kForms};
+constinit const Offer offers::making_actions{kMakingActionsForms};
 
 }  // namespace torvane

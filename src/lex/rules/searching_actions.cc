@@ -90,7 +90,7 @@ LexItem* exist_overlapping_lexitem(Match* match, Word low, Word high, Value cond
   return nullptr;
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kSearchingActionsForms[] = {
     function<followed_by>(
         "followed-by",
         "`(followed-by (pred cond))` the first item that starts behind the match and passes"),
@@ -115,6 +115,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::searching_actions{kForms};
+constinit const Offer offers::searching_actions{kSearchingActionsForms};
 
 }  // namespace torvane

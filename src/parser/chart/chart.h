@@ -38,6 +38,9 @@ class Chart {
   bool is_exhausted() const { return pool_.is_exhausted(); }
   /// What a condition will say of such a projection, as far as that is known without making it.
   Outlook foresee(const ExpPtr& condition, const PItem& source, const Link& link);
+  /// How many items the sentence has; and to forget that there were more, of which none is in use.
+  int items_made() const { return pool_.made(); }
+  void forget_after(int made) { pool_.forget_after(made); }
   /// Does as if a projection were made, and taken back.
   void pass_over_item() { pool_.count(); }
   /// Takes back what was made last, and is of no use. Most projections are.

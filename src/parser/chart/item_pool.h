@@ -22,6 +22,9 @@ class ItemPool {
   bool is_exhausted() const { return items_made_ >= kPoolLimit; }
   /// Counts an item as made that need not be.
   void count() { ++items_made_; }
+  /// How many the sentence has; and to forget that there were more, of which none is in use.
+  int made() const { return items_made_; }
+  void forget_after(int made) { items_made_ = made; }
   /// Takes the item back that was made last, if nobody can have got hold of it. It counts as made.
   void give_back(PItem* item);
   /// Takes all items back. Those that an expression may still have stay what they are until it has

@@ -16,6 +16,7 @@ namespace {
 constexpr float kWorst = 40.0f;
 constexpr float kLeastDistanceCost = 0.1f;
 constexpr int kCacheBuckets = 200011;
+constexpr int kMostFixed = 200000;  // costs that are kept where they can be had again
 constexpr int kBadTripleBuckets = 19997;
 
 /// The root form; "{FORM/..." stands for FORM.
@@ -140,6 +141,7 @@ float DepCosts::new_cost(const HeadSide& head, const ModifierSide& modifier, con
   const auto* cached = _cost_cache->find(triple_.c_str());
   if (cached) return cached->value + by_distance;
   float value = association_cost();
+  if (fixed_counts && _cost_cache->count() >= kMostFixed) _cost_cache->clear();
   _cost_cache->insert(triple_.c_str(), value);
   if (shared_.debug_weight)
     messages() << triple_ << '\t' << value << " dist=" << distance << " distp=" << by_distance

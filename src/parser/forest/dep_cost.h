@@ -54,6 +54,11 @@ class DepCosts {
   DepCosts(World& world, SharedCosts& shared) : world_(world), shared_(shared) {}
 
   DepStatistics* _reldb = nullptr;  ///< null: costs are the weights of parsing
+  /// Nothing changes the counts while they are in use: whether a pair was looked up before makes no
+  /// difference.
+  bool fixed_counts = false;
+  /// Whether looking up more pairs than are needed can be told from outside.
+  bool look_ups_show() const { return _reldb && (!fixed_counts || shared_.debug_weight); }
 
   float dep_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation);
   /// A set of triples that are never good.

@@ -8,36 +8,6 @@
 #include "parser/forest/parse_forest.h"
 
 namespace torvane {
-namespace {
-
-/// What is known so far of the choices along a chain, from any of its places on. The leaves of the
-/// tree are the places, with what follows the chain behind them; each node joins the two below it.
-class OpenChoices {
- public:
-  explicit OpenChoices(const std::vector<Derivations>& places = {})
-      : width_(std::bit_ceil(places.size())), tree_(2 * width_) {
-    std::copy(places.begin(), places.end(), tree_.begin() + static_cast<std::ptrdiff_t>(width_));
-    for (std::size_t i = width_; --i > 0;) tree_[i] = join(tree_[2 * i], tree_[2 * i + 1]);
-  }
-  void put(std::size_t place, const Derivations& choices) {
-    std::size_t i = place + width_;
-    tree_[i] = choices;
-    while (i /= 2) tree_[i] = join(tree_[2 * i], tree_[2 * i + 1]);
-  }
-  Derivations from(std::size_t place) const {
-    std::size_t i = place + width_;
-    Derivations choices = tree_[i];
-    for (; i > 1; i /= 2)
-      if (i % 2 == 0) choices = join(choices, tree_[i + 1]);
-    return choices;
-  }
-
- private:
-  std::size_t width_;
-  std::vector<Derivations> tree_;
-};
-
-}  // namespace
 
 /// Builds a chain and all that it consists of, circle by circle: the strongly connected components
 /// of what chains and items are made from, found by one walk in depth.
@@ -80,6 +50,33 @@ class ParseForest::Circles {
   struct Step {
     int node;
     int next_part = 0;
+  };
+  /// What is known so far of the choices along a chain, from any of its places on. The leaves of
+  /// the tree are the places, with what follows the chain behind them; each node joins the two
+  /// below it.
+  class OpenChoices {
+   public:
+    explicit OpenChoices(const std::vector<Derivations>& places = {})
+        : width_(std::bit_ceil(places.size())), tree_(2 * width_) {
+      std::copy(places.begin(), places.end(), tree_.begin() + static_cast<std::ptrdiff_t>(width_));
+      for (std::size_t i = width_; --i > 0;) tree_[i] = join(tree_[2 * i], tree_[2 * i + 1]);
+    }
+    void put(std::size_t place, const Derivations& choices) {
+      std::size_t i = place + width_;
+      tree_[i] = choices;
+      while (i /= 2) tree_[i] = join(tree_[2 * i], tree_[2 * i + 1]);
+    }
+    Derivations from(std::size_t place) const {
+      std::size_t i = place + width_;
+      Derivations choices = tree_[i];
+      for (; i > 1; i /= 2)
+        if (i % 2 == 0) choices = join(choices, tree_[i + 1]);
+      return choices;
+    }
+
+   private:
+    std::size_t width_;
+    std::vector<Derivations> tree_;
   };
   /// A chain of the circle, from the first that the circle leads through.
   struct Row {

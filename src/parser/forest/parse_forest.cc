@@ -266,9 +266,8 @@ void ParseForest::collect_roots(const Grammar& grammar, const Chart& chart) {
   for (const RootRule& rule : grammar._roots) collect(rule, chart, grammar._lex->last_position());
   const int whole = last_of_whole(*grammar._lex);
   auto spans = [&](const Result& r) { return r.item->_low == 1 && r.item->_high == whole; };
-  // What is looked up in a database is reported, and kept for other sentences.
-  const bool looks_up = costs_ && costs_->_reldb;
-  const bool only_whole = !looks_up && std::any_of(results_.begin(), results_.end(), spans);
+  const bool all = costs_ && costs_->look_ups_show();
+  const bool only_whole = !all && std::any_of(results_.begin(), results_.end(), spans);
   for (const Result& result : results_)
     if (!only_whole || spans(result)) add_root(result);
 }

@@ -84,7 +84,7 @@ class ParseForest {
   /// The TNode of the item's chain, made on first request.
   TNode* get_tnode(PItem* item);
   /// Fills `_roots` by the grammar's root table. Where results span the sentence, the others cannot
-  /// be chosen, and are not built but for a database.
+  /// be chosen, and are not built but for look-ups that show.
   void collect_roots(const Grammar& grammar, const Chart& chart);
 
   Slist<TNode*> _roots;

@@ -73,7 +73,7 @@ struct IsObliqueCaseMarked : TestForm<IsObliqueCaseMarked> {
   static constexpr auto kSet = &Chart::oblique_case_marks;
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kCaseMarksForms[] = {
     form<CaseMarkPosition>(),
     form<ObliqueCaseMarkPosition>(),
     form<IsCaseMarked>(),
@@ -82,6 +82,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::case_marks{kForms};
+constinit const Offer offers::case_marks{kCaseMarksForms};
 
 }  // namespace torvane

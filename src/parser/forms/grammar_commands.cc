@@ -69,7 +69,7 @@ Value def_subcat(World& world, IRSlist* form) {
   if (!parent) return Value();
   build_positions(*parser, *node, form);
   node->_is_subcat = true;
-  parser->grammar.link_subcat(*parent, *node);
+  world.places.keep(parser->grammar.link_subcat(*parent, *node), world.places.current);
   return Value();
 }
 
@@ -82,6 +82,7 @@ Value def_subclass(World& world, IRSlist* form) {
     if (!name) continue;
     GCate* node = parser->grammar.get_node(name, true);
     Link* link = parser->grammar.make_link(parent, node);
+    world.places.keep(link, element->place);
     link->set_type(contract::kSubclass);
     link->_is_subclass = true;
     parent->add_link(link, parent->n_positions());
@@ -120,6 +121,7 @@ Value conj_atts(World& world, IRSlist* form) {
   node->_conj_same = get_atts(parser, form->nth(0));
   node->_conj_consistent = get_atts(parser, form->nth(1));
   node->_conj_link = parser.grammar.make_link(node, node);
+  world.places.keep(node->_conj_link, world.places.current);
   node->_conj_link->set_type(contract::kConjunct);
   return Value();
 }
@@ -198,7 +200,7 @@ Value roots(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kGrammarCommands[] = {
     {"def-category", def_category,
      "(def-category CATEGORY COMMAND1 .... COMMANDn) define a category."},
     // Kept: def-modifiers-stands-alone
@@ -260,6 +262,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::grammar_commands{kCommands};
+constinit const Offer offers::grammar_commands{kGrammarCommands};
 
 }  // namespace torvane

@@ -62,13 +62,13 @@ Value init_attributes(World& world, IRSlist*) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kInitAttributesCommands[] = {
     {"init-attributes", init_attributes, nullptr,
      "`(init-attributes)` looks up the attributes of the type `syn` that the parser uses"},
 };
 
 }  // namespace
 
-constinit const Offer offers::init_attributes{kCommands};
+constinit const Offer offers::init_attributes{kInitAttributesCommands};
 
 }  // namespace torvane

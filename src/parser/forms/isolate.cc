@@ -21,13 +21,13 @@ void isolate(World& world, Match*, int from, int to) {
   }
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kIsolateForms[] = {
     function<isolate>("isolate",
                       "`(isolate low high)` no dependency but one crosses the edges of the span"),
 };
 
 }  // namespace
 
-constinit const Offer offers::isolate{kForms};
+constinit const Offer offers::isolate{kIsolateForms};
 
 }  // namespace torvane

@@ -22,12 +22,12 @@ struct NodeName : Form<NodeName> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kNodeNameForms[] = {
     form<NodeName>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::node_name{kForms};
+constinit const Offer offers::node_name{kNodeNameForms};
 
 }  // namespace torvane

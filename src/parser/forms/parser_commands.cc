@@ -120,7 +120,7 @@ Value set_debug_weight(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kParserCommands[] = {
     {"parse", parse, "(parse word1 ... wordn) parse a sentence consisting of word1 ... wordn."},
     {"p", parse, "(p word1 ... wordn) parse a sentence consisting of word1 ... wordn."},
     {"p2", parse_words_plainly,
@@ -138,6 +138,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::parser_commands{kCommands};
+constinit const Offer offers::parser_commands{kParserCommands};
 
 }  // namespace torvane

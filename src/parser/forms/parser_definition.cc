@@ -111,7 +111,10 @@ Value set_reldb(World& world, IRSlist* form) {
   if (!current_parser(world)) return Value();
   TorvaneParser* parser = take_parser(world, form);
   Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
-  if (parser && database) parser->costs._reldb = trees(world).statistics_of(database);
+  if (parser && database) {
+    parser->costs._reldb = trees(world).statistics_of(database);
+    parser->costs.fixed_counts = false;
+  }
   return Value();
 }
 
@@ -123,7 +126,7 @@ Value set_deps_modifier(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kParserDefinitionCommands[] = {
     // Kept: parser-by-keywords
     {"def-torvane-parser", def_torvane_parser,
      "(def-torvane-parser name size-of-hash att-type lex-attributes output-attributes "
@@ -141,6 +144,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::parser_definition{kCommands};
+constinit const Offer offers::parser_definition{kParserDefinitionCommands};
 
 }  // namespace torvane

@@ -157,7 +157,7 @@ struct SetTraceAttOfPred : ItemForm<SetTraceAttOfPred> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kPitemForms[] = {
     pure_form<PItem2AttVec>(),
     form<PItem2Modifier>(),
     form<PItem2DepRel>(),
@@ -176,6 +176,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::pitem_forms{kForms};
+constinit const Offer offers::pitem_forms{kPitemForms};
 
 }  // namespace torvane

@@ -31,6 +31,7 @@ void read_mark(GCate& node, int position, const char* mark) {
 }
 
 void read_link(TorvaneParser& parser, GCate& node, int position, IRSlist* form) {
+  PlaceScope here(parser._world.places, form->place);
   const char* name = form->is_atom() ? form->atom : form->get_str_val();
   GCate* child = form->is_atom() ? nullptr : parser.grammar.get_node(name, false);
   if (!child) {
@@ -38,6 +39,7 @@ void read_link(TorvaneParser& parser, GCate& node, int position, IRSlist* form) 
     return;
   }
   Link* link = parser.grammar.make_link(&node, child);
+  parser._world.places.keep(link, form->place);
   link->_percolate = child->_visible & parser.grammar._percolating;
   node.add_link(link, position);
   if (node.skips_adjunct(position)) link->_no_guest = false;
@@ -48,6 +50,7 @@ void read_link(TorvaneParser& parser, GCate& node, int position, IRSlist* form) 
 }
 
 void read_position(TorvaneParser& parser, GCate& node, int position, IRSlist* form) {
+  PlaceScope here(parser._world.places, form->place);
   auto skip_word = form->take_keyword_node(":skip-word");
   node.add_skip_cond(skip_word ? LExp::get_exp(parser._world, skip_word.get()) : nullptr);
   while (!form->empty() && form->nth(0)->is_atom()) read_mark(node, position, form->get_str_val());

@@ -26,13 +26,13 @@ LexItem* ref_entry(Match*, LexItem* item) {
   return item;
 }
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kRefEntryForms[] = {
     function<ref_entry>("ref-entry",
                         "`(ref-entry item)` copies the meanings of the root's entry into the item"),
 };
 
 }  // namespace
 
-constinit const Offer offers::ref_entry{kForms};
+constinit const Offer offers::ref_entry{kRefEntryForms};
 
 }  // namespace torvane

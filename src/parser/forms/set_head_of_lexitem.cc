@@ -34,12 +34,12 @@ struct SetHeadOfLexItem : Form<SetHeadOfLexItem> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kSetHeadOfLexitemForms[] = {
     form<SetHeadOfLexItem>(),
 };
 
 }  // namespace
 
-constinit const Offer offers::set_head_of_lexitem{kForms};
+constinit const Offer offers::set_head_of_lexitem{kSetHeadOfLexitemForms};
 
 }  // namespace torvane

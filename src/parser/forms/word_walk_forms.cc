@@ -1,5 +1,6 @@
 // The forms that look at the words of an item and around it, past the words that are skipped.
 #include "lexp/form.h"
+#include "lexp/refusal.h"
 #include "parser/chart/chart.h"
 #include "parser/forms/offers.h"
 #include "parser/torvane_parser.h"
@@ -80,12 +81,18 @@ struct PItemFollowingWord : Form<PItemFollowingWord, LAdaptor> {
     Value next = convert(input);
     return sub && next ? sub.eval(next, mid_type) : next;
   }
+  Value watch(Value input, int input_type, Refusal& refusal) override {
+    return LExp::watch(input, input_type, refusal);
+  }
   Value convert(Value input) override {
     const PItem* item = input.as<PItem>();
     if (!item) return Value();
     Words words(this->world(), *item);
     return words.value(words.word(words.behind(item->_high, no_skip_)));
   }
+
+ protected:
+  std::string finding(Value input) override { return LExp::finding(convert(input)); }
 
  private:
   bool no_skip_ = false;
@@ -157,7 +164,7 @@ struct IncludePrecedingWord : WordForm<IncludePrecedingWord> {
   }
 };
 
-constexpr Prototype kForms[] = {
+constexpr Prototype kWordWalkForms[] = {
     form<PItemHeadWord>(),        form<PItemPrecedingWord>(),
     form<PItemFollowingWord>(),   form<PItemFollowedByOrEndWithWord>(),
     form<IncludeFollowingWord>(), form<IncludePrecedingWord>(),
@@ -165,6 +172,6 @@ constexpr Prototype kForms[] = {
 
 }  // namespace
 
-constinit const Offer offers::word_walk_forms{kForms};
+constinit const Offer offers::word_walk_forms{kWordWalkForms};
 
 }  // namespace torvane

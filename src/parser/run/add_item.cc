@@ -27,6 +27,11 @@ bool positions_complete(const GCate& node, const PItem& item, int position) {
 
 }  // namespace
 
+bool is_complete(const GCate& node, const PItem& item, int position) {
+  return has_arguments(node, item) ? arguments_complete(node, item, position)
+                                   : positions_complete(node, item, position);
+}
+
 /// Chains the item to one at these positions that equals it in all that the node shows. True if
 /// that was so, or the item is stored there itself.
 bool ParseRun::join_alternative(const GCate& node, PItem* item, Positions positions) {

@@ -1,5 +1,6 @@
 #include "parser/run/merge.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "parser/grammar/syntax_atts.h"
@@ -25,13 +26,16 @@ PItem* merge_items(Chart& chart, const GCate& node, PItem& modifier, PItem& head
     with_adjunct->_link = node._guest_link;
     below = with_adjunct;
   }
+  const int distance = head_position(right) - head_position(left);
+  if (distance > kMostHeadDistance) {
+    chart.pass_over_item();
+    return nullptr;
+  }
   PItem* item = chart.copy_item(below, nullptr);
   if (!item) return nullptr;
   item->_low = left._low;
   item->_high = right._high;
   item->_modifier = &modifier;
-  int distance = head_position(right) - head_position(left);
-  if (distance > kMostHeadDistance) return nullptr;
   if (distance > 0) item->_weight += static_cast<float>(distance >> 1);
   item->_weight += modifier._weight;
   return item;
@@ -73,6 +77,37 @@ class Merge {
     if (combines()) return merged_;
     chart_.give_back(merged_);
     return nullptr;
+  }
+
+  /// As `run`, with what `run` does not tell.
+  WatchedMerge watch(PItem* adjunct, int position) {
+    if (!check_argument(position)) return {MergeTest::argument, nullptr, {}, {}};
+    if (!check_moved()) return {MergeTest::moved, nullptr, {}, {}};
+    if (chart_.is_exhausted()) return {MergeTest::pool, nullptr, {}, {}};
+    merged_ = merge_items(chart_, *link_._parent, modifier_, head_, adjunct);
+    if (!merged_) {
+      const bool allowed = chart_.spans.span_allowed(std::min(head_._low, modifier_._low),
+                                                     std::max(head_._high, modifier_._high));
+      return {allowed ? MergeTest::distance : MergeTest::span, nullptr, {}, {}};
+    }
+    merged_->_link = &link_;
+    merged_->_weight += link_.weight();
+    if (hit_ >= 0) discharge(*merged_, hit_);
+    WatchedMerge result{MergeTest::none, merged_, make_ref<AttVec>(merged_vec()), {}};
+    if (!combine()) {
+      result.refused = MergeTest::unification;
+    } else if (!fill_gap()) {
+      result.refused = MergeTest::gap;
+    } else {
+      if (mask_ != 0 && list_of(mod_vec(), syn_.move)) discharge(*merged_, 0);
+      const ExpPtr& cond = link_._merged_cond;
+      if (cond && !cond->watch(Value::of(merged_), p_item_type(), result.refusal)) {
+        result.refused = MergeTest::merged;
+      } else if (!case_allowed()) {
+        result.refused = MergeTest::mark;
+      }
+    }
+    return result;
   }
 
  private:
@@ -199,6 +234,11 @@ class Merge {
 PItem* merge(Chart& chart, const Grammar& grammar, PItem& modifier, PItem& head, PItem* adjunct,
              int position, const Link& link) {
   return Merge(chart, grammar, link, modifier, head).run(adjunct, position);
+}
+
+WatchedMerge watch_merge(Chart& chart, const Grammar& grammar, PItem& modifier, PItem& head,
+                         PItem* adjunct, int position, const Link& link) {
+  return Merge(chart, grammar, link, modifier, head).watch(adjunct, position);
 }
 
 }  // namespace torvane

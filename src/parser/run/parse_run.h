@@ -7,6 +7,9 @@
 
 namespace torvane {
 
+/// An item of a node that has filled the positions up to this one needs no more to be sent on.
+bool is_complete(const GCate& node, const PItem& item, int position);
+
 /// One sentence on its way through the network.
 class ParseRun {
  public:
@@ -28,6 +31,8 @@ class ParseRun {
   void try_conjunction(const GCate& node, PItem* item, int position);
 
  private:
+  friend class RunReplay;  // goes its ways again, to tell where they end
+
   struct Positions {
     int first, last;
   };

@@ -136,7 +136,7 @@ Value print_free_list(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kStoreCommands[] = {
     {"s", search, "(s db key1 ... keyn) Search a PLHash and print the entries that are found"},
     {"copy", copy, "(copy des-db src-db) Make a des-db a copy of src-db"},
     {"merge", merge, "(merge des-db src-db) merge the entries in src-db into des-db"},
@@ -166,6 +166,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::store_commands{kCommands};
+constinit const Offer offers::store_commands{kStoreCommands};
 
 }  // namespace torvane

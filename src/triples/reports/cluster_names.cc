@@ -109,13 +109,13 @@ Value name_cluster_by_features(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kClusterNamesCommands[] = {
     {"name-cluster-by-features", name_cluster_by_features,
      "(name-cluster-by-features DBNAME :clusters FILE.lsp :feature LEXP :inv-feature LEXP)."},
 };
 
 }  // namespace
 
-constinit const Offer offers::cluster_names{kCommands};
+constinit const Offer offers::cluster_names{kClusterNamesCommands};
 
 }  // namespace torvane

@@ -97,13 +97,13 @@ Value cmp_tripledb_entries(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEntryComparisonCommands[] = {
     {"cmp-tripledb-entries", cmp_tripledb_entries,
      "(cmp-tripledb-entries db word1 word2 :codes ((id translation) ...))."},
 };
 
 }  // namespace
 
-constinit const Offer offers::entry_comparison{kCommands};
+constinit const Offer offers::entry_comparison{kEntryComparisonCommands};
 
 }  // namespace torvane

@@ -74,7 +74,7 @@ Value print_tripledb_entry_in_html(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEntryInHtmlCommands[] = {
     {"print-tripledb-entry-in-html", print_tripledb_entry_in_html,
      "(print-tripledb-entry-in-html db :codes ((id explanation) ...) :words (...)) print tripledb "
      "entry in html format."},
@@ -82,6 +82,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::entry_in_html{kCommands};
+constinit const Offer offers::entry_in_html{kEntryInHtmlCommands};
 
 }  // namespace torvane

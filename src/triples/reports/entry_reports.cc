@@ -73,7 +73,7 @@ Value print_entries_with_few_features(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEntryReportsCommands[] = {
     {"count-features", count_features, "(count-features DBNAME)."},
     {"print-entries-with-few-features", print_entries_with_few_features,
      "(print-entries-with-few-features DBNAME :limit LIMIT) print the entries in which the total "
@@ -82,6 +82,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::entry_reports{kCommands};
+constinit const Offer offers::entry_reports{kEntryReportsCommands};
 
 }  // namespace torvane

@@ -149,7 +149,7 @@ Value print_high_mutinfo(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kHighMutinfoCommands[] = {
     {"print-high-mutinfo", print_high_mutinfo,
      "(print-high-mutinfo <DBNAME> [:rels (REL REL ...)] [:background DBNAME] [:words-only] "
      "[:min-mutinfo MUTINFO] [:min-count COUNT] [:min-score SCORE] [:output OUTPUT])\n"},
@@ -157,6 +157,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::high_mutinfo{kCommands};
+constinit const Offer offers::high_mutinfo{kHighMutinfoCommands};
 
 }  // namespace torvane

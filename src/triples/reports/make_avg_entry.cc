@@ -77,7 +77,7 @@ Value make_avg_entry(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kMakeAvgEntryCommands[] = {
     {"make-avg-entry", make_avg_entry,
      "(make-avg-entry <DBNAME> :words (WORD WORD ...) :mi-threshold MUTINFO :name NAME :pos POS "
      ":spread spread)\n"},
@@ -85,6 +85,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::make_avg_entry{kCommands};
+constinit const Offer offers::make_avg_entry{kMakeAvgEntryCommands};
 
 }  // namespace torvane

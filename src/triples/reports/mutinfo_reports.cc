@@ -81,7 +81,7 @@ Value print_total_mutinfo(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kMutinfoReportsCommands[] = {
     {"print-low-mutinfo", print_low_mutinfo, "(print-low-mutinfo <DBNAME> [:max MAX-MUTINFO])\n"},
     {"print-noise", print_noise, "(print-noise <DBNAME> [PERCENT])\n"},
     {"print-total-mutinfo", print_total_mutinfo, "(print-total-mutinfo DBNAME)"},
@@ -89,6 +89,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::mutinfo_reports{kCommands};
+constinit const Offer offers::mutinfo_reports{kMutinfoReportsCommands};
 
 }  // namespace torvane

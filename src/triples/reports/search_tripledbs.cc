@@ -21,13 +21,13 @@ Value search_tripledbs(World& world, IRSlist* form) {
 
 // Kept: search-tripledb-doc
 constexpr const char* kDoc = "(search-tripledb <DBNAME> [:rel relation] key1 key2)\n";
-constexpr Command kCommands[] = {
+constexpr Command kSearchTripledbsCommands[] = {
     {"search-tripledbs", search_tripledbs, kDoc},
     {"st", search_tripledbs, kDoc},
 };
 
 }  // namespace
 
-constinit const Offer offers::search_tripledbs{kCommands};
+constinit const Offer offers::search_tripledbs{kSearchTripledbsCommands};
 
 }  // namespace torvane

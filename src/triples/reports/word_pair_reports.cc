@@ -105,7 +105,7 @@ Value print_possible_errors(World& world, IRSlist* form) {
   return Value();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kWordPairReportsCommands[] = {
     {"get-all-rels", get_all_rels,
      "(get-all-rels db x y) print all relationships between x and y."},
     {"filter-high-mutinfo-pairs", filter_high_mutinfo_pairs,
@@ -115,6 +115,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-constinit const Offer offers::word_pair_reports{kCommands};
+constinit const Offer offers::word_pair_reports{kWordPairReportsCommands};
 
 }  // namespace torvane

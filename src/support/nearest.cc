@@ -1,23 +1,26 @@
-#include "cli/nearest.h"
+#include "support/nearest.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
-#include <utility>
 
 namespace torvane {
 namespace {
 
-/// Letters that are to be put in, taken out or changed.
+/// Letters that are to be put in, taken out or changed, or pairs to be swapped.
 std::size_t distance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
+  using Row = std::vector<std::size_t>;
+  Row before(b.size() + 1), row(b.size() + 1), next(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < a.size(); ++i) {
-    std::size_t before = std::exchange(row[0], i + 1);
+    next[0] = i + 1;
     for (std::size_t j = 0; j < b.size(); ++j) {
-      const std::size_t change = before + (a[i] == b[j] ? 0 : 1);
-      before = std::exchange(row[j + 1], std::min({change, row[j] + 1, row[j + 1] + 1}));
+      next[j + 1] = std::min({row[j] + (a[i] == b[j] ? 0 : 1), row[j + 1] + 1, next[j] + 1});
+      if (i > 0 && j > 0 && a[i] == b[j - 1] && a[i - 1] == b[j])
+        next[j + 1] = std::min(next[j + 1], before[j - 1] + 1);
     }
+    before.swap(row);
+    row.swap(next);
   }
   return row.back();
 }

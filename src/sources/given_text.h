@@ -1,10 +1,9 @@
-// A text in memory: its lines, and where its sentences stand in it.
+// The lines of a text in memory.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "sources/line_input.h"
 
@@ -26,27 +25,6 @@ class GivenText : public LineInput {
   std::size_t at_ = 0;
   std::size_t line_number_ = 0;
   std::string faults_;
-};
-
-/// A place in a text, as a byte and as the character that the byte belongs to.
-struct Place {
-  std::size_t byte = 0, character = 0;
-};
-
-/// Finds pieces of a text in it again, one after the other. White space may differ.
-class TextSearch {
- public:
-  explicit TextSearch(std::string_view text) : text_(text) {}
-  /// Where each byte of the next piece stands. A blank of the piece stands behind the word before
-  /// it.
-  std::vector<Place> find(std::string_view piece);
-
- private:
-  void step();
-
-  std::string_view text_;
-  Place at_;
-  std::size_t character_end_ = 0;  // of the character at the place
 };
 
 }  // namespace torvane

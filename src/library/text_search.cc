@@ -1,4 +1,4 @@
-#include "library/given_text.h"
+#include "library/text_search.h"
 
 #include <algorithm>
 
@@ -6,21 +6,6 @@
 #include "text/utf8.h"
 
 namespace torvane {
-
-bool GivenText::line(std::string& text) {
-  if (at_ >= text_.size()) return false;
-  const std::size_t end = std::min(text_.find('\n', at_), text_.size());
-  text = text_.substr(at_, end - at_);
-  at_ = end + 1;
-  ++line_number_;
-  trim(text, line_number_ == 1);
-  return true;
-}
-
-void GivenText::tell(std::size_t lines_back, const std::string& fault) {
-  if (!faults_.empty()) faults_ += '\n';
-  faults_ += std::to_string(line_number_ - lines_back) + ": " + fault;
-}
 
 void TextSearch::step() {
   if (character_end_ <= at_.byte) {
@@ -31,8 +16,8 @@ void TextSearch::step() {
   if (at_.byte == character_end_) ++at_.character;
 }
 
-std::vector<Place> TextSearch::find(std::string_view piece) {
-  std::vector<Place> places;
+std::vector<TextPlace> TextSearch::find(std::string_view piece) {
+  std::vector<TextPlace> places;
   places.reserve(piece.size());
   for (char c : piece) {
     if (is_space(c)) {
