@@ -22,7 +22,7 @@
       (behind about (information question concern book article idea thought story news talk doubt fact complaint
                      conversation anything something nothing thing worry opinion film movie song))
       (behind with (problem relationship contact meeting experience conversation agreement deal trouble connection
-                    interview contract relation partnership cooperation war people person man woman room house car))
+                    interview contract relation partnership cooperation war people room house car))
       (behind from (letter message email mail call report quote response excerpt people pressure news revenue income))
       (behind between (difference relationship gap conflict war agreement border distance connection choice line))
       (behind against (war protest fight case action crime campaign struggle threat attack))))
