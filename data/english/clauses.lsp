@@ -9,11 +9,13 @@
 (defun called ()
   (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
 
-; What stands before the subject stands at the start of its clause: behind a sign, a conjunction, what introduces a clause.
+; What stands before the subject stands at the start of its clause: behind a sign, a conjunction, what introduces a
+; clause.
 (defun clause-start ()
   (or (not (int-gt (pitem-low) (int 2)))
       (pitem-preceding-word
-        (in ("," ";" ":" "-" "--" "..." "(" "." "!" "?" "*" ">" ")" "]" "[" "&" "'" and but or so yet nor plus then that if
+        (in ("," ";" ":" "-" "--" "..." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
+                "'" and but or so yet nor plus then that if
              because bc cause cos cuz since when while whereas although though until unless whether as after before once where
              why how what who which than said say says think thinks thought know knows knew believe believes hope guess
              feel felt wish sure okay ok yes no well oh hi hello hey lol please also however therefore thus now today
@@ -22,7 +24,8 @@
 ; ..., folks.
 (defun called-last ()
   (and (pitem-preceding-word (str= ","))
-       (pitem-attvec (comp (att-str-val lexitem) (in (folk guy man sir madam dear friend dude buddy everyone all people boy girl lady
+       (pitem-attvec (comp (att-str-val lexitem) (in
+               (folk guy man sir madam dear friend dude buddy everyone all people boy girl lady
                                                       gentleman mate honey baby))))))
 
 ; she reads
@@ -33,12 +36,14 @@
      (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (not (wh))))
      (Intj (dep-type discourse) (percolate ()) (dep-weight 0.8))
-     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time))) (clause-start))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time)))
+             (clause-start))))
      (SubC (dep-type sub) (modifier-cond (clause-start)))
      (Q (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
-     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (participial)))))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start)
+             (participial)))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
    (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
    (C (dep-type subj) (percolate ()) (dep-weight 9) (modifier-cond (and (marked) (no-gap))))
@@ -69,7 +74,8 @@
   ((P (dep-type mod) (percolate ()) (modifier-cond (and (no-gap) (clause-start))))
    (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (here there now then first next))))))
   (:head (V (percolate ())
-            (modifier-cond (pitem-head-word (in (stood stands lay lies sat sits came comes come went goes hung hangs lived lives
+            (modifier-cond (pitem-head-word (in
+                    (stood stands lay lies sat sits came comes come went goes hung hangs lived lives
                                                  began begins followed follows arose appeared appears rose))))
             (head-cond (and (finite) (no-gap)))))
   ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (not-pro))))))

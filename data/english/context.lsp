@@ -23,7 +23,8 @@
                      (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
     (delete-if (high) (high) (pred (common))))
   ; he plans, they answer
-  (behind-pronoun (seq (word (in (i he she we they))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform pres past)))))))
+  (behind-pronoun (seq (word (in (i he she we they))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform)
+          ((vform pres past)))))))
     (delete-if (high) (high) (pred (common))))
   ; the past years: no preposition
   (behind-article (seq (word (in (the a an my your our their))) (lexitem (att (contain ((cat p))))))
@@ -31,10 +32,12 @@
   ; to the house; to be
   (to-noun (seq (word (in (to))) (word (starts-noun-phrase)))
     (delete-if (low) (low) (pred (att (contain ((own inf)))))))
-  (to-verb-only (seq (word (in (to))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+  (to-verb-only (seq (word (in (to))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform)
+          ((vform base)))))))
     (if (not (exist-lexitem (high) (high) (pred (nominal)))) (delete-if (low) (low) (pred (att (contain ((cat p))))))))
   ; that he, that the: no determiner
-  (that-clause (seq (word (in (that))) (word (in (the a an my his our their he she we they i you this these those there it))))
+  (that-clause (seq (word (in (that))) (word (in
+          (the a an my his our their he she we they i you this these those there it))))
     (delete-if (low) (low) (pred (att (contain ((cat d)))))))
   ; See the page, Check your mail; please answer
   (command (seq (^) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base))))))
@@ -42,7 +45,8 @@
     (delete-if (int 1) (int 1) (pred (att (contain ((node NN) (agr s3)))))))
   (yet-another (seq (word (in (yet))) (word (in (another a more again)))) 
     (delete-if (low) (low) (pred (att (contain (+conj))))))
-  (please (seq (word (in (please pls plz))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
+  (please (seq (word (in (please pls plz))) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform)
+          ((vform base)))))))
     (prog (delete-if (high) (high) (pred (common)))
           (delete-if (low) (low) (pred (of-any-verb)))))
   ; I like, would like
@@ -56,14 +60,17 @@
     (if (exist-lexitem (high) (high) (pred (or (nominal) (att (strict-unifiable (vform) ((vform en ing)))))))
         (delete-if (high) (high) (pred (finite-only)))))
   ; Hope all is well, thank you: whoever writes is left out.
-  (hope (seq (^) (word (in (hope thank wish thanks))) (word (in (you all this that it everything everyone he she they we i the to my))))
+  (hope (seq (^) (word (in (hope thank wish thanks))) (word (in
+          (you all this that it everything everyone he she they we i the to my))))
     (delete-if (int 1) (int 1) (pred (att (and (contain ((node NN))) (not (contain ((agr p3)))))))))
   ; about what he said, on how to do it: before a question a preposition may mark a clause.
-  (preposition-of-clause (seq (lexitem (att (contain ((cat p))))) (word (in (how whether where why when who what which whatever))))
+  (preposition-of-clause (seq (lexitem (att (contain ((cat p))))) (word (in
+          (how whether where why when who what which whatever))))
     (assert (make-lexitem (low) (low) (avm (avm ((cat j) (node PSub)))))))
   ; want to party: behind `to` a verb is no rarer than a noun.
   (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
-                                                             (or (contain ((freq f8))) (contain ((freq f7))) (contain ((freq f6)))
+                                                             (or (contain ((freq f8))) (contain ((freq f7))) (contain
+                                                                     ((freq f6)))
                                                                  (contain ((freq f5))) (contain ((freq f4)))))))
     (if (preceded-by-word (pred (in (to)))) (add-weight (litem) (int -4))))
   ; five plans
@@ -97,6 +104,7 @@
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
   ; A capital inside the sentence: a name rather than a verb.
   (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z][^A-Z]"))))
-    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (or (starts-anew) (in (to please and or))))))
+    (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (or (starts-anew)
+            (in (to please and or))))))
              (exist-lexitem (low) (high) (pred (att (contain ((cat n)))))))
         (delete (litem)))))

@@ -13,7 +13,8 @@
         ((cat (in (Pro Det)))
          (cond ((node2word (in (i))) (str I)) ((node2word (in (me))) (str I))
                ((node2word (in (us))) (str we)) ((node2word (in (him))) (str he)) ((node2word (in (them))) (str they))
-               ((node2word (in (an))) (str a)) ((node2word (in (these))) (str this)) ((node2word (in (those))) (str that))
+               ((node2word (in (an))) (str a)) ((node2word (in (these))) (str this)) ((node2word (in (those)))
+                       (str that))
                ((and (node2word (in (her))) (not (rel (str= det)))) (str she))))
         ((cat (str= Aux))
          (cond ((node2word (in ("'m" "'re" am is are was were been being isn aren wasn weren))) (str be))
@@ -35,5 +36,7 @@
                  "^[:;=8]-$" "^[:;=8]-?[)(DPp]+$" "^[.:][?]$" "^!+[.]$")
       (reg-match "^https?:[^ ]*[^]) >\"';,.!]$" "^www[.][^ ]*[^]) >\"';,.!]$" "^[A-Za-z0-9.]*[.][a-z]*-[a-z]*$")
       (reg-match "^[0-9][0-9][0-9]-$" "^[0-9][0-9][0-9]-[0-9]*$" "^[0-9][0-9][0-9]-[0-9]*-[0-9]*$")
-      (reg-match "^[Oo]'[A-Za-z]*$" "^Yahoo!$")
-      (reg-match "^([Ee]|[Nn]on|[Aa]nti|[Pp]re|[Pp]ost|[Cc]o|[Ss]emi|[Cc]ounter|[Mm]id|[Mm]ulti|[Ss]ub|[Ee]x|[Rr]e|[Uu]n|[Mm]is|[Oo]ver|[Vv]ice|[Pp]ro|[Ii]nter|[Uu]ltra|[Mm]ini|[Ee]co|[Bb]io|[Pp]seudo|[Qq]uasi|[Nn]eo|[Tt]ri|[Uu]ni|[Bb]i|[Dd]e)-[A-Za-z]*$")))
+      (reg-match "^[Oo]'[A-Za-z]*$")
+      (reg-match "^([Ee]|[Ee]x|[Ee]co|[Nn]on|[Nn]eo|[Aa]nti|[Pp]re|[Pp]ost|[Pp]ro|[Pp]seudo|[Cc]o|[Cc]ounter)-[A-Za-z]*$"
+                 "^([Ss]emi|[Ss]ub|[Mm]id|[Mm]is|[Mm]ini|[Mm]ulti|[Rr]e|[Uu]n|[Uu]ni|[Uu]ltra|[Oo]ver|[Vv]ice)-[A-Za-z]*$"
+                 "^([Ii]nter|[Bb]i|[Bb]io|[Qq]uasi|[Tt]ri|[Dd]e)-[A-Za-z]*$")))

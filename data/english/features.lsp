@@ -14,7 +14,8 @@
         ((node2word (in (he))) (str "Case=Nom|Gender=Masc|Number=Sing|Person=3|PronType=Prs"))
         ((node2word (in (she))) (str "Case=Nom|Gender=Fem|Number=Sing|Person=3|PronType=Prs"))
         ((node2word (in (him))) (str "Case=Acc|Gender=Masc|Number=Sing|Person=3|PronType=Prs"))
-        ((node2word (in (it))) (if (rel (in (obj iobj pcomp))) (str "Case=Acc|Gender=Neut|Number=Sing|Person=3|PronType=Prs")
+        ((node2word (in (it))) (if (rel (in (obj iobj pcomp))) (str
+                "Case=Acc|Gender=Neut|Number=Sing|Person=3|PronType=Prs")
                                    (str "Case=Nom|Gender=Neut|Number=Sing|Person=3|PronType=Prs")))
         ((node2word (in (they))) (str "Case=Nom|Number=Plur|Person=3|PronType=Prs"))
         ((node2word (in (them em))) (str "Case=Acc|Number=Plur|Person=3|PronType=Prs"))
@@ -52,7 +53,8 @@
         ((and (node2word (reg-match "est$")) (not (node2root (reg-match "est$")))) (str "Degree=Sup"))
         ((cat (str= Adv)) (cond ((node2word (in (how when where why))) (str "PronType=Int"))
                                 ((node2word (in (here there now then))) (str "PronType=Dem"))))
-        ((node2word (in (first second third fourth fifth sixth seventh eighth ninth tenth))) (str "Degree=Pos|NumType=Ord"))
+        ((node2word (in (first second third fourth fifth sixth seventh eighth ninth tenth))) (str
+                "Degree=Pos|NumType=Ord"))
         ((t) (str "Degree=Pos"))))
 
 (defun features-of-determiner ()
@@ -85,7 +87,8 @@
         ((t) (str "VerbForm=Fin"))))
 
 (defun has-auxiliary () (exist-child (and (cat (str= Aux)) (not (node2attvec (contain ((own inf))))))))
-(defun in-progress () (exist-child (and (cat (str= Aux)) (node2word (in (am is are was were be been "'m" "'re" "'s"))))))
+(defun in-progress () (exist-child (and (cat (str= Aux)) (node2word (in (am is are was were be been "'m" "'re"
+        "'s"))))))
 (defun commands ()
   (and (not (exist-child (rel (in (subj nsubj expl))))) (not (exist-child (rel (in (mark case))))) (not (has-auxiliary))
        (rel (in (root conj parataxis)))))

@@ -99,7 +99,8 @@
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
   ; "there is" is hardly a place, nor is "there will be"; "is there" may be one.
   (there-is (:act-on-all-matches) (lexitem (and (att (contain ((node Adv)))) (surform (in (there)))))
-    (cond ((followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform) ((vform prd en base)))))))
+    (cond ((followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform)
+            ((vform prd en base)))))))
            (add-weight (litem) (int 4)))
           ((and (preceded-by-word (pred (in (is are was were "'s")))) (int-gt (int 4) (low)))
            (add-weight (litem) (int 2)))))

@@ -84,11 +84,13 @@
          (merged-cond (no-question)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
-           (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in (all))))))
+           (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in
+                   (all))))))
      (RelA (dep-type rel) (dep-weight 1.5))
      ; the way he does it, the day they met
      (S (dep-type rel) (percolate ()) (dep-weight 3) (modifier-cond (no-gap))
-        (modifiee-cond (pitem-attvec (and (contain (+spec)) (comp (att-str-val lexitem) (in (way time day moment reason)))))))
+        (modifiee-cond (pitem-attvec (and (contain (+spec)) (comp (att-str-val lexitem) (in
+                (way time day moment reason)))))))
      (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
@@ -129,7 +131,8 @@
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+loc)) (contain (+front))))) (percolate (wh)))
      (N (dep-type measure) (modifier-cond (pitem-attvec (contain (+time)))) (percolate ()) (dep-weight 1.5)))
   ; very impressed, clean and redlined: a participle
-  (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond (pitem-add-weight 2))))
+  (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond
+          (pitem-add-weight 2))))
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))

@@ -20,7 +20,8 @@
         ((of-adjective) (if (under-noun) (if (node2word (reg-match "^[0-9].*-[a-z]*[^dg]$")) (str compound) (str amod)) (str advcl)))
         ((of-verb) (cond ((not (under-noun)) (str advcl)) ((before-parent) (str amod)) ((t) (str acl))))
         ((of-preposition) (cond ((node2word (in (ago))) (str advmod))
-                                ((not (node2word (in (up out off on in down over through)))) (if (under-noun) (str advmod) (str obl)))
+                                ((not (node2word (in (up out off on in down over through)))) (if (under-noun)
+                                        (str advmod) (str obl)))
                                 ((of-motion) (str advmod))
                                 ((t) (str compound))))
         ((cat (str= Num)) (if (under-noun) (str nummod) (str obl)))
@@ -38,11 +39,13 @@
 (defun without-clause ()
   (and (of-verb) (not (before-parent)) (not (word-before (str= ",")))
        (or (and (rel (str= purpose))
-                (comp (parent) (node2word (in (going want wants wanted need needs needed try tries tried trying help helps helped
+                (comp (parent) (node2word (in
+                        (going want wants wanted need needs needed try tries tried trying help helps helped
                                                continue continues continued like love hate determined))))
                 (exist-child (node2word (in (to)))))
            (and (rel (str= sub)) (node2word (reg-match "ing$")) (not (exist-child (rel (in (mark case)))))
-                (comp (parent) (node2root (in (start stop keep try begin continue enjoy finish quit mind anticipate avoid
+                (comp (parent) (node2root (in
+                        (start stop keep try begin continue enjoy finish quit mind anticipate avoid
                                                consider suggest recommend love like hate prefer admit deny))))))))
 
 (defun number-relation ()
@@ -70,11 +73,13 @@
         ((comp (parent) (node2word (in ("more than" "less than")))) (str fixed))
         ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str amod))
         ((comp (parent) (cat (in (Sub Comp Aux)))) (str fixed))
-        ((comp (parent) (of-verb)) (if (or (of-motion) (node2word (in (back away together ahead)))) (str advmod) (str compound)))
+        ((comp (parent) (of-verb)) (if (or (of-motion) (node2word (in (back away together ahead)))) (str advmod)
+                (str compound)))
         ((comp (parent) (cat (str= Adv)))
          (cond ((node2word (in (in of on at by for to with from as than about))) (str case))
                ((node2word (in (the a an all no any))) (str det))
-               ((comp (parent) (node2word (reg-match "^(right|over|up|down|out) (now|away|here|there)$" "^so (far|much|many)$")))
+               ((comp (parent) (node2word (reg-match "^(right|over|up|down|out) (now|away|here|there)$"
+                       "^so (far|much|many)$")))
                 (str advmod))
                ((t) (str fixed))))
         ((node2word (in (a an the no each every))) (str det))

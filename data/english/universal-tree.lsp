@@ -27,7 +27,8 @@
       :comments "There is a problem: `be` is the predicate, the noun its subject."
       (tree noun (t) (node there (and (rel (str= subj)) (is-there))) (node be (rel (str= cop))))
       (prog (set-rel (get-val there) (str expl))
-            (match (all-children (prog (if (or (not (or (rel (in (det predet num gen mod amod nn lex-mod rel vrel conj appo case
+            (match (all-children (prog (if (or (not (or (rel (in
+                    (det predet num gen mod amod nn lex-mod rel vrel conj appo case
                                                                  comp acl nmod)))
                                                         (eq (ident) (get-val be))))
                                                (and (rel (str= mod)) (before-parent)
@@ -80,7 +81,8 @@
   (up :name told-him-alone
       :comments "Don't tell him, please notify the sender: what is said may stay away."
       (tree (and (is-verb) (node2root (in (tell notify instruct assure remind))))
-            (node hearer (and (rel (str= obj)) (cat) (not (node2word (in (it that this truth story stories lie lies time tale
+            (node hearer (and (rel (str= obj)) (cat) (not (node2word (in
+                    (it that this truth story stories lie lies time tale
                                                                     difference thing things joke what)))))))
       (set-rel (get-val hearer) (str iobj)))
 
@@ -106,7 +108,8 @@
   (up :name place-name
       :comments "San Francisco, Palo Alto: foreign names of places hang on their first part."
       (tree last (is-proper) (node first (and (rel (str= lex-mod)) (before-parent)
-                                              (node2word (in (san santa los las el la palo rio costa buenos puerto sao saint
+                                              (node2word (in
+                                                      (san santa los las el la palo rio costa buenos puerto sao saint
                                                               tel abu ras sri kuala hong))))))
       (prog (set-rel (get-val first) (match (rel)))
             (set-rel (match) (str flat))
@@ -148,7 +151,8 @@
 
   (up :name he-said
       :comments "I am tired, he said: what is said depends on the verb that tells so."
-      (tree quote (t) (node said (and (rel (str= report)) (node2root (in (say ask reply answer cry shout whisper explain add
+      (tree quote (t) (node said (and (rel (str= report)) (node2root (in
+              (say ask reply answer cry shout whisper explain add
                                                                      write comment tell report note warn declare announce
                                                                      remark state argue conclude insist admit claim
                                                                      suggest))))))
@@ -164,7 +168,8 @@
   (up :name just-too-good
       :comments "just too good: both belong to the adjective."
       (tree adjective (not (cat (str= Adv))) (tree (and (cat (str= Adv)) (rel (str= mod)))
-                                                   (node (and (rel (str= mod)) (node2word (in (just only simply also really)))))))
+                                                   (node (and (rel (str= mod)) (node2word (in
+                                                           (just only simply also really)))))))
       (match 1 1 (reattach-node (get-val adjective))))
 
   (up :name date-and-hour

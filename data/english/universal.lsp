@@ -93,7 +93,8 @@
        (not (exist-child (rel (in (obj iobj subj aux cop comp auxpass mark)))))))
 
 ; on the 5th, March 3rd: a day, where the 5th street has an adjective
-(defun is-date () (or (not (rel (str= num))) (exist-child (node2attvec (contain (+time)))) (comp (parent) (node2attvec (contain (+time))))))
+(defun is-date () (or (not (rel (str= num))) (exist-child (node2attvec (contain (+time)))) (comp (parent) (node2attvec
+        (contain (+time))))))
 
 (defun universal-category ()
   (cond ((cat (in (NN NB))) (cond ((is-proper) (str PROPN)) ((t) (str NOUN))))

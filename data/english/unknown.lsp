@@ -16,7 +16,8 @@
   (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
 
   ; Addresses of the web and of mail are names, files are things. Half past seven PM.
-  (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]" "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|uk|de|us)$"))
+  (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]"
+          "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|uk|de|us)$"))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
   (file (word (reg-match "^[A-Za-z0-9].*[.](pdf|doc|docx|xls|xlsx|ppt|txt|htm|html|jpg|jpeg|gif|png|zip|exe|mp3|rtf)$"))
@@ -34,7 +35,8 @@
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
   ; 12, 3.50, $5, 10:30, 1990s
-  (number (& (not-in-lexicon) (word (reg-match "^[-+$#]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$" "^(\194\163|\226\130\172)[0-9][0-9.,]*[A-Za-z]?$")))
+  (number (& (not-in-lexicon) (word (reg-match "^[-+$#]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
+          "^(\194\163|\226\130\172)[0-9][0-9.,]*[A-Za-z]?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 
   ; In a heading most words have capitals, which tell nothing.

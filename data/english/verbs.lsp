@@ -34,7 +34,8 @@
          (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
          ; all you have to do is ask
          (V (percolate ()) (modifier-cond (and (pitem-preceding-word (in (is was))) (no-gap)))
-            (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate) (pitem-add-weight 4))))
+            (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate)
+                    (pitem-add-weight 4))))
          (C (percolate (move)) (modifier-cond (marked)) (head-cond (and (to-predicate) (pitem-add-weight 1)))))
   (* :skip-word (opens)
      (P (dep-type mod) (percolate (move)) (dep-weight 0.2)
@@ -92,7 +93,8 @@
           (merged-cond (between-commas))))
   (:head (VP)
          ; if he could, so he did: the auxiliary alone
-         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't" "'t" not and but or either too so than)))
+         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
+                 "'t" not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
                               (pitem-add-weight 5)))))
