@@ -17,7 +17,7 @@
 (defun is-there () (and (cat (str= Pro)) (node2word (str= there))))
 
 ; Tops of a sentence that fell in pieces stand side by side under a node without a word.
-(defun is-top () (and (cat) (parent) (not (comp (parent) (cat)))))
+(defun is-top () (and (cat) (parent) (not (comp (parent) (or (cat) (node2word))))))
 (defun is-clause () (or (cat (reg-match "^V$|^V_")) (exist-child (rel (in (subj nsubj expl cop))))))
 (defun main-piece () (or (exist-child (is-clause)) (exist-child (cat (reg-match "^N|^A|^Pro|^P"))) (exist-child (cat))))
 

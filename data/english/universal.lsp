@@ -59,10 +59,10 @@
 
 ; at least, in general, of course: a phrase with a preposition that the lexicon has as an adverb.
 (defun is-phrase-with-preposition ()
-  (exist-child (and (rel (str= lex-mod)) (node2word (in (at in of on by for to from with after))))))
+  (exist-child (and (rel (str= lex-mod)) (node2word (in (at in of on by for to from with after as))))))
 (defun category-of-adverb ()
   (cond ((is-phrase-with-preposition)
-         (cond ((node2word (reg-match " (least|most|last|first|general|particular|short|brief|common)$")) (str ADJ))
+         (cond ((node2word (reg-match " (such|usual|least|most|last|first|general|particular|short|brief|common)$")) (str ADJ))
                ((node2word (reg-match " all$")) (str DET))
                ((node2word (reg-match " (once|now|then|there|here)$")) (str ADV))
                ((t) (str NOUN))))
