@@ -101,6 +101,7 @@ std::string Engine::load(const std::vector<std::string>& files,
                          const std::vector<std::string>& folders) {
   WorldScope here(world_);
   world_.files.only(folders);
+  world_.places.name_from(folders);
   Exec& exec = world_.interpreter;
   exec.prompt = false;
   for (const std::string& file : files) {

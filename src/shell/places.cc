@@ -25,7 +25,13 @@ std::string_view Places::file_of(Place place) const {
 
 std::string Places::text(Place place) const {
   if (!place) return {};
-  return std::string(file_of(place)) + ':' + std::to_string(place.line());
+  std::string_view name = file_of(place);
+  for (const std::string& folder : folders_)
+    if (name.size() > folder.size() && name.starts_with(folder) && name[folder.size()] == '/') {
+      name.remove_prefix(folder.size() + 1);
+      break;
+    }
+  return std::string(name) + ':' + std::to_string(place.line());
 }
 
 void Places::want_in_messages(std::ostream& out) {

@@ -38,6 +38,8 @@ class Places {
   Place begin_file(const std::string& path);
   /// The paths of the files that were read, in their order; one that was read twice stands twice.
   const std::vector<std::string>& files() const { return files_; }
+  /// From now on, files in these folders are named from there.
+  void name_from(std::vector<std::string> folders) { folders_ = std::move(folders); }
   /// "FILE:LINE"; empty for none.
   std::string text(Place place) const;
   /// The path of a place's file; empty for none.
@@ -59,7 +61,7 @@ class Places {
   PlacedMessages* messages() const { return messages_.get(); }
 
  private:
-  std::vector<std::string> files_;
+  std::vector<std::string> files_, folders_;
   std::unordered_map<const void*, Place> places_;
   std::unique_ptr<PlacedMessages> messages_;
 };
