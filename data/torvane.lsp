@@ -7,13 +7,16 @@
 
 (load english/inflection.lsp
       english/unknown.lsp
+      english/context.lsp
       english/movement.lsp
       english/rules.lsp
       english/parser.lsp
       english/categories.lsp
       english/conditions.lsp
+      english/frames.lsp
       english/nouns.lsp
       english/verbs.lsp
       english/clauses.lsp
+      english/text.lsp
       english/conjunction.lsp
       english/roots.lsp)

@@ -106,6 +106,8 @@
                          (args ((cat n) (role obj) (slash np)) ((cat n) (role pred))))))
 (alias vnb (make-av syn ((cat v) (node V_N_VB) (case acc))))   ; make him go: see verbs.lsp
 
+(alias vb (make-av syn ((cat v) (node V_VB))))                  ; go see
+
 (alias past (make-av syn ((vform past))))
 (alias en   (make-av syn ((vform en))))
 (alias ed   (make-av syn ((vform past en))))

@@ -7,6 +7,7 @@
 (def-category Sub)                                          ; when, because
 (def-category Neg)
 (def-category Intj)                                         ; yes, please, lol
+(def-category ItIs (visible-atts (vform)))                  ; its, im, thats
 (def-category Gen)                                          ; 's
 (def-category RelPro)                                       ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))
@@ -32,12 +33,16 @@
 (def-category V (visible-atts (lexitem vform agr move)))
 (def-category V_N_P (visible-atts (lexitem vform agr move)))
 (def-category V_N_VB (visible-atts (lexitem vform agr move)))
+(def-category V_VB (visible-atts (lexitem vform agr move)))
 (def-category VP (visible-atts (lexitem vform agr move)))
 (def-category VG (visible-atts (lexitem vform agr move)))
 (def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready
 (def-category S (visible-atts (lexitem move wh)))           ; she reads
+(def-category RunIn (visible-atts (lexitem)))               ; its ready
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
 (def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book
+(def-category Inv (visible-atts (lexitem)))                 ; on the hill stood a house
+(def-category Tag (visible-atts (lexitem)))                 ; didn't you
 (def-category CP (visible-atts (lexitem wh marked)))        ; what it is
 (def-category Imp (visible-atts (lexitem)))                 ; read!
 (def-category Rep (visible-atts (lexitem)))                 ; said she
@@ -45,9 +50,15 @@
 (def-category WhI (visible-atts (lexitem move)))            ; how to read
 (def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
 (def-category SubC (visible-atts (lexitem)))                ; when she reads
+(def-category PSub)                                         ; a preposition before a clause
+(def-category PC (visible-atts (lexitem)))                  ; about what she reads
 (def-category RelS (visible-atts (lexitem)))                ; who reads
 (def-category RelO (visible-atts (lexitem move marked)))    ; that she reads __
 (def-category RelA (visible-atts (lexitem)))                ; where she reads
+
+; Pieces that are joined by nothing better, see text.lsp.
+(def-category Text (visible-atts ()))
+(def-category Joined (visible-atts (lexitem)))
 
 ; What may stand between a verb and its argument: he told me yesterday that ... The parser knows this node
 ; by its name; such a guest costs 10.

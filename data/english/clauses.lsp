@@ -9,19 +9,41 @@
 (defun called ()
   (and (pitem-attvec (contain (+proper))) (pitem-following-word (str= ","))))
 
+; What stands before the subject stands at the start of its clause: behind a sign, a conjunction, what introduces a
+; clause.
+(defun clause-start ()
+  (or (not (int-gt (pitem-low) (int 2)))
+      (pitem-preceding-word
+        (in ("," ";" ":" "-" "--" "..." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
+                "'" and but or so yet nor plus then that if
+             because bc cause cos cuz since when while whereas although though until unless whether as after before once where
+             why how what who which than said say says think thinks thought know knows knew believe believes hope guess
+             feel felt wish sure okay ok yes no well oh hi hello hey lol please also however therefore thus now today
+             yesterday again)))))
+
+; ..., folks.
+(defun called-last ()
+  (and (pitem-preceding-word (str= ","))
+       (pitem-attvec (comp (att-str-val lexitem) (in
+               (folk guy man sir madam dear friend dude buddy everyone all people boy girl lady
+                                                      gentleman mate honey baby))))))
+
 ; she reads
 (def-modifiers S
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (no-gap)))
-     (Adv (dep-type mod) (percolate ()))
-     (Intj (dep-type discourse) (percolate ()))
-     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+time)))))
-     (SubC (dep-type sub))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (no-gap))))
-     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (before-comma)))
-     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (participial)))))
+     (P (dep-type mod) (percolate ()) (dep-weight 1.2) (modifier-cond (and (clause-start) (no-gap))))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (not (wh))))
+     (Intj (dep-type discourse) (percolate ()) (dep-weight 0.8))
+     (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time)))
+             (clause-start))))
+     (SubC (dep-type sub) (modifier-cond (clause-start)))
+     (Q (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
+     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
+     (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
+     (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start)
+             (participial)))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
    (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
    (C (dep-type subj) (percolate ()) (dep-weight 9) (modifier-cond (and (marked) (no-gap))))
@@ -29,18 +51,52 @@
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
    (A (dep-type pred) (percolate (wh)) (dep-weight 2) (modifier-cond (wh))))
   (:head (VF))
-  ; "I am tired," he said. "So am I," said she.
+  ; "I am tired," he said. "So am I," said she. That is right, folks.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
+     (Tag (dep-type parataxis) (percolate ()) (dep-weight 0.5))
+     (N (dep-type voc) (percolate ()) (dep-weight 0.5) (modifier-cond (called-last)))
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
+
+; its ready, im going: subject and auxiliary that are written as one
+(def-modifiers RunIn
+  (* :skip-word (str= ",")
+     (Conn (dep-type conn))
+     (Adv (dep-type mod) (percolate ()))
+     (Intj (dep-type discourse) (percolate ())))
+  ((ItIs (dep-type subj) (percolate (vform))))
+  (:head (VG (percolate (vform)) (head-cond (no-gap)))))
+(def-subclass S (RunIn (dep-weight 2)))
+
+; On the hill stood a house. Now comes the best part.
+(def-modifiers Inv
+  ((P (dep-type mod) (percolate ()) (modifier-cond (and (no-gap) (clause-start))))
+   (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (here there now then first next))))))
+  (:head (V (percolate ())
+            (modifier-cond (pitem-head-word (in
+                    (stood stands lay lies sat sits came comes come went goes hung hangs lived lives
+                                                 began begins followed follows arose appeared appears rose))))
+            (head-cond (and (finite) (no-gap)))))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (not-pro))))))
+(def-subclass S (Inv (dep-weight 1.5)))
+
+; ..., didn't you
+(def-modifiers Tag
+  (:head (Aux (percolate ()) (modifier-cond (pitem-attvec (contain ((own fin)))))))
+  (? (Neg (dep-type neg)))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (pitem-attvec (contain (+pro)))
+                                                         (pitem-followed-by-or-end-with-word (in ("?" "." "!"))))))))
 
 ; said she, she said: only around what is said.
 (def-modifiers Rep
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
   (:head (VG (head-cond (and (finite)
-                             (pitem-head-word (in (said says know think believe suppose guess asked replied answered
-                                                   cried shouted whispered thought explained added wrote)))))))
+                             (pitem-head-word (in (said says know think believe suppose guess asked asks replied replies
+                                                   answered cried shouted whispered thought explained explains added
+                                                   adds wrote writes commented told reported reports noted notes warned
+                                                   warns declared announced remarked stated argued concluded continued
+                                                   insisted admitted claimed suggested)))))))
   (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
 
 ; does she read, what does she read
@@ -48,10 +104,10 @@
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
+     (P (dep-type mod) (percolate ()) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
-     (SubC (dep-type sub)))
+     (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (N (dep-type wh) (percolate (wh)) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
      (Adv (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
      (A (dep-type wh) (percolate (wh)) (modifier-cond (wh)))
@@ -74,6 +130,7 @@
   (:head (N (head-cond (and (wh) (pitem-add-weight -2))))
          (A (head-cond (wh)))
          (Adv (head-cond (or (wh) (fronted-place))))
+         (P (percolate ()) (head-cond (and (not (int-gt (pitem-low) (int 2))) (no-gap) (pitem-add-weight 1.5))))
          (V (head-cond (and (not (int-gt (pitem-low) (int 2))) (pitem-attvec (contain ((vform pass))))))))
   ((Aux (dep-type aux) (percolate ()) (modifier-cond (finite-be))))
   (? (Neg (dep-type neg)))
@@ -95,19 +152,26 @@
      (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))))
 
+; A command begins its clause, but for what may stand before it.
+(defun imperative-start ()
+  (or (clause-start)
+      (pitem-preceding-word (in (not "n't" "'t" do just only never always first next ps attached enclosed)))
+      (pitem-preceding-word (reg-match "ly$"))))
+
 ; read!
 (def-modifiers Imp
   (* :skip-word (str= ",")
      (N (dep-type voc) (percolate ()) (dep-weight 5) (modifier-cond (called)))
      (Conn (dep-type conn) (modifier-cond (not (int-gt (pitem-low) (int 3)))))
-     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
+     (P (dep-type mod) (percolate ()) (modifier-cond (and (clause-start) (no-gap))))
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
-     (SubC (dep-type sub)))
+     (V (dep-type sub) (percolate ()) (modifier-cond (and (pitem-head-word (in (attached enclosed))) (no-gap))))
+     (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
   (? (Neg (dep-type neg)))
-  (:head (VG (head-cond (pitem-attvec (unify ((vform base)))))))
+  (:head (VG (head-cond (and (imperative-start) (pitem-attvec (unify ((vform base))))))))
   (? :skip-word (in ("," "!")) (Rep (dep-type report) (dep-weight 2))))
 
 ; to read, for her to read
@@ -142,6 +206,11 @@
          (VG (head-cond (participial)))
          (A (percolate ()) (head-cond (pitem-add-weight 2)))
          (P (percolate ()) (modifier-cond (no-gap)) (head-cond (pitem-add-weight 2)))))
+
+; about what she reads, on how to read
+(def-modifiers PC
+  ((PSub (dep-type mark) (percolate ())))
+  (:head (C (percolate ()) (head-cond (and (marked) (no-gap))))))
 
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS

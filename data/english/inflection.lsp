@@ -5,7 +5,17 @@
 (defun verb () (att (and (contain ((cat v))) (not (defined (vform))))))
 (defun adjective () (att (and (contain ((cat a))) (not (defined (node))))))
 
+; Words behind which a verb is due.
+(defun before-plain-verb ()
+  (in (to i you we they who that "n't" not will would can could should may might must do please lets "'ll" "'d" and)))
+(defun before-third-person () (in (he she it who that which)))
+
 (def-rules english-rules
+  ; person... and ...maybe: full stops that stand at a word are no part of it.
+  (full-stops (& (not-in-lexicon) (word (reg-match "^[A-Za-z][A-Za-z]*[.][.]+$" "^[.][.]+[A-Za-z]*$")))
+    (look-up (low) (high) (comp (matching-word) (reg-sub "[.][.]+" ""))))
+  (quoted (& (not-in-lexicon) (word (reg-match "^'[A-Za-z]")))
+    (look-up (low) (high) (comp (matching-word) (reg-sub "^'" ""))))
   (s-noun (:act-on-all-matches) (lexitem (and (ending s) (noun) (att (not (defined (agr))))))
     (comp (litem) (att (modify (-count (agr p3))))))
   (s-verb (:act-on-all-matches) (lexitem (and (ending s) (verb)))
@@ -50,11 +60,12 @@
   (irregular (:act-on-all-matches) (lexitem (att (defined (lemma))))
     (set-lexitem-root (litem) (comp (litem) (att (att-str-val lemma)))))
 
-  ; A verb may serve as a noun and a noun as a verb, at a price.
+  ; A verb may serve as a noun and, where a verb is due, a noun as a verb, at a price.
   (verb-as-noun (:act-on-all-matches)
     (lexitem (and (ending bare) (att (contain ((cat v) (vform base)))) (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (or (contain ((cat n))) (contain ((cat i))) (contain ((cat p))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (noun sg)))) (int 4))))
+    (if (not (preceded-by-word (pred (before-plain-verb))))
+        (assert (add-weight (make-lexitem (low) (high) (avm (avm (noun sg)))) (int 4)))))
   (verb-as-nouns (:act-on-all-matches)
     (lexitem (and (ending s) (att (contain ((cat v) (vform pres)))) (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (or (contain ((cat n))) (contain ((cat i))))))))
@@ -63,11 +74,13 @@
     (lexitem (and (ending bare) (att (and (contain ((cat n) (node NN) (agr s3))) (not (contain (+proper)))))
                   (int-eq (lexitem-length) (int 1))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 20))))
+    (if (or (int-eq (low) (int 1)) (preceded-by-word (pred (before-plain-verb))))
+        (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo non3 (vform base pres))))) (int 20)))))
   (nouns-as-verb (:act-on-all-matches)
     (lexitem (and (ending s) (att (contain ((node NN) (agr p3))))
                   (no-alternative (att (not (contain ((cat n))))))))
-    (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 20))))
+    (if (preceded-by-word (pred (before-third-person)))
+        (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo sg (vform pres))))) (int 20)))))
 
   ; "that he ..." is hardly a determiner.
   (that-he (:act-on-all-matches)
@@ -84,10 +97,18 @@
   (us (word (in :case-sensitive (US)))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
-  ; "there is" is hardly a place.
+  ; "there is" is hardly a place, nor is "there will be"; "is there" may be one.
   (there-is (:act-on-all-matches) (lexitem (and (att (contain ((node Adv)))) (surform (in (there)))))
-    (if (followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform) ((vform prd)))))))
-        (add-weight (litem) (int 4))))
+    (cond ((followed-by (pred (att (and (contain ((node Aux) (own fin))) (strict-unifiable (vform)
+            ((vform prd en base)))))))
+           (add-weight (litem) (int 4)))
+          ((and (preceded-by-word (pred (in (is are was were "'s")))) (int-gt (int 4) (low)))
+           (add-weight (litem) (int 2)))))
+
+  ; as soon as, as much as: the first one is an adverb.
+  (as-soon-as (seq (word (in (as))) (lexitem (att (or (contain ((node Adv))) (contain ((cat a))) (contain ((cat d))))))
+                   (word (in (as))))
+    (delete-if (low) (low) (pred (att (or (contain ((cat p))) (contain ((node Sub))))))))
   ; "to" before what may be a verb is hardly a preposition.
   (to-verb (:act-on-all-matches) (lexitem (and (att (contain ((cat p) (pform to)))) (surform (in (to)))))
     (if (followed-by (pred (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))

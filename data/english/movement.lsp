@@ -1,5 +1,7 @@
 ; Readings that lack their object, because it stands elsewhere in the sentence.
 
+(defun att-of-verb () (comp (litem) (att (contain ((cat v))))))
+
 (def-rules english-rules
   ; The passive: the object is the subject now. `sent` also means `sent` by someone.
   (passive (:act-on-all-matches) (lexitem (att (and (contain ((cat v) +tr)) (strict-unifiable (vform) ((vform en))))))
@@ -14,7 +16,11 @@
 
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
+  ; Where a noun phrase follows there is none; behind a preposition nothing but one follows otherwise.
   (gap (:act-on-all-matches) (lexitem (att (contain (+tr))))
-    (assert (comp (duplicate-lexitem (litem))
-                  (when (ident)
-                        (att (prog (move-att args move) (modify (-tr)))))))))
+    (if (and (not (followed-by-word (pred (starts-noun-phrase))))
+             (or (att-of-verb) (not (followed-by (pred (t))))
+                 (followed-by (pred (att (not (or (contain ((cat n))) (contain ((cat d))) (contain ((node Num))))))))))
+        (assert (comp (duplicate-lexitem (litem))
+                      (when (ident)
+                            (att (prog (move-att args move) (modify (-tr))))))))))

@@ -14,7 +14,6 @@
 (def-modifiers NB
   (* :skip-word (str= ",")
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
-     (V (dep-type mod) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (percolate ()) (dep-weight 3))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5) (modifier-cond (not (pitem-following-word (str= ","))))
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
                           (pitem-add-weight 1.5)
@@ -31,11 +30,19 @@
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
-  (* (Num (dep-type num) (percolate (agr spec counted)) (modifiee-cond (not-pro))))
+  ; three, the last few, the first two
+  (* (Num (dep-type num) (percolate (agr spec counted)) (modifiee-cond (not-pro)))
+     (A (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (last next past first second other same final
+                                                                           following previous remaining top only))))
+        (modifiee-cond (pitem-attvec (contain (+counted))))))
   (:head (NB)
          (Pro)
          ; the rich, the same: an adjective that has a determiner (see `determined`)
-         (A (head-cond (and (pitem-attvec (modify (-pro +part))) (pitem-add-weight 5))))
+         (A (head-cond (and (pitem-attvec (modify (-pro +part)))
+                            (if (pitem-head-word (in (best worst same latest other least former latter following first
+                                                      last next poor rich elderly dead unemployed)))
+                                (pitem-add-weight 3)
+                                (pitem-add-weight 5)))))
          ; two of them, some of them: dearer than two books, some books
          (Num (head-cond (and (pitem-attvec (modify (+pro +part))) (pitem-add-weight 1.5))))
          (Det (head-cond (and (pitem-attvec (contain (+alone))) (pitem-attvec (modify (+pro +part)))
@@ -51,6 +58,7 @@
 ; What a preposition behind a noun costs, so that it goes to the verb where that is likelier.
 (defun noun-or-verb ()
   (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (t))
+        ((noun-has-frame) (pitem-add-weight -1))
         ((pitem-attvec (contain (+part))) (pitem-add-weight 3))
         ((pitem-modifier (pitem-attvec (or (contain (+verbal)) (contain (+time))))) (pitem-add-weight 2.5))
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
@@ -59,6 +67,9 @@
 ; Not: yesterday that ..., them who ...
 (defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
 
+(defun free () (and (pitem-attvec (contain (+pro +wh))) (pitem-head-word (in (what whatever whoever)))))
+(defun no-question () (pitem-attvec (undefine (wh))))
+
 (def-modifiers N
   (? (Neg (dep-type neg) (dep-weight 4)))
   (? (Adv (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (pitem-attvec (contain (+focus))))))
@@ -66,10 +77,21 @@
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
+     ; what he wants, whatever happens, as noun phrases
+     (S (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 3.5) (modifier-cond (with-gap))
+        (modifiee-cond (free)) (merged-cond (no-question)))
+     (VF (dep-type rel) (percolate ()) (dep-weight 3.5) (modifier-cond (no-gap)) (modifiee-cond (free))
+         (merged-cond (no-question)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (modifier-cond (marked)) (modifiee-cond (relatable)))
      (RelO (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 4) (modifier-cond (not (marked)))
-           (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some))))))
+           (modifiee-cond (or (pitem-attvec (or (not (contain (+pro))) (contain (+some)))) (pitem-head-word (in
+                   (all))))))
      (RelA (dep-type rel) (dep-weight 1.5))
+     ; the way he does it, the day they met
+     (S (dep-type rel) (percolate ()) (dep-weight 3) (modifier-cond (no-gap))
+        (modifiee-cond (pitem-attvec (and (contain (+spec)) (comp (att-str-val lexitem) (in
+                (way time day moment reason)))))))
+     (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
      (I (dep-type comp) (percolate ())
@@ -95,7 +117,7 @@
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
 (def-modifiers Ger
-  (? (NPoss (dep-type gen)) (Det (dep-type det) (percolate ())))
+  (? (NPoss (dep-type gen)) (Det (dep-type det) (percolate ()) (dep-weight 3)))
   (:head (VG (head-cond (pitem-attvec (and (strict-unifiable (vform) ((vform ing)))
                                            (undefine (vform agr))
                                            (unify ((agr s3)))))))))
@@ -108,10 +130,13 @@
   (? (Neg (dep-type neg) (dep-weight 3)))
   (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+loc)) (contain (+front))))) (percolate (wh)))
      (N (dep-type measure) (modifier-cond (pitem-attvec (contain (+time)))) (percolate ()) (dep-weight 1.5)))
-  (:head)
+  ; very impressed, clean and redlined: a participle
+  (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond
+          (pitem-add-weight 2))))
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
      (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (PC (dep-type sub) (percolate ()) (merged-cond (heavy)))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))
 
 (def-modifiers Adv
@@ -121,6 +146,7 @@
         (modifiee-cond (pitem-attvec (contain (+loc)))))))
 
 (def-modifiers P
-  (? (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
+  (? (Neg (dep-type neg) (dep-weight 3))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
           (dep-weight 1.5)))
   (:head))

@@ -200,3 +200,7 @@
 (wipe out (avm (vo)))
 (work out (avm (vo)))
 (write down (avm (vo)))
+(as such (avm (adv)))
+(walking distance (avm (mass)))
+(best regards (avm (plural)))
+(kind regards (avm (plural)))

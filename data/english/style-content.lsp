@@ -16,22 +16,43 @@
                                  (str compound))
                                 ((t) (str advmod))))
         ((exist-child (rel (str= case))) (if (under-noun) (str nmod) (str obl)))
+        ((node2word (in (else))) (str advmod))
         ((of-adjective) (if (under-noun) (if (node2word (reg-match "^[0-9].*-[a-z]*[^dg]$")) (str compound) (str amod)) (str advcl)))
         ((of-verb) (cond ((not (under-noun)) (str advcl)) ((before-parent) (str amod)) ((t) (str acl))))
-        ((of-preposition) (if (node2word (in (up out off on in down over))) (str compound) (str advmod)))
+        ((of-preposition) (cond ((node2word (in (ago))) (str advmod))
+                                ((not (node2word (in (up out off on in down over through)))) (if (under-noun)
+                                        (str advmod) (str obl)))
+                                ((of-motion) (str advmod))
+                                ((t) (str compound))))
         ((cat (str= Num)) (if (under-noun) (str nummod) (str obl)))
         ((of-noun) (if (under-noun) (str nmod) (str obl)))
+        ((cat (str= Aux)) (str advcl))
         ((t) (str dep))))
 
 ; Behind a verb or an adjective: a clause that has its subject, or one that has not.
 (defun clause-relation ()
-  (cond ((not (of-verb)) (if (exist-child (rel (in (cop subj)))) (str ccomp) (str xcomp)))
+  (cond ((not (of-verb)) (if (exist-child (rel (in (subj nsubj expl)))) (str ccomp) (str xcomp)))
         ((exist-child (rel (in (subj expl csubj)))) (str ccomp))
         ((t) (str xcomp))))
 
+; start cleaning, going to stay: no free adjunct of such a verb.
+(defun without-clause ()
+  (and (of-verb) (not (before-parent)) (not (word-before (str= ",")))
+       (or (and (rel (str= purpose))
+                (comp (parent) (node2word (in
+                        (going want wants wanted need needs needed try tries tried trying help helps helped
+                                               continue continues continued like love hate determined))))
+                (exist-child (node2word (in (to)))))
+           (and (rel (str= sub)) (node2word (reg-match "ing$")) (not (exist-child (rel (in (mark case)))))
+                (comp (parent) (node2root (in
+                        (start stop keep try begin continue enjoy finish quit mind anticipate avoid
+                                               consider suggest recommend love like hate prefer admit deny))))))))
+
 (defun number-relation ()
   (cond ((not (under-noun)) (str obl))
+        ((and (not (before-parent)) (node2word (reg-match "^(19|20)[0-9][0-9]$"))) (str nmod))
         ((comp (parent) (cat (str= Num))) (str compound))
+        ((or (quantity) (and (before-parent) (node2word (reg-match "^[0-9]+(st|nd|rd|th)$")))) (str amod))
         ((node2word (reg-match "^(19|20)[0-9][0-9]$")) (if (before-parent) (str compound) (str nmod)))
         ((before-parent) (str nummod))
         ((comp (parent) (node2attvec (contain (+time)))) (str nummod))
@@ -45,18 +66,26 @@
 
 ; A part of a word that the lexicon writes apart.
 (defun part-relation ()
-  (cond ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
+  (cond ((node2word (in ("&"))) (str cc))
+        ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
         ((comp (parent) (of-preposition)) (str fixed))
         ((node2word (reg-match "^[0-9]+$")) (str nummod))
+        ((comp (parent) (node2word (in ("more than" "less than")))) (str fixed))
+        ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str amod))
         ((comp (parent) (cat (in (Sub Comp Aux)))) (str fixed))
-        ((comp (parent) (of-verb)) (if (node2word (in (back away together))) (str advmod) (str compound)))
+        ((comp (parent) (of-verb)) (if (or (of-motion) (node2word (in (back away together ahead)))) (str advmod)
+                (str compound)))
         ((comp (parent) (cat (str= Adv)))
          (cond ((node2word (in (in of on at by for to with from as than about))) (str case))
                ((node2word (in (the a an all no any))) (str det))
+               ((comp (parent) (node2word (reg-match "^(right|over|up|down|out) (now|away|here|there)$"
+                       "^so (far|much|many)$")))
+                (str advmod))
                ((t) (str fixed))))
         ((node2word (in (a an the no each every))) (str det))
-        ((node2word (in (new united south north east west great old big long short last least first prime real same
-                         good other early late high many much more most less such due next central fast far)))
+        ((node2word (in (best kind new united south north east west great old big long short last least first prime real same
+                         good other early late high many much more most less such due next central fast far full half double
+                         low dual)))
          (str amod))
         ((t) (str compound))))
 
@@ -78,7 +107,7 @@
         ((rel (str= num)) (number-relation))
         ((rel (str= appo)) (str appos))
         ((rel (str= comp)) (if (under-noun) (str acl) (clause-relation)))
-        ((rel (in (sub purpose))) (str advcl))
+        ((rel (in (sub purpose))) (if (without-clause) (str xcomp) (str advcl)))
         ((rel (in (rel vrel)))
          (cond ((under-noun) (str acl)) ((cat (str= Adv)) (str advmod)) ((t) (str obj))))
         ((rel (str= wh)) (cond ((cat (str= Adv)) (str advmod)) ((t) (str obj))))

@@ -25,16 +25,22 @@
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
 (defun category-of-part ()
   (cond ((and (node2word (in (as))) (exist-child (rel (str= fixed)))) (str ADV))
+        ((and (node2word (in (more less))) (exist-child (rel (str= fixed)))) (str ADJ))
+        ((and (comp (parent) (of-verb)) (of-motion)) (str ADV))
+        ((and (node2word (in (over up down out))) (comp (parent) (node2word (reg-match " t?here$")))) (str ADV))
         ((node2word (in (in of on at by for to with from as than about up off out down over like into per until)))
          (str ADP))
         ((node2word (in (the a an this that no all any some each))) (str DET))
+        ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str ADJ))
         ((node2word (in (new united south north east west great old big long short last least first prime real same
                          good other early late high many much more most less such due next central fast far)))
          (str ADJ))
-        ((node2word (in (back away apart together forward ahead aside long soon ever even so well there here now then
+        ((node2word (in (back right away apart together forward ahead aside long soon ever even so well there here now then
                          still just very))) (str ADV))
         ((node2word (in (and or but))) (str CCONJ))
         ((node2word (in (because if though although that))) (str SCONJ))
+        ((node2word (in ("&"))) (str CCONJ))
+        ((exist-child (rel (str= flat))) (str PROPN))
         ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str PUNCT))
         ((comp (parent) (is-proper)) (str PROPN))
         ((comp (parent) (cat (str= Num))) (str NUM))
@@ -53,13 +59,14 @@
 
 ; at least, in general, of course: a phrase with a preposition that the lexicon has as an adverb.
 (defun is-phrase-with-preposition ()
-  (exist-child (and (rel (str= lex-mod)) (node2word (in (at in of on by for to from with after))))))
+  (exist-child (and (rel (str= lex-mod)) (node2word (in (at in of on by for to from with after as))))))
 (defun category-of-adverb ()
   (cond ((is-phrase-with-preposition)
-         (cond ((node2word (reg-match " (least|most|last|first|general|particular|short|brief|common)$")) (str ADJ))
+         (cond ((node2word (reg-match " (such|usual|least|most|last|first|general|particular|short|brief|common)$")) (str ADJ))
                ((node2word (reg-match " all$")) (str DET))
                ((node2word (reg-match " (once|now|then|there|here)$")) (str ADV))
                ((t) (str NOUN))))
+        ((and (rel (str= fixed)) (node2word (reg-match "than$"))) (str ADP))
         ((interjection) (if (node2word (in (well no))) (if (rel (str= discourse)) (str INTJ) (str ADV)) (str INTJ)))
         ((and (rel (str= mod)) (particle) (comp (parent) (of-verb)) (not (of-motion))) (str ADP))
         ((node2word (in (up off))) (str ADP))
@@ -70,7 +77,9 @@
 
 ; text-based, 15-year, sky-high: what a compound with a hyphen is, its last part tells.
 (defun category-of-compound ()
-  (cond ((not (node2word (reg-match "-"))) (str ADJ))
+  (cond ((node2word (in (else))) (str ADV))
+        ((node2word (in (following))) (str VERB))
+        ((not (node2word (reg-match "-"))) (str ADJ))
         ((node2word (reg-match "(ed|ing)$")) (str VERB))
         ((node2word (reg-match "(known|ive|al|ous|ful|able|ible|ic|less|free|friendly|high|long|old|wide|ly|time)$")) (str ADJ))
         ((t) (str NOUN))))
@@ -78,11 +87,20 @@
 ; There is a problem: `be` itself is the predicate.
 (defun is-main-be () (exist-child (rel (str= expl))))
 
+; the meeting, our hiring: a gerund with a determiner and without an object is a noun.
+(defun is-action ()
+  (and (node2word (reg-match "ing$")) (exist-child (rel (in (det gen))))
+       (not (exist-child (rel (in (obj iobj subj aux cop comp auxpass mark)))))))
+
+; on the 5th, March 3rd: a day, where the 5th street has an adjective
+(defun is-date () (or (not (rel (str= num))) (exist-child (node2attvec (contain (+time)))) (comp (parent) (node2attvec
+        (contain (+time))))))
+
 (defun universal-category ()
   (cond ((cat (in (NN NB))) (cond ((is-proper) (str PROPN)) ((t) (str NOUN))))
         ((of-preposition) (cond ((rel (str= mark)) (str SCONJ)) ((node2word (in (ago))) (str ADV)) ((t) (str ADP))))
         ((cat (str= Det)) (category-of-determiner))
-        ((of-verb) (str VERB))
+        ((of-verb) (if (is-action) (str NOUN) (str VERB)))
         ((and (cat (str= Pro)) (node2word (in (one))) (exist-child (exist-child (rel (str= case))))) (str NUM))
         ((cat (in (Pro RelPro)))
          (if (node2word (in (today tomorrow yesterday tonight lot lots plenty number couple "a lot"))) (str NOUN) (str PRON)))
@@ -91,29 +109,21 @@
                                 ((t) (str AUX))))
         ((of-adjective) (category-of-compound))
         ((cat (str= Adv)) (category-of-adverb))
-        ((cat (str= Num)) (str NUM))
+        ((cat (str= Num)) (cond ((quantity) (str ADJ))
+                                ((node2word (reg-match "^[0-9]+(st|nd|rd|th)$")) (if (is-date) (str NOUN) (str ADJ)))
+                                ((t) (str NUM))))
         ((cat (str= Intj)) (str INTJ))
         ((cat (str= Conn)) (str CCONJ))
-        ((cat (in (Comp Sub))) (category-of-mark))
+        ((cat (in (Comp Sub PSub))) (category-of-mark))
+        ((cat (str= ItIs)) (str PRON))
         ((cat (in (Neg Gen))) (str PART))
         ((cat) (str X))
         ((t) (category-of-part))))
 
-(defun universal-features ()
-  (cond ((cat (in (NN NB)))
-         (cond ((node2attvec (strict-unifiable (agr) ((agr p3)))) (str "Number=Plur"))
-               ((node2attvec (strict-unifiable (agr) ((agr s3)))) (str "Number=Sing"))))
-        ((of-verb)
-         (cond ((node2attvec (strict-unifiable (vform) ((vform inf)))) (str "VerbForm=Inf"))
-               ((node2attvec (strict-unifiable (vform) ((vform ing)))) (str "VerbForm=Ger"))
-               ((and (node2attvec (strict-unifiable (vform) ((vform past)))) (not (exist-child (cat (str= Aux)))))
-                (str "Tense=Past|VerbForm=Fin"))
-               ((node2attvec (strict-unifiable (vform) ((vform en)))) (str "VerbForm=Part"))
-               ((node2attvec (strict-unifiable (vform) ((vform pres)))) (str "Tense=Pres|VerbForm=Fin"))))))
-
 ; Words that no tree took.
 (defun outside-category ()
-  (cond ((reg-match "^[$%#+=<>/*]$") (str SYM))
+  (cond ((in ("&")) (str CCONJ))
+        ((reg-match "^[$%#+=<>/*]$") (str SYM))
         ((reg-match "^[:;=8][-o']?[)(DPp|]+$") (str SYM))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str PUNCT))
         ((in (and or but nor "&" yet plus)) (str CCONJ))
@@ -132,7 +142,8 @@
         ((reg-match "^[A-Z]") (str PROPN))
         ((t) (str NOUN))))
 (defun outside-relation ()
-  (cond ((reg-match "^[$%#+=<>]$") (str dep))
+  (cond ((in ("&")) (str cc))
+        ((reg-match "^[$%#+=<>]$") (str dep))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str punct))
         ((in (and or but nor "&" yet plus)) (str cc))
         ((in (hello hi yes no please thanks oh wow hey okay ok well lol)) (str discourse))

@@ -16,21 +16,27 @@
   (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
 
   ; Addresses of the web and of mail are names, files are things. Half past seven PM.
-  (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]" "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|htm|html|uk|de|us)$"))
+  (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]"
+          "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|uk|de|us)$"))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
-  (file (word (reg-match "^[A-Za-z0-9].*[.](pdf|doc|docx|xls|xlsx|ppt|txt|jpg|jpeg|gif|png|zip|exe|mp3|rtf)$"))
+  (file (word (reg-match "^[A-Za-z0-9].*[.](pdf|doc|docx|xls|xlsx|ppt|txt|htm|html|jpg|jpeg|gif|png|zip|exe|mp3|rtf)$"))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))))
   (half-day (seq (word (reg-match "^[0-9][0-9:.]*$")) (word (in (am pm a.m. p.m. am. pm.))))
     (prog (delete-if (high) (high) (pred (t)))
           (assert (make-lexitem (high) (high) (avm (avm (mass -proper +time)))))))
 
+  ; sooo, veryyy
+  (emphatic (& (not-in-lexicon) (word (reg-match "^[Ss][Oo][Oo]+$" "^[Vv][Ee][Rr][Yy][Yy]+$")))
+    (assert (make-lexitem (low) (high) (avm (avm (adv +deg))))))
+
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
   ; 12, 3.50, $5, 10:30, 1990s
-  (number (& (not-in-lexicon) (word (reg-match "^[$]?[0-9][0-9.,:/]*(th|st|nd|rd|s|m|km|kg|%|am|pm)?$")))
+  (number (& (not-in-lexicon) (word (reg-match "^[-+$#]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
+          "^(\194\163|\226\130\172)[0-9][0-9.,]*[A-Za-z]?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 
   ; In a heading most words have capitals, which tell nothing.
@@ -39,6 +45,19 @@
               (exist-word " " (and (reg-match "^[a-z][a-z]")
                                    (not (in (of the and in for to an on at by with or from as is de la)))))) (comp (analyzer) (set-mixed-case 1)) (comp (analyzer) (set-mixed-case 0))))
 
+  ; al-Sadr, el Barak
+  (arab-name (seq (word (in :case-sensitive (al el ul bin ibn Al El Bin))) (? -) (word (reg-match "^[A-Z]")))
+    (prog (delete-if (high) (high) (pred (t)))
+          (delete-if (low) (low) (pred (t)))
+          (assert (make-lexitem (low) (low) (avm (avm (person sg)))))
+          (assert (make-lexitem (high) (high) (avm (avm (person sg)))))))
+  ; President Bush, Park Avenue: at the start of a sentence two capitals make a name.
+  (first-name (seq (^) (word (reg-match "^[A-Z][a-z]")) (word (reg-match "^[A-Z][a-z]")))
+    (if (and (comp (analyzer) (is-mixed-case))
+             (exist-lexitem (int 1) (int 1) (pred (att (and (contain ((node NN))) (not (contain (+proper)))))))
+             (not (exist-lexitem (int 1) (int 1) (pred (att (or (not (contain ((cat n)))) (contain (+human))))))))
+        (prog (assert (make-lexitem (int 1) (int 1) (avm (avm (name sg)))))
+              (delete-if (int 1) (int 1) (pred (att (not (contain (+proper)))))))))
   ; A capital inside the sentence makes a name, whatever noun the word may be.
   (name (word (reg-match "^[A-Z][A-Za-z.]"))
     (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
@@ -55,7 +74,8 @@
               ((exist-lexitem (low) (high) (pred (t))) (nil))
               ((t) (assert (make-lexitem (low) (high) (avm (avm (person sg)))))))))
   (no-common-noun (:act-on-all-matches)
-    (lexitem (and (att (contain ((node NN)))) (att (not (contain (+proper)))) (surform (reg-match "^[A-Z][A-Za-z.]"))))
+    (lexitem (and (att (contain ((node NN)))) (att (not (contain (+proper)))) (surform (reg-match "^[A-Z][A-Za-z.]"))
+                  (not (surform (reg-match "^[A-Z][A-Z]+s?$")))))
     (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
         (add-weight (litem) (int 3))))
 
@@ -64,6 +84,12 @@
                   (* (word (in (der den la las los)))) (word (reg-match "^[A-Z]")))
     (prog (delete-smaller (low) (high))
           (assert (make-lexitem (low) (high) (avm (avm (name sg)))))))
+
+  ; At the start a capital tells nothing: Best wishes.
+  (start-name (:act-on-all-matches) (lexitem (att (contain (+proper))))
+    (if (and (or (int-eq (low) (int 1)) (preceded-by-word (pred (starts-anew))))
+             (exist-lexitem (low) (high) (pred (att (not (or (contain ((cat n))) (contain ((cat v)))))))))
+        (add-weight (litem) (int 2))))
 
   ; ... and a name has one, unless it is all that there is.
   (no-name (:act-on-all-matches) (lexitem (and (att (contain (+proper))) (surform (reg-match "^[a-z]"))))
@@ -110,12 +136,14 @@
 
   ; A hyphenated compound is looked up whole; what is not found is an adjective or a noun.
   (hyphen (seq (word (t)) (+ (seq - (word (t)))))
-    (if (not (exist-lexitem (low) (high) (pred (t))) (comp (matching-word) (reg-match " ")))
+    (if (not (or (exist-lexitem (low) (high) (pred (t))) (comp (matching-word) (reg-match " " "^[^A-Za-z0-9]"))))
         (prog
           (look-up (low) (high) (str))
           (if (exist-lexitem (low) (high) (pred (t)))
               (delete-smaller (low) (high))
               (prog
                 (delete-smaller (low) (high))
+                (if (comp (matching-word) (reg-match "^[A-Za-z]*-[A-Z]"))
+                    (assert (make-lexitem (low) (high) (avm (avm (name sg))))))
                 (assert (make-lexitem (low) (high) (avm (avm (adj)))))
                 (assert (make-lexitem (low) (high) (avm (avm (noun sg)))))))))))

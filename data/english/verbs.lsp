@@ -16,6 +16,12 @@
   (:skip-adjunct (N (dep-type obj) (check-arg 0) (percolate (case move))))
   (:skip-adjunct (P (dep-type loc) (check-arg 1) (percolate (move)) (merged-cond (pitem-add-weight -1.5)))))
 
+; come visit us, help explain it
+(def-subcat V_VB V
+  (:head)
+  ((VP (dep-type comp) (percolate (move))
+       (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base))))))))
+
 (defun to-predicate () (pitem-attvec (modify ((vform prd)))))
 
 ; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
@@ -26,17 +32,24 @@
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         ; all you have to do is ask
+         (V (percolate ()) (modifier-cond (and (pitem-preceding-word (in (is was))) (no-gap)))
+            (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate)
+                    (pitem-add-weight 4))))
          (C (percolate (move)) (modifier-cond (marked)) (head-cond (and (to-predicate) (pitem-add-weight 1)))))
   (* :skip-word (opens)
      (P (dep-type mod) (percolate (move)) (dep-weight 0.2)
-        (merged-cond (if (pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2) (t))))
+        (merged-cond (cond ((pitem-modifier (pitem-attvec (contain ((pform of))))) (pitem-add-weight 2))
+                           ((verb-has-frame) (pitem-add-weight -1))
+                           ((t) (t)))))
      (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
           (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
      (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
      (N (dep-type time) (percolate ()) (dep-weight 4)
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
-     (Intj (dep-type discourse) (percolate ()))
+     (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
+     (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
      (I (dep-type purpose) (percolate (move)) (dep-weight 2))
@@ -80,10 +93,14 @@
           (merged-cond (between-commas))))
   (:head (VP)
          ; if he could, so he did: the auxiliary alone
-         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." "," "?" "!" ";" ":" ")" and but or either too)))
+         (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
+                 "'t" not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
-                              (pitem-add-weight 5))))))
+                              (pitem-add-weight 5)))))
+  ; ... but they did not
+  (* (Neg (dep-type neg) (modifiee-cond (pitem-attvec (defined (own)))))
+     (Adv (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (defined (own)))))))
 
 ; The verb group that a subject can have. Here `is ready` and `reads` are of one form, so that they can be joined.
 (def-modifiers VF

@@ -259,6 +259,16 @@ def main():
             words[key][kind] = readings, max(weight, most / 3) if not rare else most
         for kind in set(words[key]) - set(kinds):
             words[key][kind] = words[key][kind][0], 0.4 * words[key][kind][1]
+    # Who knows a word does without what it hardly ever is: `see` as a noun.
+    for key, kinds in by_hand.items():
+        most = max(weight for _, weight in words[key].values())
+        for kind in set(words[key]) - set(kinds):
+            if cost(words[key][kind][1], most) >= 7:
+                del words[key][kind]
+    # A participle is rather a form of its verb than an adjective: located, attached.
+    for key, kinds in words.items():
+        if "a" in kinds and key not in by_hand and verb_of_form(key, words):
+            kinds["a"] = kinds["a"][0], min(kinds["a"][1], 0.08 * verb_of_form(key, words))
     for form, readings in forms.items():
         for text, weight in readings:
             kind = "v" if text.startswith("(v") else "n"
