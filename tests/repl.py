@@ -105,7 +105,6 @@ class Terminal(Prompt):
         if process == 0:
             os.execve(PROGRAM, self.command, self.environment)
         self.process, self.terminal, self.seen = process, terminal, ""
-        self.wait_for("> $")
 
     def wait_for(self, pattern, seconds=20):
         """What came up to where the pattern fits."""
@@ -121,11 +120,17 @@ class Terminal(Prompt):
         return came
 
     def type(self, text):
+        """At the prompt: what comes before it is for nobody."""
+        self.wait_for("> ")
         os.write(self.terminal, text.encode())
 
     def end(self):
         self.type("\x04")
-        _, status = os.waitpid(self.process, 0)
+        end = time.monotonic() + 20
+        while not (ended := os.waitpid(self.process, os.WNOHANG))[0]:
+            self.assertLess(time.monotonic(), end, self.seen)
+            time.sleep(0.01)
+        status = ended[1]
         os.close(self.terminal)
         self.assertEqual(status, 0)
 
