@@ -154,10 +154,11 @@ void define_document(py::module_& module) {
 
 void define_engine(py::module_& module) {
   py::class_<torvane::Engine>(module, "Engine")
-      .def(py::init([](const std::string& grammar, const std::string& data,
-                       const std::string& style, std::size_t max_words) {
-        return load(grammar, {data, style, max_words});
-      }))
+      .def(
+          py::init([](const std::string& grammar, const std::string& data, const std::string& style,
+                      std::size_t max_words, const std::string& counts, bool explains) {
+            return load(grammar, {data, style, max_words, counts, explains});
+          }))
       .def_property_readonly("error",
                              [](const torvane::Engine& engine) { return text_of(engine.error()); })
       .def("messages",
@@ -174,6 +175,16 @@ void define_engine(py::module_& module) {
            [](torvane::Engine& engine, const py::str& text) {
              const std::string bytes = bytes_of(text);
              return parsed([&] { return engine.parse_sentence(bytes); });
+           })
+      .def("why",
+           [](torvane::Engine& engine, const py::str& text, int modifier, int head) {
+             const std::string bytes = bytes_of(text);
+             std::optional<std::string> json;
+             {
+               const py::gil_scoped_release released;
+               json = engine.why(bytes, modifier, head);
+             }
+             return text_or_none(json);
            })
       .def("parse_words", [](torvane::Engine& engine, const std::vector<py::str>& words) {
         std::vector<std::string> texts;

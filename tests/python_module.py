@@ -59,6 +59,17 @@ def test_a_sentence_and_words(nlp):
         nlp.words([1])
 
 
+def test_reasons(nlp):
+    told = nlp.why("The dogs bark.", 1, 3)
+    assert (told["answer"]["kind"], told["own"], len(nlp.why("The dogs bark.")["words"])) == ("dearer", 2, 4)
+    assert "file" not in told["links"][0]
+    quoted = torvane.load("english", explains=True).why("The dogs bark.", 1, 3)["links"][0]
+    assert quoted["file"] == "english/nouns.lsp" and quoted["line"] > 0
+    for modifier, head in ((9, 1), (1, 1), (1, 9), (-1, 0)):
+        with pytest.raises(ValueError):
+            nlp.why("Dogs bark.", modifier, head)
+
+
 def test_faults_are_value_errors(tmp_path):
     with pytest.raises(ValueError, match="no grammar nosuch in "):
         torvane.load("nosuch")
@@ -67,6 +78,8 @@ def test_faults_are_value_errors(tmp_path):
         torvane.load(tmp_path / "small.lsp")
     with pytest.raises(ValueError, match="no style nosuch"):
         torvane.load("english", style="nosuch")
+    with pytest.raises(ValueError, match="has no counts that can be read"):
+        torvane.load("english", counts=tmp_path)
 
 
 def test_bytes_that_are_no_utf8(nlp):

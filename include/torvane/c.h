@@ -31,19 +31,21 @@ typedef struct torvane_document torvane_document;
 
 /* Start from TORVANE_OPTIONS; null and 0 stand for what the command line does without options. */
 typedef struct torvane_options {
-  size_t size;       /* of this struct */
-  const char* data;  /* folder of the grammars; null: `share/torvane` beside the library */
-  const char* style; /* head style: "content", or "grammar" */
-  size_t max_words;  /* a longer sentence is parsed piece by piece; 0: 200 */
+  size_t size;        /* of this struct */
+  const char* data;   /* folder of the grammars; null: `share/torvane` beside the library */
+  const char* style;  /* head style: "content", or "grammar" */
+  size_t max_words;   /* a longer sentence is parsed piece by piece; 0: 200 */
+  const char* counts; /* folder of a database of counts that weighs dependencies */
+  int explains;       /* 1: torvane_why quotes the grammar's forms, which takes memory */
 } torvane_options;
 
 #ifdef __cplusplus
-#define TORVANE_OPTIONS                          \
-  torvane_options {                              \
-    sizeof(torvane_options), nullptr, nullptr, 0 \
+#define TORVANE_OPTIONS                                      \
+  torvane_options {                                          \
+    sizeof(torvane_options), nullptr, nullptr, 0, nullptr, 0 \
   }
 #else
-#define TORVANE_OPTIONS ((torvane_options){sizeof(torvane_options), NULL, NULL, 0})
+#define TORVANE_OPTIONS ((torvane_options){sizeof(torvane_options), NULL, NULL, 0, NULL, 0})
 #endif
 
 /* Texts are never null; what is not known is empty. Places are those of the text that was parsed;
@@ -98,6 +100,12 @@ TORVANE_API torvane_document* torvane_parse_sentence(torvane_engine* engine, con
 /* Parses words, each ended by a zero byte, as one sentence. */
 TORVANE_API torvane_document* torvane_parse_words(torvane_engine* engine, const char* const* words,
                                                   size_t count) TORVANE_NOEXCEPT;
+/* Why a word of a sentence is not under another one: words count from 1, head 0 is the root;
+ * modifier 0: why the tree is as it is. Gives the object that `torvane why --json` writes, with a
+ * member `fault` where there is no answer; null without an engine. `written` is its length, and may
+ * be null. torvane_free ends it. */
+TORVANE_API char* torvane_why(torvane_engine* engine, const char* text, size_t length, int modifier,
+                              int head, size_t* written) TORVANE_NOEXCEPT;
 /* Reads trees without parsing, by the names of `torvane convert`: "conllu" and so on. */
 TORVANE_API torvane_document* torvane_read(const char* format, const char* text,
                                            size_t length) TORVANE_NOEXCEPT;

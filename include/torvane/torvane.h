@@ -32,6 +32,8 @@ struct Options {
   std::string data;           ///< folder of the grammars
   std::string style;          ///< head style: `content` or `grammar`
   std::size_t max_words = 0;  ///< a longer sentence is parsed piece by piece
+  std::string counts{};       ///< folder of a database of counts that weighs dependencies
+  bool explains = false;      ///< `why` quotes the grammar's forms, which takes memory
 };
 
 /// A stretch of a text, the end not in it.
@@ -198,12 +200,24 @@ class Engine {
     return Document(torvane_parse_words(engine_.get(), texts.data(), texts.size()));
   }
 
+  /// Why a word of a sentence is not under another one: words count from 1, head 0 is the root. The
+  /// object that `torvane why --json` writes, with a member `fault` where there is no answer.
+  std::optional<std::string> why(std::string_view text, int modifier, int head) {
+    std::size_t length = 0;
+    char* json = torvane_why(engine_.get(), text.data(), text.size(), modifier, head, &length);
+    return detail::take_text(json, length);
+  }
+  /// Why the tree is as it is.
+  std::optional<std::string> why(std::string_view text) { return why(text, 0, 0); }
+
  private:
   static torvane_engine* open(const std::string& grammar, const Options& options) {
     torvane_options all = TORVANE_OPTIONS;
     if (!options.data.empty()) all.data = options.data.c_str();
     if (!options.style.empty()) all.style = options.style.c_str();
     all.max_words = options.max_words;
+    if (!options.counts.empty()) all.counts = options.counts.c_str();
+    all.explains = options.explains ? 1 : 0;
     return torvane_open(grammar.c_str(), &all);
   }
 

@@ -14,13 +14,14 @@ from torvane._torvane import Document, Sentence, Word, __version__
 __all__ = ["Document", "Language", "Sentence", "Word", "load", "read", "__version__"]
 
 
-def load(grammar="english", *, data="", style="", max_words=0):
+def load(grammar="english", *, data="", style="", max_words=0, counts="", explains=False):
     """A grammar by its name, or the path of a start-up file. ValueError tells why it does not load.
 
     data is the folder of the grammars, style the head style (content or grammar); a sentence of more than max_words
-    is parsed piece by piece. What is not given is as on the command line.
+    is parsed piece by piece. counts is the folder of a database of counts. A language that explains keeps the forms of
+    its grammar, to quote them. What is not given is as on the command line.
     """
-    return Language(os.fspath(grammar), os.fspath(data), style, max_words)
+    return Language(os.fspath(grammar), os.fspath(data), style, max_words, os.fspath(counts), explains)
 
 
 def read(text, format="conllu"):
@@ -54,6 +55,16 @@ class Language:
     def words(self, words):
         """Parses a list of words as one sentence, and gives this."""
         return self._engine.parse_words(list(words))[0]
+
+    def why(self, text, modifier=0, head=0):
+        """Why a word of a sentence is not under another one, by their numbers; head 0 is the root. Without them: why
+        the tree is as it is. What `torvane why --json` writes."""
+        import json
+
+        told = json.loads(self._engine.why(text, modifier, head))
+        if "fault" in told:
+            raise ValueError(told["fault"])
+        return told
 
     def pipe(self, texts, jobs=1, kind="text"):
         """A document for each text, in order, from several threads; a few texts are read in advance."""

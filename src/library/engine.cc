@@ -13,8 +13,10 @@
 #include <vector>
 
 #include "engine/grammar_files.h"
+#include "formats/why_format.h"
 #include "library/handles.h"
 #include "library/transcript.h"
+#include "sources/explained.h"
 #include "sources/given_text.h"
 #include "sources/sources.h"
 #include "support/depth.h"
@@ -60,16 +62,19 @@ Value note_exit(World& world, IRSlist*) {
   return Value();
 }
 
-void load(torvane_engine& to, const GrammarChoice& choice) {
+void load(torvane_engine& to, const GrammarChoice& choice, const std::string& counts,
+          bool explains) {
   const GrammarFiles files = find_grammar(choice);
   to.error = files.fault;
   if (!to.error.empty()) return;
   to.engine = std::make_unique<Engine>(World::Console{&to.nothing, &to.says, &to.says});
   to.engine->world().interpreter.redefine("exit", note_exit, nullptr);
   to.engine->max_words = choice.max_words;
+  if (explains) to.engine->keep_forms();
   asked_to_exit = false;
   to.error = to.engine->load(files.files, files.folders);
   if (to.error.empty() && asked_to_exit) to.error = "the grammar asks for the end of the program";
+  if (to.error.empty() && !counts.empty()) to.error = to.engine->use_counts(counts);
   if (to.error.empty()) return;
   const std::string messages = to.transcript.take();
   if (!messages.empty()) to.error += '\n' + messages;
@@ -139,7 +144,8 @@ torvane_engine* torvane_open(const char* grammar, const torvane_options* options
   if (all.style) choice.style = all.style;
   if (all.max_words > 0) choice.max_words = all.max_words;
   auto engine = std::make_unique<torvane_engine>();
-  torvane::in_fit_thread([&] { torvane::load(*engine, choice); });
+  const std::string counts = all.counts ? all.counts : "";
+  torvane::in_fit_thread([&] { torvane::load(*engine, choice, counts, all.explains != 0); });
   return engine.release();
 }
 
@@ -179,4 +185,20 @@ torvane_document* torvane_parse_words(torvane_engine* engine, const char* const*
   torvane::Task task;
   for (size_t i = 0; words && i < count; ++i) task.words.emplace_back(words[i] ? words[i] : "");
   return torvane::parse_one(engine, std::move(task));
+}
+
+char* torvane_why(torvane_engine* engine, const char* text, size_t length, int modifier, int head,
+                  size_t* written) noexcept {
+  if (written) *written = 0;
+  if (torvane_engine_error(engine)) return nullptr;
+  const std::string sentence(torvane::view(text, length));
+  std::string json;
+  const std::lock_guard lock(engine->mutex);
+  torvane::in_fit_thread([&] {
+    if (modifier == 0)
+      write_why_json(json, why_in_text(*engine->engine, sentence));
+    else
+      write_why_json(json, why_in_text(*engine->engine, sentence, modifier, head));
+  });
+  return torvane::copy_of(json, written);
 }

@@ -165,6 +165,14 @@ TEST(LibraryTest, AThreadWithASmallStackGetsTheSame) {
   EXPECT_EQ(work.found, parsed(english(), kSentences));
 }
 
+TEST(LibraryTest, ReasonsAreAnObject) {
+  const std::string pair = english().why("The dogs bark.", 1, 3).value_or("");
+  EXPECT_NE(pair.find("\"answer\":{\"kind\":\"dearer\""), pair.npos) << pair;
+  const std::string none = english().why("The dogs bark.", 1, 99).value_or("");
+  EXPECT_NE(none.find("\"fault\":"), none.npos) << none;
+  EXPECT_NE(english().why("").value_or("").size(), 0U);
+}
+
 TEST(LibraryTest, NullsOfC) {
   torvane_close(nullptr);
   torvane_document_free(nullptr);
@@ -175,6 +183,7 @@ TEST(LibraryTest, NullsOfC) {
   EXPECT_EQ(torvane_document_sentence(document, 0), nullptr);
   EXPECT_EQ(torvane_document_word(document, 0, 0), nullptr);
   EXPECT_EQ(torvane_document_write(document, nullptr, nullptr), nullptr);
+  EXPECT_EQ(torvane_why(nullptr, nullptr, 0, 1, 2, nullptr), nullptr);
   torvane_document_free(document);
   // A program that was built when there were fewer options.
   torvane_options older = TORVANE_OPTIONS;
