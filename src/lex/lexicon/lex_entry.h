@@ -9,6 +9,7 @@
 #include "lex/lexicon/meaning.h"
 #include "shell/world.h"
 #include "support/hash.h"
+#include "support/pool.h"
 #include "support/slist.h"
 
 namespace torvane {
@@ -48,7 +49,7 @@ struct PhraseRec {
   std::string key;
 };
 
-struct LexEntry {
+struct LexEntry : Pooled<LexEntry> {
   LexEntry() = default;
   LexEntry(const LexEntry&) = delete;
   LexEntry& operator=(const LexEntry&) = delete;

@@ -10,6 +10,7 @@
 #include "att/att_vec.h"
 #include "lexp/lexp.h"
 #include "shell/offer.h"
+#include "support/pool.h"
 
 namespace torvane {
 
@@ -50,7 +51,7 @@ template <>
 struct ValueTraits<Meaning> : TagOf<Meaning, tags::meaning> {};
 
 /// A sense that is an attribute vector.
-class AVMeaning : public Meaning {
+class AVMeaning : public Meaning, public Pooled<AVMeaning> {
  public:
   explicit AVMeaning(AttInterpreterList* att_type) : vec(make_ref<AttVec>(att_type)) {}
   AVMeaning(const AVMeaning& other) : Meaning(other), vec(make_ref<AttVec>(*other.vec)) {}
