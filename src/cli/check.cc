@@ -25,7 +25,7 @@ std::string_view name_of(Severity severity) {
   return severity == Severity::error ? "error" : "warning";
 }
 
-void write(std::string& out, const Finding& finding, bool json) {
+void write_finding(std::string& out, const Finding& finding, bool json) {
   const std::string line = std::to_string(finding.line);
   const std::string_view severity = name_of(finding.severity);
   if (json) {
@@ -56,7 +56,7 @@ int check(const CheckOptions& options) {
     check_grammar(files, [&](const Findings& found) {
       for (const Finding& finding : found) {
         has_errors = has_errors || finding.severity == Severity::error;
-        write(output.buffer, finding, options.json);
+        write_finding(output.buffer, finding, options.json);
       }
       output.flush(true);
     });
