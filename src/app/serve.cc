@@ -1,14 +1,11 @@
 // The service, which `torvane serve` becomes: its arguments were looked at there.
-#include <CLI/CLI.hpp>
-
+#include "cli/command.h"
 #include "cli/serve_options.h"
 #include "service/server.h"
 
 int main(int argc, char** argv) {
-  CLI::App app{"See torvane serve --help"};
   torvane::ServeOptions options;
-  torvane::declare_serve_options(app, options);
-  CLI11_PARSE(app, argc, argv);
+  if (!torvane::read_serve_options(argc, argv, options)) return torvane::kUsage;
   torvane::ServiceChoice choice;
   choice.grammar = options.grammar;
   choice.host = options.host;

@@ -25,6 +25,7 @@ int serve(const CLI::App& app) {
     if (option->count() > 0)
       arguments.push_back("--" + option->get_lnames().front() + '=' + option->results().back());
   std::vector<char*> texts;
+  texts.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) texts.push_back(argument.data());
   texts.push_back(nullptr);
   execv(texts.front(), texts.data());

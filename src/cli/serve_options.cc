@@ -39,4 +39,16 @@ void declare_serve_options(CLI::App& app, ServeOptions& options) {
       ->capture_default_str();
 }
 
+bool read_serve_options(int argc, char** argv, ServeOptions& options) {
+  CLI::App app{"See torvane serve --help"};
+  declare_serve_options(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    app.exit(error);
+    return false;
+  }
+  return true;
+}
+
 }  // namespace torvane

@@ -22,5 +22,7 @@ struct ServeOptions {
 };
 
 void declare_serve_options(CLI::App& app, ServeOptions& options);
+/// Reads them from a command line of their own; false after a message.
+bool read_serve_options(int argc, char** argv, ServeOptions& options);
 
 }  // namespace torvane

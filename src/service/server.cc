@@ -163,7 +163,7 @@ int run_service(const ServiceChoice& choice) {
     service.stop();
   });
   const bool went_well = service.serve();
-  pthread_kill(waiter.native_handle(), SIGTERM);
+  pthread_kill(waiter.native_handle(), SIGHUP);
   waiter.join();
   return went_well ? 0 : 1;
 }
