@@ -42,8 +42,8 @@ class Engine {
   /// Runs files by their paths, one after the other; what they load is looked for in the folders,
   /// in that order, and nowhere else. An empty text, or what is wrong.
   std::string load(const std::vector<std::string>& files, const std::vector<std::string>& folders);
-  /// Lets a database of counts that script/learn left in a folder weigh the dependencies of the
-  /// loaded grammar. An empty text, or what is wrong.
+  /// Lets a database of counts that script/learn left in a folder advise the loaded grammar: what is
+  /// often seen together becomes cheaper. An empty text, or what is wrong.
   std::string use_counts(const std::string& folder);
   /// Parses a text as one sentence, once a grammar is loaded. What stands behind a zero byte comes
   /// out in words outside the tree.
