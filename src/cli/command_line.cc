@@ -45,6 +45,9 @@ constexpr CliCommand kCommands[] = {
     {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
     {"score", "Count the words of a list of sentences that get the heads they should have",
      declare_score},
+    {"count", "Parse text and count what depends on what", declare_count},
+    {"merge-counts", "Add files of counts", declare_merge_counts},
+    {"build-counts", "Make a database of counts, which parse --counts takes", declare_build_counts},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };
