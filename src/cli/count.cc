@@ -33,9 +33,7 @@ std::vector<FileRange> ranges_of(const CountOptions& options, std::string& from,
     return whole;
   }
   ShardPlan plan;
-  fault = read_plan(options.plan, plan);
-  if (fault.empty() && (options.shard < 1 || options.shard > plan.shards.size()))
-    fault = options.plan + ": no shard " + std::to_string(options.shard);
+  fault = read_shard(options.plan, options.shard, plan);
   if (!fault.empty()) return {};
   from = plan.from;
   return plan.shards[options.shard - 1];

@@ -26,11 +26,15 @@ std::string name_of_grammar(const std::string& grammar) {
 
 }  // namespace
 
+std::vector<std::string> counted_source_names() {
+  return {"text", "lines", "tokens", "conllu"};
+}
+
 void declare_counting(CLI::App& app, CountingChoice& choice) {
   app.add_option("--from", choice.from,
                  "What is read: text, lines (a sentence a line), tokens (words with blanks "
                  "between), conllu (its words)")
-      ->check(CLI::IsMember(std::vector<std::string>{"text", "lines", "tokens", "conllu"}))
+      ->check(CLI::IsMember(counted_source_names()))
       ->capture_default_str();
   app.add_flag("--trees", choice.trees,
                "With --from conllu: count the trees of the file, parse nothing");

@@ -6,6 +6,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "cli/grammar.h"
 #include "cli/workers.h"
@@ -29,6 +30,8 @@ struct CountingChoice {
   std::size_t memory = 256;  ///< megabytes for counts
 };
 
+/// What `--from` can be.
+std::vector<std::string> counted_source_names();
 /// The options of it, but for that of where sentences come from.
 void declare_counting(CLI::App& app, CountingChoice& choice);
 

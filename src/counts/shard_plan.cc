@@ -113,4 +113,11 @@ std::string read_plan(const std::string& name, ShardPlan& plan) {
   return good ? std::string() : name + ": no plan of shards";
 }
 
+std::string read_shard(const std::string& name, std::size_t shard, ShardPlan& plan) {
+  std::string fault = read_plan(name, plan);
+  if (fault.empty() && (shard < 1 || shard > plan.shards.size()))
+    fault = name + ": no shard " + std::to_string(shard);
+  return fault;
+}
+
 }  // namespace torvane

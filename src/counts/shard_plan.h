@@ -1,6 +1,7 @@
 // A corpus in pieces of about the same size, each to be counted by itself.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ struct FileRange {
   std::string file;
   std::uint64_t begin = 0, end = UINT64_MAX;
 };
+
+inline constexpr std::uint64_t kShardBytes = std::uint64_t{4} << 20;
 
 struct ShardPlan {
   std::string from;  ///< how sentences are read
@@ -33,5 +36,7 @@ ShardPlan plan_shards(const std::vector<std::string>& files, const std::string& 
 void write_plan(const ShardPlan& plan, FileWriter& out);
 /// Empty, or what is wrong.
 std::string read_plan(const std::string& name, ShardPlan& plan);
+/// The same for the sake of one shard, numbered from 1, which must be there.
+std::string read_shard(const std::string& name, std::size_t shard, ShardPlan& plan);
 
 }  // namespace torvane

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
-#include <string_view>
 #include <vector>
 
 namespace torvane {
@@ -28,6 +27,11 @@ class Fingerprint {
     }
   }
   std::uint64_t value() const { return value_; }
+  std::string text() const {
+    std::array<char, 17> digits;
+    std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(value_));
+    return digits.data();
+  }
 
  private:
   std::uint64_t value_ = 0xcbf29ce484222325U;
@@ -44,6 +48,12 @@ std::uint64_t version_of_file(const std::string& path) {
 
 }  // namespace
 
+std::string version_of_text(std::string_view text) {
+  Fingerprint fingerprint;
+  fingerprint.add(text);
+  return fingerprint.text();
+}
+
 std::string version_of(const std::set<std::string>& files) {
   std::vector<std::uint64_t> versions;
   versions.reserve(files.size());
@@ -53,10 +63,7 @@ std::string version_of(const std::set<std::string>& files) {
   versions.erase(std::unique(versions.begin(), versions.end()), versions.end());
   Fingerprint all;
   for (std::uint64_t version : versions) all.add_number(version);
-  std::array<char, 17> digits;
-  std::snprintf(digits.data(), digits.size(), "%016llx",
-                static_cast<unsigned long long>(all.value()));
-  return digits.data();
+  return all.text();
 }
 
 }  // namespace torvane
