@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <set>
 #include <sstream>
 #include <tuple>
 
 #include "att/contract.h"
 #include "engine/all_offers.h"
+#include "engine/file_version.h"
 #include "engine/sentence_of.h"
 #include "parser/torvane_parser.h"
 #include "store/header_file.h"
@@ -110,12 +112,19 @@ std::string Engine::load(const std::vector<std::string>& files,
     exec.frees_values = true;
     exec.load(stream.get());
     exec.frees_values = false;
+    loaded_.push_back(file);
   }
   TorvaneParser* parser = current_parser(world_);
   if (!parser || !parser->grammar._lex) return "the grammar makes no parser";
   parser->grammar.frames_by_name = true;
   labels_ = std::make_unique<Labels>(world_);
   return {};
+}
+
+std::string Engine::grammar_version() const {
+  std::set<std::string> files = world_.files.all_found();
+  files.insert(loaded_.begin(), loaded_.end());
+  return version_of(files);
 }
 
 std::string Engine::use_counts(const std::string& folder) {
