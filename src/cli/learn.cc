@@ -98,20 +98,19 @@ class Learning {
     std::vector<std::string> names = options_.corpus_and_folder;
     names.pop_back();
     const std::vector<std::string> corpus = corpus_files(names, fault);
+    if (!fault.empty()) return tell_fault(fault), false;
     plan_ = plan_shards(corpus, options_.counting.from, options_.bytes,
                         [this](const std::string& message) {
                           has_faults_ = true;
                           tell_fault(message);
                         });
-    if (fault.empty() && plan_.shards.empty()) fault = "the corpus holds nothing";
+    if (plan_.shards.empty()) return tell_fault("the corpus holds nothing"), false;
     std::error_code error;
     fs::create_directories(shards_, error);
-    if (error) fault = shards_.string() + ": " + error.message();
-    if (fault.empty()) {
-      WholeFile out((folder_ / "plan.txt").string());
-      write_plan(plan_, out);
-      fault = out.finish();
-    }
+    if (error) return tell_fault(shards_.string() + ": " + error.message()), false;
+    WholeFile out((folder_ / "plan.txt").string());
+    write_plan(plan_, out);
+    fault = out.finish();
     if (!fault.empty()) tell_fault(fault);
     return fault.empty();
   }
@@ -268,6 +267,10 @@ std::function<int()> declare_learn(CLI::App& app) {
   app.add_flag("--quiet", options->quiet, "No progress and summaries on standard error");
   return [options] {
     catch_interrupts();
+    if (options->corpus_and_folder.size() < 2) {
+      tell_fault("a corpus and a folder are wanted");
+      return static_cast<int>(kUsage);
+    }
     return Learning(*options).run();
   };
 }
