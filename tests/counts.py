@@ -208,8 +208,8 @@ class Shards(InFolder):
     def test_ranges_have_each_sentence_once(self):
         draw = random.Random(4)
         names = []
-        for i in range(6):
-            text = "".join(draw.choice(["\n", " \t\n", "x\n", "\r\n", "yy zz\r\n", f"w{draw.randrange(999)}\n"]) for _ in range(60))
+        for i in range(4):
+            text = "".join(draw.choice(["\n", " \t\n", "x\n", "\r\n", "yy zz\r\n", f"w{draw.randrange(999)}\n"]) for _ in range(30))
             names.append(self.write(f"d/{i}.txt", text + draw.choice(["", "end", " "])))
         self.write("d/e.txt.gz", gzip.compress(b"one\n\ntwo\nthree\n" * 9))
         self.write("d/f.txt.bz2", bz2.compress(b"\n \none\nx\n\ntwo" * 9))
@@ -220,7 +220,7 @@ class Shards(InFolder):
             for block in re.split(rb"(?:^|\n)[ \t\r]*(?=\n|$)", text):
                 if block := [line.rstrip(b"\r") for line in block.split(b"\n") if line.strip()]:
                     paragraphs.append(block)
-        for size in (1, 2, 3, 7, 50, 10**6):
+        for size in (2, 7, 50, 10**6):
             got = [line for text in self.text_of_all("--from", "lines", "--bytes", size, "d") for line in text.split(b"\n")[:-1]]
             self.assertEqual(got, lines)
             got = [[line for line in block.split(b"\n") if line] for text in self.text_of_all("--bytes", size, "d")
