@@ -10,6 +10,7 @@ import os
 import pathlib
 import random
 import re
+import resource
 import signal
 import subprocess
 import sys
@@ -62,9 +63,13 @@ class InFolder(unittest.TestCase):
     def read(self, name):
         return (self.folder / name).read_bytes()
 
-    def run_it(self, *arguments, status=0, given=b""):
+    def run_it(self, *arguments, status=0, given=b"", largest_file=None):
+        def limit():
+            if largest_file:
+                signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+                resource.setrlimit(resource.RLIMIT_FSIZE, (largest_file, largest_file))
         done = subprocess.run([PROGRAM, *map(str, arguments)], input=given, capture_output=True, cwd=self.folder,
-                              timeout=300)
+                              timeout=300, preexec_fn=limit, restore_signals=False)
         errors = done.stderr.decode("utf-8", "replace")
         self.assertEqual(done.returncode, status, errors)
         return done.stdout, errors
@@ -114,6 +119,20 @@ class Count(InFolder):
         self.assertEqual(first, version())
         self.write("copy/style-counts.lsp", "(load english/style-counts.lsp)\n; otherwise\n")
         self.assertNotEqual(first, version())
+
+    def test_an_end_on_the_way_leaves_nothing(self):
+        self.write("g.lsp", "(load english/english.lsp)\n")
+        self.write("style-counts.lsp", "(exit)\n")
+        self.assertIn("ended the program", self.run_it("count", "--grammar", "g.lsp", "-o", "out", status=4)[1])
+        for jobs in "12":
+            process = subprocess.Popen([PROGRAM, "count", "-j", jobs, "-o", "out"], cwd=self.folder, stdin=subprocess.PIPE)
+            process.stdin.write(b"Dogs eat meat.\n" * 100)
+            process.stdin.flush()
+            time.sleep(1)
+            process.send_signal(signal.SIGINT)
+            self.assertEqual(process.wait(60), -signal.SIGINT)
+            process.stdin.close()
+        self.assertEqual(sorted(os.listdir(self.folder)), ["g.lsp", "style-counts.lsp"])
 
     def test_what_cannot_be(self):
         self.run_it("count", "--grammar", "german", status=4)
@@ -185,6 +204,16 @@ class Build(InFolder):
         plain, learned = (self.out("parse", "--quiet", "--to", "brackets", *counts, given=b"He painted the wall with a brush.\n")
                           for counts in ((), ("--counts", "db")))
         self.assertNotEqual(plain, learned)
+
+    def test_a_full_disk_leaves_what_was_there(self):
+        self.write("old", made({"x\tr\ty": 1}))
+        self.write("new", made({f"{i}\tr\ty": 1 for i in range(900)}))
+        self.run_it("build-counts", "old", "db")
+        before = {path.name: path.read_bytes() for path in (self.folder / "db").iterdir()}
+        for largest in (10_000, 100_000):  # the text of the counts; the store
+            errors = self.run_it("build-counts", "new", "db", largest_file=largest, status=1)[1]
+            self.assertTrue(errors.startswith("torvane: db/building/"), errors)
+            self.assertEqual(before, {path.name: path.read_bytes() for path in (self.folder / "db").iterdir()})
 
     def test_little_memory_and_rare_triples(self):
         draw = random.Random(3)

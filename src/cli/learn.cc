@@ -74,10 +74,12 @@ class Learning {
     say_counted();
     const std::string all = (folder_ / "all.counts").string();
     const MergeResult merged = merge_counts(files_, all, folder_.string(), tell_fault);
-    if (!merged.fault.empty()) return fail(merged.fault);
-    if (const std::string fault = build(all); !fault.empty()) return fail(fault);
+    if (!merged.fault.empty() || is_interrupted()) return fail(merged.fault);
+    if (const std::string fault = build(all); !fault.empty() || is_interrupted())
+      return fail(fault);
     if (options_.similar)
       if (const std::string fault = find_similar(); !fault.empty()) return fail(fault);
+    if (is_interrupted()) end_by_interrupt();
     drop_others();
     return has_faults_ || merged.has_faults ? kInputOutput : kDone;
   }
@@ -201,7 +203,7 @@ class Learning {
     choice.folder = folder_.string();
     choice.min_count = options_.min_count;
     choice.memory = counting_.memory_bytes();
-    const std::string fault = build_counts(counts, choice);
+    std::string fault = build_counts(counts, choice);
     if (fault.empty())
       say("made a database of " + numbers_text(counts.header()) + ": " + folder_.string());
     return fault;
