@@ -145,6 +145,7 @@ std::string Engine::use_counts(const std::string& folder) {
     return folder + " has no counts that can be read: " + fault.substr(0, fault.find('\n'));
   DepCosts& costs = current_parser(world_)->costs;
   costs._reldb = counts_.get();
+  costs.use = CountsUse::advise;
   costs.fixed_counts = true;  // they have no name by which a command could reach them
   return {};
 }
