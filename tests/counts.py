@@ -11,6 +11,7 @@ import pathlib
 import random
 import re
 import resource
+import shutil
 import signal
 import subprocess
 import sys
@@ -283,17 +284,21 @@ class Learn(InFolder):
     def test_killed_at_any_moment_and_started_again(self):
         for i in range(3):
             self.write(f"corpus/{i}.txt", "\n".join(some_sentences(250, i)))
-        start = time.monotonic()
         self.learn("whole")
+        command = [PROGRAM, "learn", "--from", "lines", "--bytes", "1500", "--similar", "-j", "2", "corpus", "killed"]
+        start = time.monotonic()
+        self.learn("timed", "-j", "2")
         whole = time.monotonic() - start
         draw = random.Random(6)
-        command = [PROGRAM, "learn", "--from", "lines", "--bytes", "1500", "--similar", "-j", "2", "corpus", "killed"]
         kills = 0
-        for i in range(12):
+        for _ in range(12):
             process = subprocess.Popen(command, cwd=self.folder, stderr=subprocess.DEVNULL)
-            time.sleep(draw.uniform(0.05, 0.3 + whole * i / 12))
+            time.sleep(draw.uniform(0.2, 0.9) * whole)
             process.kill()
-            kills += process.wait() == -signal.SIGKILL
+            if process.wait() == -signal.SIGKILL:
+                kills += 1
+            else:  # it was done: from the start
+                shutil.rmtree(self.folder / "killed")
         self.assertGreater(kills, 2)
         self.learn("killed")
         self.same("whole", "killed")
