@@ -7,6 +7,7 @@
 
 #include "cli/command.h"
 #include "cli/counting.h"
+#include "cli/interrupt.h"
 
 namespace torvane {
 namespace {
@@ -18,6 +19,7 @@ struct BuildOptions {
 };
 
 int build(const BuildOptions& options) {
+  catch_interrupts();
   CountsFile counts(options.counts, tell_fault);
   if (!counts.fault().empty()) {
     tell_fault(counts.fault());
@@ -26,6 +28,7 @@ int build(const BuildOptions& options) {
   BuildChoice choice = options.choice;
   choice.memory = options.memory << 20;
   const std::string fault = build_counts(counts, choice);
+  if (is_interrupted()) end_by_interrupt();
   if (!fault.empty()) tell_fault(fault);
   return fault.empty() && !counts.has_faults() ? kDone : kInputOutput;
 }

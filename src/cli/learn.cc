@@ -75,10 +75,12 @@ class Learning {
     say_counted();
     const std::string all = (folder_ / "all.counts").string();
     const MergeResult merged = merge_counts(files_, all, folder_.string(), tell_fault);
-    if (!merged.fault.empty()) return fail(merged.fault);
-    if (const std::string fault = build(all); !fault.empty()) return fail(fault);
+    if (!merged.fault.empty() || is_interrupted()) return fail(merged.fault);
+    if (const std::string fault = build(all); !fault.empty() || is_interrupted())
+      return fail(fault);
     if (options_.similar)
       if (const std::string fault = find_similar(); !fault.empty()) return fail(fault);
+    if (is_interrupted()) end_by_interrupt();
     drop_others();
     return has_faults_ || merged.has_faults ? kInputOutput : kDone;
   }
@@ -99,20 +101,19 @@ class Learning {
     std::vector<std::string> names = options_.corpus_and_folder;
     names.pop_back();
     const std::vector<std::string> corpus = corpus_files(names, fault);
+    if (!fault.empty()) return tell_fault(fault), false;
     plan_ = plan_shards(corpus, options_.counting.from, options_.bytes,
                         [this](const std::string& message) {
                           has_faults_ = true;
                           tell_fault(message);
                         });
-    if (fault.empty() && plan_.shards.empty()) fault = "the corpus holds nothing";
+    if (plan_.shards.empty()) return tell_fault("the corpus holds nothing"), false;
     std::error_code error;
     fs::create_directories(shards_, error);
-    if (error) fault = shards_.string() + ": " + error.message();
-    if (fault.empty()) {
-      WholeFile out((folder_ / "plan.txt").string());
-      write_plan(plan_, out);
-      fault = out.finish();
-    }
+    if (error) return tell_fault(shards_.string() + ": " + error.message()), false;
+    WholeFile out((folder_ / "plan.txt").string());
+    write_plan(plan_, out);
+    fault = out.finish();
     if (!fault.empty()) tell_fault(fault);
     return fault.empty();
   }
@@ -211,7 +212,7 @@ class Learning {
     choice.folder = folder_.string();
     choice.min_count = options_.min_count;
     choice.memory = counting_.memory_bytes();
-    const std::string fault = build_counts(counts, choice);
+    std::string fault = build_counts(counts, choice);
     if (fault.empty())
       say("made a database of " + numbers_text(counts.header()) + ": " + folder_.string());
     return fault;
@@ -279,6 +280,10 @@ std::function<int()> declare_learn(CLI::App& app) {
   app.add_flag("--quiet", options->quiet, "No progress and summaries on standard error");
   return [options] {
     catch_interrupts();
+    if (options->corpus_and_folder.size() < 2) {
+      tell_fault("a corpus and a folder are wanted");
+      return static_cast<int>(kUsage);
+    }
     return Learning(*options).run();
   };
 }

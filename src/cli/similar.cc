@@ -19,6 +19,7 @@ namespace {
 int similar(const SimilarChoice& choice, bool tells) {
   catch_interrupts();
   const std::string fault = find_similar_words(choice, tells);
+  if (is_interrupted()) end_by_interrupt();
   if (!fault.empty()) tell_fault(fault);
   return fault.empty() ? kDone : kInputOutput;
 }
@@ -35,7 +36,7 @@ std::string find_similar_words(const SimilarChoice& choice, bool tells) {
   WholeFile out(choice.output);
   words.write(out, choice.most);
   if (words.error() != 0) return std::strerror(words.error());
-  const std::string fault = out.finish();
+  std::string fault = out.finish();
   if (fault.empty() && tells)
     std::cerr << with_commas(words.word_count()) << " words by part of speech, with "
               << with_commas(words.feature_count()) << " features\n";

@@ -92,24 +92,53 @@ std::string write_text(const fs::path& path, const std::string& text) {
   return out.finish();
 }
 
+/// A database of triples in a folder.
+class StoreFile {
+ public:
+  StoreFile(const fs::path& folder, OpenMode mode)
+      : world_(World::Console{nullptr, &said_, &said_}),
+        here_(world_),
+        db(kBuckets, kIdBuckets, false) {
+    world_.files.only({folder.string()});
+    HeaderFile header(world_.files, kHeaderFile, world_.double_byte);
+    db.link_file(world_.objects, header, mode);
+  }
+
+ private:
+  std::ostringstream said_;
+  World world_;
+  const WorldScope here_;
+
+ public:
+  TripleDb db;
+};
+
+/// The number of words, and the sum of all counts.
+struct StoreSize {
+  std::size_t words = 0;
+  float total = 0;
+  bool operator==(const StoreSize&) const = default;
+};
+
 /// Makes the store out of the rows that lie in the folder.
-std::string populate_store(const fs::path& folder, const PopulateLimits& limits) {
-  std::ostringstream said;
-  World world(World::Console{nullptr, &said, &said});
-  const WorldScope here(world);
-  world.files.only({folder.string()});
-  TripleDb db(kBuckets, kIdBuckets, false);
-  HeaderFile header(world.files, kHeaderFile, world.double_byte);
-  db.link_file(world.objects, header, OpenMode::write);
-  if (!db.has_file()) return said.str();
+StoreSize populate_store(const fs::path& folder, const PopulateLimits& limits) {
+  StoreFile store(folder, OpenMode::write);
   std::ifstream relations(folder / kRelationFile, std::ios::binary);
-  db.populate_relations(relations, limits);
+  store.db.populate_relations(relations, limits);
   std::ifstream details(folder / kDetailFile, std::ios::binary);
-  db.populate(details, limits);
-  bool is_written = relations.eof() && details.eof();
-  db.for_each([&](const PLHashEntry* entry) { is_written &= entry->pos > 0; });
-  if (!is_written) return (folder / kStoreFile).string() + " could not be written";
-  return {};
+  store.db.populate(details, limits);
+  StoreSize size{0, store.db.total_count()};
+  store.db.for_each([&](const PLHashEntry*) { ++size.words; });
+  return size;
+}
+
+/// What can be read back: a store does not say that it could not be written.
+StoreSize size_of_store(const fs::path& folder) {
+  StoreFile store(folder, OpenMode::read);
+  StoreSize size{0, store.db.has_file() ? store.db.total_count() : -1};
+  if (!store.db.has_file()) return size;
+  for (PLHashIterator walk(store.db); !walk.done(); walk.next()) ++size.words;
+  return size;
 }
 
 std::string make_store(const fs::path& folder, std::uint64_t keys, const PopulateLimits& limits) {
@@ -117,7 +146,10 @@ std::string make_store(const fs::path& folder, std::uint64_t keys, const Populat
   const std::string fault =
       write_text(folder / kHeaderFile,
                  std::string(kStoreFile) + " 64 " + std::to_string(buckets) + " strcasecmp\n");
-  return fault.empty() ? populate_store(folder, limits) : fault;
+  if (!fault.empty()) return fault;
+  const StoreSize made = populate_store(folder, limits);
+  return made == size_of_store(folder) ? fault
+                                       : (folder / kStoreFile).string() + " could not be written";
 }
 
 std::string build_in(const fs::path& folder, CountsFile& counts, const BuildChoice& choice) {
