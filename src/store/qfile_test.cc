@@ -27,7 +27,7 @@ class QFileTest : public StoreTest {
   /// The bytes of the file from `pos` on, after a sync.
   std::string synced(std::uint32_t pos, std::size_t n) {
     file_.sync();
-    return bytes_of(path()).substr(pos, n);
+    return content_of(path(), false).substr(pos, n);
   }
 
   /// A file whose end a test can move.

@@ -28,6 +28,7 @@ std::uint32_t padded(std::uint32_t pos) {
 [[noreturn]] void abort_over(const char* what) {
   std::cout.flush();
   messages() << what << std::endl;
+  PageFile::settle_all();
   // Kept: validate-aborts
   std::abort();
 }
