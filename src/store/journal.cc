@@ -182,8 +182,7 @@ bool Journal::start(std::uint32_t length) {
   commit_start_ = end_ = kHeaderBytes;
   file_end_ = std::max(file_end_, end_);
   if (fd_.write_at(0, header.data(), header.size()) && (!anew || flush())) return true;
-  lost_ = anew;  // which of the two logs stands there now is not known
-  if (!anew) end();
+  lost_ = !end();  // which of two logs stands there now is not known: none may
   return false;
 }
 

