@@ -106,7 +106,7 @@ bool LoggedPages::remove() const {
   return ::unlink(path_.c_str()) == 0 && flush_folder_of(path_);
 }
 
-bool LeftLog::open(const std::string& file) {
+bool LeftLog::open(const std::string& file, std::uint32_t last_commit) {
   path_ = log_path(file);
   fd_ = Descriptor(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   hidden_ = !fd_ && errno != ENOENT;
@@ -121,14 +121,14 @@ bool LeftLog::open(const std::string& file) {
       return false;
     length_ = first_length_ = load_be32(header.data() + 12);
     salt_ = load_be32(header.data() + 16);
-    scan(!undo);
+    scan(!undo, last_commit);
     // Its writer may have begun it anew meanwhile.
   } while (fd_.read_at(0, now.data(), kHeaderBytes) == kHeaderBytes && now != header);
   return true;
 }
 
 // Up to the first entry that is not whole; what no commit takes in does not count.
-void LeftLog::scan(bool commits) {
+void LeftLog::scan(bool commits, std::uint32_t last_commit) {
   offsets_.clear();
   std::unordered_map<std::uint32_t, std::uint64_t> added;
   std::uint32_t sums = salt_;
@@ -137,7 +137,7 @@ void LeftLog::scan(bool commits) {
   for (std::uint64_t at = kHeaderBytes; fd_.read_at(at, head, sizeof head) == sizeof head;) {
     std::uint32_t page = load_be32(head);
     if (commits && page == kCommit) {
-      if (!take_commit(at, sums)) break;
+      if (!take_commit(at, sums, last_commit)) break;
       for (auto [number, offset] : added) offsets_[number] = offset;
       added.clear();
       sums = salt_;
@@ -154,10 +154,10 @@ void LeftLog::scan(bool commits) {
   }
 }
 
-bool LeftLog::take_commit(std::uint64_t offset, std::uint32_t sums) {
+bool LeftLog::take_commit(std::uint64_t offset, std::uint32_t sums, std::uint32_t last_commit) {
   char record[kCommitBytes];
   if (fd_.read_at(offset, record, sizeof record) != sizeof record ||
-      load_be32(record + 4) != commit_sum(sums, record))
+      load_be32(record + 4) != commit_sum(sums, record) || load_be32(record + 12) > last_commit)
     return false;
   length_ = load_be32(record + 8);
   return true;
@@ -241,10 +241,11 @@ bool Journal::read_added(std::uint32_t page, char* image) const {
   return read_image(offset_of_added(added_.at(page)), page, image);
 }
 
-bool Journal::commit(std::uint32_t length) {
+bool Journal::commit(std::uint32_t length, std::uint32_t number) {
   char record[kCommitBytes] = {};
   store_be32(record, kCommit);
   store_be32(record + 8, length);
+  store_be32(record + 12, number);
   std::uint32_t sums = salt_;
   for (std::uint32_t sum : sums_) sums = check_sum(sums, sum);
   store_be32(record + 4, commit_sum(sums, record));

@@ -55,8 +55,9 @@ class LoggedPages {
 /// A log that was left behind, or that another process writes, as it is now.
 class LeftLog : public LoggedPages {
  public:
-  /// False if there is no log in force for the file.
-  bool open(const std::string& file);
+  /// False if there is no log in force for the file. A commit with a number above `last_commit` is
+  /// the end of it.
+  bool open(const std::string& file, std::uint32_t last_commit = UINT32_MAX);
   /// There may be one, but it cannot be read.
   bool hidden() const { return hidden_; }
   /// The length of the file when the log began: it has never been shorter since.
@@ -68,8 +69,8 @@ class LeftLog : public LoggedPages {
   }
 
  private:
-  void scan(bool commits);
-  bool take_commit(std::uint64_t offset, std::uint32_t sum);
+  void scan(bool commits, std::uint32_t last_commit);
+  bool take_commit(std::uint64_t offset, std::uint32_t sums, std::uint32_t last_commit);
 
   bool hidden_ = false;
   std::uint32_t first_length_ = 0;
@@ -101,8 +102,8 @@ class Journal : public LoggedPages {
   bool adds_any() const { return !added_.empty(); }
   bool read_added(std::uint32_t page, char* image) const;
   /// Makes what was added the last committed state, on the device; the file has `length` bytes in
-  /// it.
-  bool commit(std::uint32_t length);
+  /// it. The number is for those who look for the last commit up to one.
+  bool commit(std::uint32_t length, std::uint32_t number = 0);
   /// The device may have dropped what it was given: nothing more is to be built on it.
   bool lost() const { return lost_; }
   /// Ends the log of a file that holds the last committed state by itself.

@@ -63,7 +63,7 @@ std::size_t PageFile::usual_cached_pages() {
 }
 
 std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
-                                         std::size_t cached_pages) {
+                                         std::size_t cached_pages, std::uint32_t last_commit) {
   int flags = (writable ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
   Descriptor fd(::open(path.c_str(), flags, 0666));
   struct stat status;
@@ -72,7 +72,7 @@ std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
   if (writable) survive_size_limit();
   std::unique_ptr<PageFile> file(
       new PageFile(canonical(path), std::move(fd), status.st_mode, writable, cached_pages));
-  return file->recover() ? std::move(file) : nullptr;
+  return file->recover(last_commit) ? std::move(file) : nullptr;
 }
 
 PageFile::PageFile(const std::string& path, Descriptor fd, unsigned mode, bool writable,
@@ -108,9 +108,9 @@ void PageFile::settle_all() {
 }
 
 // Goes to the last committed state: on disk, or for a reader in what it sees.
-bool PageFile::recover() {
+bool PageFile::recover(std::uint32_t last_commit) {
   auto left = std::make_unique<LeftLog>();
-  bool found = left->open(path_);
+  bool found = left->open(path_, last_commit);
   struct stat status;
   if (left->hidden() || ::fstat(fd_.get(), &status) != 0) return false;
   auto size = static_cast<std::uint64_t>(status.st_size);
@@ -334,7 +334,7 @@ bool PageFile::spill() {
   return true;
 }
 
-bool PageFile::commit_to_log() {
+bool PageFile::commit_to_log(std::uint32_t number) {
   if (lost_ || journal_.lost()) {
     errno = EIO;
     return false;
@@ -354,27 +354,37 @@ bool PageFile::commit_to_log() {
     return false;
   }
   unflushed_ = false;
-  return journal_.commit(length_);
+  return journal_.commit(length_, number);
 }
 
-bool PageFile::commit() {
+bool PageFile::commit(std::uint32_t number) {
   if (!writable_) return false;
-  const bool spilled = journal_.started() && (unflushed_ || journal_.adds_any());
-  if (changed_.empty() && length_ == committed_length_ && !spilled) return true;
+  if (changed_.empty() && length_ == committed_length_ && !spilled()) return true;
   std::lock_guard settling(settling_);
   std::sort(changed_.begin(), changed_.end());
-  if (!commit_to_log()) return fail("write");
-  for (std::uint32_t number : changed_) frames_[frame_of(number)].changed = false;
+  if (!commit_to_log(number)) return fail("write");
+  for (std::uint32_t page : changed_) frames_[frame_of(page)].changed = false;
   changed_.clear();
   committed_length_ = length_;
-  // The log holds what is committed in any case.
-  if (journal_.size() > most_logged_ * std::uint64_t{kPageBytes} && settle())
-    journal_.start(committed_length_);
+  unconfirmed_ = number != 0;
+  settle_if_large();
   return true;
 }
 
+void PageFile::confirm() {
+  std::lock_guard settling(settling_);
+  unconfirmed_ = false;
+  settle_if_large();
+}
+
+// Where that fails the log still holds what is committed.
+void PageFile::settle_if_large() {
+  if (journal_.size() > most_logged_ * std::uint64_t{kPageBytes} && !spilled() && settle())
+    journal_.start(committed_length_);
+}
+
 bool PageFile::settle() {
-  if (lost_ || journal_.lost()) return false;
+  if (lost_ || journal_.lost() || unconfirmed_) return false;
   if (!journal_.started()) return true;
   if (!journal_.write_to(fd_)) {
     // Where the device has dropped writes, who opens the file next writes all of them again.

@@ -30,9 +30,11 @@ class PageFile {
   /// Null if the file cannot be opened so, is no regular file or too large, or has a writer
   /// already. A missing file is made if `writable`. A reader takes no lock: it sees the state that
   /// was committed last when it opened, and only until a writer writes a later one back into the
-  /// file. Up to `cached_pages` stay in memory.
+  /// file. Commits with a number above `last_commit` are passed over. Up to `cached_pages` stay in
+  /// memory.
   static std::unique_ptr<PageFile> open(const std::string& path, bool writable,
-                                        std::size_t cached_pages);
+                                        std::size_t cached_pages,
+                                        std::uint32_t last_commit = UINT32_MAX);
   /// A gigabyte, but no more than a quarter of the machine's memory: a store is to be walked at
   /// random.
   static std::size_t usual_cached_pages();
@@ -57,7 +59,9 @@ class PageFile {
   bool clear(std::uint32_t pos, std::uint32_t n);
   /// Makes all changes permanent. False, after a message, if that failed: the disk still holds the
   /// state of the last commit, and the changes stay in memory for the next attempt.
-  bool commit();
+  /// A commit with a number, one of several files', stays in the log until it is confirmed.
+  bool commit(std::uint32_t number = 0);
+  void confirm();
   /// For the end of the process, wherever that is: writes the logs of all open files back.
   static void settle_all();
 
@@ -77,7 +81,7 @@ class PageFile {
 
   PageFile(const std::string& path, Descriptor fd, unsigned mode, bool writable,
            std::size_t cached_pages);
-  bool recover();
+  bool recover(std::uint32_t last_commit);
   bool set_length(std::uint64_t length);
   /// The frame of a page, which is read if need be; kNone after a message if it cannot be read.
   std::uint32_t frame_of(std::uint32_t number) {
@@ -98,11 +102,13 @@ class PageFile {
   char* page_to_change(std::uint32_t number);
   /// Takes changed pages out of memory's care before they are committed.
   bool spill();
+  bool spilled() const { return unflushed_ || journal_.adds_any(); }
   bool add_to_log(std::span<const std::uint32_t> numbers);
   bool write_pages(std::span<const std::uint32_t> numbers);
-  bool commit_to_log();
+  bool commit_to_log(std::uint32_t number);
   /// Brings what is committed into the file; the log is not needed then.
   bool settle();
+  void settle_if_large();
   std::size_t page_size(std::uint32_t number) const;
   bool fail(const char* what);  // "Can't WHAT NAME: REASON", once; false
 
@@ -116,9 +122,10 @@ class PageFile {
   std::uint32_t disk_length_ = 0;       // how far the file on disk goes
   std::uint32_t committed_length_ = 0;  // how far it went at the last commit
   bool failing_ = false;
-  bool lost_ = false;       // the device has dropped writes: only the log knows what holds
-  bool unflushed_ = false;  // the file was written to beyond the committed end
-  std::mutex settling_;     // held while the log and the file are written
+  bool lost_ = false;         // the device has dropped writes: only the log knows what holds
+  bool unflushed_ = false;    // the file was written to beyond the committed end
+  bool unconfirmed_ = false;  // the last commit may have to be passed over
+  std::mutex settling_;       // held while the log and the file are written
 
   std::vector<std::uint32_t> slots_;  // by page: twice its frame plus 1, and kRecent; 0: no frame
   std::vector<Frame> frames_;

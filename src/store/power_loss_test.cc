@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <optional>
+#include <map>
+#include <memory>
 #include <random>
 #include <vector>
 
-#include "store/journal.h"
-#include "store/page_file.h"
-#include "store/qhash.h"
+#include "store/header_file.h"
+#include "store/sharded_hash.h"
 #include "store/store_test.h"
 
 namespace torvane {
@@ -20,7 +20,7 @@ namespace {
 struct DeviceStep {
   enum Kind { write, cut, flush, remove, flush_folder, synced };
   Kind kind;
-  bool to_log;
+  std::string path;
   std::uint64_t at;  // where it is written, the length to which is cut, or the number of a sync
   std::string bytes;
 };
@@ -32,8 +32,8 @@ struct DeviceRecord {
   std::size_t fails_until = SIZE_MAX;
   int error = EIO;
 
-  bool take(DeviceStep::Kind kind, bool to_log, std::uint64_t at = 0, std::string bytes = "") {
-    steps.push_back({kind, to_log, at, std::move(bytes)});
+  bool take(DeviceStep::Kind kind, std::string path, std::uint64_t at = 0, std::string bytes = "") {
+    steps.push_back({kind, std::move(path), at, std::move(bytes)});
     std::size_t number = steps.size() - 1;
     if (number < fails_at || number >= fails_until) return true;
     errno = error;
@@ -47,17 +47,16 @@ struct DeviceRecord {
 
 DeviceRecord* g_device = nullptr;
 
-bool is_log(int fd) {
-  std::string path = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(fd)).string();
-  return path.find("-journal") != std::string::npos;
+std::string path_of(int fd) {
+  return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(fd)).string();
 }
 
 bool note_flush(int fd) {
   struct stat status;
   if (!g_device) return true;
   if (fstat(fd, &status) == 0 && S_ISDIR(status.st_mode))
-    return g_device->take(DeviceStep::flush_folder, false);
-  return g_device->take(DeviceStep::flush, is_log(fd));
+    return g_device->take(DeviceStep::flush_folder, "");
+  return g_device->take(DeviceStep::flush, path_of(fd));
 }
 
 }  // namespace
@@ -68,7 +67,7 @@ extern "C" {
 ssize_t pwrite(int fd, const void* bytes, size_t n, off_t at) {
   using namespace torvane;
   std::string copy(static_cast<const char*>(bytes), n);
-  if (g_device && !g_device->take(DeviceStep::write, is_log(fd), static_cast<std::uint64_t>(at),
+  if (g_device && !g_device->take(DeviceStep::write, path_of(fd), static_cast<std::uint64_t>(at),
                                   std::move(copy)))
     return -1;
   return syscall(SYS_pwrite64, fd, bytes, n, at);
@@ -79,7 +78,7 @@ ssize_t pwritev(int fd, const iovec* pieces, int count, off_t at) {
   std::string copy;
   for (int i = 0; i < count; ++i)
     copy.append(static_cast<const char*>(pieces[i].iov_base), pieces[i].iov_len);
-  if (g_device && !g_device->take(DeviceStep::write, is_log(fd), static_cast<std::uint64_t>(at),
+  if (g_device && !g_device->take(DeviceStep::write, path_of(fd), static_cast<std::uint64_t>(at),
                                   std::move(copy)))
     return -1;
   return syscall(SYS_pwritev, fd, pieces, count, at, 0);
@@ -87,7 +86,7 @@ ssize_t pwritev(int fd, const iovec* pieces, int count, off_t at) {
 
 int ftruncate(int fd, off_t length) noexcept {
   using namespace torvane;
-  if (g_device && !g_device->take(DeviceStep::cut, is_log(fd), static_cast<std::uint64_t>(length)))
+  if (g_device && !g_device->take(DeviceStep::cut, path_of(fd), static_cast<std::uint64_t>(length)))
     return -1;
   return static_cast<int>(syscall(SYS_ftruncate, fd, length));
 }
@@ -102,7 +101,7 @@ int fdatasync(int fd) {
 
 int unlink(const char* path) noexcept {
   using namespace torvane;
-  if (g_device && !g_device->take(DeviceStep::remove, true)) return -1;
+  if (g_device && !g_device->take(DeviceStep::remove, path)) return -1;
   return static_cast<int>(syscall(SYS_unlink, path));
 }
 
@@ -134,7 +133,7 @@ class FragileFile {
       for (std::size_t at = 0; at < step.bytes.size();) {
         std::size_t n = std::min(kSector - (step.at + at) % kSector, step.bytes.size() - at);
         if (random() % 3 >= lost)
-          apply({DeviceStep::write, false, step.at + at, step.bytes.substr(at, n)}, bytes);
+          apply({DeviceStep::write, "", step.at + at, step.bytes.substr(at, n)}, bytes);
         at += n;
       }
     }
@@ -152,8 +151,8 @@ class FragileFile {
   std::vector<DeviceStep> waiting_;
 };
 
-/// The store, its log, and the log's name, which may be lost or come back as long as the folder is
-/// not flushed.
+/// Stores and their logs, whose names may be lost or come back as long as the folder is not
+/// flushed.
 class FragileDisk {
  public:
   std::size_t synced = 0;
@@ -162,26 +161,29 @@ class FragileDisk {
     if (step.kind == DeviceStep::synced) {
       synced = step.at;
     } else if (step.kind == DeviceStep::flush_folder) {
-      safe_log_ = log_;
+      for (auto& [path, name] : names_) name.safe = name.now;
     } else if (step.kind == DeviceStep::remove) {
-      log_.reset();
-    } else if (!step.to_log) {
-      store_.take(step);
+      names_[step.path].now.reset();
     } else {
-      if (!log_) log_ = std::make_shared<FragileFile>();
-      log_->take(step);
+      auto& file = names_[step.path].now;
+      if (!file) file = std::make_shared<FragileFile>();
+      file->take(step);
     }
   }
-  void lose_power(const std::string& path, std::mt19937& random) const {
-    write_bytes(path, store_.after_power_loss(random));
-    std::filesystem::remove(LoggedPages::log_path(path));
-    const auto& log = random() % 2 ? log_ : safe_log_;
-    if (log) write_bytes(LoggedPages::log_path(path), log->after_power_loss(random));
+  void lose_power(std::mt19937& random) const {
+    for (const auto& [path, name] : names_) {
+      const bool is_log = path.ends_with("-journal");
+      const auto& file = !is_log || random() % 2 ? name.now : name.safe;
+      std::filesystem::remove(path);
+      if (file) write_bytes(path, file->after_power_loss(random));
+    }
   }
 
  private:
-  FragileFile store_;
-  std::shared_ptr<FragileFile> log_, safe_log_;
+  struct Name {
+    std::shared_ptr<FragileFile> now, safe;
+  };
+  std::map<std::string, Name> names_;
 };
 
 class PowerLossTest : public StoreTest {
@@ -192,82 +194,108 @@ class PowerLossTest : public StoreTest {
   static std::string key(std::size_t i) { return "key" + std::to_string(i * 7919); }
   static std::size_t keys_at(std::size_t sync) { return 10 + sync * 3; }
 
-  /// Changes the store as sync number `number` finds it: every value says by which.
-  bool change(QHash& hash, std::size_t number) {
+  /// As many empty stores, with room in memory for as many pages of each.
+  void make_stores(std::size_t stores, std::size_t pages) {
+    stores_ = stores;
+    pages_ = pages;
+    write_bytes(path("store.hdr"), "shards " + std::to_string(stores) + " store.db 32 11 strcmp");
+    for (std::size_t i = 0; i < stores; ++i) {
+      std::filesystem::remove(store_path(i) + "-journal");
+      write_bytes(store_path(i), "");
+    }
+  }
+  std::string store_path(std::size_t i) const {
+    return path() + (i == 0 ? "" : '.' + std::to_string(i));
+  }
+  bool a_log_is_left() const {
+    for (std::size_t i = 0; i < stores_; ++i)
+      if (std::filesystem::exists(store_path(i) + "-journal")) return true;
+    return false;
+  }
+  void open(ShardedHash& hash) {
+    HeaderFile header(world_.files, path("store.hdr").c_str(), world_.double_byte);
+    hash.cached_pages = pages_ * stores_;
+    if (hash.open_header(header) > 0 || !hash.is_open()) return;
+    hash.first().write_record(0, "global", 6);
+    hash.started();
+  }
+  /// Changes the stores as sync number `number` finds them: every value says by which.
+  bool change(ShardedHash& hash, std::size_t number) {
     StrBufs found;
-    bool good = true;
-    for (std::size_t i = 0; i < keys_at(number); ++i) {
+    bool good = hash.is_open();
+    for (std::size_t i = 0; i < keys_at(number) && good; ++i) {
       std::string value = std::to_string(number) + ' ' + std::string(number * 37 % 400, 'v');
       std::string data = packed(key(i), value);
-      std::uint32_t pos = hash.find(key(i).c_str(), found);
-      good = (pos ? hash.update(pos, data.data(), data.size(), 0, false)
-                  : hash.insert(data.data(), data.size())) &&
-             good;
+      QHash& store = hash.of(key(i).c_str());
+      std::uint32_t pos = store.find(key(i).c_str(), found);
+      good = (pos ? store.update(pos, data.data(), data.size(), 0, false)
+                  : store.insert(data.data(), data.size())) != 0;
     }
     return good;
   }
-  void open(QHash& hash, std::size_t pages) const {
-    hash.cached_pages = pages;
-    hash.open_file(path().c_str(), 32, 11, "strcmp");
-  }
   /// Many syncs, of which some write pages before, and the end of some writers.
-  void work(DeviceRecord& device, std::size_t pages) {
+  void work(DeviceRecord& device) {
+    ShardedHash hash(world_.objects, OpenMode::write);
+    open(hash);
     g_device = &device;
-    QHash hash(world_.objects, OpenMode::write);
-    open(hash, pages);
     for (std::size_t number = 1; number <= kSyncs; ++number) {
       if (number % 9 == 0) {
         change(hash, 2 * kSyncs);  // what is not synced goes with its writer
-        open(hash, pages);
+        open(hash);
       }
-      if (!hash.is_open() || !change(hash, number)) {
-        open(hash, pages);  // the disk was full: back to what is synced
+      if (!change(hash, number)) {
+        open(hash);  // the disk was full: back to what is synced
         continue;
       }
       hash.sync();
-      if (!hash.is_changed()) device.take(DeviceStep::synced, false, number);
+      if (!hash.is_changed()) device.take(DeviceStep::synced, "", number);
     }
-    hash.close();
+    open(hash);
     g_device = nullptr;
   }
-  /// By which sync the values are that the store holds, all of them; 0: there is no store yet.
-  std::size_t held(OpenMode mode) const {
-    QHash hash(world_.objects, mode);
-    messages_of([&] { open(hash, 8); });
+  /// By which sync the values are that the stores hold, all of them; 0: there are none yet.
+  std::size_t held(OpenMode mode) {
+    ShardedHash hash(world_.objects, mode);
+    messages_of([&] { open(hash); });
     EXPECT_TRUE(hash.is_open() || mode == OpenMode::read) << "no store, but room for one";
     StrBufs buf;
-    if (!hash.is_open() || !hash.find(key(0).c_str(), buf)) return 0;
-    auto number_in = [&](std::size_t i) {
-      return hash.find(key(i).c_str(), buf) ? std::stoul(buf.object() + key(i).size() + 1) : 0;
+    auto number_in = [&](std::size_t i) -> std::size_t {
+      bool found = hash.of(key(i).c_str()).find(key(i).c_str(), buf) != 0;
+      return found ? std::stoul(buf.object() + key(i).size() + 1) : 0;
     };
-    std::size_t number = number_in(0);
-    for (std::size_t i = 0; i < keys_at(number); ++i) EXPECT_EQ(number_in(i), number) << i;
+    std::size_t number = hash.is_open() ? number_in(0) : 0;
+    for (std::size_t i = 0; i < keys_at(number) && number > 0; ++i)
+      EXPECT_EQ(number_in(i), number) << i;
     EXPECT_EQ(number_in(keys_at(number)), 0u);
-    hash.check_all();
+    for (const auto& store : hash.stores()) store->check_all();
     return number;
   }
+
+  std::size_t stores_ = 1;
+  std::size_t pages_ = 8;
 };
 
 TEST_F(PowerLossTest, LeavesTheLastSyncOrTheOneUnderWay) {
   std::mt19937 random(static_cast<unsigned>(rounds(2, 1)));
-  for (std::size_t pages : {8, 16, 1000}) {
-    std::filesystem::remove(path());
-    write_bytes(path(), "");
+  for (auto [stores, pages] : {std::pair{1, 8}, {1, 16}, {1, 1000}, {3, 8}, {3, 1000}}) {
+    make_stores(static_cast<std::size_t>(stores), static_cast<std::size_t>(pages));
     DeviceRecord device;
-    work(device, pages);
+    work(device);
     ASSERT_EQ(device.count(DeviceStep::synced), kSyncs);
     FragileDisk disk;
-    const auto stride = rounds(1, static_cast<int>(device.steps.size() / 100));
+    const auto stride = static_cast<unsigned>(device.steps.size() / 100);
     for (std::size_t done = 0; done < device.steps.size(); ++done) {
       disk.take(device.steps[done]);
-      if (random() % static_cast<unsigned>(stride) != 0) continue;
+      if (random() % (rounds(1, 0) ? 1 : stride) != 0) continue;
       for (int times = 0; times < 3; ++times) {
-        disk.lose_power(path(), random);
+        make_stores(stores_, pages_);
+        disk.lose_power(random);
         std::size_t seen = held(OpenMode::read);
         ASSERT_TRUE(seen == disk.synced || seen == disk.synced + 1)
-            << seen << " after " << disk.synced << " at step " << done << " with " << pages;
+            << seen << " after " << disk.synced << " at step " << done << " of " << stores << " "
+            << pages;
         ASSERT_EQ(held(OpenMode::write), seen);
-        ASSERT_FALSE(std::filesystem::exists(LoggedPages::log_path(path())));
+        ASSERT_FALSE(a_log_is_left());
         ASSERT_FALSE(HasFailure()) << done;
       }
     }
@@ -275,21 +303,23 @@ TEST_F(PowerLossTest, LeavesTheLastSyncOrTheOneUnderWay) {
 }
 
 TEST_F(PowerLossTest, AFailedWriteLosesNoSync) {
-  for (std::size_t pages : {8, 1000}) {
+  for (auto [stores, pages] : {std::pair{1, 8}, {1, 1000}, {3, 8}}) {
+    auto make = [&] {
+      make_stores(static_cast<std::size_t>(stores), static_cast<std::size_t>(pages));
+    };
     DeviceRecord whole;
-    write_bytes(path(), "");
-    work(whole, pages);
+    make();
+    work(whole);
     const auto stride = static_cast<std::size_t>(rounds(2, 41));
     for (std::size_t at = 0; at < whole.steps.size(); at += stride) {
       for (int error : {EIO, ENOSPC}) {
         for (std::size_t length : {std::size_t{1}, whole.steps.size()}) {
-          std::filesystem::remove(LoggedPages::log_path(path()));
-          write_bytes(path(), "");
+          make();
           DeviceRecord device;
           device.fails_at = at;
           device.fails_until = at + length;
           device.error = error;
-          messages_of([&] { work(device, pages); });
+          messages_of([&] { work(device); });
           std::size_t synced = 0;
           for (const DeviceStep& step : device.steps)
             if (step.kind == DeviceStep::synced) synced = step.at;
@@ -309,13 +339,13 @@ TEST_F(PowerLossTest, AFailedWriteLosesNoSync) {
 }
 
 TEST_F(PowerLossTest, ASmallSyncWaitsOnce) {
+  make_stores(1, 1000);
   DeviceRecord device;
-  QHash hash(world_.objects, OpenMode::write);
-  open(hash, 1000);
+  ShardedHash hash(world_.objects, OpenMode::write);
+  open(hash);
   change(hash, 1);
   hash.sync();
-  hash.close();
-  open(hash, 1000);
+  open(hash);
   g_device = &device;
   for (std::size_t number : {2, 3, 4, 5}) {
     change(hash, number);

@@ -11,13 +11,14 @@
 
 namespace torvane {
 
-QFile::QFile(OpenMode mode) : cached_pages(PageFile::usual_cached_pages()), mode_(mode) {}
+QFile::QFile(OpenMode mode)
+    : cached_pages(PageFile::usual_cached_pages()), most_bytes(PageFile::kMostBytes), mode_(mode) {}
 QFile::~QFile() = default;
 
 int QFile::open(const char* name, long new_block_size) {
   close();
   auto path = expand_file_name(or_empty(name));
-  if (path) file_ = PageFile::open(*path, !read_only(), cached_pages);
+  if (path) file_ = PageFile::open(*path, !read_only(), cached_pages, last_commit);
   if (!file_) return refuse(name);
   data_start_ = kHeaderBytes;
   if (file_->length() > 0) return load_header() ? 1 : refuse(name);
@@ -30,11 +31,15 @@ int QFile::open(const char* name, long new_block_size) {
   return 0;
 }
 
+const std::string& QFile::path() const {
+  return file_->path();
+}
+
 void QFile::close() {
   file_.reset();
   free_list_.clear();
   block_size_ = end_pos_ = data_start_ = tail_ref_pos_ = 0;
-  dirty_ = false;
+  dirty_ = full_ = false;
 }
 
 int QFile::refuse(const char* name) {
@@ -106,16 +111,21 @@ std::uint32_t QFile::save_free_list() {
   return written ? pos : 0;
 }
 
-void QFile::sync() {
-  if (!is_open() || !dirty_ || read_only()) return;
+bool QFile::sync_as(std::uint32_t number) {
+  if (!is_open() || !dirty_ || read_only()) return true;
   file_->try_again();
   // Kept: sync-leaves-old-lists
   std::uint32_t list_pos = save_free_list();
   bool written = write_word(0, end_pos_) && write_word(4, list_pos) && write_word(8, block_size_);
-  if (written && file_->commit())
+  if (written && file_->commit(number))
     dirty_ = false;
   else if (list_pos != 0)
     release(list_pos, 0);
+  return !dirty_;
+}
+
+void QFile::confirm() {
+  if (is_open()) file_->confirm();
 }
 
 void QFile::print_free_list() const {
@@ -140,10 +150,11 @@ std::uint32_t QFile::grow(std::uint64_t bytes) {
   std::uint64_t amount = std::max<std::uint64_t>(bytes, kGrowth);
   amount = (amount + block_size_ - 1) / block_size_ * block_size_;
   // Near the limit only what is needed.
-  if (end_pos_ + amount > PageFile::kMostBytes) amount = bytes;
-  if (end_pos_ + amount > PageFile::kMostBytes) {
-    messages() << "The file " << file_->path() << " cannot grow beyond " << PageFile::kMostBytes
-               << " bytes" << std::endl;
+  if (end_pos_ + amount > most_bytes) amount = bytes;
+  if (end_pos_ + amount > most_bytes) {
+    messages() << "The file " << file_->path() << " cannot grow beyond " << most_bytes << " bytes"
+               << std::endl;
+    full_ = true;
     return 0;
   }
   if (file_->failing() || !file_->clear(end_pos_, static_cast<std::uint32_t>(amount))) return 0;
@@ -177,6 +188,11 @@ bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {
   if (pos < kHeaderBytes || !file_->read(pos, bytes, sizeof bytes)) return false;
   hdr.load(bytes);
   return hdr.valid();
+}
+
+std::uint32_t QFile::extent_end(std::uint32_t pos) const {
+  RecordHeader hdr;
+  return is_open() && read_header(pos, hdr) ? pos + hdr.blocks * block_size_ : 0;
 }
 
 bool QFile::write_header(std::uint32_t pos, const RecordHeader& hdr) {

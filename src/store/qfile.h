@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "store/free_list.h"
 #include "support/big_endian.h"
@@ -57,7 +58,12 @@ class QFile {
   ~QFile();
   /// Writes the free list and the header, and makes all changes since the last sync permanent.
   /// Nothing on a file that is read-only, not open or unchanged.
-  void sync();
+  void sync() { sync_as(0); }
+  /// The same as one of several files that are synced together, by the number of that sync (not 0):
+  /// what is permanent then counts only if `confirm` follows, or if the next `open` takes commits
+  /// up to that number. False, after a message, if it failed.
+  bool sync_as(std::uint32_t number);
+  void confirm();
 
   /// 1 for an existing file with content, whose own block size holds; 0 for a new one, and after
   /// "Can't open NAME" (it is not open then). Open again, the object starts afresh, and what was
@@ -65,6 +71,8 @@ class QFile {
   int open(const char* name, long block_size);
   bool read_only() const { return mode_ == OpenMode::read; }
   bool is_open() const { return file_ != nullptr; }
+  /// Of the open file.
+  const std::string& path() const;
   /// Drops the file, and what was not synced.
   void close();
 
@@ -95,6 +103,10 @@ class QFile {
   std::uint32_t end_pos() const { return end_pos_; }
   std::uint32_t data_start() const { return data_start_; }
   const FreeList& free_list() const { return free_list_; }
+  /// Where the blocks of the record at `pos` end that begin there; 0 if there is none.
+  std::uint32_t extent_end(std::uint32_t pos) const;
+  /// The file has refused to grow beyond `most_bytes`.
+  bool is_full() const { return full_; }
   /// No record was ever written.
   bool has_no_records() const { return data_start_ == end_pos_; }
   /// What was changed since the last sync; `mark_changed` says that something else is to be synced.
@@ -103,6 +115,10 @@ class QFile {
 
   /// How much of the file stays in memory; counts from the next `open` on.
   std::size_t cached_pages;
+  /// The number of the last sync whose changes the next `open` takes.
+  std::uint32_t last_commit = UINT32_MAX;
+  /// How far the file may grow.
+  std::uint32_t most_bytes;
 
  protected:
   static constexpr std::uint32_t kHeaderBytes = 12;
@@ -129,6 +145,7 @@ class QFile {
   std::uint32_t end_pos_ = 0;
   std::uint32_t data_start_ = 0;
   bool dirty_ = false;
+  bool full_ = false;
   FreeList free_list_;
 
  private:

@@ -233,6 +233,11 @@ void QHash::print_profile(int max) const {
 }
 
 void QHash::sort_links() {
+  sort_chains();
+  sync();
+}
+
+void QHash::sort_chains() {
   if (read_only() || !is_open()) return;
   std::vector<std::uint32_t> chain;
   for (std::uint32_t i = 0; i < size_; ++i) {
@@ -247,7 +252,6 @@ void QHash::sort_links() {
           write_word(chain[k] + RecordHeader::kBytes, k + 1 < chain.size() ? chain[k + 1] : 0);
     dirty_ = true;
   }
-  sync();
 }
 
 void ChainWalk::next() {
