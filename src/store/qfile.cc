@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "shell/file_search.h"
 #include "store/page_file.h"
@@ -38,7 +40,7 @@ const std::string& QFile::path() const {
 void QFile::close() {
   file_.reset();
   free_list_.clear();
-  block_size_ = end_pos_ = data_start_ = tail_ref_pos_ = 0;
+  block_size_ = end_pos_ = data_start_ = tail_ref_pos_ = unread_list_ = 0;
   dirty_ = full_ = false;
 }
 
@@ -59,34 +61,45 @@ bool QFile::load_header() {
   end_pos_ = load_be32(bytes);
   block_size_ = load_be32(bytes + 8);
   if (block_size_ == 0 || end_pos_ < kHeaderBytes || end_pos_ > file_->length()) return false;
-  if (std::uint32_t pos = load_be32(bytes + 4)) load_free_list(pos);
+  if (std::uint32_t pos = load_be32(bytes + 4)) find_free_list(pos);
   dirty_ = false;  // that the list's own blocks are free again is no change by itself
   return true;
 }
 
-// The list that a file for reading holds is shown as it is. One that space is taken from must not
-// lead into a record.
-void QFile::load_free_list(std::uint32_t pos) {
+void QFile::find_free_list(std::uint32_t pos) {
   RecordHeader hdr;
   if (!read_header(pos, hdr) || file_->length() - pos - RecordHeader::kBytes < hdr.size) {
     complain_of_record();
     return;
   }
+  unread_list_ = pos;
+  if (!read_only()) load_free_list();
+}
+
+// The list that a file for reading holds is shown as it is, and read when it is to be shown. One
+// that space is taken from must not lead into a record.
+void QFile::load_free_list() const {
+  const std::uint32_t pos = std::exchange(unread_list_, 0);
+  RecordHeader hdr;
+  read_header(pos, hdr);
   std::string pairs(hdr.size & ~7U, '\0');
   file_->read(pos + RecordHeader::kBytes, pairs.data(), pairs.size());
+  std::vector<FreeExtent> extents;
+  extents.reserve(pairs.size() / 8);
+  std::uint32_t end = kHeaderBytes - 1;
   for (const char* pair = pairs.data(); pair != pairs.data() + pairs.size(); pair += 8) {
     FreeExtent extent{load_be32(pair), load_be32(pair + 4)};
-    bool ascends = free_list_.empty() || free_list_.back().end() < extent.pos;
-    bool fits = extent.length > 0 && extent.pos >= kHeaderBytes && extent.pos <= end_pos_ &&
+    bool fits = extent.pos > end && extent.length > 0 && extent.pos <= end_pos_ &&
                 extent.length <= end_pos_ - extent.pos;
-    if (!read_only() && !(ascends && fits)) {
-      free_list_.clear();
+    if (!read_only() && !fits) {
       complain_of_record();
       return;
     }
-    free_list_.append(extent);
+    end = extent.end();
+    extents.push_back(extent);
   }
-  if (hdr.blocks > 0) release(pos, hdr.blocks);
+  free_list_.assign(extents);
+  if (hdr.blocks > 0) add_free(pos, hdr.blocks);
 }
 
 std::uint32_t QFile::save_free_list() {
@@ -128,9 +141,14 @@ void QFile::confirm() {
   if (is_open()) file_->confirm();
 }
 
+const FreeList& QFile::free_list() const {
+  if (unread_list_ != 0) load_free_list();
+  return free_list_;
+}
+
 void QFile::print_free_list() const {
   messages() << "Free list:";
-  free_list_.for_each([](const FreeExtent& extent) {
+  free_list().for_each([](const FreeExtent& extent) {
     messages() << " (" << extent.pos << ", " << extent.length << ')';
   });
   messages() << std::endl;
@@ -173,14 +191,17 @@ bool QFile::extent_is_sound(std::uint32_t pos, std::uint64_t length) const {
 void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
   RecordHeader hdr;
   if (blocks == 0 && is_open() && read_header(pos, hdr)) blocks = hdr.blocks;
+  free_list();  // what is added goes to a list that is read
+  if (add_free(pos, blocks)) dirty_ = true;
+}
+
+bool QFile::add_free(std::uint32_t pos, std::uint32_t blocks) const {
   std::uint64_t wide = std::uint64_t{blocks} * block_size_;
   // A wrong extent would offer live records as space.
-  if (!is_open() || wide > PageFile::kMostBytes || (!read_only() && !extent_is_sound(pos, wide))) {
-    complain_of_record();
-    return;
-  }
-  dirty_ = true;
+  if (!is_open() || wide > PageFile::kMostBytes || (!read_only() && !extent_is_sound(pos, wide)))
+    return complain_of_record();
   free_list_.add(pos, static_cast<std::uint32_t>(wide));
+  return true;
 }
 
 bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {

@@ -102,7 +102,7 @@ class QFile {
   /// Where the allocated area ends, and where that of records begins.
   std::uint32_t end_pos() const { return end_pos_; }
   std::uint32_t data_start() const { return data_start_; }
-  const FreeList& free_list() const { return free_list_; }
+  const FreeList& free_list() const;
   /// Where the blocks of the record at `pos` end that begin there; 0 if there is none.
   std::uint32_t extent_end(std::uint32_t pos) const;
   /// The file has refused to grow beyond `most_bytes`.
@@ -146,14 +146,16 @@ class QFile {
   std::uint32_t data_start_ = 0;
   bool dirty_ = false;
   bool full_ = false;
-  FreeList free_list_;
+  mutable FreeList free_list_;  // of a file for reading it is empty until somebody asks for it
 
  private:
   static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
   static constexpr std::uint32_t kGrowth = 4096;
 
   bool load_header();
-  void load_free_list(std::uint32_t pos);
+  void find_free_list(std::uint32_t pos);
+  void load_free_list() const;
+  bool add_free(std::uint32_t pos, std::uint32_t blocks) const;
   std::uint32_t save_free_list();
   std::uint32_t grow(std::uint64_t bytes);
   bool alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf);
@@ -165,7 +167,8 @@ class QFile {
   bool write_header(std::uint32_t pos, const RecordHeader& hdr);
 
   OpenMode mode_;
-  std::uint32_t tail_ref_pos_ = 0;  // of the overflow reference that `read_head` came to
+  mutable std::uint32_t unread_list_ = 0;  // the record with the list; 0: it is read
+  std::uint32_t tail_ref_pos_ = 0;         // of the overflow reference that `read_head` came to
 };
 
 }  // namespace torvane
