@@ -94,7 +94,7 @@
   (:head (VP)
          ; if he could, so he did: the auxiliary alone
          (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
-                 "'t" not and but or either too so than)))
+                 "'t" nt not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
                               (pitem-add-weight 5)))))
