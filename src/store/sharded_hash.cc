@@ -7,17 +7,15 @@
 #include "support/hash.h"
 #include "support/messages.h"
 #include "support/str_bufs.h"
-#include "support/text.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr char kShards[] = "shards";
 constexpr std::uint32_t kMarkBytes = 12;
 
-std::string store_name(const std::string& name, std::size_t number) {
-  return number == 0 ? name : name + '.' + std::to_string(number);
+std::string store_path(const std::string& first, std::size_t number) {
+  return number == 0 ? first : first + '.' + std::to_string(number);
 }
 
 }  // namespace
@@ -25,24 +23,14 @@ std::string store_name(const std::string& name, std::size_t number) {
 int ShardedHash::open_header(HeaderFile& header) {
   if (!header.is_open()) return -1;
   use_stores(1);
-  std::string name, text, function;
-  long count = 1, block_size = 0, buckets = 0;
-  if (!header.next(name) || !header.next_number(block_size) || !header.next(text)) return 0;
-  if (!scan_long(text.c_str(), buckets)) {
-    // Kept: short-header-is-silent
-    if (name != kShards) return 0;
-    count = block_size;
-    name = text;
-    if (!header.next_number(block_size) || !header.next_number(buckets)) return 0;
-  }
-  const bool named = header.next(function);
-  const std::string path = header.path_of(name);
-  if (count < 1 || count > kMostStores) {
-    messages() << "Can't open " << path << std::endl;
+  StoreHeader wanted;
+  if (!header.next(wanted)) return 0;
+  if (wanted.stores < 1 || wanted.stores > kMostStores) {
+    messages() << "Can't open " << wanted.path << std::endl;
     return 0;
   }
-  use_stores(static_cast<std::size_t>(count));
-  int existing = open_stores(path, block_size, buckets, named ? function.c_str() : nullptr);
+  use_stores(static_cast<std::size_t>(wanted.stores));
+  int existing = open_stores(wanted);
   if (!is_open()) use_stores(1);
   return existing;
 }
@@ -56,22 +44,25 @@ void ShardedHash::use_stores(std::size_t count) {
   }
 }
 
-int ShardedHash::open_stores(const std::string& name, long block_size, long buckets,
-                             const char* function) {
-  int existing = first().open_file(name.c_str(), block_size, buckets, function);
+int ShardedHash::open_stores(const StoreHeader& wanted) {
+  auto open = [&](std::size_t i) {
+    return stores_[i]->open_file(store_path(wanted.path, i).c_str(), wanted.block_size,
+                                 wanted.buckets,
+                                 wanted.comparison.empty() ? nullptr : wanted.comparison.c_str());
+  };
+  const int existing = open(0);
   if (!first().is_open() || stores_.size() == 1) return existing;
   bool sound = existing == 0 || read_mark(0, sync_number_);
   for (std::size_t i = 1; i < stores_.size() && sound; ++i) {
-    QHash& store = *stores_[i];
-    store.last_commit = sync_number_;
-    int found = store.open_file(store_name(name, i).c_str(), block_size, buckets, function);
-    if (!store.is_open()) return 0;
+    stores_[i]->last_commit = sync_number_;
+    const int found = open(i);
+    if (!stores_[i]->is_open()) return 0;
     std::uint32_t changed_by = 0;
     sound = found == existing &&
             (existing == 0 || (read_mark(i, changed_by) && changed_by <= sync_number_));
   }
   if (sound) return existing;
-  messages() << "Can't open " << name << std::endl;
+  messages() << "Can't open " << wanted.path << std::endl;
   stores_.back()->close();
   return 0;
 }

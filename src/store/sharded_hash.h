@@ -11,13 +11,14 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "store/page_file.h"
 #include "store/qhash.h"
 
 namespace torvane {
+
+struct StoreHeader;
 
 class ShardedHash {
  public:
@@ -54,7 +55,7 @@ class ShardedHash {
   std::size_t cached_pages = PageFile::usual_cached_pages();
 
  private:
-  int open_stores(const std::string& name, long block_size, long buckets, const char* function);
+  int open_stores(const StoreHeader& wanted);
   void use_stores(std::size_t count);
   std::uint32_t mark_pos(std::size_t number) const;
   bool read_mark(std::size_t number, std::uint32_t& sync_number) const;
