@@ -143,7 +143,7 @@ StoreSize size_of_store(const fs::path& folder) {
 
 std::string make_store(const fs::path& folder, std::uint64_t keys, const PopulateLimits& limits) {
   const std::uint64_t buckets = std::max(kLeastDiskBuckets, keys | 1U);
-  const std::string fault =
+  std::string fault =
       write_text(folder / kHeaderFile,
                  std::string(kStoreFile) + " 64 " + std::to_string(buckets) + " strcasecmp\n");
   if (!fault.empty()) return fault;
