@@ -33,7 +33,7 @@ struct LearnOptions {
   CountingChoice counting;
   std::vector<std::string> corpus_and_folder;
   std::uint64_t bytes = kShardBytes, min_count = 1;
-  bool similar = false, quiet = false;
+  bool similar = false, todo = false, quiet = false;
 };
 
 /// `FILE BYTES TIME`: another file under the name has another one.
@@ -68,6 +68,7 @@ class Learning {
     if (!make_plan()) return kInputOutput;
     if (!counting_.start()) return kNoGrammar;
     name_shards();
+    if (options_.todo) return list_what_is_to_do();
     for (std::size_t i = 0; i < plan_.shards.size(); ++i)
       if (const int status = count_shard(i); status != kDone) return status;
     progress_.end();
@@ -142,6 +143,14 @@ class Learning {
     if (const std::size_t others = other_files().size(); others > 0)
       say("what was counted from another corpus or grammar, or with other options, is not used: " +
           std::to_string(others) + " files");
+  }
+
+  /// For who counts them elsewhere: number and file of each shard, and whether it is counted.
+  int list_what_is_to_do() const {
+    for (std::size_t i = 0; i < files_.size(); ++i)
+      std::cout << i + 1 << '\t' << files_[i] << '\t' << (is_done_[i] ? "done" : "to do") << '\n';
+    std::cout.flush();
+    return std::cout ? kDone : kInputOutput;
   }
 
   int count_shard(std::size_t number) {
@@ -265,6 +274,8 @@ std::function<int()> declare_learn(CLI::App& app) {
   app.add_option("--min-count", options->min_count,
                  "Triples that were counted less often are not in the database")
       ->capture_default_str();
+  app.add_flag("--todo", options->todo,
+               "Count nothing: make the plan, and list the shards and their files");
   app.add_flag("--similar", options->similar, "Make a list of similar words, too");
   app.add_flag("--quiet", options->quiet, "No progress and summaries on standard error");
   return [options] {

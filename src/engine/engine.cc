@@ -116,6 +116,7 @@ std::string Engine::load(const std::vector<std::string>& files,
   }
   TorvaneParser* parser = current_parser(world_);
   if (!parser || !parser->grammar._lex) return "the grammar makes no parser";
+  if (Lexicon* words = parser->grammar._lex->lexicon()) words->keep_entries();
   parser->grammar.frames_by_name = true;
   labels_ = std::make_unique<Labels>(world_);
   return {};

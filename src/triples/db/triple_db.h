@@ -1,6 +1,12 @@
 // The database of dependency triples (word, relation, word) with their counts. Each triple is
 // stored under its head and, by the inverse relation, under its other word, so that a query from
 // either end needs one entry. A relation's name is a key too, whose entry counts the relation.
+//
+// A database may lie in several stores, each of them within the limit of a store, behind a header
+// that says so in front: `shards N FILE BLOCKSIZE BUCKETS COMPARE`. The stores are FILE, FILE.1 and
+// so on. An entry lies with its details in the store that its key's hash tells (`shard_of`); ids
+// and total are those of all, and lie in the first one. Nobody who uses the database sees more of
+// that: whoever fills one writes that header and links it.
 #pragma once
 
 #include <cstdint>
