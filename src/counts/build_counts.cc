@@ -23,8 +23,8 @@ namespace fs = std::filesystem;
 constexpr std::uint64_t kLeastDiskBuckets = 20011;
 constexpr long kBuckets = 59999, kIdBuckets = 200011;
 constexpr const char *kHeaderFile = "triples.hdr", *kStoreFile = "triples.db",
-                     *kRelationFile = "rels.txt", *kDetailFile = "deps.txt",
-                     *kCountsFile = "counts.txt";
+                     *kLogFile = "triples.db-journal", *kRelationFile = "rels.txt",
+                     *kDetailFile = "deps.txt", *kCountsFile = "counts.txt";
 
 /// The rows that populating reads, both sorted: how often words and relations occur, and the
 /// triples from either end.
@@ -143,13 +143,15 @@ StoreSize size_of_store(const fs::path& folder) {
 
 std::string make_store(const fs::path& folder, std::uint64_t keys, const PopulateLimits& limits) {
   const std::uint64_t buckets = std::max(kLeastDiskBuckets, keys | 1U);
-  const std::string fault =
+  std::string fault =
       write_text(folder / kHeaderFile,
                  std::string(kStoreFile) + " 64 " + std::to_string(buckets) + " strcasecmp\n");
   if (!fault.empty()) return fault;
   const StoreSize made = populate_store(folder, limits);
-  return made == size_of_store(folder) ? fault
-                                       : (folder / kStoreFile).string() + " could not be written";
+  // A log that is left is a store that could not be closed.
+  if (fs::exists(folder / kLogFile) || made != size_of_store(folder))
+    fault = (folder / kStoreFile).string() + " could not be written";
+  return fault;
 }
 
 std::string build_in(const fs::path& folder, CountsFile& counts, const BuildChoice& choice) {
@@ -173,8 +175,8 @@ std::string build_counts(CountsFile& counts, const BuildChoice& choice) {
   fs::create_directories(building, error);
   if (error) return building.string() + ": " + error.message();
   std::string fault = build_in(building, counts, choice);
-  // A store that is gone belongs to no journal any more.
-  if (fault.empty()) fs::remove(folder / (std::string(kStoreFile) + "-journal"), error);
+  // It belongs to the store that goes.
+  if (fault.empty()) fs::remove(folder / kLogFile, error);
   for (const char* name : {kRelationFile, kDetailFile, kStoreFile, kHeaderFile, kCountsFile}) {
     if (!fault.empty()) break;
     fs::rename(building / name, folder / name, error);
