@@ -156,6 +156,8 @@ def main():
         table.append(("2,000 sentences from Python", f"{both[1] * 1e3:.0f} ms",
                       f"{both[1] / both[0]:.2f} times the command line, both with their start (wanted: at most 1.3)"))
     table += [(name, f"{time:.3g} ms", note) for name, (time,), note in bench_text.rows([program], data)]
+    time, ratio = bench_text.counts_row(program, data)
+    table.append(("text, with counts", f"{time:.3g} ms", f"{ratio:.2f} times as long as without (wanted: 1.2)"))
     print_table(table)
     for step, counts in bench_text.step_rows(step_counts, data):
         print(f"{step:42}" + "".join(f"{count:>10}" for count in counts))

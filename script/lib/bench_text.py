@@ -1,7 +1,9 @@
 """What parsing of text costs by the length of its sentences: whole runs of one program, or of two in turn; and what
 steps it takes."""
 import contextlib
+import os
 import subprocess
+import tempfile
 
 import english_text
 from run_folder import RunFolder
@@ -31,6 +33,38 @@ def rows(programs, data):
         times = [1e3 * (lowest[name, program] - lowest["start-up", program]) / len(text) for program in programs]
         yield name, times, f"{1e3 / times[-1]:.0f} sentences/s"
     yield "text, start-up", [1e3 * lowest["start-up", program] for program in programs], "of which it is free"
+
+
+def counts_row(program, data):
+    """Milliseconds a sentence with a database of counts, and how many times that without one is; starts taken off."""
+    maker = english_text.Sentences(data + "/english", seed=1)
+    text = [maker.of_length(low, high) for low, high, count in CLASSES for _ in range(count)]
+    other = english_text.Sentences(data + "/english", seed=2)
+    with tempfile.TemporaryDirectory() as folder:
+        def path(name):
+            return os.path.join(folder, name)
+
+        def write(name, sentences):
+            with open(path(name), "w", encoding="utf-8") as file:
+                file.writelines(sentence + "\n" for sentence in sentences)
+
+        write("text", text)
+        write("start", text[:1])
+        write("corpus", (other.of_length(low, high) for low, high, count in CLASSES for _ in range(5 * count)))
+        for step in (["count", "--data", data, "--from", "lines", path("corpus"), "-o", path("counts")],
+                     ["build-counts", path("counts"), path("db")]):
+            subprocess.run([program, *step], stderr=subprocess.DEVNULL, check=True)
+        lowest = {}
+        for _ in range(ROUNDS):
+            for options in ((), ("--counts", path("db"))):
+                for name in ("text", "start"):
+                    process = subprocess.Popen([program, "parse", "--data", data, "--quiet", "--from", "lines", *options,
+                                                path(name)], stdout=subprocess.DEVNULL)
+                    _, _, usage = os.wait4(process.pid, 0)
+                    seconds = usage.ru_utime + usage.ru_stime
+                    lowest[options, name] = min(seconds, lowest.get((options, name), seconds))
+    without, with_counts = (lowest[options, "text"] - lowest[options, "start"] for options in sorted({o for o, _ in lowest}))
+    return 1e3 * with_counts / (len(text) - 1), with_counts / without
 
 
 def step_rows(counter, data):
