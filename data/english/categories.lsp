@@ -6,6 +6,7 @@
 (def-category Comp)                                         ; that, whether
 (def-category Sub)                                          ; when, because
 (def-category Neg)
+(def-category Sign)                                         ; *** in a line of its own
 (def-category Intj)                                         ; yes, please, lol
 (def-category ItIs (visible-atts (vform)))                  ; its, im, thats
 (def-category Gen)                                          ; 's

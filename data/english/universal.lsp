@@ -113,6 +113,7 @@
                                 ((node2word (reg-match "^[0-9]+(st|nd|rd|th)$")) (if (is-date) (str NOUN) (str ADJ)))
                                 ((t) (str NUM))))
         ((cat (str= Intj)) (str INTJ))
+        ((cat (str= Sign)) (if (node2word (reg-match "^[:;=8][-o']?[)(DPp|]")) (str SYM) (str PUNCT)))
         ((cat (str= Conn)) (str CCONJ))
         ((cat (in (Comp Sub PSub))) (category-of-mark))
         ((cat (str= ItIs)) (str PRON))

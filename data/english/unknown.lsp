@@ -15,6 +15,10 @@
 
   (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
 
+  ; A line of nothing but signs: ***, ----, :-)
+  (signs (whole-sentence)
+    (if (not (comp (matching-word) (exist-word " " (reg-match "[A-Za-z0-9\128-\255]"))))
+        (assert (make-lexitem (int 1) (high) (avm (avm ((cat j) (node Sign))))))))
   ; Addresses of the web and of mail are names, files are things. Half past seven PM.
   (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]"
           "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|uk|de|us)$"))
