@@ -57,6 +57,9 @@
 (def-category RelO (visible-atts (lexitem move marked)))    ; that she reads __
 (def-category RelA (visible-atts (lexitem)))                ; where she reads
 
+; What stands in brackets, whatever it is.
+(def-category Paren (visible-atts ()))
+
 ; Pieces that are joined by nothing better, see text.lsp.
 (def-category Text (visible-atts ()))
 (def-category Joined (visible-atts (lexitem)))

@@ -14,7 +14,7 @@
 (defun clause-start ()
   (or (not (int-gt (pitem-low) (int 2)))
       (pitem-preceding-word
-        (in ("," ";" ":" "-" "--" "..." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
+        (in ("," ";" ":" "-" "--" "..." ".." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
                 "'" and but or so yet nor plus then that if
              because bc cause cos cuz since when while whereas although though until unless whether as after before once where
              why how what who which than said say says think thinks thought know knows knew believe believes hope guess

@@ -38,7 +38,7 @@
   ; that he, that the: no determiner
   (that-clause (seq (word (in (that))) (word (in
           (the a an my his our their he she we they i you this these those there it))))
-    (delete-if (low) (low) (pred (att (contain ((cat d)))))))
+    (if (not (preceded-by-word (pred (in (is was))))) (delete-if (low) (low) (pred (att (contain ((cat d))))))))
   ; See the page, Check your mail; please answer
   (command (seq (^) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base))))))
                 (word (starts-noun-phrase)))

@@ -76,6 +76,9 @@
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
+     ; us all, you both
+     (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (all both each))))
+          (modifiee-cond (pitem-attvec (contain (+pro (agr p1)) (+pro (agr p2)) (+pro (agr p3))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
      ; what he wants, whatever happens, as noun phrases
      (S (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 3.5) (modifier-cond (with-gap))
@@ -113,7 +116,8 @@
         (merged-cond (include-following-word (closes))))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3.5)
          (modifier-cond (and (closed-off) (participial)))
-         (merged-cond (include-following-word (closes))))))
+         (merged-cond (include-following-word (closes))))
+     (Paren (dep-type paren) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)))))
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
 (def-modifiers Ger
@@ -140,13 +144,14 @@
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))
 
 (def-modifiers Adv
-  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))
+          (modifiee-cond (not (wh)))))
   (:head)
   (? (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap))
         (modifiee-cond (pitem-attvec (contain (+loc)))))))
 
 (def-modifiers P
   (? (Neg (dep-type neg) (dep-weight 3))
-     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)) (contain (+focus)))))
           (dep-weight 1.5)))
   (:head))

@@ -89,6 +89,15 @@
          (str amod))
         ((t) (str compound))))
 
+;  A remark in brackets: a noun renames a noun, a phrase describes it, anything else stands beside.
+(defun paren-relation ()
+  (cond ((is-clause) (str parataxis))
+        ((exist-child (rel (str= case))) (if (under-noun) (str nmod) (str obl)))
+        ((of-noun) (if (under-noun) (str appos) (str parataxis)))
+        ((cat (str= Adv)) (str advmod))
+        ((exist-child (rel (str= mark))) (str advcl))
+        ((t) (str parataxis))))
+
 (defun universal-relation ()
   (cond ((rel (str= root)) (str root))
         ((rel (in (det predet))) (determiner-relation))
@@ -113,6 +122,7 @@
         ((rel (str= wh)) (cond ((cat (str= Adv)) (str advmod)) ((t) (str obj))))
         ((rel (in (time measure loc))) (if (cat (str= Adv)) (str advmod) (if (in-nominal) (str nmod) (str obl))))
         ((rel (str= pred)) (str xcomp))
+        ((rel (str= paren)) (paren-relation))
         ((rel (str= voc)) (str vocative))
         ((rel (str= conn)) (str cc))
         ((rel (str= report)) (str parataxis))

@@ -32,6 +32,9 @@
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
          (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         ; this is because he left, that was when we met
+         (SubC (percolate ()) (modifier-cond (pitem-preceding-word (in (is was "'s" not just only simply partly))))
+               (head-cond (and (to-predicate) (pitem-add-weight 3))))
          ; all you have to do is ask
          (V (percolate ()) (modifier-cond (and (pitem-preceding-word (in (is was))) (no-gap)))
             (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate)
@@ -48,6 +51,7 @@
      (N (dep-type time) (percolate ()) (dep-weight 4)
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
      (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
+     (Paren (dep-type paren) (percolate ()) (dep-weight 2.5))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
      (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
@@ -96,6 +100,8 @@
          (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
                  "'t" not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
+                                  (and (pitem-attvec (contain ((own base)))) (pitem-attvec (modify ((vform base)))))
+                                  (and (pitem-attvec (contain ((own en)))) (pitem-attvec (modify ((vform en)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
                               (pitem-add-weight 5)))))
   ; ... but they did not
