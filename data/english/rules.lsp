@@ -8,4 +8,6 @@
   (joins (lexitem (att (contain (+conj)))) (flag-last-conjunction (litem)))
   (adverbs (:act-on-all-matches) (lexitem (att (contain ((node Adv))))) (flag-adv (litem)))
   (joins-first (lexitem (att (contain (+conj1)))) (flag-first-conjunction (litem)))
+  ; A dash of two signs counts as one.
+  (dashes (seq - -) (skip (low)))
   (quotes (word (in ("\"" "`" "[" "]" "{" "}"))) (skip (low))))
