@@ -20,6 +20,7 @@
 ; N0, with determiner and number; N, with what follows it.
 (def-category NN (visible-atts (lexitem agr count spec proper human title that to time)))
 (def-category NB (visible-atts (lexitem agr count spec proper that to time)))
+(def-category Meas (visible-atts (lexitem)))                ; two year, in a two year contract
 (def-category Pro (visible-atts (lexitem agr case spec pro some part time wh)))
 (def-category NPoss (visible-atts (lexitem spec wh rel)))   ; a noun phrase with 's
 (def-category N0 (visible-atts (lexitem agr case count spec pro some part proper that to time counted wh rel)))
@@ -39,6 +40,7 @@
 (def-category VG (visible-atts (lexitem vform agr move)))
 (def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready
 (def-category S (visible-atts (lexitem move wh)))           ; she reads
+(def-category Subj (visible-atts (lexitem marked)))             ; that he be there
 (def-category RunIn (visible-atts (lexitem)))               ; its ready
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
 (def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book
@@ -51,6 +53,9 @@
 (def-category WhI (visible-atts (lexitem move)))            ; how to read
 (def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
 (def-category SubC (visible-atts (lexitem)))                ; when she reads
+(def-category With)                                         ; with, before a clause without `be`
+(def-category Abs (visible-atts (lexitem)))                 ; the door open, his work done
+(def-category WithC (visible-atts (lexitem)))               ; with the door open
 (def-category PSub)                                         ; a preposition before a clause
 (def-category PC (visible-atts (lexitem)))                  ; about what she reads
 (def-category RelS (visible-atts (lexitem)))                ; who reads

@@ -39,6 +39,7 @@
      (N (dep-type time) (percolate ()) (dep-weight 1.5) (modifier-cond (and (pitem-attvec (contain (+time)))
              (clause-start))))
      (SubC (dep-type sub) (modifier-cond (clause-start)))
+     (Abs (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
      (Q (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
@@ -196,7 +197,12 @@
      (A (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
      (P (dep-type wh) (percolate ()) (modifier-cond (and (wh) (no-gap))) (merged-cond (mark))))
   (:head (S)))
-(def-subclass C (WhI) (CP))
+; they asked that he be there: a plain form behind `that`
+(def-modifiers Subj
+  ((Comp (dep-type mark) (modifier-cond (pitem-head-word (str= that)))))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
+  (:head (VG (percolate ()) (head-cond (and (no-gap) (pitem-attvec (unify ((vform base)))) (mark))))))
+(def-subclass C (WhI) (CP) (Subj (dep-weight 3)))
 
 ; when she reads, while reading
 (def-modifiers SubC
@@ -206,6 +212,18 @@
          (VG (head-cond (participial)))
          (A (percolate ()) (head-cond (pitem-add-weight 2)))
          (P (percolate ()) (modifier-cond (no-gap)) (head-cond (pitem-add-weight 2)))))
+
+; the work done, his eyes closed: a clause that lacks `be`, between commas or behind `with`.
+(def-modifiers Abs
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (pitem-attvec (contain (+spec))) (nominative)))))
+  (:head (VG (percolate ()) (head-cond (participial)))
+         (A (percolate ()) (head-cond (pitem-add-weight 1)))))
+(def-modifiers WithC
+  ((With (dep-type mark) (percolate ())))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (pitem-attvec (contain (+spec)))))))
+  (:head (VG (percolate ()) (head-cond (and (participial) (pitem-attvec (contain ((vform pass)))) (pitem-add-weight 1))))
+         (A (percolate ()))))
+(def-subclass SubC (WithC (dep-weight 2.5)))
 
 ; about what she reads, on how to read
 (def-modifiers PC

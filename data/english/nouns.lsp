@@ -11,8 +11,16 @@
   (* (Num (dep-type num) (percolate ())) (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg))))))
   (:head))
 
+; a two year contract, a three bedroom house: a number and a singular before the noun.
+(def-modifiers Meas
+  ((Num (dep-type num) (percolate ())))
+  (? :skip-word (str= "-") (Num (dep-type num) (percolate ())))
+  (:head (NN (percolate ())
+             (head-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3)))) (pitem-attvec (not (contain (+proper)))))))))
+
 (def-modifiers NB
   (* :skip-word (str= ",")
+     (Meas (dep-type nn) (percolate ()) (dep-weight 3))
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5) (modifier-cond (not (pitem-following-word (str= ","))))
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))

@@ -3,8 +3,7 @@
 ; piece is the head; universal-tree.lsp lets a clause be the root. Only what begins the sentence is a first piece.
 
 (defun breaks ()
-  (in ("," ";" ":" "-" "--" "---" "..." ".." "." "!" "?" "(" ")" "[" "]" "*" ">" "<" "/" "|" "~" "=" "+" "<<" ">>"
-          "'")))
+  (reg-match "^[-,;:.!?()*><|/~=+_#'$[]+$" "^]+$" "^[:;=][-o']?[)(DPpO|/]$" "^<3$" "^[xX]D$"))
 (defun opening () (not (int-gt (pitem-low) (int 2))))
 (defun whole () (pitem-attvec (not (or (defined (move)) (contain ((vform prd)))))))
 

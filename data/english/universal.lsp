@@ -115,7 +115,7 @@
         ((cat (str= Intj)) (str INTJ))
         ((cat (str= Sign)) (if (node2word (reg-match "^[:;=8][-o']?[)(DPp|]")) (str SYM) (str PUNCT)))
         ((cat (str= Conn)) (str CCONJ))
-        ((cat (in (Comp Sub PSub))) (category-of-mark))
+        ((cat (in (Comp Sub PSub With))) (category-of-mark))
         ((cat (str= ItIs)) (str PRON))
         ((cat (in (Neg Gen))) (str PART))
         ((cat) (str X))

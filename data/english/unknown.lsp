@@ -39,7 +39,7 @@
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
   ; 12, 3.50, $5, 10:30, 1990s
-  (number (& (not-in-lexicon) (word (reg-match "^[-+$#]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
+  (number (& (not-in-lexicon) (word (reg-match "^[-+$#%]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
           "^(\194\163|\226\130\172)[0-9][0-9.,]*[A-Za-z]?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 

@@ -22,7 +22,7 @@
   ((VP (dep-type comp) (percolate (move))
        (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base))))))))
 
-(defun to-predicate () (pitem-attvec (modify ((vform prd)))))
+(defun to-predicate () (and (comp (pitem-low) (is-case-marked)) (pitem-attvec (modify ((vform prd))))))
 
 ; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
 (def-modifiers VP
@@ -53,6 +53,7 @@
      (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
      (Paren (dep-type paren) (percolate ()) (dep-weight 2.5))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
+     (Abs (dep-type sub) (percolate ()) (dep-weight 5) (modifier-cond (pitem-preceding-word (str= ","))))
      (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
