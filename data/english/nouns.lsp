@@ -13,10 +13,13 @@
 
 ; a two year contract, a three bedroom house: a number and a singular before the noun.
 (def-modifiers Meas
-  ((Num (dep-type num) (percolate ())))
-  (? :skip-word (str= "-") (Num (dep-type num) (percolate ())))
+  (:skip-word (str= "-") (Num (dep-type num) (percolate ())))
   (:head (NN (percolate ())
-             (head-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3)))) (pitem-attvec (not (contain (+proper)))))))))
+             (head-cond (if (pitem-head-word (in (percent % year month week day hour minute second mile foot inch meter metre
+                                                  kilometer kilometre pound ton liter litre gallon star way)))
+                            (pitem-add-weight -1.5)
+                            (t)))
+             (modifier-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3)))) (pitem-attvec (not (contain (+proper)))))))))
 
 (def-modifiers NB
   (* :skip-word (str= ",")

@@ -7,6 +7,11 @@
 (defun under-predicate () (comp (parent) (or (exist-child (rel (in (cop subj nsubj expl)))) (of-verb))))
 (defun in-nominal () (and (under-noun) (not (and (under-predicate) (not (before-parent)) (not (rel (str= mod)))))))
 
+;  a 15-year plan, a two-year contract
+(defun of-measure ()
+  (and (node2word (reg-match "-(year|month|week|day|hour|minute|second|mile|foot|inch|meter|metre|pound|ton|page|man|bedroom|star|point|part|time|percent|dollar|term)$"))
+       (or (node2word (reg-match "^[0-9]")) (exist-child (and (rel (in (lex-mod nummod))) (node2word (number-word)))))))
+
 (defun modifier-relation ()
   (cond ((cat (str= Neg)) (str advmod))
         ((cat (str= Adv)) (cond ((is-phrase-with-preposition) (if (under-noun) (str nmod) (str obl)))
@@ -17,7 +22,7 @@
                                 ((t) (str advmod))))
         ((exist-child (rel (str= case))) (if (under-noun) (str nmod) (str obl)))
         ((node2word (in (else))) (str advmod))
-        ((of-adjective) (if (under-noun) (if (node2word (reg-match "^[0-9].*-[a-z]*[^dg]$")) (str compound) (str amod)) (str advcl)))
+        ((of-adjective) (if (under-noun) (if (of-measure) (str compound) (str amod)) (str advcl)))
         ((of-verb) (cond ((not (under-noun)) (str advcl)) ((before-parent) (str amod)) ((t) (str acl))))
         ((of-preposition) (cond ((node2word (in (ago))) (str advmod))
                                 ((not (node2word (in (up out off on in down over through)))) (if (under-noun)
@@ -69,7 +74,7 @@
   (cond ((node2word (in ("&"))) (str cc))
         ((node2word (reg-match "^[^A-Za-z0-9\128-\255]+$")) (str punct))
         ((comp (parent) (of-preposition)) (str fixed))
-        ((node2word (reg-match "^[0-9]+$")) (str nummod))
+        ((node2word (number-word)) (str nummod))
         ((comp (parent) (node2word (in ("more than" "less than")))) (str fixed))
         ((node2word (reg-match "^[A-Z][a-z]*(ean|ian|can|ish|ese|mic)$")) (str amod))
         ((comp (parent) (cat (in (Sub Comp Aux)))) (str fixed))

@@ -20,6 +20,10 @@
 (defun interjection ()
   (node2word (in (please yes no hi hello hey ok okay oh wow well lol yeah yep nope yup thanks haha ah hmm ugh bye
                   welcome congratulations pls plz gosh damn hooray alas))))
+(defun number-word ()
+  (or (reg-match "^[0-9]+$")
+      (in (one two three four five six seven eight nine ten eleven twelve fifteen twenty thirty forty fifty sixty hundred
+           thousand million billion))))
 (defun before-noun () (rel (in (det predet))))
 
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
@@ -45,7 +49,7 @@
         ((comp (parent) (is-proper)) (str PROPN))
         ((comp (parent) (cat (str= Num))) (str NUM))
         ((comp (parent) (of-verb)) (str NOUN))
-        ((node2word (reg-match "^[0-9]")) (str NUM))
+        ((or (node2word (reg-match "^[0-9]")) (node2word (number-word))) (str NUM))
         ((node2word (in (well far so long newly highly))) (str ADV))
         ((t) (str NOUN))))
 
