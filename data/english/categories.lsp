@@ -8,7 +8,7 @@
 (def-category Neg)
 (def-category Sign)                                         ; *** in a line of its own
 (def-category Intj)                                         ; yes, please, lol
-(def-category ItIs (visible-atts (vform)))                  ; its, im, thats
+(def-category ItIs (visible-atts (vform)))                  ; its, ill
 (def-category Gen)                                          ; 's
 (def-category RelPro)                                       ; who, which, that
 (def-category Aux (visible-atts (vform own agr)))

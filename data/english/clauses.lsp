@@ -156,7 +156,7 @@
 ; A command begins its clause, but for what may stand before it.
 (defun imperative-start ()
   (or (clause-start)
-      (pitem-preceding-word (in (not "n't" "'t" do just only never always first next ps attached enclosed)))
+      (pitem-preceding-word (in (not "n't" "'t" nt do just only never always first next ps attached enclosed)))
       (pitem-preceding-word (reg-match "ly$"))))
 
 ; read!

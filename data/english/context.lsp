@@ -19,7 +19,7 @@
                            (word (t)))
     (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (finite-only)))))
   ; would plan, didn't answer, could not use
-  (behind-modal (seq (word (in (could would should must "'ll" cannot "n't" "'t"))) (? (word (in (not never also only))))
+  (behind-modal (seq (word (in (could would should must "'ll" ll "n't" "'t" nt))) (? (word (in (not never also only))))
                      (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))))))
     (delete-if (high) (high) (pred (common))))
   ; he plans, they answer
@@ -50,7 +50,7 @@
     (prog (delete-if (high) (high) (pred (common)))
           (delete-if (low) (low) (pred (of-any-verb)))))
   ; I like, would like
-  (like-verb (seq (word (in (i we they you would "'d" "n't" "'t" really also to))) (word (in (like))))
+  (like-verb (seq (word (in (i we they you would "'d" "n't" "'t" nt really also to))) (word (in (like))))
     (delete-if (high) (high) (pred (att (not (contain ((cat v))))))))
   ; it's, that's
   (pronoun-is (seq (word (in (it he she that there what who here where how this))) (word (in ("'s"))))

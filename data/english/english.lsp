@@ -1,2 +1,3 @@
 ; English for `torvane parse`: the grammar of torvane.lsp, with what others call its words.
-(load torvane.lsp english/universal.lsp english/features.lsp english/contractions.lsp english/sentences.lsp)
+(load torvane.lsp english/universal.lsp english/features.lsp english/words.lsp english/contractions.lsp
+      english/sentences.lsp)

@@ -75,6 +75,9 @@
         ((pitem-attvec (contain (+proper))) (pitem-add-weight 1))
         ((t) (t))))
 
+; $ 5, # 1
+(defun sign-of-number () (pitem-head-word (in ("$" "\194\163" "\226\130\172" "#"))))
+
 ; Not: yesterday that ..., them who ...
 (defun relatable () (pitem-attvec (not (contain (+pro +time)) (contain (+pro (case acc))))))
 
@@ -116,7 +119,8 @@
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
      (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (pitem-attvec (contain (+proper))))
         (modifiee-cond (pitem-attvec (and (contain (+spec)) (not (contain (+pro))) (not (contain (+proper)))))))
-     (Num (dep-type num) (percolate ()) (modifiee-cond (pitem-attvec (or (contain (+proper)) (contain (+time)))))))
+     (Num (dep-type num) (percolate ())
+          (modifiee-cond (or (pitem-attvec (or (contain (+proper)) (contain (+time)))) (sign-of-number)))))
   ; Between commas, dashes or brackets; the closing one becomes part of the noun phrase.
   (* :skip-word (opens)
      (N (dep-type appo) (percolate ()) (dep-weight 3) (modifier-cond (closed-off))

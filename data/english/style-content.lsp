@@ -57,6 +57,7 @@
   (cond ((not (under-noun)) (str obl))
         ((and (not (before-parent)) (node2word (reg-match "^(19|20)[0-9][0-9]$"))) (str nmod))
         ((comp (parent) (cat (str= Num))) (str compound))
+        ((comp (parent) (node2word (in ("$" "\194\163" "\226\130\172" "#")))) (str nummod))
         ((or (quantity) (and (before-parent) (node2word (reg-match "^[0-9]+(st|nd|rd|th)$")))) (str amod))
         ((node2word (reg-match "^(19|20)[0-9][0-9]$")) (if (before-parent) (str compound) (str nmod)))
         ((before-parent) (str nummod))

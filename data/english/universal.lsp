@@ -101,7 +101,8 @@
         (contain (+time))))))
 
 (defun universal-category ()
-  (cond ((cat (in (NN NB))) (cond ((is-proper) (str PROPN)) ((t) (str NOUN))))
+  (cond ((cat (in (NN NB))) (cond ((node2word (in ("$" "\194\163" "\226\130\172" "#"))) (str SYM))
+                                   ((is-proper) (str PROPN)) ((t) (str NOUN))))
         ((of-preposition) (cond ((rel (str= mark)) (str SCONJ)) ((node2word (in (ago))) (str ADV)) ((t) (str ADP))))
         ((cat (str= Det)) (category-of-determiner))
         ((of-verb) (if (is-action) (str NOUN) (str VERB)))

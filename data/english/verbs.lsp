@@ -99,7 +99,7 @@
   (:head (VP)
          ; if he could, so he did: the auxiliary alone
          (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
-                 "'t" not and but or either too so than)))
+                 "'t" nt not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
                                   (and (pitem-attvec (contain ((own base)))) (pitem-attvec (modify ((vform base)))))
                                   (and (pitem-attvec (contain ((own en)))) (pitem-attvec (modify ((vform en)))))

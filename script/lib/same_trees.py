@@ -3,18 +3,17 @@
 
 usage: same_trees.py DATA_FOLDER OLD NEW [TEXT...]    (script/same-trees says what is compared)
 """
-import gzip
 import os
 import re
 import sys
 
+import debian_text
 from run_folder import RunFolder
 
 WANTED = 10000  # sentences
 RUN = 500  # of them in one run
 WITH_ITEMS = 10  # of one sentence in so many the items too
 SHOWN = 5
-FEWEST_WORDS, MOST_WORDS = 3, 60
 FOLDERS = ["/usr/share/common-licenses", "/usr/share/doc", "/usr/share/man/man1", "/usr/share/man/man3",
            "/usr/share/man/man5", "/usr/share/man/man7", "/usr/share/man/man8", "/usr/share/perl"]
 NAMES = re.compile(r"(README|NEWS|FAQ|TODO|INSTALL|HOWTO)[^/]*$|\.(txt|pod|[1-8])(\.gz)?$|/common-licenses/")
@@ -32,29 +31,12 @@ def text_files():
                     yield file
 
 
-def sentences_of(path):
-    """The English sentences of a text, a manual page or a documented module."""
-    with (gzip.open if path.endswith(".gz") else open)(path, "rb") as file:
-        text = file.read().decode("utf-8", errors="replace")
-    if re.search(r"\.[1-8](\.gz)?$", path):
-        text = re.sub(r"^[.'].*$", "", text, flags=re.MULTILINE)
-        text = re.sub(r"\\f[A-Z]|\\f\[\w*\]|\\[&|^/,%]", "", text).replace("\\-", "-")
-    for paragraph in re.split(r"\n\s*\n", text):
-        for sentence in re.split(r"(?<=[.!?])\s+(?=[A-Z\"(])", " ".join(paragraph.split())):
-            words = sentence.split()
-            letters = sum(c.isalpha() or c == " " for c in sentence)
-            if (FEWEST_WORDS <= len(words) <= MOST_WORDS and letters >= 0.85 * len(sentence)
-                    and sentence[-1] in ".!?" and sentence[0].isupper() and sentence.isprintable()
-                    and "\ufffd" not in sentence):
-                yield sentence
-
-
 def gathered(paths):
     """Different sentences, evenly from all that the files hold; and of how many files how many there were."""
     found, files = {}, 0
     for path in paths:
         files += 1
-        found.update(dict.fromkeys(sentences_of(path)))
+        found.update(dict.fromkeys(debian_text.sentences_of(path)))
     found = list(found)
     step = max(1.0, len(found) / WANTED)
     return [found[int(i * step)] for i in range(min(WANTED, len(found)))], files, len(found)

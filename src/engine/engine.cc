@@ -225,7 +225,7 @@ bool Engine::joint(std::string_view token) {
 Sentence Engine::parse_piece(std::string_view text) {
   WorldScope here(world_);
   TorvaneParser& parser = *current_parser(world_);
-  if (!parser.feed(std::string(text).c_str(), nullptr)) {
+  if (!parser.feed(labels_->with_joints(text).c_str(), nullptr)) {
     has_next_ = false;
     return {};
   }

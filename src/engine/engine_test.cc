@@ -157,5 +157,26 @@ TEST_F(EngineTest, OneThatFailedHalfWayIsDestroyed) {
   }
 }
 
+std::vector<std::string> forms_of(const Sentence& sentence) {
+  std::vector<std::string> forms;
+  for (const SentenceWord& word : sentence.words) forms.push_back(word.form);
+  return forms;
+}
+
+TEST_F(EngineTest, TokensAreCutWhereTheGrammarSaysButNotChanged) {
+  folder_.write("joints.lsp",
+                std::string(kSmallGrammar) +
+                    "(defun word-joints () (cond ((str= thecat) (str \"the cat\"))"
+                    " ((str= sleeps) (str \"snores\")) ((str= ab) (str a)) ((str= a) (str ab))))");
+  Speaker speaker;
+  ASSERT_EQ(speaker.engine.load({folder_ / "joints.lsp"}, {"./data"}), "");
+  const Sentence sentence = speaker.engine.parse("thecat  sleeps ab a");
+  EXPECT_EQ(forms_of(sentence), (std::vector<std::string>{"the", "cat", "sleeps", "ab", "a"}));
+  EXPECT_EQ(sentence.text, "thecat  sleeps ab a");
+  EXPECT_FALSE(sentence.words[0].space_after);
+  EXPECT_EQ(sentence.words[0].head, 2);
+  EXPECT_EQ(sentence.words[1].head, 3);
+}
+
 }  // namespace
 }  // namespace torvane

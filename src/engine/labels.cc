@@ -24,6 +24,17 @@ bool is_punctuation(std::string_view word) {
   });
 }
 
+/// Whether the one is the other with blanks put in.
+bool differ_by_blanks(std::string_view parted, std::string_view token) {
+  std::size_t at = 0;
+  for (char c : parted) {
+    if (is_space(c)) continue;
+    if (at == token.size() || token[at] != c) return false;
+    ++at;
+  }
+  return at == token.size();
+}
+
 }  // namespace
 
 Labels::Labels(World& world)
@@ -32,6 +43,7 @@ Labels::Labels(World& world)
       features_(function(world, "universal-features")),
       lemma_(function(world, "universal-lemma")),
       clitic_(function(world, "clitic")),
+      word_joints_(function(world, "word-joints")),
       one_word_(function(world, "one-word")),
       outside_category_(function(world, "outside-category")),
       outside_relation_(function(world, "outside-relation")),
@@ -66,6 +78,27 @@ std::string Labels::clitic(std::string_view token) const {
   std::string small(token);
   std::transform(small.begin(), small.end(), small.begin(), lower);
   return text_of(clitic_.eval(Value::made_text(small), type_id_of<const char*>()));
+}
+
+std::string Labels::with_joints(std::string_view text) const {
+  if (!word_joints_) return std::string(text);
+  std::string parted;
+  parted.reserve(text.size() + text.size() / 8);
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t end = at;
+    while (end < text.size() && !is_space(text[end])) ++end;
+    if (end > at) {
+      TextScope texts;
+      const std::string_view token = text.substr(at, end - at);
+      const std::string answer =
+          text_of(word_joints_.eval(Value::made_text(token), type_id_of<const char*>()));
+      parted += differ_by_blanks(answer, token) ? answer : token;
+      at = end;
+    } else {
+      parted += text[at++];
+    }
+  }
+  return parted;
 }
 
 bool Labels::is_one_word(std::string_view tokens) const {

@@ -31,6 +31,10 @@ class Labels {
   /// letters; empty if the two are not written as one word.
   std::string clitic(std::string_view token) const;
 
+  /// A text with blanks where its tokens, which are what stands between blanks, are to be cut into
+  /// words before they are parsed; the sentence tokenizer may cut further.
+  std::string with_joints(std::string_view text) const;
+
   /// Tokens without a blank between them that make up one word, or the beginning of one.
   bool is_one_word(std::string_view tokens) const;
 
@@ -44,8 +48,8 @@ class Labels {
  private:
   static std::string label(const ExpPtr& function, DepTree& node);
 
-  ExpPtr category_, relation_, features_, lemma_, clitic_, one_word_, outside_category_,
-      outside_relation_, boundary_, joint_;
+  ExpPtr category_, relation_, features_, lemma_, clitic_, word_joints_, one_word_,
+      outside_category_, outside_relation_, boundary_, joint_;
 };
 
 }  // namespace torvane
