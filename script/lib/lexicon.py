@@ -164,8 +164,8 @@ def with_cost(reading, rank):
     return reading if rank < 1 else f"{reading[:-1]} (freq f{rank}))"
 
 
-def is_phrase(lemma, kinds, words):
-    """A row of words that is worth an entry: names, compounds of nouns, verbs with a particle, adverbs."""
+def is_unit(lemma, kinds, words):
+    """A row of words that is rather one item than a phrase: names, compounds of nouns, verbs with a particle."""
     parts = lemma.split("_")
     if len(parts) > 3 or not all(re.fullmatch(r"[a-z]+\.?", part) for part in parts):
         return False
@@ -240,7 +240,7 @@ def main():
     words = read_wordnet(wordnet)
     forms = irregular_forms(wordnet, words, kept)
 
-    for key in [key for key in words if not re.fullmatch(r"[a-z_.]+", key)]:
+    for key in [key for key in words if not re.fullmatch(r"[a-z][a-z_.-]*", key)]:
         del words[key]
     by_hand = collections.defaultdict(lambda: collections.defaultdict(list))
     for name in OPEN:
@@ -287,12 +287,15 @@ def main():
     lines, memory = {}, []
     for key, kinds in words.items():
         if "_" in key:
-            if is_phrase(key, kinds, words):
-                chosen = {k: v for k, v in kinds.items() if k in ("v", "name", "n")}
-                words_of_key = key.replace("_", " ")
-                if words_of_key not in kept and key.split("_")[0] not in closed:
-                    phrases[key.split("_")[0]].append(words_of_key)
-                    lines[words_of_key] = entry(words_of_key, chosen, {}) + ")"
+            words_of_key, first = key.replace("_", " "), key.split("_")[0]
+            if words_of_key in kept:
+                continue
+            if first not in closed and is_unit(key, kinds, words):
+                text = entry(words_of_key, kinds, {})
+            else:
+                text = f"({words_of_key} (avm {with_cost(next(iter(kinds.values()))[0][0], 8)})"
+            phrases[first].append(words_of_key)
+            lines[words_of_key] = text + ")"
         elif key in closed:
             mine = {kind: kinds[kind] for kind in by_hand.get(key, ())}
             memory += [entry(key, mine, {}) + ")"] if mine else []
