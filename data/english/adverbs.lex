@@ -77,6 +77,7 @@
 (meanwhile (avm (adv)))
 (moreover (avm (adv)))
 (mostly (avm (adv)) (avm (adv +focus)))
+(needs (avm (adv +rare)))
 (nearby (avm (adv +loc)))
 (never (avm (adv)))
 (nevertheless (avm (adv)))

@@ -41,6 +41,11 @@
 (def-category VF (visible-atts (lexitem vform agr move)))   ; finite: reads, is ready
 (def-category S (visible-atts (lexitem move wh)))           ; she reads
 (def-category Subj (visible-atts (lexitem marked)))             ; that he be there
+(def-category Cmp (visible-atts (lexitem)))                 ; the more
+(def-category CmpS (visible-atts (lexitem)))                ; the more she reads
+(def-category CmpP (visible-atts (lexitem)))                ; the better it is, the higher the price
+(def-category Corr (visible-atts (lexitem)))                ; the more she reads, the more she knows
+(def-category Gap (visible-atts (lexitem)))                 ; and Anna a cake
 (def-category RunIn (visible-atts (lexitem)))               ; its ready
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
 (def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book

@@ -1,5 +1,6 @@
 ; Clauses.
 
+(defun finite-be () (pitem-attvec (and (contain ((own fin))) (strict-unifiable (vform) ((vform prd))))))
 (defun mark () (pitem-attvec (modify (+marked))))
 
 ; Set off from what follows: To win, tired of it, having left, ...
@@ -13,6 +14,7 @@
 ; clause.
 (defun clause-start ()
   (or (not (int-gt (pitem-low) (int 2)))
+      (pitem-preceding-word (reg-match "^[0-9a-z][0-9]*[.)]$"))
       (pitem-preceding-word
         (in ("," ";" ":" "-" "--" "..." ".." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
                 "'" and but or so yet nor plus then that if
@@ -55,10 +57,38 @@
   ; "I am tired," he said. "So am I," said she. That is right, folks.
   (? :skip-word (in ("," ":" "!"))
      (Rep (dep-type report) (dep-weight 2))
+     (Gap (dep-type conj) (percolate ()) (dep-weight 0))
      (Tag (dep-type parataxis) (percolate ()) (dep-weight 0.5))
      (N (dep-type voc) (percolate ()) (dep-weight 0.5) (modifier-cond (called-last)))
      (S (dep-type report) (percolate ()) (dep-weight 3)
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
+
+; the more she reads, the more she knows; the bigger the house, the higher the price
+(defun comparative () (pitem-head-word (reg-match "[a-z]er$" "^(more|less|worse|further)$")))
+(def-modifiers Cmp
+  ((Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (str= the)))))
+  (:head (A (percolate ()) (modifier-cond (comparative)))
+         (Adv (percolate ()) (modifier-cond (comparative)))
+         (Det (percolate ()) (modifier-cond (comparative)))))
+(def-modifiers CmpS
+  ((Cmp (dep-type advmod)))
+  (:head (S (percolate ()))))
+(def-modifiers CmpP
+  (:head (Cmp))
+  ((N (dep-type subj) (percolate ()) (modifier-cond (and (nominative) (no-gap)))))
+  (? (Aux (dep-type aux) (percolate ()) (modifier-cond (finite-be)))))
+(def-subclass CmpS (CmpP))
+(def-modifiers Corr
+  (:skip-word (str= ",") (CmpS (dep-type sub)))
+  (:head (CmpS)))
+(def-subclass S (Corr))
+
+; Tom ordered tea and Anna a cake: the second clause has lost its verb, its first phrase stands for it.
+(def-modifiers Gap
+  ((Conn (dep-type conn)))
+  (:head (N (percolate ()) (modifier-cond (and (nominative) (no-gap) (pitem-attvec (contain (+proper) (+spec)))))))
+  ((N (dep-type orphan) (percolate ()) (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))
+   (P (dep-type orphan) (percolate ()) (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))))
 
 ; its ready, im going: subject and auxiliary that are written as one
 (def-modifiers RunIn
@@ -120,7 +150,6 @@
   (? :skip-word (in ("?")) (Rep (dep-type report) (dep-weight 2))))
 
 ; Who is she, where are the books, how much is it; here is the book: the predicate stands in front.
-(defun finite-be () (pitem-attvec (and (contain ((own fin))) (strict-unifiable (vform) ((vform prd))))))
 (defun fronted-place () (and (pitem-attvec (contain (+loc))) (pitem-head-word (in (here)))))
 
 (def-modifiers QP

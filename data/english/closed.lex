@@ -20,7 +20,7 @@
 (half (avm (det +alone +pre)))
 (such (avm (det +pre)))
 (either (avm (det sg +alone)) (avm (conn +conj1 +rare)))
-(neither (avm (det sg +alone)) (avm (conn +conj1 +rare)))
+(neither (avm (adv +front (freq f2))) (avm (det sg +alone)) (avm (conn +conj1 +rare)))
 (another (avm (det sg +alone)))
 (many (avm (det plu +alone)))
 (several (avm (det plu +alone)))

@@ -37,7 +37,7 @@
 
 (def-modifiers N0
   (? (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
-          (modifiee-cond (pitem-attvec (defined (spec))))))
+          (modifiee-cond (and (pitem-attvec (defined (spec))) (pitem-attvec (not (contain (+pro (case nom)))))))))
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))

@@ -24,6 +24,9 @@
                                (word (between-be-and-predicate))
                                (word (between-be-and-predicate)))
     (comp (high) (case-mark-position english-parser)))
+  ; is, I think, ill
+  (predicate-behind-commas (seq (lexitem (form-of-be)) "," (+ (no ",")) ",")
+    (comp (high) (case-mark-position english-parser)))
   ; Is the old man here a doctor; he is tall and in good health
   (predicate-of-question (seq :overlapping (! (^) (word (before-inverted))) (lexitem (be-alone))
                               (+ (no (lexitem (be-alone)))))

@@ -80,6 +80,9 @@
       (include-preceding-word)
       (t)))
 
+(defun within-commas ()
+  (and (pitem-modifier (pitem-following-word (str= ","))) (pitem-preceding-word (str= ",")) (include-preceding-word)))
+
 (def-modifiers VG
   (* :skip-word (str= ",")
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own fin))))) (percolate (vform))
@@ -93,6 +96,8 @@
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux) (pitem-add-weight -1))))
      (Neg (dep-type neg))
+     ; she is, I think, ill
+     (Rep (dep-type parataxis) (percolate ()) (dep-weight 1) (merged-cond (within-commas)))
      (Intj (dep-type discourse) (percolate ()))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))
           (merged-cond (between-commas))))
