@@ -18,6 +18,12 @@
     (if (exist-lexitem (low) (high) (pred (att (and (contain ((cat a))) (not (defined-one-of (node freq)))))))
         (add-weight (litem) (int 1))))
 
+  ; the book he gave me __: the second object is missing.
+  (second-gap (:act-on-all-matches) (lexitem (att (contain (+tr (args ((cat n) +opt (role iobj) (slash np)) ((cat n) (role obj)))))))
+    (if (followed-by-word (pred (in (me him her us them you it))))
+        (assert (comp (duplicate-lexitem (litem))
+                      (when (ident)
+                            (att (modify (-tr (args ((cat n) (role iobj))) (move ((cat n) (role obj) (slash np)))))))))))
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
   ; Where a noun phrase follows there is none; behind a preposition nothing but one follows otherwise.
