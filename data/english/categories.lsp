@@ -49,6 +49,7 @@
 (def-category RunIn (visible-atts (lexitem)))               ; its ready
 (def-category Q (visible-atts (lexitem move wh)))           ; does she read
 (def-category QP (visible-atts (lexitem)))                  ; who is she, here is a book
+(def-category HowAbout (visible-atts (lexitem)))            ; how about tea
 (def-category Inv (visible-atts (lexitem)))                 ; on the hill stood a house
 (def-category Tag (visible-atts (lexitem)))                 ; didn't you
 (def-category CP (visible-atts (lexitem wh marked)))        ; what it is

@@ -171,6 +171,13 @@
      (SubC (dep-type sub) (percolate ()))
      (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))))
 
+; how about tea, what about him
+(def-modifiers HowAbout
+  (:head (Adv (percolate ()) (modifier-cond (pitem-head-word (str= how))))
+         (N (percolate ()) (modifier-cond (pitem-head-word (str= what)))))
+  ((P (dep-type mod) (percolate ()) (modifier-cond (and (no-gap) (pitem-attvec (contain ((pform about)))))))))
+(def-subclass QP (HowAbout))
+
 ; ... what it is, how big they are.
 (def-modifiers CP
   (:head (N (head-cond (and (wh) (mark))))

@@ -161,7 +161,6 @@
 ("'d" (avm (modal (own fin))) (avm (have (own fin))))
 (cannot (avm (modal (own fin))))
 (ought to (avm (modal (own fin))))
-(used to (avm (modal (own fin))))
 (had better (avm (modal (own fin))))
 (do (avm (modal (own fin) non3)) (avm (modal (own base))))
 (does (avm (modal (own fin) sg)))

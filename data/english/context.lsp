@@ -101,7 +101,7 @@
              (not (followed-by (pred (att (or (contain ((cat v))) (contain ((cat p))) (contain ((node Adv)))))))))
         (add-weight (litem) (int 3))))
   ; Rod's
-  (before-genitive (seq (word (t)) (word (in ("'s"))))
+  (before-genitive (seq (no (word (in (let)))) (word (in ("'s"))))
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
   ; A capital inside the sentence: a name rather than a verb.
   (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z][^A-Z]"))))

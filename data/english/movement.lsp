@@ -12,7 +12,8 @@
   ; It is said that, it was agreed to: what is said stays where it is.
   (impersonal-passive (:act-on-all-matches)
       (lexitem (att (and (contain ((cat v))) (not (contain (+tr))) (contain ((args ((cat c) +opt (role comp))))) (strict-unifiable (vform) ((vform en))))))
-    (assert (comp (duplicate-lexitem (litem)) (when (ident) (att (modify ((vform pass))))))))
+    (if (preceded-by-word (pred (in (is was be been being "'s" often widely generally commonly also now not never ever))))
+        (assert (comp (duplicate-lexitem (litem)) (when (ident) (att (modify ((vform pass)))))))))
   ; tired, closed, married: what is an adjective too is rather that.
   (participle-or-adjective (:act-on-all-matches) (lexitem (att (contain ((cat v) (vform pass)))))
     (if (exist-lexitem (low) (high) (pred (att (and (contain ((cat a))) (not (defined-one-of (node freq)))))))

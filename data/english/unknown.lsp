@@ -13,7 +13,9 @@
         (delete-if (low) (high) (pred (not (att (contain ((node Aux)))))))
         (delete (litem))))
 
-  (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
+  (let-us (seq (word (in (let))) (word (in ("'s" s))))
+    (prog (delete-if (high) (high) (pred (t)))
+          (assert (make-lexitem (high) (high) (avm (avm (pron (agr p1) (case acc))))))))
 
   ; A line of nothing but signs: ***, ----, :-)
   (signs (whole-sentence)
