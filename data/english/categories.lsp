@@ -55,7 +55,7 @@
 (def-category CP (visible-atts (lexitem wh marked)))        ; what it is
 (def-category Imp (visible-atts (lexitem)))                 ; read!
 (def-category Rep (visible-atts (lexitem)))                 ; said she
-(def-category I (visible-atts (lexitem move)))              ; to read
+(def-category I (visible-atts (lexitem move cm)))           ; to read, there to be
 (def-category WhI (visible-atts (lexitem move)))            ; how to read
 (def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
 (def-category SubC (visible-atts (lexitem)))                ; when she reads

@@ -43,12 +43,12 @@
      (SubC (dep-type sub) (modifier-cond (clause-start)))
      (Abs (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
      (Q (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
+     (I (dep-type purpose) (percolate (cm)) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (A (dep-type mod) (percolate ()) (dep-weight 3) (modifier-cond (and (before-comma) (clause-start))))
      (VG (dep-type sub) (percolate ()) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start)
              (participial)))))
   ((N (dep-type subj) (percolate (agr wh)) (modifier-cond (and (nominative) (no-gap))))
-   (I (dep-type subj) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))
+   (I (dep-type subj) (percolate (cm)) (dep-weight 2) (modifier-cond (no-gap)))
    (C (dep-type subj) (percolate ()) (dep-weight 9) (modifier-cond (and (marked) (no-gap))))
    (Adv (dep-type pred) (percolate (wh)) (dep-weight 2)
         (modifier-cond (pitem-attvec (and (contain (+wh)) (contain (+loc))))))
@@ -169,7 +169,7 @@
      (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap)))
      (Adv (dep-type mod) (percolate ()))
      (SubC (dep-type sub) (percolate ()))
-     (I (dep-type purpose) (percolate ()) (dep-weight 2) (modifier-cond (no-gap)))))
+     (I (dep-type purpose) (percolate (cm)) (dep-weight 2) (modifier-cond (no-gap)))))
 
 ; how about tea, what about him
 (def-modifiers HowAbout
@@ -211,9 +211,12 @@
   (:head (VG (head-cond (and (imperative-start) (pitem-attvec (unify ((vform base))))))))
   (? :skip-word (in ("," "!")) (Rep (dep-type report) (dep-weight 2))))
 
-; to read, for her to read
+; to read, for her to read; want there to be peace: a subject without `for` has case from the verb before it only.
 (def-modifiers I
-  (? (P (dep-type subj) (percolate ()) (dep-weight 0.2)
+  (? (N (dep-type subj) (percolate ()) (dep-weight 1.5)
+        (modifier-cond (and (no-gap) (pitem-head-word (in (there it)))))
+        (merged-cond (pitem-attvec (modify (-cm)))))
+     (P (dep-type subj) (percolate ()) (dep-weight 0.2)
         (modifier-cond (and (no-gap) (pitem-attvec (contain ((pform for))))))))
   (:head (VG (head-cond (pitem-attvec (strict-unifiable (vform) ((vform inf))))))))
 

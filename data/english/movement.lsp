@@ -24,7 +24,7 @@
     (if (followed-by-word (pred (in (me him her us them you it))))
         (assert (comp (duplicate-lexitem (litem))
                       (when (ident)
-                            (att (modify (-tr (args ((cat n) (role iobj))) (move ((cat n) (role obj) (slash np)))))))))))
+                            (att (prog (undefine (args)) (modify (-tr (args ((cat n) (role iobj))) (move ((cat n) (role obj) (slash np))))))))))))
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
   ; Where a noun phrase follows there is none; behind a preposition nothing but one follows otherwise.

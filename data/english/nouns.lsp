@@ -111,7 +111,7 @@
      (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
-     (I (dep-type comp) (percolate ())
+     (I (dep-type comp) (percolate (cm))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)))))
         (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
      (A (dep-type mod) (percolate ()) (dep-weight 2.5) (modifier-cond (pitem-attvec (contain (+heavy))))
@@ -153,7 +153,7 @@
   (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond
           (pitem-add-weight 2))))
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
-     (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (I (dep-type comp) (percolate (cm)) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (PC (dep-type sub) (percolate ()) (merged-cond (heavy)))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))

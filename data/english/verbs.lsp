@@ -31,7 +31,7 @@
          (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1))))
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
-         (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         (I (percolate (move)) (modifier-cond (pitem-attvec (not (contain (-cm))))) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
          ; this is because he left, that was when we met
          (SubC (percolate ()) (modifier-cond (pitem-preceding-word (in (is was "'s" not just only simply partly))))
                (head-cond (and (to-predicate) (pitem-add-weight 3))))
@@ -57,7 +57,7 @@
      (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
-     (I (dep-type purpose) (percolate (move)) (dep-weight 2))
+     (I (dep-type purpose) (percolate (move cm)) (dep-weight 2))
      (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
          (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing))))))
          ; ..., killing several people: behind a comma it hardly belongs to a noun.
