@@ -121,14 +121,21 @@
 
 ; said she, she said: only around what is said.
 (def-modifiers Rep
-  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative))))
+  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)) (merged-cond (mark))))
   (:head (VG (head-cond (and (finite)
                              (pitem-head-word (in (said says know think believe suppose guess asked asks replied replies
                                                    answered cried shouted whispered thought explained explains added
                                                    adds wrote writes commented told reported reports noted notes warned
                                                    warns declared announced remarked stated argued concluded continued
                                                    insisted admitted claimed suggested)))))))
-  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)))))
+  (? (N (dep-type subj) (percolate ()) (modifier-cond (nominative)) (modifiee-cond (not (marked)))))
+  ; ..., without looking up
+  (* :skip-word (str= ",")
+     (PC (dep-type sub) (percolate ()))
+     (SubC (dep-type sub) (percolate ()))
+     (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)))
+     (Adv (dep-type mod) (percolate ()))
+     (VG (dep-type sub) (percolate ()) (modifier-cond (and (set-off) (participial))))))
 
 ; does she read, what does she read
 (def-modifiers Q
@@ -204,6 +211,7 @@
      (Adv (dep-type mod) (percolate ()))
      (Intj (dep-type discourse) (percolate ()))
      (V (dep-type sub) (percolate ()) (modifier-cond (and (pitem-head-word (in (attached enclosed))) (no-gap))))
+     (I (dep-type purpose) (percolate (cm)) (dep-weight 2) (modifier-cond (and (before-comma) (clause-start) (no-gap))))
      (SubC (dep-type sub) (modifier-cond (clause-start))))
   (? (Aux (dep-type aux) (percolate ())
           (modifier-cond (pitem-attvec (contain ((own fin) (vform base) (agr s2)))))))
@@ -249,6 +257,9 @@
   ((Sub (dep-type mark)))
   (:head (S (head-cond (no-gap)))
          (VG (head-cond (participial)))
+         ; rather stay than go
+         (VG (percolate ()) (modifier-cond (and (pitem-preceding-word (str= than)) (no-gap)))
+             (head-cond (pitem-attvec (strict-unifiable (vform) ((vform base))))))
          (A (percolate ()) (head-cond (pitem-add-weight 2)))
          (P (percolate ()) (modifier-cond (no-gap)) (head-cond (pitem-add-weight 2)))))
 

@@ -177,7 +177,7 @@
 (were (avm (be (own fin) (agr s2 p1 p2 p3))))
 (be (avm (be (own base))))
 (been (avm (be (own en))))
-(being (avm (be (own ing))) (avm (noun +rare)))
+(being (avm (be (own ing))) (avm (noun (freq f6))))
 ("'m" (avm (be (own fin) (agr s1))))
 ("'re" (avm (be (own fin) (agr s2 p1 p2 p3))))
 ("'s" (avm ((node Gen) +spec)) (avm (be (own fin) sg)) (avm (have (own fin) sg)))

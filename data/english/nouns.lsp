@@ -36,7 +36,10 @@
   ((Gen (dep-type case) (percolate (spec)))))
 
 (def-modifiers N0
-  (? (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
+  ; as good a singer, too big a risk
+  (? (A (dep-type mod) (percolate ()) (modifier-cond (and (int-gt (pitem-length) (int 0)) (pitem-following-word (in (a an)))))
+        (modifiee-cond (pitem-attvec (contain (+spec)))))
+     (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
           (modifiee-cond (and (pitem-attvec (defined (spec))) (pitem-attvec (not (contain (+pro (case nom)))))))))
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
@@ -113,7 +116,7 @@
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
      (I (dep-type comp) (percolate (cm))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)))))
-        (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
+        (merged-cond (if (pitem-attvec (or (contain (+to)) (contain (+some)))) (t) (pitem-add-weight 2))))
      (A (dep-type mod) (percolate ()) (dep-weight 2.5) (modifier-cond (pitem-attvec (contain (+heavy))))
         (modifiee-cond (pitem-attvec (not (contain (+pro)) (contain (+proper))))))
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))

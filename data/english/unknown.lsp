@@ -37,6 +37,10 @@
   (emphatic (& (not-in-lexicon) (word (reg-match "^[Ss][Oo][Oo]+$" "^[Vv][Ee][Rr][Yy][Yy]+$")))
     (assert (make-lexitem (low) (high) (avm (avm (adv +deg))))))
 
+  ; the 1990s, the 60s
+  (decade (word (reg-match "^'?[0-9]*[0-9]0'?s$"))
+    (prog (delete-if (low) (high) (pred (t)))
+          (assert (make-lexitem (low) (high) (avm (avm (plural +time)))))))
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
