@@ -43,7 +43,8 @@
     (lexitem (and (or (ending er) (ending est)) (not (adjective)) (not (noun))))
     (delete (litem)))
   (er-noun (:act-on-all-matches)
-    (lexitem (and (or (ending er) (ending est)) (noun) (not (att (contain (+count))))))
+    (lexitem (and (or (ending er) (ending est)) (noun)
+                  (or (not (att (contain (+count)))) (not (no-alternative (att (contain ((cat n)))))))))
     (delete (litem)))
 
   ; An adjective with -ly is an adverb.

@@ -31,7 +31,7 @@
           (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))))
   (half-day (seq (word (reg-match "^[0-9][0-9:.]*$")) (word (in (am pm a.m. p.m. am. pm.))))
     (prog (delete-if (high) (high) (pred (t)))
-          (assert (make-lexitem (high) (high) (avm (avm (mass -proper +time)))))))
+          (assert (make-lexitem (high) (high) (avm (avm (mass sg -proper +time)))))))
 
   ; sooo, veryyy
   (emphatic (& (not-in-lexicon) (word (reg-match "^[Ss][Oo][Oo]+$" "^[Vv][Ee][Rr][Yy][Yy]+$")))
@@ -72,6 +72,7 @@
   (name (word (reg-match "^[A-Z][A-Za-z.]"))
     (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
         (cond ((exist-lexitem (low) (high) (pred (att (or (contain (+cap)) (contain (-proper)))))) (nil))
+              ((exist-lexitem (low) (high) (pred (att (contain (+human (agr p3)))))) (nil))
               ((exist-lexitem (low) (high) (pred (att (contain (+human)))))
                (assert (make-lexitem (low) (high) (avm (avm (person sg))))))
               ((exist-lexitem (low) (high) (pred (att (and (contain ((node NN))) (not (contain (+proper)))))))

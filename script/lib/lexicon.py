@@ -252,7 +252,8 @@ def main():
         for kind, readings in kinds.items():
             weight = words[key][kind][1] if kind in words[key] else most
             if kind == "a" and "(adj +cap)" in words[key].get("a", ([],))[0]:
-                readings = [reading.replace("(adj", "(adj +cap", 1) for reading in readings]
+                readings = [reading if "+cap" in reading else reading.replace("(adj", "(adj +cap", 1)
+                            for reading in readings]
             if kind == "v" and "v" in words[key]:
                 readings = readings + missing_frames(readings, words[key]["v"][0])
             rare = [reading for reading in readings if "+rare" in reading]
