@@ -56,7 +56,7 @@
 (def-category Imp (visible-atts (lexitem)))                 ; read!
 (def-category Rep (visible-atts (lexitem)))                 ; said she
 (def-category I (visible-atts (lexitem move cm)))           ; to read, there to be
-(def-category WhI (visible-atts (lexitem move)))            ; how to read
+(def-category WhI (visible-atts (lexitem move marked)))            ; how to read
 (def-category C (visible-atts (lexitem move wh marked)))    ; that she reads, what she reads
 (def-category SubC (visible-atts (lexitem)))                ; when she reads
 (def-category With)                                         ; with, before a clause without `be`

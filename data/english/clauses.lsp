@@ -64,7 +64,9 @@
         (modifier-cond (and (no-gap) (pitem-preceding-word (in ("," ":"))))))))
 
 ; the more she reads, the more she knows; the bigger the house, the higher the price
-(defun comparative () (pitem-head-word (reg-match "[a-z]er$" "^(more|less|worse|further)$")))
+(defun comparative ()
+  (or (pitem-head-word (reg-match "[a-z]er$" "^(more|less|worse|further)$"))
+      (get-modifier-by-type mod (pitem-head-word (in (more less))))))
 (def-modifiers Cmp
   ((Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (str= the)))))
   (:head (A (percolate ()) (modifier-cond (comparative)))
@@ -230,9 +232,9 @@
 
 ; how to read, what to read
 (def-modifiers WhI
-  ((N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)))
-   (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)))
-   (Comp (dep-type mark)))
+  ((N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)) (merged-cond (mark)))
+   (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
+   (Comp (dep-type mark) (merged-cond (mark))))
   (:head (I)))
 
 ; that she reads, where she reads, what she reads
@@ -283,6 +285,7 @@
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS
   ((RelPro (dep-type subj))
+   (N (dep-type subj) (percolate ()) (modifier-cond (and (wh) (int-gt (pitem-length) (int 1)) (pitem-preceding-word (str= ",")))))
    (N (dep-type subj) (percolate ()) (modifier-cond (pitem-attvec (contain (+rel))))))
   (:head (VF)))
 

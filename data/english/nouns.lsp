@@ -93,6 +93,9 @@
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
+     ; most of whom, some of which
+     (P (dep-type mod) (percolate (wh)) (modifier-cond (and (wh) (no-gap) (pitem-attvec (contain ((pform of))))))
+        (modifiee-cond (pitem-attvec (contain (+part)))))
      ; us all, you both
      (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (all both each))))
           (modifiee-cond (pitem-attvec (contain (+pro (agr p1)) (+pro (agr p2)) (+pro (agr p3))))))

@@ -211,3 +211,7 @@
 (the least (avm (adv (freq f3))))
 (first of all (avm (adv)))
 (above mentioned (avm (adj)))
+(or not (avm (adv (freq f2))))
+(oh my god (avm (intj)))
+(my god (avm (intj +rare)))
+(no way (avm (intj (freq f2))))

@@ -41,6 +41,10 @@
   (decade (word (reg-match "^'?[0-9]*[0-9]0'?s$"))
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (plural +time)))))))
+  ; over a million, around 40
+  (about-number (seq (lexitem (and (att (contain ((node Adv) +deg))) (surform (in (over around under nearly about almost)))))
+                     (lexitem (att (contain ((node Num))))))
+    (add-weight (comp ($ 1) (litem)) (int -3)))
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
