@@ -68,6 +68,9 @@
           (how whether where why when who what which whatever))))
     (assert (make-lexitem (low) (low) (avm (avm ((cat j) (node PSub)))))))
   (with-clause (word (in (with without))) (assert (make-lexitem (low) (high) (avm (avm ((cat j) (node With)))))))
+  ; and/or joins like and
+  (and-or (seq (word (in (and))) "/" (word (in (or))))
+    (prog (skip (comp ($ 2) (low))) (skip (high)) (delete-if (high) (high) (pred (t)))))
   ; want to party: behind `to` a verb is no rarer than a noun.
   (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
                                                              (or (contain ((freq f8))) (contain ((freq f7))) (contain

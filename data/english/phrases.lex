@@ -215,3 +215,4 @@
 (oh my god (avm (intj)))
 (my god (avm (intj +rare)))
 (no way (avm (intj (freq f2))))
+(outta here (avm (adv +loc)))

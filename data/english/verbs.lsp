@@ -47,7 +47,12 @@
                            ((t) (t)))))
      (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
           (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
-     (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time))))
+        ; ways, days: a bare plural hardly tells when
+        (merged-cond (if (pitem-modifier (pitem-attvec (and (strict-unifiable (agr) ((agr p3)))
+                                                            (not (contain (+spec) (+counted) (+proper))))))
+                         (pitem-add-weight 3)
+                         (t))))
      (N (dep-type time) (percolate ()) (dep-weight 4)
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
      (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
