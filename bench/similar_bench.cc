@@ -146,15 +146,28 @@ void similar_compare(benchmark::State& state) {
   for (auto _ : state) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> unit;
-    FeatureOverlap overlap;
+    std::vector<std::vector<FeatureOverlap::Held>> features(count / 40);
     for (std::uint32_t i = 0; i < count; ++i) {
       double rank = std::pow(count / 5.0, unit(random));
-      auto item = static_cast<int>(random() % (count / 40));
-      if (rank > kFrequent) overlap.add(item, static_cast<FeatureOverlap::Feature>(rank), 1);
+      const std::size_t item = random() % (count / 40);
+      if (rank > kFrequent)
+        features[item].push_back({static_cast<FeatureOverlap::Feature>(rank), 1});
     }
+    std::vector<float> totals;
+    for (std::vector<FeatureOverlap::Held>& of_item : features) {
+      std::sort(of_item.begin(), of_item.end(),
+                [](const auto& a, const auto& b) { return a.feature < b.feature; });
+      totals.push_back(static_cast<float>(of_item.size()));
+    }
+    FeatureOverlap overlap(0, totals);
+    for (std::size_t item = 0; item < features.size(); ++item)
+      for (const FeatureOverlap::Held& held : features[item])
+        overlap.add(static_cast<int>(item), held);
     overlap.build_index();
-    for (int item = 0; item < overlap.item_count(); ++item)
-      benchmark::DoNotOptimize(overlap.neighbours(item, kPairs).size());
+    FeatureOverlap::Question question(overlap);
+    for (std::size_t item = 0; item < features.size(); ++item)
+      benchmark::DoNotOptimize(
+          question.neighbours(static_cast<int>(item), features[item], totals[item], kPairs).size());
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }

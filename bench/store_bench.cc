@@ -228,12 +228,12 @@ void sync_batch(benchmark::State& state, const Load& load) {
 }
 
 template <class Store>
-void open_and_find(benchmark::State& state, const Load& load) {
+void open_and_find(benchmark::State& state, const Load& load, bool writable) {
   bool right = true;
   std::size_t i = 0;
   for (auto _ : state) {
     Store store;
-    right = right && store.open(path_of<Store>(load), false) && store.find(load.key(++i));
+    right = right && store.open(path_of<Store>(load), writable) && store.find(load.key(++i));
   }
   if (!right) state.SkipWithError("cannot find");
 }
@@ -254,7 +254,8 @@ void add_rows(const Load& load) {
       ->UseRealTime();
   add("find_hit", name, load, [&](auto& state) { find_key<Store>(state, load, "", true); });
   add("find_miss", name, load, [&](auto& state) { find_key<Store>(state, load, "no", false); });
-  add("open", name, load, [&](auto& state) { open_and_find<Store>(state, load); });
+  add("open", name, load, [&](auto& state) { open_and_find<Store>(state, load, false); });
+  add("open_to_write", name, load, [&](auto& state) { open_and_find<Store>(state, load, true); });
   add("update", name, load, [&](auto& state) { update<Store>(state, load); });
   add("sync_100", name, load, [&](auto& state) { sync_batch<Store>(state, load); })->UseRealTime();
 }

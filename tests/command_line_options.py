@@ -82,7 +82,7 @@ class Counts(unittest.TestCase):
     def tearDown(self):
         self.folder.cleanup()
 
-    def test_the_same_as_a_start_up_file_gives(self):
+    def test_words_seen_together_as_a_start_up_file_has_it(self):
         learned = self.path / "learned"
         text = "He painted the wall with a brush."
         (learned / "sentense.dat").write_text(text)

@@ -72,8 +72,8 @@ def main():
     for stale in ("words.db", "words.db-journal"):
         if os.path.exists(path(stale)):
             os.unlink(path(stale))
-    timed("comparing words", [os.path.join(programs, "similar_words"), os.path.join(folder, "triples.hdr"),
-                              path("words.src")])
+    timed("comparing words", [os.path.join(programs, "torvane"), "similar", "-j", str(os.cpu_count() or 1), "--quiet",
+                              "-o", path("words.src"), folder])
     entries, best = best_known(path("words.src"))
     size = max(1997, entries)
     write("sentense.dat", "\n")

@@ -45,6 +45,12 @@ constexpr CliCommand kCommands[] = {
     {"serve", "Serve a page on which text is parsed, and the same to programs", declare_serve},
     {"score", "Count the words of a list of sentences that get the heads they should have",
      declare_score},
+    {"learn", "Count a corpus, and make a database and similar words of it", declare_learn},
+    {"count", "Parse text and count what depends on what", declare_count},
+    {"merge-counts", "Add files of counts", declare_merge_counts},
+    {"build-counts", "Make a database of counts, which parse --counts takes", declare_build_counts},
+    {"similar", "Find similar words by a database of counts", declare_similar},
+    {"shards", "Cut a corpus into pieces to be counted by themselves", declare_shards},
     {"help", "Show the page of a command, or a reference page", declare_help},
     {"completion", "Write what bash completes", declare_completion},
 };

@@ -28,16 +28,17 @@ void Progress::end() {
 }
 
 void Progress::show(const Summary& summary, const Input& input) {
-  if (!live_) return;
-  const double seconds = summary.seconds();
-  if (seconds < next_) return;
+  if (live_) show(summary.sentences(), summary.seconds(), input.share_read());
+}
+
+void Progress::show(std::uint64_t sentences, double seconds, double share) {
+  if (!live_ || seconds < next_) return;
   next_ = seconds + kInterval;
   shown_ = true;
-  const auto done = static_cast<double>(summary.sentences());
-  std::cerr << '\r' << with_commas(summary.sentences()) << " sentences, "
-            << with_commas(static_cast<std::uint64_t>(done / seconds)) << " a second";
-  if (const double share = input.share_read(); share > 0)
-    std::cerr << ", " << time_text(seconds * (1 - share) / share) << " left";
+  std::cerr << '\r' << with_commas(sentences) << " sentences, "
+            << with_commas(static_cast<std::uint64_t>(static_cast<double>(sentences) / seconds))
+            << " a second";
+  if (share > 0) std::cerr << ", " << time_text(seconds * (1 - share) / share) << " left";
   std::cerr << "\033[K" << std::flush;
 }
 

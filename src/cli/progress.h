@@ -1,6 +1,8 @@
 // A line on the terminal while a long run goes on: what is done, how fast, and how long it takes.
 #pragma once
 
+#include <cstdint>
+
 #include "cli/input.h"
 #include "cli/summary.h"
 
@@ -12,6 +14,8 @@ class Progress {
   explicit Progress(bool wanted);
   /// To be called after each sentence; it writes now and then.
   void show(const Summary& summary, const Input& input);
+  /// The same of a share of what there is to do; 0: not known.
+  void show(std::uint64_t sentences, double seconds, double share);
   /// Takes the line away.
   void end();
 

@@ -130,7 +130,7 @@ std::function<int()> declare_repl(CLI::App& app) {
                  "Head style: content, where the grammar has it, or grammar");
   app.add_option(
       "--counts", session.counts,
-      "Folder of a database of counts, as script/learn leaves it: weigh dependencies by it");
+      "Folder of a database of counts, as torvane learn leaves it: weigh dependencies by it");
   return [options] { return repl(*options); };
 }
 

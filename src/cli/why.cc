@@ -87,7 +87,7 @@ std::function<int()> declare_why(CLI::App& app) {
                  "Head style: content, where the grammar has it, or grammar");
   app.add_option(
       "--counts", options->counts,
-      "Folder of a database of counts, as script/learn leaves it: weigh dependencies by it");
+      "Folder of a database of counts, as torvane learn leaves it: weigh dependencies by it");
   app.add_flag("--json", options->json, "One JSON object instead of text");
   app.add_flag("--all", options->all, "All links that could join the two, however far they came");
   return [options] { return why(*options); };

@@ -21,6 +21,7 @@ struct Job {
   Task task;
   Outcome outcome = Outcome::whole;
   std::string written;
+  std::size_t words = 0;
   enum class State { open, done, failed } state = State::open;
 };
 

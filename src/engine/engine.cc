@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <set>
 #include <sstream>
 #include <tuple>
 
 #include "att/contract.h"
 #include "engine/all_offers.h"
+#include "engine/file_version.h"
 #include "engine/sentence_of.h"
 #include "parser/torvane_parser.h"
 #include "store/header_file.h"
@@ -110,12 +112,20 @@ std::string Engine::load(const std::vector<std::string>& files,
     exec.frees_values = true;
     exec.load(stream.get());
     exec.frees_values = false;
+    loaded_.push_back(file);
   }
   TorvaneParser* parser = current_parser(world_);
   if (!parser || !parser->grammar._lex) return "the grammar makes no parser";
+  if (Lexicon* words = parser->grammar._lex->lexicon()) words->keep_entries();
   parser->grammar.frames_by_name = true;
   labels_ = std::make_unique<Labels>(world_);
   return {};
+}
+
+std::string Engine::grammar_version() const {
+  std::set<std::string> files = world_.files.all_found();
+  files.insert(loaded_.begin(), loaded_.end());
+  return version_of(files);
 }
 
 std::string Engine::use_counts(const std::string& folder) {
@@ -136,6 +146,7 @@ std::string Engine::use_counts(const std::string& folder) {
     return folder + " has no counts that can be read: " + fault.substr(0, fault.find('\n'));
   DepCosts& costs = current_parser(world_)->costs;
   costs._reldb = counts_.get();
+  costs.use = CountsUse::advise;
   costs.fixed_counts = true;  // they have no name by which a command could reach them
   return {};
 }

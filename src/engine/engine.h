@@ -42,8 +42,10 @@ class Engine {
   /// Runs files by their paths, one after the other; what they load is looked for in the folders,
   /// in that order, and nowhere else. An empty text, or what is wrong.
   std::string load(const std::vector<std::string>& files, const std::vector<std::string>& folders);
-  /// Lets a database of counts that script/learn left in a folder weigh the dependencies of the
-  /// loaded grammar. An empty text, or what is wrong.
+  /// Tells grammars apart: 16 hexadecimal digits, of the contents of all files that loading opened.
+  std::string grammar_version() const;
+  /// Lets a database of counts that script/learn left in a folder advise the loaded grammar: what
+  /// is often seen together becomes cheaper. An empty text, or what is wrong.
   std::string use_counts(const std::string& folder);
   /// Parses a text as one sentence, once a grammar is loaded. What stands behind a zero byte comes
   /// out in words outside the tree.
@@ -83,6 +85,7 @@ class Engine {
   Sentence result();
 
   World world_;
+  std::vector<std::string> loaded_;   // start-up files
   std::unique_ptr<TripleDb> counts_;  // null: none
   // The sentence in hand: one of the two, and the trees that were given.
   std::string text_;

@@ -75,6 +75,7 @@ std::optional<std::string> FileSearch::find(const char* name) {
     std::string candidate = element.empty() ? *expanded : element + kDirSeparator + *expanded;
     if (!exists(candidate)) continue;
     found_dir_ = dir + expanded->substr(0, expanded->rfind(kDirSeparator) + 1);
+    all_found_.insert(candidate);
     return candidate;
   }
   return std::nullopt;

@@ -3,6 +3,7 @@
 
 #include <list>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ class FileSearch {
   /// The directory of the last file found, with a separator at its end, or empty. The next search
   /// resets it.
   const std::string& found_dir() const { return found_dir_; }
+  /// All that was found so far.
+  const std::set<std::string>& all_found() const { return all_found_; }
   /// `find`, then opens. Null after a message: "The file NAME cannot be opened", or "The file PATH
   /// exists, but cannot be opened".
   Ref<Stream> open(const char* name);
@@ -41,6 +44,7 @@ class FileSearch {
   std::list<std::string> path_;
   bool here_first_ = true;  ///< the working directory stands in front of all
   std::string found_dir_;
+  std::set<std::string> all_found_;
 };
 
 }  // namespace torvane

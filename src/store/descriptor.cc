@@ -46,11 +46,23 @@ bool Descriptor::write_row_at(std::uint64_t offset, const iovec* pieces, std::si
   return true;
 }
 
-bool Descriptor::flush_to_device() const {
+namespace {
+
+bool until_done(int (*flush)(int), int fd) {
   int result;
-  do result = ::fsync(fd_);
+  do result = flush(fd);
   while (result != 0 && errno == EINTR);
   return result == 0;
+}
+
+}  // namespace
+
+bool Descriptor::flush_to_device() const {
+  return until_done(::fsync, fd_);
+}
+
+bool Descriptor::flush_data_to_device() const {
+  return until_done(::fdatasync, fd_);
 }
 
 bool flush_folder_of(const std::string& path) {

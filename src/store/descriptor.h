@@ -29,7 +29,10 @@ class Descriptor {
   /// Writes `count` pieces, `n` bytes in all, one after the other.
   bool write_row_at(std::uint64_t offset, const iovec* pieces, std::size_t count,
                     std::size_t n) const;
+  /// All that was written, and the file's length.
   bool flush_to_device() const;
+  /// The same without what only tells of the file.
+  bool flush_data_to_device() const;
 
  private:
   int fd_;

@@ -9,6 +9,16 @@ void FreeList::clear() {
   count_ = 0;
 }
 
+void FreeList::assign(std::span<const FreeExtent> extents) {
+  clear();
+  count_ = extents.size();
+  for (; !extents.empty(); extents = extents.subspan(chunks_.back().extents.size())) {
+    auto row = extents.first(std::min(extents.size(), kMostInChunk));
+    chunks_.emplace_back().extents.assign(row.begin(), row.end());
+    measure(chunks_.size() - 1);
+  }
+}
+
 void FreeList::append(FreeExtent extent) {
   if (chunks_.empty()) {
     insert({0, 0}, extent);

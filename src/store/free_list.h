@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace torvane {
@@ -22,6 +23,8 @@ class FreeList {
   FreeExtent front() const { return chunks_.front().extents.front(); }
   FreeExtent back() const { return chunks_.back().extents.back(); }
   void clear();
+  /// Takes the place of what was there, as it is.
+  void assign(std::span<const FreeExtent> extents);
   /// At the end, as it is.
   void append(FreeExtent extent);
   /// Takes the front of the first extent that is long enough; its position, 0 if there is none.

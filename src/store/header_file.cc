@@ -27,6 +27,22 @@ bool HeaderFile::next_number(long& number) {
   return next(token) && scan_long(token.c_str(), number);
 }
 
+bool HeaderFile::next(StoreHeader& store) {
+  std::string name, third;
+  // Kept: short-header-is-silent
+  if (!next(name) || !next_number(store.block_size) || !next(third)) return false;
+  // A store may have the name.
+  if (!scan_long(third.c_str(), store.buckets)) {
+    if (name != "shards") return false;
+    store.stores = store.block_size;
+    name = third;
+    if (!next_number(store.block_size) || !next_number(store.buckets)) return false;
+  }
+  store.path = path_of(name);
+  next(store.comparison);
+  return true;
+}
+
 std::string HeaderFile::path_of(const std::string& name) const {
   return name[0] == kDirSeparator ? name : directory_ + name;
 }

@@ -10,6 +10,15 @@ namespace torvane {
 
 class FileSearch;
 
+/// What a header says.
+struct StoreHeader {
+  std::string path;  ///< of the data file, or of the first of several
+  long stores = 1;
+  long block_size = 0;
+  long buckets = 0;
+  std::string comparison;  ///< empty if there is none
+};
+
 class HeaderFile {
  public:
   /// Opens the file of this name. It is not open after a message.
@@ -20,6 +29,9 @@ class HeaderFile {
   bool next(std::string& token);
   /// The next token as a number; false if it is none.
   bool next_number(long& number);
+  /// Takes `FILE BLOCKSIZE BUCKETS COMPARE`, with `shards N` in front where the stores are several.
+  /// False if a name or a number is missing.
+  bool next(StoreHeader& store);
   /// Where a data file is that the header names: relative to the header's own folder.
   std::string path_of(const std::string& name) const;
 

@@ -22,6 +22,8 @@ namespace {
 
 // How many pages go to the file in one write.
 constexpr std::size_t kRun = 64;
+// A log of more pages is written back, and a commit of more new ones writes them to the file.
+constexpr std::size_t kMostLogged = 4096;
 
 /// A file beyond the size that the user is allowed ends a write, not the process.
 void survive_size_limit() {
@@ -30,7 +32,22 @@ void survive_size_limit() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
-/// The path under which everyone finds the same journal.
+/// The files that this process writes.
+struct OpenWriters {
+  std::mutex lock;
+  std::vector<PageFile*> files;
+};
+
+/// Never destroyed, since the end of the process asks for it.
+OpenWriters& open_writers() {
+  static OpenWriters& writers = *[] {
+    std::atexit(PageFile::settle_all);
+    return new OpenWriters;
+  }();
+  return writers;
+}
+
+/// The path under which everyone finds the same log.
 std::string canonical(const std::string& path) {
   std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
   return real ? real.get() : path;
@@ -46,7 +63,7 @@ std::size_t PageFile::usual_cached_pages() {
 }
 
 std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
-                                         std::size_t cached_pages) {
+                                         std::size_t cached_pages, std::uint32_t last_commit) {
   int flags = (writable ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
   Descriptor fd(::open(path.c_str(), flags, 0666));
   struct stat status;
@@ -55,7 +72,7 @@ std::unique_ptr<PageFile> PageFile::open(const std::string& path, bool writable,
   if (writable) survive_size_limit();
   std::unique_ptr<PageFile> file(
       new PageFile(canonical(path), std::move(fd), status.st_mode, writable, cached_pages));
-  return file->recover() ? std::move(file) : nullptr;
+  return file->recover(last_commit) ? std::move(file) : nullptr;
 }
 
 PageFile::PageFile(const std::string& path, Descriptor fd, unsigned mode, bool writable,
@@ -63,29 +80,57 @@ PageFile::PageFile(const std::string& path, Descriptor fd, unsigned mode, bool w
     : path_(path),
       fd_(std::move(fd)),
       writable_(writable),
+      owner_(::getpid()),
       journal_(path, mode),
-      most_frames_(std::max<std::size_t>(cached_pages, 8)) {}
+      most_frames_(std::max<std::size_t>(cached_pages, 8)),
+      most_logged_(std::min(most_frames_, kMostLogged)) {}
 
 PageFile::~PageFile() {
-  OldPages old;
-  if (journal_.in_force() && old.open(path_)) old.roll_back(fd_);
+  if (!writable_) return;
+  OpenWriters& writers = open_writers();
+  {
+    std::lock_guard guard(writers.lock);
+    std::erase(writers.files, this);
+  }
+  if (settle() && journal_.started()) journal_.end();
 }
 
-// Goes back to the last committed state: on disk, or for a reader in what it sees.
-bool PageFile::recover() {
+void PageFile::settle_all() {
+  OpenWriters& writers = open_writers();
+  std::lock_guard guard(writers.lock);
+  for (PageFile* file : writers.files) {
+    // What another thread is writing stays in its log, and what a parent process writes is its own.
+    std::unique_lock settling(file->settling_, std::try_to_lock);
+    if (!settling || file->owner_ != ::getpid()) continue;
+    if (file->settle() && file->journal_.started()) file->journal_.end();
+    file->lost_ = true;  // nothing may come after that
+  }
+}
+
+// Goes to the last committed state: on disk, or for a reader in what it sees.
+bool PageFile::recover(std::uint32_t last_commit) {
+  auto left = std::make_unique<LeftLog>();
+  bool found = left->open(path_, last_commit);
   struct stat status;
-  if (::fstat(fd_.get(), &status) != 0) return false;
+  if (left->hidden() || ::fstat(fd_.get(), &status) != 0) return false;
   auto size = static_cast<std::uint64_t>(status.st_size);
-  auto old = std::make_unique<OldPages>();
-  // A file never becomes shorter before it is put back: the journal of a longer one is another's.
-  bool found = old->open(path_) && old->length() <= size;
-  if (old->hidden()) return false;
-  if (found) size = old->length();
-  if (found && writable_ && !old->roll_back(fd_)) return fail("restore");
-  if (!found && writable_) old->drop();
-  if (found && !writable_) old_pages_ = std::move(old);
+  // A file never becomes shorter, and gets its first bytes before they are committed: the log of a
+  // longer one, or beside an empty one, is another's.
+  found = found && size > 0 && left->first_length() <= size;
+  if (found && writable_ && !(left->write_to(fd_) && left->remove())) return fail("restore");
+  if (!found && writable_) left->drop();
+  disk_length_ = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, kMostBytes));
+  if (found) {
+    size = left->length();
+    disk_length_ = writable_ ? left->length() : std::min(disk_length_, left->length());
+    if (!writable_) left_log_ = std::move(left);
+  }
   if (size > kMostBytes || !set_length(size)) return false;
-  disk_length_ = committed_length_ = length_;
+  committed_length_ = length_;
+  if (!writable_) return true;
+  OpenWriters& writers = open_writers();
+  std::lock_guard guard(writers.lock);
+  writers.files.push_back(this);
   return true;
 }
 
@@ -119,13 +164,17 @@ std::uint32_t PageFile::load(std::uint32_t number) {
 
 bool PageFile::read_page(std::uint32_t number, char* bytes) {
   std::uint32_t start = number * kPageBytes;
-  if (old_pages_ && old_pages_->holds(number))
-    return old_pages_->read(number, bytes) || fail("read");
-  std::size_t wanted = start < disk_length_ ? std::min(kPageBytes, disk_length_ - start) : 0;
+  // What is not in the log of a reader any more stands in the file.
+  if (left_log_ && left_log_->read(number, bytes)) return true;
+  if (journal_.adds(number)) return journal_.read_added(number, bytes) || fail("read");
+  if (journal_.holds(number)) return journal_.read(number, bytes) || fail("read");
+  // The log that a reader saw may stand in the file by now, which is longer then.
+  std::size_t certain = start < disk_length_ ? std::min(kPageBytes, disk_length_ - start) : 0;
+  std::size_t wanted = left_log_ ? page_size(number) : certain;
   errno = 0;
   std::size_t got = fd_.read_at(start, bytes, wanted);
   std::memset(bytes + got, 0, kPageBytes - got);
-  if (got == wanted) return true;
+  if (got >= certain) return true;
   if (errno == 0) errno = ENODATA;  // someone has cut the file
   return fail("read");
 }
@@ -167,7 +216,9 @@ std::uint32_t PageFile::new_frame() {
 
 // Changed pages are written before they take up so much that the others have no room.
 void PageFile::make_room() {
-  if (changed_.size() >= most_frames_ / 2 && !failing_) write_back();
+  if (changed_.size() < most_frames_ / 2 || failing_) return;
+  std::lock_guard settling(settling_);
+  spill();
 }
 
 const char* PageFile::view(std::uint32_t pos, std::size_t& n) {
@@ -234,26 +285,7 @@ bool PageFile::clear(std::uint32_t pos, std::uint32_t n) {
   return end <= length_ || set_length(end);
 }
 
-bool PageFile::protect(const std::vector<std::uint32_t>& numbers) {
-  if (!journal_.in_force() && !journal_.start(committed_length_)) return false;
-  protected_.resize((committed_length_ + kPageBytes - 1) / kPageBytes);
-  char image[kPageBytes];
-  for (std::uint32_t number : numbers) {
-    if (number >= protected_.size()) break;
-    if (protected_[number]) continue;
-    std::uint32_t start = number * kPageBytes;
-    std::size_t wanted = std::min(kPageBytes, committed_length_ - start);
-    if (fd_.read_at(start, image, wanted) != wanted) return false;
-    std::memset(image + wanted, 0, kPageBytes - wanted);
-    if (!journal_.add(number, image)) return false;
-  }
-  if (!journal_.flush()) return false;
-  for (std::uint32_t number : numbers)
-    if (number < protected_.size()) protected_[number] = true;
-  return true;
-}
-
-bool PageFile::write_pages(const std::vector<std::uint32_t>& numbers) {
+bool PageFile::write_pages(std::span<const std::uint32_t> numbers) {
   if (disk_length_ != length_) {
     if (::ftruncate(fd_.get(), static_cast<off_t>(length_)) != 0) return false;
     disk_length_ = length_;
@@ -277,34 +309,89 @@ bool PageFile::write_pages(const std::vector<std::uint32_t>& numbers) {
   return true;
 }
 
-bool PageFile::write_back() {
+bool PageFile::add_to_log(std::span<const std::uint32_t> numbers) {
+  std::vector<Journal::Page> pages;
+  for (std::uint32_t number : numbers) pages.push_back({number, bytes_of(frame_of(number))});
+  return journal_.add(pages);
+}
+
+// What is committed, or stands in the log already, goes there; the rest to its place.
+bool PageFile::spill() {
+  if (!journal_.started() && !journal_.start(committed_length_)) return fail("write");
   std::sort(changed_.begin(), changed_.end());
-  if (!protect(changed_)) {
-    fail("write");
-    journal_.drop_unflushed();
-    return false;
+  auto beyond = std::stable_partition(changed_.begin(), changed_.end(), [&](std::uint32_t number) {
+    return number * std::uint64_t{kPageBytes} < committed_length_ || journal_.adds(number);
+  });
+  std::span<const std::uint32_t> all = changed_;
+  auto logged = static_cast<std::size_t>(beyond - changed_.begin());
+  if (!add_to_log(all.first(logged))) return fail("write");
+  if (logged < all.size()) {
+    if (!journal_.ensure_start() || !write_pages(all.subspan(logged))) return fail("write");
+    unflushed_ = true;
   }
-  if (!write_pages(changed_)) return fail("write");
   for (std::uint32_t number : changed_) frames_[frame_of(number)].changed = false;
   changed_.clear();
   return true;
 }
 
-bool PageFile::commit() {
-  if (!writable_) return false;
-  if (changed_.empty() && length_ == committed_length_ && !journal_.in_force()) return true;
-  if (lost_) {
+bool PageFile::commit_to_log(std::uint32_t number) {
+  if (lost_ || journal_.lost()) {
     errno = EIO;
-    return fail("write");
+    return false;
   }
-  if (!write_back()) return false;
-  if (!fd_.flush_to_device()) {
+  struct stat status;
+  if (::fstat(fd_.get(), &status) != 0) return false;
+  if (status.st_size < static_cast<off_t>(disk_length_)) {
+    errno = ENODATA;  // someone has cut the file
+    return false;
+  }
+  if (!journal_.started() && !journal_.start(committed_length_)) return false;
+  // A new file gets its first pages at once, so that a log beside an empty one is never its own.
+  bool large = committed_length_ == 0 || changed_.size() > most_logged_;
+  if (!(large || unflushed_ ? spill() : add_to_log(changed_))) return false;
+  if (unflushed_ && !fd_.flush_to_device()) {
     lost_ = true;
-    return fail("write");
+    return false;
   }
-  if (!journal_.remove()) return fail("write");
-  protected_.clear();
+  unflushed_ = false;
+  return journal_.commit(length_, number);
+}
+
+bool PageFile::commit(std::uint32_t number) {
+  if (!writable_) return false;
+  if (changed_.empty() && length_ == committed_length_ && !spilled()) return true;
+  std::lock_guard settling(settling_);
+  std::sort(changed_.begin(), changed_.end());
+  if (!commit_to_log(number)) return fail("write");
+  for (std::uint32_t page : changed_) frames_[frame_of(page)].changed = false;
+  changed_.clear();
   committed_length_ = length_;
+  unconfirmed_ = number != 0;
+  settle_if_large();
+  return true;
+}
+
+void PageFile::confirm() {
+  std::lock_guard settling(settling_);
+  unconfirmed_ = false;
+  settle_if_large();
+}
+
+// Where that fails the log still holds what is committed.
+void PageFile::settle_if_large() {
+  if (journal_.size() > most_logged_ * std::uint64_t{kPageBytes} && !spilled() && settle())
+    journal_.start(committed_length_);
+}
+
+bool PageFile::settle() {
+  if (lost_ || journal_.lost() || unconfirmed_) return false;
+  if (!journal_.started()) return true;
+  if (!journal_.write_to(fd_)) {
+    // Where the device has dropped writes, who opens the file next writes all of them again.
+    lost_ = errno != ENOSPC && errno != EFBIG && errno != EDQUOT;
+    return false;
+  }
+  disk_length_ = committed_length_;
   return true;
 }
 

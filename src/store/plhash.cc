@@ -80,13 +80,14 @@ bool PLHash::is_writable() const {
 bool PLHash::save_global(std::int32_t pos) {
   StrBufs buf(kGlobalChunk);
   pack_global(buf);
-  return is_writable() &&
-         file->write_record(static_cast<std::uint32_t>(pos), buf.object(), buf.object_size()) > 0;
+  return is_writable() && file->first().write_record(static_cast<std::uint32_t>(pos), buf.object(),
+                                                     buf.object_size()) > 0;
 }
 
 bool PLHash::load_global() {
   StrBufs buf(kGlobalChunk);
-  return has_file() && file->read_record(file->data_start(), buf) > 0 && unpack_global(buf);
+  return has_file() && file->first().read_record(file->first().data_start(), buf) > 0 &&
+         unpack_global(buf);
 }
 
 void PLHash::pack_global(StrBufs& buf) {
@@ -108,10 +109,13 @@ int PLHash::link_file(const NamedObjects& functions, HeaderFile& header, OpenMod
     sync();
     clear();
   }
-  if (!file) file = std::make_unique<QHash>(functions, mode);
+  if (!file) file = std::make_unique<ShardedHash>(functions, mode);
   int result = file->open_header(header);
   bool usable = file->is_open();
-  if (usable && result == 0) save_global(0);
+  if (usable && result == 0) {
+    save_global(0);
+    file->started();
+  }
   if (usable && result > 0) usable = load_global();
   global_changed_ = pending_ != 0;  // counted before there was a file
   if (usable) return result;
@@ -158,20 +162,21 @@ void PLHash::reconstruct(std::istream& in) {
     buf.reset();
     read_entry(in, buf);
     if (buf.object_size() == 0) break;
-    if (is_writable()) file->insert(buf.object(), buf.object_size());
+    if (is_writable()) file->of(buf.object()).insert(buf.object(), buf.object_size());
   }
   if (is_writable()) file->sort_links();
   sync();
 }
 
 void PLHash::save_entry(PLHashEntry* entry) {
-  if (!has_file()) return;
+  if (!has_file() || file->is_full()) return;
   record_.reset();
   v_pack_entry(entry, record_);
   if (record_.object_size() == 0) return;
+  QHash& store = file->of(entry->key);
   std::uint32_t pos = entry->pos == 0
-                          ? file->insert(record_.object(), record_.object_size())
-                          : file->update(static_cast<std::uint32_t>(std::abs(entry->pos)),
+                          ? store.insert(record_.object(), record_.object_size())
+                          : store.update(static_cast<std::uint32_t>(std::abs(entry->pos)),
                                          record_.object(), record_.object_size(), 0, false);
   if (pos > 0) entry->pos = static_cast<std::int32_t>(pos);
 }
@@ -202,7 +207,7 @@ void PLHash::merge(PLHash& other) {
   std::vector<PLHashEntry*> changed;
   StrBufs found(kEntryChunk);
   for (PLHashIterator walk(other); !walk.done(); walk.next()) {
-    std::uint32_t pos = file->find(walk.current()->key, found);
+    std::uint32_t pos = file->of(walk.current()->key).find(walk.current()->key, found);
     if (pos == 0) {
       insert_raw(walk, other);
       continue;
@@ -231,6 +236,7 @@ void PLHash::copy(PLHash& other) {
 }
 
 void PLHash::insert_raw(PLHashIterator& walk, PLHash& other) {
+  if (file->is_full()) return;
   StrBufs packed(kEntryChunk);
   StrBufs& record = walk.from_disk() ? walk.record() : packed;
   if (!walk.from_disk()) {
@@ -238,7 +244,7 @@ void PLHash::insert_raw(PLHashIterator& walk, PLHash& other) {
     if (packed.object_size() == 0) return;
     packed.finish();
   }
-  file->insert(record.object(), record.object_size() - 1);
+  file->of(record.object()).insert(record.object(), record.object_size() - 1);
 }
 
 void PLHash::sync() {
@@ -256,7 +262,14 @@ void PLHash::sync() {
   });
   flush_entries(changed, false);
   if (!file->is_changed() && !global_changed_) return;
-  if (save_global(static_cast<std::int32_t>(file->data_start()))) global_changed_ = false;
+  const auto global_pos = static_cast<std::int32_t>(file->first().data_start());
+  if (!file->is_full() && save_global(global_pos)) global_changed_ = false;
+  if (file->is_full()) {
+    messages() << "The file " << file->first().path() << " stays as it was last synced: it cannot "
+               << "hold all that was to be written, but more files can (\"shards\" in its header)"
+               << std::endl;
+    return;
+  }
   file->sync();
 }
 
@@ -268,7 +281,7 @@ void PLHash::clear() {
 PLHashEntry* PLHash::find(const char* key, Slot& slot) {
   PLHashEntry* entry = find_in_memory(key, slot);
   if (entry || !key || !has_file() || missing_.find(key)) return entry;
-  std::uint32_t pos = file->find(key, record_);
+  std::uint32_t pos = file->of(key).find(key, record_);
   if (pos == 0) {
     missing_.insert_at_cursor(missing_keys_.copy(key));
     return nullptr;
@@ -298,11 +311,22 @@ void PLHash::print_all(std::ostream& out) {
 }
 
 void PLHash::print_profile(int max) {
-  if (has_file()) file->print_profile(max);
+  if (!has_file()) return;
+  for (const auto& store : file->stores()) store->print_profile(max);
 }
 
 void PLHash::check_all() {
-  if (has_file()) file->check_all();
+  if (!has_file()) return;
+  for (const auto& store : file->stores()) store->check_all();
+}
+
+void PLHash::sort_links() {
+  if (has_file()) file->sort_links();
+}
+
+void PLHash::print_free_list() const {
+  if (!has_file()) return;
+  for (const auto& store : file->stores()) store->print_free_list();
 }
 
 void PLHash::clear_missing() {

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "store/qhash.h"
+#include "store/sharded_hash.h"
 #include "support/hash_table.h"
 #include "support/str_bufs.h"
 #include "support/value.h"
@@ -138,6 +138,8 @@ class PLHash : public LHashTable {
   void save_entry(PLHashEntry* entry);
   void merge(PLHash& other);
   void copy(PLHash& other);
+  /// Nothing becomes permanent, after a message, if a store was full at some time since it was
+  /// linked.
   void sync();
   void clear();
   virtual ~PLHash();
@@ -161,12 +163,14 @@ class PLHash : public LHashTable {
   void print_all(std::ostream& out);
   void print_profile(int max);
   void check_all();
+  void sort_links();
+  void print_free_list() const;
 
   /// The disk file is there and open / may be written.
   bool has_file() const;
   bool is_writable() const;
 
-  std::unique_ptr<QHash> file;  ///< null until one is linked
+  std::unique_ptr<ShardedHash> file;  ///< null until one is linked
 
  protected:
   void clear_missing();
@@ -228,14 +232,15 @@ class PLHashIterator {
   void drop();
   void next_in_memory();
   void next_on_disk();
-  void read(std::uint32_t pos);
+  void read(QHash& hash, std::uint32_t pos);
 
   PLHash& table_;
   bool on_disk_;
   PLHashEntry* entry_ = nullptr;
+  std::size_t store_ = 0;
   std::uint32_t bucket_ = 0;  // the next one to visit
   std::optional<ChainWalk> chain_;
-  std::uint32_t steps_left_ = 0;
+  std::uint64_t steps_left_ = 0;
   StrBufs whole_{20000};  // a record with its link
   StrBufs record_{20000};
 };

@@ -4,8 +4,9 @@
 namespace torvane {
 
 PLHashIterator::PLHashIterator(PLHash& table) : table_(table), on_disk_(table.has_file()) {
-  if (on_disk_ && table_.file->block_size() > 0)
-    steps_left_ = table_.file->end_pos() / table_.file->block_size();
+  if (on_disk_)
+    for (const auto& store : table_.file->stores())
+      steps_left_ += store->end_pos() / store->block_size();
   next();
 }
 
@@ -25,20 +26,26 @@ void PLHashIterator::next_in_memory() {
 // file links them.
 void PLHashIterator::next_on_disk() {
   drop();
-  QHash& hash = *table_.file;
+  const auto& stores = table_.file->stores();
   while (!entry_ && steps_left_ > 0) {
     while (!chain_ || chain_->pos() == 0) {
-      if (bucket_ == hash.bucket_count()) return;
-      chain_.emplace(hash, hash.get_bucket(bucket_++));
+      if (bucket_ == stores[store_]->bucket_count()) {
+        if (store_ + 1 == stores.size()) return;
+        ++store_;
+        bucket_ = 0;
+        continue;
+      }
+      chain_.emplace(*stores[store_], stores[store_]->get_bucket(bucket_));
+      ++bucket_;
     }
     --steps_left_;
-    read(chain_->pos());
+    read(*stores[store_], chain_->pos());
     chain_->next();
   }
 }
 
-void PLHashIterator::read(std::uint32_t pos) {
-  std::uint32_t size = table_.file->read_record(pos, whole_);
+void PLHashIterator::read(QHash& hash, std::uint32_t pos) {
+  std::uint32_t size = hash.read_record(pos, whole_);
   if (size <= QHash::kNextBytes) return;
   record_.reset();
   record_.add_bytes(whole_.object() + QHash::kNextBytes, size - QHash::kNextBytes);

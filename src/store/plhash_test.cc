@@ -143,7 +143,7 @@ TEST_F(PLHashTest, RemembersAbsentKeysUntilSync) {
   EXPECT_EQ(table.find("owl"), nullptr);
   // Put under the table's feet: it does not look before the next sync.
   const char record[] = "owl\0\x41\x10\0";
-  table.file->insert(record, 8);
+  table.file->first().insert(record, 8);
   EXPECT_EQ(table.find("Owl"), nullptr);
   table.sync();
   ASSERT_NE(table.find("Owl"), nullptr);
@@ -233,7 +233,7 @@ TEST_F(PLHashTest, RefusesAStoreWithoutItsGlobalRecord) {
   made.add("dog", 1);
   made.sync();
   std::string bytes = bytes_of(path("a.db"));
-  bytes[made.file->data_start() + 6] = 'x';
+  bytes[made.file->first().data_start() + 6] = 'x';
   made.unlink_file();
   write_bytes(path("a.db"), bytes);
   EXPECT_EQ(link_header(table, "a.hdr"), 0);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "shell/file_search.h"
 #include "store/page_file.h"
@@ -11,13 +13,14 @@
 
 namespace torvane {
 
-QFile::QFile(OpenMode mode) : cached_pages(PageFile::usual_cached_pages()), mode_(mode) {}
+QFile::QFile(OpenMode mode)
+    : cached_pages(PageFile::usual_cached_pages()), most_bytes(PageFile::kMostBytes), mode_(mode) {}
 QFile::~QFile() = default;
 
 int QFile::open(const char* name, long new_block_size) {
   close();
   auto path = expand_file_name(or_empty(name));
-  if (path) file_ = PageFile::open(*path, !read_only(), cached_pages);
+  if (path) file_ = PageFile::open(*path, !read_only(), cached_pages, last_commit);
   if (!file_) return refuse(name);
   data_start_ = kHeaderBytes;
   if (file_->length() > 0) return load_header() ? 1 : refuse(name);
@@ -30,11 +33,15 @@ int QFile::open(const char* name, long new_block_size) {
   return 0;
 }
 
+const std::string& QFile::path() const {
+  return file_->path();
+}
+
 void QFile::close() {
   file_.reset();
   free_list_.clear();
-  block_size_ = end_pos_ = data_start_ = tail_ref_pos_ = 0;
-  dirty_ = false;
+  block_size_ = end_pos_ = data_start_ = tail_ref_pos_ = unread_list_ = 0;
+  dirty_ = full_ = false;
 }
 
 int QFile::refuse(const char* name) {
@@ -54,34 +61,45 @@ bool QFile::load_header() {
   end_pos_ = load_be32(bytes);
   block_size_ = load_be32(bytes + 8);
   if (block_size_ == 0 || end_pos_ < kHeaderBytes || end_pos_ > file_->length()) return false;
-  if (std::uint32_t pos = load_be32(bytes + 4)) load_free_list(pos);
+  if (std::uint32_t pos = load_be32(bytes + 4)) find_free_list(pos);
   dirty_ = false;  // that the list's own blocks are free again is no change by itself
   return true;
 }
 
-// The list that a file for reading holds is shown as it is. One that space is taken from must not
-// lead into a record.
-void QFile::load_free_list(std::uint32_t pos) {
+void QFile::find_free_list(std::uint32_t pos) {
   RecordHeader hdr;
   if (!read_header(pos, hdr) || file_->length() - pos - RecordHeader::kBytes < hdr.size) {
     complain_of_record();
     return;
   }
+  unread_list_ = pos;
+  if (!read_only()) load_free_list();
+}
+
+// The list that a file for reading holds is shown as it is, and read when it is to be shown. One
+// that space is taken from must not lead into a record.
+void QFile::load_free_list() const {
+  const std::uint32_t pos = std::exchange(unread_list_, 0);
+  RecordHeader hdr;
+  read_header(pos, hdr);
   std::string pairs(hdr.size & ~7U, '\0');
   file_->read(pos + RecordHeader::kBytes, pairs.data(), pairs.size());
+  std::vector<FreeExtent> extents;
+  extents.reserve(pairs.size() / 8);
+  std::uint32_t end = kHeaderBytes - 1;
   for (const char* pair = pairs.data(); pair != pairs.data() + pairs.size(); pair += 8) {
     FreeExtent extent{load_be32(pair), load_be32(pair + 4)};
-    bool ascends = free_list_.empty() || free_list_.back().end() < extent.pos;
-    bool fits = extent.length > 0 && extent.pos >= kHeaderBytes && extent.pos <= end_pos_ &&
+    bool fits = extent.pos > end && extent.length > 0 && extent.pos <= end_pos_ &&
                 extent.length <= end_pos_ - extent.pos;
-    if (!read_only() && !(ascends && fits)) {
-      free_list_.clear();
+    if (!read_only() && !fits) {
       complain_of_record();
       return;
     }
-    free_list_.append(extent);
+    end = extent.end();
+    extents.push_back(extent);
   }
-  if (hdr.blocks > 0) release(pos, hdr.blocks);
+  free_list_.assign(extents);
+  if (hdr.blocks > 0) add_free(pos, hdr.blocks);
 }
 
 std::uint32_t QFile::save_free_list() {
@@ -106,21 +124,31 @@ std::uint32_t QFile::save_free_list() {
   return written ? pos : 0;
 }
 
-void QFile::sync() {
-  if (!is_open() || !dirty_ || read_only()) return;
+bool QFile::sync_as(std::uint32_t number) {
+  if (!is_open() || !dirty_ || read_only()) return true;
   file_->try_again();
   // Kept: sync-leaves-old-lists
   std::uint32_t list_pos = save_free_list();
   bool written = write_word(0, end_pos_) && write_word(4, list_pos) && write_word(8, block_size_);
-  if (written && file_->commit())
+  if (written && file_->commit(number))
     dirty_ = false;
   else if (list_pos != 0)
     release(list_pos, 0);
+  return !dirty_;
+}
+
+void QFile::confirm() {
+  if (is_open()) file_->confirm();
+}
+
+const FreeList& QFile::free_list() const {
+  if (unread_list_ != 0) load_free_list();
+  return free_list_;
 }
 
 void QFile::print_free_list() const {
   messages() << "Free list:";
-  free_list_.for_each([](const FreeExtent& extent) {
+  free_list().for_each([](const FreeExtent& extent) {
     messages() << " (" << extent.pos << ", " << extent.length << ')';
   });
   messages() << std::endl;
@@ -140,10 +168,11 @@ std::uint32_t QFile::grow(std::uint64_t bytes) {
   std::uint64_t amount = std::max<std::uint64_t>(bytes, kGrowth);
   amount = (amount + block_size_ - 1) / block_size_ * block_size_;
   // Near the limit only what is needed.
-  if (end_pos_ + amount > PageFile::kMostBytes) amount = bytes;
-  if (end_pos_ + amount > PageFile::kMostBytes) {
-    messages() << "The file " << file_->path() << " cannot grow beyond " << PageFile::kMostBytes
-               << " bytes" << std::endl;
+  if (end_pos_ + amount > most_bytes) amount = bytes;
+  if (end_pos_ + amount > most_bytes) {
+    messages() << "The file " << file_->path() << " cannot grow beyond " << most_bytes << " bytes"
+               << std::endl;
+    full_ = true;
     return 0;
   }
   if (file_->failing() || !file_->clear(end_pos_, static_cast<std::uint32_t>(amount))) return 0;
@@ -162,14 +191,17 @@ bool QFile::extent_is_sound(std::uint32_t pos, std::uint64_t length) const {
 void QFile::release(std::uint32_t pos, std::uint32_t blocks) {
   RecordHeader hdr;
   if (blocks == 0 && is_open() && read_header(pos, hdr)) blocks = hdr.blocks;
+  free_list();  // what is added goes to a list that is read
+  if (add_free(pos, blocks)) dirty_ = true;
+}
+
+bool QFile::add_free(std::uint32_t pos, std::uint32_t blocks) const {
   std::uint64_t wide = std::uint64_t{blocks} * block_size_;
   // A wrong extent would offer live records as space.
-  if (!is_open() || wide > PageFile::kMostBytes || (!read_only() && !extent_is_sound(pos, wide))) {
-    complain_of_record();
-    return;
-  }
-  dirty_ = true;
+  if (!is_open() || wide > PageFile::kMostBytes || (!read_only() && !extent_is_sound(pos, wide)))
+    return complain_of_record();
   free_list_.add(pos, static_cast<std::uint32_t>(wide));
+  return true;
 }
 
 bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {
@@ -177,6 +209,11 @@ bool QFile::read_header(std::uint32_t pos, RecordHeader& hdr) const {
   if (pos < kHeaderBytes || !file_->read(pos, bytes, sizeof bytes)) return false;
   hdr.load(bytes);
   return hdr.valid();
+}
+
+std::uint32_t QFile::extent_end(std::uint32_t pos) const {
+  RecordHeader hdr;
+  return is_open() && read_header(pos, hdr) ? pos + hdr.blocks * block_size_ : 0;
 }
 
 bool QFile::write_header(std::uint32_t pos, const RecordHeader& hdr) {

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "store/free_list.h"
 #include "support/big_endian.h"
@@ -57,7 +58,12 @@ class QFile {
   ~QFile();
   /// Writes the free list and the header, and makes all changes since the last sync permanent.
   /// Nothing on a file that is read-only, not open or unchanged.
-  void sync();
+  void sync() { sync_as(0); }
+  /// The same as one of several files that are synced together, by the number of that sync (not 0):
+  /// what is permanent then counts only if `confirm` follows, or if the next `open` takes commits
+  /// up to that number. False, after a message, if it failed.
+  bool sync_as(std::uint32_t number);
+  void confirm();
 
   /// 1 for an existing file with content, whose own block size holds; 0 for a new one, and after
   /// "Can't open NAME" (it is not open then). Open again, the object starts afresh, and what was
@@ -65,6 +71,8 @@ class QFile {
   int open(const char* name, long block_size);
   bool read_only() const { return mode_ == OpenMode::read; }
   bool is_open() const { return file_ != nullptr; }
+  /// Of the open file.
+  const std::string& path() const;
   /// Drops the file, and what was not synced.
   void close();
 
@@ -94,7 +102,11 @@ class QFile {
   /// Where the allocated area ends, and where that of records begins.
   std::uint32_t end_pos() const { return end_pos_; }
   std::uint32_t data_start() const { return data_start_; }
-  const FreeList& free_list() const { return free_list_; }
+  const FreeList& free_list() const;
+  /// Where the blocks of the record at `pos` end that begin there; 0 if there is none.
+  std::uint32_t extent_end(std::uint32_t pos) const;
+  /// The file has refused to grow beyond `most_bytes`.
+  bool is_full() const { return full_; }
   /// No record was ever written.
   bool has_no_records() const { return data_start_ == end_pos_; }
   /// What was changed since the last sync; `mark_changed` says that something else is to be synced.
@@ -103,6 +115,10 @@ class QFile {
 
   /// How much of the file stays in memory; counts from the next `open` on.
   std::size_t cached_pages;
+  /// The number of the last sync whose changes the next `open` takes.
+  std::uint32_t last_commit = UINT32_MAX;
+  /// How far the file may grow.
+  std::uint32_t most_bytes;
 
  protected:
   static constexpr std::uint32_t kHeaderBytes = 12;
@@ -129,14 +145,17 @@ class QFile {
   std::uint32_t end_pos_ = 0;
   std::uint32_t data_start_ = 0;
   bool dirty_ = false;
-  FreeList free_list_;
+  bool full_ = false;
+  mutable FreeList free_list_;  // of a file for reading it is empty until somebody asks for it
 
  private:
   static constexpr std::uint32_t kMostBlocks = 0xffff;  // of a primary extent
   static constexpr std::uint32_t kGrowth = 4096;
 
   bool load_header();
-  void load_free_list(std::uint32_t pos);
+  void find_free_list(std::uint32_t pos);
+  void load_free_list() const;
+  bool add_free(std::uint32_t pos, std::uint32_t blocks) const;
   std::uint32_t save_free_list();
   std::uint32_t grow(std::uint64_t bytes);
   bool alloc_overflow(std::uint64_t bytes, RecordHeader& hdr, OverflowRef& ovf);
@@ -148,7 +167,8 @@ class QFile {
   bool write_header(std::uint32_t pos, const RecordHeader& hdr);
 
   OpenMode mode_;
-  std::uint32_t tail_ref_pos_ = 0;  // of the overflow reference that `read_head` came to
+  mutable std::uint32_t unread_list_ = 0;  // the record with the list; 0: it is read
+  std::uint32_t tail_ref_pos_ = 0;         // of the overflow reference that `read_head` came to
 };
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "store/store_test.h"
 
@@ -27,7 +28,7 @@ class QFileTest : public StoreTest {
   /// The bytes of the file from `pos` on, after a sync.
   std::string synced(std::uint32_t pos, std::size_t n) {
     file_.sync();
-    return bytes_of(path()).substr(pos, n);
+    return content_of(path(), false).substr(pos, n);
   }
 
   /// A file whose end a test can move.
@@ -130,6 +131,25 @@ TEST_F(QFileTest, RecordBeyondTheCountOfBlocksSpillsAtOnce) {
   EXPECT_EQ(get(pos), large);
   EXPECT_EQ(put(pos, "small"), pos);
   EXPECT_EQ(get(pos), "small");
+}
+
+TEST_F(QFileTest, ReaderShowsTheListOfManyExtents) {
+  std::vector<std::uint32_t> places;
+  for (int i = 0; i < 2000; ++i) places.push_back(put(0, "x"));
+  for (std::size_t i = 0; i < places.size(); i += 2) file_.release(places[i], 0);
+  file_.sync();
+  file_.open(path().c_str(), 32);
+  const std::string shown = free_list();
+  EXPECT_GT(shown.size(), 10000u);
+  file_.close();
+  QFile reader(OpenMode::read);
+  reader.open(path().c_str(), 32);
+  EXPECT_EQ(messages_of([&] { reader.print_free_list(); }), shown);
+  // What is given back in memory joins it.
+  QFile other(OpenMode::read);
+  other.open(path().c_str(), 32);
+  other.release(places[1], 1);
+  EXPECT_EQ(other.free_list().count(), reader.free_list().count() - 1);
 }
 
 TEST_F(QFileTest, WhatCannotBeOpened) {

@@ -28,6 +28,7 @@ std::uint32_t padded(std::uint32_t pos) {
 [[noreturn]] void abort_over(const char* what) {
   std::cout.flush();
   messages() << what << std::endl;
+  PageFile::settle_all();
   // Kept: validate-aborts
   std::abort();
 }
@@ -37,13 +38,10 @@ std::uint32_t padded(std::uint32_t pos) {
 int QHash::open_header(HeaderFile& header) {
   if (!header.is_open()) return -1;
   close();
-  std::string name, function_name;
-  long block = 0, buckets = 0;
-  // Kept: short-header-is-silent
-  if (!header.next(name) || !header.next_number(block) || !header.next_number(buckets)) return 0;
-  bool named = header.next(function_name);
-  return open_file(header.path_of(name).c_str(), block, buckets,
-                   named ? function_name.c_str() : nullptr);
+  StoreHeader wanted;
+  if (!header.next(wanted) || wanted.stores != 1) return 0;
+  return open_file(wanted.path.c_str(), wanted.block_size, wanted.buckets,
+                   wanted.comparison.empty() ? nullptr : wanted.comparison.c_str());
 }
 
 int QHash::open_file(const char* name, long new_block_size, long buckets,
@@ -232,6 +230,11 @@ void QHash::print_profile(int max) const {
 }
 
 void QHash::sort_links() {
+  sort_chains();
+  sync();
+}
+
+void QHash::sort_chains() {
   if (read_only() || !is_open()) return;
   std::vector<std::uint32_t> chain;
   for (std::uint32_t i = 0; i < size_; ++i) {
@@ -246,7 +249,6 @@ void QHash::sort_links() {
           write_word(chain[k] + RecordHeader::kBytes, k + 1 < chain.size() ? chain[k + 1] : 0);
     dirty_ = true;
   }
-  sync();
 }
 
 void ChainWalk::next() {

@@ -54,6 +54,8 @@ class QHash : public QFile {
   void print_profile(int max) const;
   /// Puts each chain in ascending order of positions, then syncs.
   void sort_links();
+  /// The same without the sync.
+  void sort_chains();
 
   std::uint32_t bucket_count() const { return size_; }
 

@@ -312,7 +312,7 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
     while (read(reports[0], &step, sizeof step) == sizeof step) synced = step;
     close(reports[0]);
 
-    // A reader sees the same through the journal as a writer that puts the old pages back.
+    // A reader sees the same through the log as a writer that writes it back.
     std::string left = bytes_of(path());
     for (OpenMode mode : {OpenMode::read, OpenMode::write}) {
       QHash hash(world_.objects, mode);
@@ -336,48 +336,149 @@ TEST_F(StoreFaultsTest, KilledWriterLeavesItsLastSync) {
   }
 }
 
-TEST_F(StoreFaultsTest, JournalByteForByte) {
-  write_bytes(path(), std::string(5000, 'n'));
-  {
-    Journal journal(path(), 0600);
-    ASSERT_TRUE(journal.start(4100));
-    ASSERT_TRUE(journal.add(1, std::string(4096, 'a').c_str()));
-    ASSERT_TRUE(journal.add(0, std::string(4096, 'b').c_str()));
-    ASSERT_TRUE(journal.flush());
-  }
-  std::string journal = bytes_of(path() + "-journal");
-  ASSERT_EQ(journal.size(), 24u + 2 * 4104);
-  EXPECT_EQ(journal.substr(0, 16), bytes_from("'TVJRNL01' 00001000 00001004"));
-  EXPECT_EQ(journal.substr(24, 4), bytes_from("00000001"));
-  // The sums, by the description of the format.
-  auto sum = [&](std::uint32_t start, std::string words) {
-    for (std::size_t i = 0; i < words.size(); i += 4)
-      start = ((start << 5 | start >> 27) ^ load_be32(words.data() + i)) * 0x9E3779B1u;
-    return start;
-  };
-  EXPECT_EQ(load_be32(journal.data() + 20), sum(0, journal.substr(0, 20)));
-  EXPECT_EQ(load_be32(journal.data() + 28),
-            sum(load_be32(journal.data() + 16), journal.substr(24, 4) + journal.substr(32, 4096)));
+/// A sum of the log, by the description of the format.
+std::uint32_t sum_of(std::uint32_t sum, const std::string& words) {
+  for (std::size_t i = 0; i < words.size(); i += 4)
+    sum = ((sum << 5 | sum >> 27) ^ load_be32(words.data() + i)) * 0x9E3779B1u;
+  return sum;
+}
 
-  auto content = [&](bool writable) {
-    auto file = PageFile::open(path(), writable, 8);
-    std::string bytes(file->length(), ' ');
-    EXPECT_TRUE(file->read(0, bytes.data(), bytes.size()));
-    return bytes;
+std::string page_of(char c) {
+  return std::string(kPageBytes, c);
+}
+
+TEST_F(StoreFaultsTest, LogByteForByteCutAndFlipped) {
+  const std::string log_path = path() + "-journal";
+  // Longer than the log says: what was written beyond the committed end does not count.
+  const std::string file = std::string(5200, 'n');
+  write_bytes(path(), file);
+  const std::string a = page_of('a'), b = page_of('b'), c = page_of('c');
+  {
+    Journal log(path(), 0640);
+    const Journal::Page first[] = {{0, a.data()}};
+    const Journal::Page second[] = {{1, b.data()}, {0, a.data()}}, better[] = {{0, c.data()}};
+    ASSERT_TRUE(log.start(5000) && log.add(first) && log.commit(5000));
+    ASSERT_TRUE(log.add(second) && log.add(better) && log.commit(8000));
+  }
+  auto mode = std::filesystem::status(log_path).permissions();
+  EXPECT_EQ(static_cast<unsigned>(mode), 0640u) << "as the file";
+  const std::string left = bytes_of(log_path);
+  constexpr std::size_t kFirst = 24, kSecond = kFirst + 4104 + 16, kEnd = kSecond + 2 * 4104 + 16;
+  EXPECT_EQ(left.substr(0, 16), bytes_from("'TVJRNL02' 00001000 00001388"));
+  EXPECT_EQ(load_be32(left.data() + 20), sum_of(0, left.substr(0, 20)));
+  const std::uint32_t salt = load_be32(left.data() + 16);
+  EXPECT_EQ(left.substr(kSecond, 4), bytes_from("00000001"));
+  const std::uint32_t sum_b = sum_of(salt, left.substr(kSecond, 4) + b);
+  const std::uint32_t sum_c = load_be32(left.data() + kSecond + 4104 + 4);
+  EXPECT_EQ(load_be32(left.data() + kSecond + 4), sum_b);
+  EXPECT_EQ(left.substr(kEnd - 16, 4), bytes_from("ffffffff"));
+  EXPECT_EQ(left.substr(kEnd - 8, 8), bytes_from("00001f40 00000000"));
+  std::string sums(8, ' ');
+  store_be32(sums.data(), sum_b);
+  store_be32(sums.data() + 4, sum_c);
+  EXPECT_EQ(load_be32(left.data() + kEnd - 12),
+            sum_of(salt, sums + left.substr(kEnd - 16, 4) + left.substr(kEnd - 8, 8)));
+
+  const std::string states[] = {file, file.substr(0, 5000), a + file.substr(0, 5000 - 4096),
+                                c + b.substr(0, 8000 - 4096)};
+  /// Which of the states a log is of whose bytes are right up to `at`.
+  auto state_at = [&](std::size_t at) {
+    return states[(at >= kFirst) + (at >= kSecond) + (at >= kEnd)];
   };
-  // Private, as the file is.
-  std::filesystem::perms all = std::filesystem::status(path() + "-journal").permissions();
-  EXPECT_EQ(static_cast<unsigned>(all), 0600u);
-  const std::string old = std::string(4096, 'b') + std::string(4, 'a');
-  EXPECT_EQ(content(false), old);
-  EXPECT_EQ(bytes_of(path()).size(), 5000u);
-  // An image that never came to the device ends the journal; one without a header is none.
-  write_bytes(path() + "-journal", journal.substr(0, journal.size() - 1) + "x");
-  EXPECT_EQ(content(false), std::string(4096, 'n') + std::string(4, 'a'));
-  write_bytes(path() + "-journal", journal.substr(0, 23) + "x" + journal.substr(24));
-  EXPECT_EQ(content(false), std::string(5000, 'n'));
-  write_bytes(path() + "-journal", journal);
-  EXPECT_EQ(content(true), old);
+  const auto step = static_cast<std::size_t>(rounds(1, 97));
+  for (std::size_t at = 0; at <= kEnd; at += at < 40 || at > kEnd - 40 ? 1 : step) {
+    for (bool cut : {true, false}) {
+      std::string log = cut ? left.substr(0, at) : left;
+      if (!cut) log[at] = static_cast<char>(log[at] ^ (1 << at % 8));
+      write_bytes(log_path, log);
+      ASSERT_EQ(content_of(path(), false), state_at(at)) << at << cut;
+      ASSERT_EQ(bytes_of(log_path), log) << "a reader writes nothing";
+      if (at % 16 != 0) continue;
+      ASSERT_EQ(content_of(path(), true), state_at(at)) << at << cut;
+      ASSERT_EQ(bytes_of(path()), state_at(at));
+      ASSERT_FALSE(std::filesystem::exists(log_path));
+      write_bytes(path(), file);
+    }
+  }
+  // The log of a longer file than this one is not its own, nor is one beside an empty file.
+  for (std::size_t length : {4999, 0}) {
+    write_bytes(path(), file.substr(0, length));
+    write_bytes(log_path, left);
+    EXPECT_EQ(content_of(path(), true).size(), length);
+  }
+}
+
+TEST_F(StoreFaultsTest, ReaderBesideAWriter) {
+  auto writer = PageFile::open(path(), true, 8);
+  auto put = [&](char c, std::uint32_t pages) {
+    for (std::uint32_t i = 0; i < pages; ++i)
+      ASSERT_TRUE(writer->write(i * kPageBytes, page_of(c).data(), kPageBytes));
+    ASSERT_TRUE(writer->commit());
+  };
+  put('a', 3);
+  put('b', 2);
+  auto reader = PageFile::open(path(), false, 8);
+  auto sees = [](PageFile& file, std::uint32_t page) {
+    char c = '?';
+    EXPECT_TRUE(file.read(page * kPageBytes + 9, &c, 1));
+    return c;
+  };
+  EXPECT_EQ(sees(*reader, 0), 'b');
+  put('c', 4);
+  writer->write(0, page_of('x').data(), kPageBytes);  // not committed
+  EXPECT_EQ(sees(*reader, 1), 'b') << "as of when it opened";
+  EXPECT_EQ(reader->length(), 3 * kPageBytes);
+  EXPECT_EQ(content_of(path(), false), page_of('c') + page_of('c') + page_of('c') + page_of('c'));
+  // A log that began anew meanwhile: what it held stands in the file.
+  for (int i = 0; i < 4; ++i) put('d', 4);
+  EXPECT_EQ(sees(*reader, 2), 'd');
+  writer.reset();
+  EXPECT_EQ(content_of(path(), false).size(), 4 * kPageBytes);
+}
+
+TEST_F(StoreFaultsTest, EndOfTheProcessLeavesTheStoreAlone) {
+  for (bool aborts : {false, true}) {
+    std::filesystem::remove(path());
+    int status = status_of([&] {
+      auto& hash = *new QHash(world_.objects, OpenMode::write);  // never destroyed
+      hash.open_file(path().c_str(), 32, 3, "strcmp");
+      std::string data = packed("dog", "1");
+      for (int i = 0; i < 2; ++i) {
+        hash.insert(data.data(), data.size());
+        hash.sync();
+      }
+      hash.insert(data.data(), data.size());
+      if (!std::filesystem::exists(path() + "-journal")) _exit(9);
+      if (aborts) hash.check_chain(hash.end_pos());
+      std::exit(0);
+    });
+    EXPECT_EQ(WIFSIGNALED(status), aborts);
+    EXPECT_TRUE(aborts || WEXITSTATUS(status) == 0);
+    EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
+    QHash hash(world_.objects, OpenMode::read);
+    hash.open_file(path().c_str(), 0, 0, nullptr);
+    ChainWalk at(hash, hash.get_bucket(hash.bucket_of("dog")));
+    at.next();
+    EXPECT_NE(at.pos(), 0u);
+    at.next();
+    EXPECT_EQ(at.pos(), 0u) << "what was not synced is lost";
+  }
+}
+
+TEST_F(StoreFaultsTest, LogOfOldPages) {
+  auto entry = [](std::uint32_t salt, const char* page, char c) {
+    std::string sum(4, ' ');
+    store_be32(sum.data(), sum_of(salt, bytes_from(page) + page_of(c)));
+    return bytes_from(page) + sum + page_of(c);
+  };
+  std::string log = bytes_from("'TVJRNL01' 00001000 00001004 12345678 00000000");
+  store_be32(log.data() + 20, sum_of(0, log.substr(0, 20)));
+  log += entry(0x12345678, "00000001", 'a') + entry(0x12345678, "00000000", 'b') + "torn";
+  const std::string old = page_of('b') + std::string(4, 'a');
+  write_bytes(path(), std::string(5000, 'n'));
+  write_bytes(path() + "-journal", log);
+  EXPECT_EQ(content_of(path(), false), old);
+  EXPECT_EQ(content_of(path(), true), old);
   EXPECT_EQ(bytes_of(path()), old);
   EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
 }
@@ -395,10 +496,6 @@ TEST_F(StoreFaultsTest, UnsyncedWorkGoesWithItsWriter) {
   }
   EXPECT_EQ(bytes_of(path()), before);
   EXPECT_FALSE(std::filesystem::exists(path() + "-journal"));
-  // The journal of a longer file than this one is not its own.
-  Journal stale(path(), 0600);
-  ASSERT_TRUE(stale.start(50000) && stale.flush());
-  EXPECT_EQ(PageFile::open(path(), true, 8)->length(), before.size());
 }
 
 TEST_F(StoreFaultsTest, FileThatIsCutWhileOpenReadsAsDamaged) {

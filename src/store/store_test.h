@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "shell/world.h"
+#include "store/page_file.h"
 #include "support/scratch_folder.h"
 #include "support/test_support.h"
 
@@ -43,6 +44,15 @@ class StoreTest : public testing::Test {
 /// A record of a hash: a key and what is known of it.
 inline std::string packed(const std::string& key, const std::string& value) {
   return key + '\0' + value;
+}
+
+/// The committed bytes of a file, for who opens it so.
+inline std::string content_of(const std::string& path, bool writable) {
+  auto file = PageFile::open(path, writable, 8);
+  if (!file) return "not open";
+  std::string bytes(file->length(), ' ');
+  EXPECT_TRUE(file->read(0, bytes.data(), bytes.size()));
+  return bytes;
 }
 
 }  // namespace torvane

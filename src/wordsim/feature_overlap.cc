@@ -5,75 +5,63 @@
 
 namespace torvane {
 
-void FeatureOverlap::add(int item, Feature feature, float information) {
-  auto index = static_cast<std::uint32_t>(item);
-  if (index >= totals_.size()) totals_.resize(index + std::size_t{1});
-  totals_[index] += information;
-  collected_.push_back({feature, index, information});
+void FeatureOverlap::add(int item, const Held& held) {
+  collected_.push_back({held.feature, static_cast<std::uint32_t>(item - first_), held.information});
 }
 
 void FeatureOverlap::build_index() {
-  occurrences_ = collected_.size();
-  index_features();
-  index_items();
-  shared_.assign(totals_.size(), 0);
-}
-
-void FeatureOverlap::index_features() {
   std::sort(collected_.begin(), collected_.end(), [](const Occurrence& a, const Occurrence& b) {
     return std::tie(a.feature, a.item) < std::tie(b.feature, b.item);
   });
-  holders_.start.assign(1, 0);
-  for (std::size_t i = 0; i < collected_.size();) {
-    std::size_t first = i;
-    while (i < collected_.size() && collected_[i].feature == collected_[first].feature) ++i;
-    if (i - first < 2) continue;
-    for (std::size_t k = first; k < i; ++k)
-      holders_.cells.push_back({collected_[k].item, collected_[k].information});
-    holders_.start.push_back(static_cast<std::uint32_t>(holders_.cells.size()));
+  holders_.reserve(collected_.size());
+  for (const Occurrence& occurrence : collected_) {
+    if (features_.empty() || features_.back() != occurrence.feature) {
+      features_.push_back(occurrence.feature);
+      start_.push_back(static_cast<std::uint32_t>(holders_.size()));
+    }
+    holders_.push_back({occurrence.item, occurrence.information});
   }
+  start_.push_back(static_cast<std::uint32_t>(holders_.size()));
   collected_ = {};
 }
 
-// The same cells, by item.
-void FeatureOverlap::index_items() {
-  std::vector<std::uint32_t>& start = features_.start;
-  start.assign(totals_.size() + 1, 0);
-  for (const Weighted& holder : holders_.cells) ++start[holder.index + 1];
-  for (std::size_t i = 1; i < start.size(); ++i) start[i] += start[i - 1];
-  features_.cells.resize(holders_.cells.size());
-  std::vector<std::uint32_t> next(start.begin(), start.end() - 1);
-  for (std::uint32_t feature = 0; feature + 1 < holders_.start.size(); ++feature)
-    for (std::uint32_t k = holders_.start[feature]; k < holders_.start[feature + 1]; ++k) {
-      const Weighted& holder = holders_.cells[k];
-      features_.cells[next[holder.index]++] = {feature, holder.information};
-    }
+void FeatureOverlap::Question::share(const Held& own, std::size_t feature) {
+  for (std::uint32_t i = row_.start_[feature]; i < row_.start_[feature + 1]; ++i) {
+    const Holder& holder = row_.holders_[i];
+    float& shared = shared_[holder.item];
+    if (shared == 0) touched_.push_back(holder.item);
+    shared += own.information + holder.information;
+  }
 }
 
-const std::vector<SimPair>& FeatureOverlap::neighbours(int item, std::size_t most) {
-  auto self = static_cast<std::uint32_t>(item);
-  for (std::uint32_t i = features_.start[self]; i < features_.start[self + 1]; ++i) {
-    const Weighted& own = features_.cells[i];
-    for (std::uint32_t k = holders_.start[own.index]; k < holders_.start[own.index + 1]; ++k) {
-      const Weighted& holder = holders_.cells[k];
-      float& shared = shared_[holder.index];
-      if (shared == 0) touched_.push_back(holder.index);
-      shared += own.information + holder.information;
-    }
+// A sum goes in the order of the features, so that it is the same in every row.
+const std::vector<SimPair>& FeatureOverlap::Question::neighbours(int item,
+                                                                 std::span<const Held> features,
+                                                                 float total, std::size_t most) {
+  auto at = row_.features_.begin();
+  for (const Held& own : features) {
+    at = std::lower_bound(at, row_.features_.end(), own.feature);
+    if (at == row_.features_.end()) break;
+    if (*at == own.feature) share(own, static_cast<std::size_t>(at - row_.features_.begin()));
   }
   found_.clear();
-  for (std::uint32_t other : touched_) {
-    float sim = shared_[other] / (totals_[self] + totals_[other]);
-    shared_[other] = 0;
-    if (other != self) found_.push_back({static_cast<int>(other), sim});
+  for (std::uint32_t index : touched_) {
+    const int other = row_.first_ + static_cast<int>(index);
+    const float sim = shared_[index] / (total + row_.totals_[index]);
+    shared_[index] = 0;
+    if (other != item) found_.push_back({other, sim});
   }
   touched_.clear();
-  auto end = found_.begin() + static_cast<std::ptrdiff_t>(std::min(most, found_.size()));
-  std::partial_sort(found_.begin(), end, found_.end(), [](const SimPair& a, const SimPair& b) {
+  keep_most_similar(found_, most);
+  return found_;
+}
+
+void keep_most_similar(std::vector<SimPair>& pairs, std::size_t most) {
+  const auto end = pairs.begin() + static_cast<std::ptrdiff_t>(std::min(most, pairs.size()));
+  std::partial_sort(pairs.begin(), end, pairs.end(), [](const SimPair& a, const SimPair& b) {
     return std::tie(b.sim, a.word) < std::tie(a.sim, b.word);
   });
-  found_.erase(end, found_.end());
-  return found_;
+  pairs.erase(end, pairs.end());
 }
 
 }  // namespace torvane

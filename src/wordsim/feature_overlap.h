@@ -1,5 +1,5 @@
-// How similar two things are by the features that they share, each feature counted by the
-// information that it carries:
+// How similar things are by the features that they share, each feature counted by the information
+// that it carries:
 //
 //   sim(a, b) = sum over shared f of (I(a, f) + I(b, f)) / (sum of I(a, f) + sum of I(b, f))
 //
@@ -9,55 +9,69 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "wordsim/sim_record.h"
 
 namespace torvane {
 
+/// Leaves so many of the most similar ones, best first; equal ones by their numbers.
+void keep_most_similar(std::vector<SimPair>& pairs, std::size_t most);
+
+/// A row of items next to each other, with which any item can be compared: all there are, or as
+/// many as memory holds. A similarity is the same in whatever rows.
 class FeatureOverlap {
  public:
   using Feature = std::uint64_t;
+  struct Held {
+    Feature feature;
+    float information;
+  };
 
-  /// Item `item` (from 0) has a feature, with so much information; once a pair.
-  void add(int item, Feature feature, float information);
+  /// The items from `first` on, as many as there are totals: the information of all features of
+  /// each, which must outlive this.
+  FeatureOverlap(int first, std::span<const float> totals) : first_(first), totals_(totals) {}
+  /// One of them has a feature; once a pair.
+  void add(int item, const Held& held);
   /// Between the last `add` and the first question.
   void build_index();
 
-  int item_count() const { return static_cast<int>(totals_.size()); }
-  std::size_t occurrence_count() const { return occurrences_; }
-  /// All information of an item's features.
-  float total(int item) const { return totals_[static_cast<std::size_t>(item)]; }
-  /// The most similar items, best first; equal ones by their numbers. Valid until the next call.
-  const std::vector<SimPair>& neighbours(int item, std::size_t most);
+  /// Asks, in a thread of its own.
+  class Question {
+   public:
+    explicit Question(const FeatureOverlap& row) : row_(row), shared_(row.totals_.size()) {}
+    /// The items of the row that are the most similar to one with such features, ascending, best
+    /// first; equal ones by their numbers. Valid until the next call.
+    const std::vector<SimPair>& neighbours(int item, std::span<const Held> features, float total,
+                                           std::size_t most);
+
+   private:
+    void share(const Held& own, std::size_t feature);
+
+    const FeatureOverlap& row_;
+    std::vector<float> shared_;  // by item of the row: what it shares with the one in question
+    std::vector<std::uint32_t> touched_;
+    std::vector<SimPair> found_;
+  };
 
  private:
   struct Occurrence {
     Feature feature;
+    std::uint32_t item;  // of the row
+    float information;
+  };
+  struct Holder {
     std::uint32_t item;
     float information;
   };
-  /// With an index of either side: a holder of a feature, or a feature of an item.
-  struct Weighted {
-    std::uint32_t index;
-    float information;
-  };
-  /// Rows of different lengths, end to end.
-  struct Rows {
-    std::vector<std::uint32_t> start;  // of each row, and the end
-    std::vector<Weighted> cells;
-  };
-  void index_features();
-  void index_items();
 
+  const int first_;
+  const std::span<const float> totals_;
   std::vector<Occurrence> collected_;
-  std::vector<float> totals_;  // by item
-  std::size_t occurrences_ = 0;
-  Rows holders_;               // by feature; of features that several items have
-  Rows features_;              // by item; of these features
-  std::vector<float> shared_;  // by item: what it shares with the one in question
-  std::vector<std::uint32_t> touched_;
-  std::vector<SimPair> found_;
+  std::vector<Feature> features_;     // ascending
+  std::vector<std::uint32_t> start_;  // of each one's holders, and the end
+  std::vector<Holder> holders_;
 };
 
 }  // namespace torvane

@@ -1,8 +1,7 @@
-// Similar words out of a database of triples: words are similar that stand in the same relations to
-// the same words.
+// What words are used with, out of a database of triples.
 #pragma once
 
-#include <ostream>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,28 +16,18 @@ namespace torvane {
 /// categories says noun.
 int relation_end_pos(std::string_view relation, bool at_head);
 
-class TripleFeatures {
- public:
-  /// Takes in every word's triples that carry at least so much mutual information, which must be
-  /// above 0. The database must outlive this.
-  void read(TripleDb& db, float least_information);
-  /// Writes for each word and part of speech the most similar words, in the form of a source file.
-  void write_source(std::ostream& out, std::size_t most);
-
-  const FeatureOverlap& overlap() const { return overlap_; }
-
- private:
-  struct Item {
-    std::string word;  ///< as an atom
-    int entry;         ///< running number of the word
-    int pos;
-  };
-  void read_entry(TripleDbInfo& entry, TripleDb& db, float least_information);
-  void write_list(std::ostream& out, int item, std::size_t most);
-
-  std::vector<Item> items_;  // those of a word stand together
-  int entries_ = 0;
-  FeatureOverlap overlap_;
+/// A word as one part of speech, with its features.
+struct WordFeatures {
+  std::string word;  ///< as an atom
+  int entry = 0;     ///< running number of the word
+  int pos = 0;
+  float total = 0;                             ///< information of all features
+  std::vector<FeatureOverlap::Held> features;  ///< ascending
 };
+
+/// Gives the words with the triples that carry at least so much mutual information, which must be
+/// above 0; the parts of speech of a word stand together.
+void read_features(TripleDb& db, float least_information,
+                   const std::function<void(const WordFeatures& word)>& take);
 
 }  // namespace torvane

@@ -65,6 +65,7 @@ struct LexEntry : Pooled<LexEntry> {
   std::string key;
   std::int32_t stamp = 0;  ///< logical time of last use
   std::uint64_t birth = lifetimes().now();
+  bool is_kept = false;          ///< never evicted
   bool made_for_phrase = false;  ///< made to hold a phrase: the disk was not asked for it yet
 
   /// One of its meanings as a value.

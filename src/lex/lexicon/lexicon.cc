@@ -92,8 +92,8 @@ LexEntry* Lexicon::get_entry(const char* word) {
 void Lexicon::evict() {
   std::int32_t half = clock_limit / 2;
   for (auto it = entries_.begin(); it != entries_.end();) {
-    if (it->second->stamp > half) {
-      it->second->stamp -= half;
+    if (it->second->stamp > half || it->second->is_kept) {
+      it->second->stamp -= std::min(half, it->second->stamp);
       ++it;
     } else {
       dropped_.push_back(std::move(it->second));
@@ -102,6 +102,10 @@ void Lexicon::evict() {
   }
   clock_ = half;
   end_dropped();
+}
+
+void Lexicon::keep_entries() {
+  for (auto& [key, entry] : entries_) entry->is_kept = true;
 }
 
 void Lexicon::clear() {

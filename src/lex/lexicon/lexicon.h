@@ -58,6 +58,9 @@ class Lexicon {
   /// The key of the first entry so found (valid until the next look-up), or `word` itself.
   const char* get_root(const char* word);
   LexEntry* make_entry(const char* key, bool search_disk);
+  /// From here on what is in memory now stays there: a grammar's own words cannot be read again,
+  /// and what is found must not depend on how much was looked up before.
+  void keep_entries();
   /// Drops all entries, and which words were not found.
   void clear();
 

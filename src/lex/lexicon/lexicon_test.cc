@@ -73,6 +73,17 @@ TEST(Lexicon, EvictionKeepsTheYoungerHalf) {
   EXPECT_EQ(words.get_entry("a"), nullptr);
 }
 
+TEST(Lexicon, EvictionKeepsWhatIsToBeKept) {
+  Words words("(a (g x)) (b (g x))");
+  words.keep_entries();
+  words.read("(c (g x)) (d (g x))");
+  words.clock_limit = 10;
+  for (int i = 0; i < 100; ++i) words.get_entry(i % 3 == 0 ? "b" : "d");
+  EXPECT_NE(words.get_entry("a"), nullptr);
+  EXPECT_NE(words.get_entry("b"), nullptr);
+  EXPECT_EQ(words.get_entry("c"), nullptr);
+}
+
 TEST(Lexicon, APinKeepsWhatIsDropped) {
   Words words("(dog (g a))");
   Lexicon::Pin outer(words);

@@ -15,6 +15,7 @@ namespace {
 
 constexpr float kWorst = 40.0f;
 constexpr float kLeastDistanceCost = 0.1f;
+constexpr float kAdviceWeight = 0.3f;
 constexpr int kCacheBuckets = 200011;
 constexpr int kMostFixed = 200000;  // costs that are kept where they can be had again
 constexpr int kBadTripleBuckets = 19997;
@@ -90,6 +91,8 @@ float DepCosts::distance_cost(int distance) {
 }
 
 float DepCosts::association_cost() {
+  if (_reldb && use == CountsUse::advise)
+    return -kAdviceWeight * _reldb->association(word1_.c_str(), key_.c_str(), word2_.c_str());
   float p =
       _reldb ? _reldb->dependency_probability(word1_.c_str(), key_.c_str(), word2_.c_str()) : 1.0f;
   return p > 0 ? 0.0f - std::log(p) : kWorst;
@@ -127,7 +130,7 @@ float DepCosts::new_cost(const HeadSide& head, const ModifierSide& modifier, con
     relation_.append("-").append(or_empty(head.pform));
   }
   int distance = std::abs(head.position - modifier.position);
-  float by_distance = distance_cost(distance);
+  float by_distance = keeps_weights() ? 0 : distance_cost(distance);
   if (category == contract::kByDistanceAlone) return by_distance;
 
   word1_ = head.word;

@@ -48,17 +48,27 @@ struct SharedCosts {
   std::unique_ptr<DistTable> distances_;
 };
 
+/// What a database of counts does to the prices of a grammar.
+enum class CountsUse {
+  replace,  ///< a dependency costs what the counts and the distance say, not what the links say
+  advise,   ///< it costs what the links say, and less where its words are often seen so
+};
+
 /// The costs of one parser.
 class DepCosts {
  public:
   DepCosts(World& world, SharedCosts& shared) : world_(world), shared_(shared) {}
 
   DepStatistics* _reldb = nullptr;  ///< null: costs are the weights of parsing
+  CountsUse use = CountsUse::replace;
   /// Nothing changes the counts while they are in use: whether a pair was looked up before makes no
   /// difference.
   bool fixed_counts = false;
   /// Whether looking up more pairs than are needed can be told from outside.
   bool look_ups_show() const { return _reldb && (!fixed_counts || shared_.debug_weight); }
+
+  /// The weights of parsing count, with or without a database.
+  bool keeps_weights() const { return !_reldb || use == CountsUse::advise; }
 
   float dep_cost(const HeadSide& head, const ModifierSide& modifier, const char* relation);
   /// A set of triples that are never good.

@@ -208,9 +208,9 @@ TNode* ParseForest::get_tnode(PItem* item) {
 float ParseForest::step_cost(const PItem& merged, const Chain& head) {
   float cost = 0;
   if (costs_) {
-    cost = costs_->_reldb
-               ? dependency_cost(merged, head)
-               : merged._weight - merged._modifier->_weight - merged._head_child->_weight;
+    if (costs_->_reldb) cost = dependency_cost(merged, head);
+    if (costs_->keeps_weights())
+      cost += merged._weight - merged._modifier->_weight - merged._head_child->_weight;
   }
   if (const Link* link = merged._link) {
     if (link->kind() == LinkKind::guest) cost += kGuestCost;
@@ -229,7 +229,7 @@ float ParseForest::dependency_cost(const PItem& merged, const Chain& head_chain)
 
   bool filled_by_head = list_of(*modifier->_atts, syn.move) != nullptr;
   PItem* target = filled_by_head ? const_cast<PItem*>(head) : modifier;
-  float best = kUnattachedTrace;
+  float best = costs_->keeps_weights() ? 0 : kUnattachedTrace;
   for (const TraceRecord& record : trace->records)
     if (auto* item = static_cast<const PItem*>(record.item))
       best = std::min(best, best_cost(*item, target, record.role));

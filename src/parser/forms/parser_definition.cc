@@ -113,6 +113,7 @@ Value set_reldb(World& world, IRSlist* form) {
   Value database = world.objects.find(form->get_str_val(), "TripleDb", true);
   if (parser && database) {
     parser->costs._reldb = trees(world).statistics_of(database);
+    parser->costs.use = CountsUse::replace;
     parser->costs.fixed_counts = false;
   }
   return Value();

@@ -125,14 +125,12 @@ Value profile(World& world, IRSlist* form) {
 }
 
 Value sort_links(World& world, IRSlist* form) {
-  if (PLHash* store = take_store(world, form); store && store->has_file())
-    store->file->sort_links();
+  if (PLHash* store = take_store(world, form)) store->sort_links();
   return Value();
 }
 
 Value print_free_list(World& world, IRSlist* form) {
-  if (PLHash* store = take_store(world, form); store && store->has_file())
-    store->file->print_free_list();
+  if (PLHash* store = take_store(world, form)) store->print_free_list();
   return Value();
 }
 

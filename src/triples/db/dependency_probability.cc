@@ -27,6 +27,12 @@ const WordCount* find_word(TripleDb& db, TripleDbInfo& entry, const RelInfo& rel
 
 }  // namespace
 
+void TripleDb::note_use(std::initializer_list<TripleDbInfo*> entries) {
+  for (TripleDbInfo* entry : entries)
+    if (entry) entry->last_used = serial_;
+  if (clean_up_after > 0 && serial_++ >= clean_up_after) CleanUp();
+}
+
 float TripleDb::dependency_probability(const char* word1, const char* relation, const char* word2) {
   TripleDbInfo* e1 = find(word1);
   TripleDbInfo* er = find(relation);
@@ -49,9 +55,7 @@ float TripleDb::dependency_probability(const char* word1, const char* relation, 
   double p = 0.7 * share(pair ? pair->freq : 0, b) + 0.1 * share(d + 1, n) +
              0.2 * share((t + c) * (t + d), b * r);
 
-  for (TripleDbInfo* entry : {e1, er, e2})
-    if (entry) entry->last_used = serial_;
-  if (clean_up_after > 0 && serial_++ >= clean_up_after) CleanUp();
+  note_use({e1, er, e2});
   return probability(p);
 }
 

@@ -80,6 +80,27 @@ TEST_F(Statistics, DependencyProbabilityOfKnownAndUnknownWords) {
   EXPECT_GT(db.dependency_probability(nullptr, "subj", nullptr), 0);
 }
 
+TEST_F(Statistics, AssociationsCompareAHeadWithOthersOfItsCategory) {
+  add("paint", "V:with:N", "with", 3000);
+  add("paint", "V:obj:N", "wall", 1000);
+  add("see", "V:with:N", "with", 100);
+  add("see", "V:obj:N", "wall", 5900);
+  add("paint", "N:with:N", "with", 10000);  // a noun too, which is no matter to the verb
+  auto expect = [&](double together, double of_head, double everywhere, const char* head,
+                    const char* relation, const char* word) {
+    const double share = everywhere / 10000;
+    expect_near(std::log((together + 1000 * share) / (of_head + 1000) / share),
+                db.association(head, relation, word), std::string(head) + relation);
+  };
+  expect(3000, 4000, 3100, "paint", "V:with:N", "with");
+  expect(5900, 6000, 6900, "See", "V:obj:N", "WALL");
+  EXPECT_FLOAT_EQ(db.association("see", "V:with:N", "with"), -0.3F);  // seldom: told with care
+  for (const char* relation : {"V:on:N", "with", "nosuch", "::", ""})
+    EXPECT_EQ(db.association("paint", relation, "with"), 0) << relation;
+  EXPECT_EQ(db.association("nobody", "V:with:N", "with"), 0);
+  EXPECT_EQ(db.association("paint", "V:with:N", "wall"), 0);
+}
+
 TEST_F(Statistics, RareEventsAreDiscounted) {
   EXPECT_EQ(db.mutinfo(1, 1, 1), -100);  // nothing is counted yet
   db.add_count(100);

@@ -137,17 +137,20 @@ class DetailPass {
 
   void run(std::istream& in) {
     TripleRowReader row(in);
-    while (row.next()) {
+    while (row.next() && !full()) {
       if (!has_word_ || word_ != row.word()) {
         finish_word();
         start_word(row.word());
       }
       if (entry_ && !is_blank_field(row.relation())) take_triple(row);
     }
-    finish_word();
+    if (!full()) finish_word();
   }
 
  private:
+  /// What comes cannot be kept: the sync at the end says so.
+  bool full() const { return db_.has_file() && db_.file->is_full(); }
+
   void start_word(const char* word) {
     has_word_ = true;
     word_ = word;

@@ -1,12 +1,20 @@
 // The database of dependency triples (word, relation, word) with their counts. Each triple is
 // stored under its head and, by the inverse relation, under its other word, so that a query from
 // either end needs one entry. A relation's name is a key too, whose entry counts the relation.
+//
+// A database may lie in several stores, each of them within the limit of a store, behind a header
+// that says so in front: `shards N FILE BLOCKSIZE BUCKETS COMPARE`. The stores are FILE, FILE.1 and
+// so on. An entry lies with its details in the store that its key's hash tells (`shard_of`); ids
+// and total are those of all, and lie in the first one. Nobody who uses the database sees more of
+// that: whoever fills one writes that header and links it.
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <istream>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "deps/dep_statistics.h"
 #include "store/plhash.h"
@@ -81,6 +89,8 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   /// Sums `rel_info` over an entry into its `info`.
   void recompute_info(TripleDbInfo& entry);
   float dependency_probability(const char* word1, const char* relation, const char* word2) override;
+  /// The counts must not change between calls.
+  float association(const char* head, const char* relation, const char* modifier) override;
 
  private:
   void move_to_ids(TripleDbInfo& entry, const Str2Id& old);
@@ -91,11 +101,19 @@ class TripleDb : public TPLHash<TripleDbInfo>, public DepStatistics {
   void remove_word(TripleDbInfo& entry, RelInfo& rel, int index);
   void remove_one_way(const char* word1, int relation_id, const char* word2);
 
+  /// What was asked about; may drop what was not used lately.
+  void note_use(std::initializer_list<TripleDbInfo*> entries);
+  void find_categories();
+
   int serial_ = 0;               // counts the uses of entries
   std::string tmp_file_prefix_;  // of dumps; empty if none was set
   int dump_number_ = 0;
   bool save_mutinfo_;  // with the counts in the store
   int populations_ = 0;
+  // For associations, from the first one on: by relation its number of a head's category (0: none),
+  // and by that how many modifiers all heads of the category have.
+  std::vector<std::uint16_t> category_of_;
+  std::vector<double> modifiers_;
   StrBufs details_{128000};  // of the entry that is read or written; kept, since there are many
 };
 

@@ -67,17 +67,17 @@ TEST_F(TripleDbTest, LaysRecordsOut) {
   db.sync();
   const auto pos = static_cast<std::uint32_t>(db.find("a")->detail_pos);
   StrBufs buf;
-  ASSERT_GT(db.file->find("a", buf), 0U);
+  ASSERT_GT(db.file->first().find("a", buf), 0U);
   EXPECT_EQ(std::string(buf.object(), buf.object_size() - 1),
             std::string("a\0", 2) +
                 packed({bits(7), 0, bits(0.5), pos, 1, r, bits(7), 0, 1, 7, bits(2.5)}));
   StrBufs details;
-  std::uint32_t size = db.file->read_record(pos, details);
+  std::uint32_t size = db.file->first().read_record(pos, details);
   EXPECT_EQ(
       std::string(details.object(), size),
       packed({1, 2, 3, bits(3), bits(WordCount::kUnknown), 4, bits(4), bits(WordCount::kUnknown)}));
   StrBufs global;
-  size = db.file->read_record(db.file->data_start(), global);
+  size = db.file->first().read_record(db.file->first().data_start(), global);
   EXPECT_EQ(std::string(global.object(), size),
             packed({bits(7), 5}) + std::string("r\0a\0b\0c\0", 8));
 }
@@ -127,7 +127,7 @@ TEST_F(TripleDbTest, TakesDetailsThatDoNotFitAsNone) {
   db.sync();
   TripleDbInfo& a = *db.find("a");
   auto try_details = [&](const std::string& bytes) {
-    std::uint32_t pos = db.file->write_record(0, bytes.data(), bytes.size());
+    std::uint32_t pos = db.file->first().write_record(0, bytes.data(), bytes.size());
     a.rels[0].words.reset();
     a.detail_pos = -static_cast<int>(pos);
     db.load_details(a);
@@ -223,7 +223,7 @@ TEST_F(TripleDbTest, EntriesOfMemoryStayWhenAStoreIsLinked) {
   made.add_triple("b", made.feature_id("r", true), "d", 1);
   made.add_triple("b", made.feature_id("s", true), "e", 2);
   made.sync();
-  const std::uint32_t count_of_ids = made.file->data_start() + 12;
+  const std::uint32_t count_of_ids = made.file->first().data_start() + 12;
   made.unlink_file();
   db.add_triple("A", db.feature_id("s", true), "b", 4);
   db.add_triple("A", db.feature_id("t", true), "E", 8);

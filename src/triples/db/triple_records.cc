@@ -106,12 +106,13 @@ PLHashEntry* TripleDb::v_unpack_entry(StrBufs& buf) {
 // False if the record could not be written.
 bool TripleDb::pack_details(TripleDbInfo& entry) {
   load_details(entry);
+  QHash& store = file->of(entry.key);
   auto has_words = [](const RelInfo& rel) { return rel.word_count() > 0; };
   if (std::none_of(entry.rels.begin(), entry.rels.end(), has_words)) {
     if (entry.detail_pos > 0 && is_writable()) {
       const auto old = static_cast<std::uint32_t>(entry.detail_pos);
-      file->write_record(old, nullptr, 0);  // gives its overflow back
-      file->release(old, 0);
+      store.write_record(old, nullptr, 0);  // gives its overflow back
+      store.release(old, 0);
     }
     entry.detail_pos = 0;
     return true;
@@ -127,7 +128,7 @@ bool TripleDb::pack_details(TripleDbInfo& entry) {
       if (save_mutinfo_) buf.add_float(word.mi);
     }
   }
-  std::uint32_t pos = file->write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
+  std::uint32_t pos = store.write_record(static_cast<std::uint32_t>(entry.detail_pos), buf.object(),
                                          buf.object_size());
   if (pos > 0) entry.detail_pos = static_cast<std::int32_t>(pos);
   return pos > 0;
@@ -166,8 +167,9 @@ void TripleDb::load_details(TripleDbInfo& entry) {
   entry.detail_pos = -entry.detail_pos;
   StrBufs& buf = details_;
   buf.reset();
-  std::size_t length =
-      has_file() ? file->read_record(static_cast<std::uint32_t>(entry.detail_pos), buf) : 0;
+  std::size_t length = has_file() ? file->of(entry.key).read_record(
+                                        static_cast<std::uint32_t>(entry.detail_pos), buf)
+                                  : 0;
   bool with_mutinfo = save_mutinfo_;
   if (!unpack_details(entry, buf.object(), length, with_mutinfo) &&
       !unpack_details(entry, buf.object(), length, !with_mutinfo))

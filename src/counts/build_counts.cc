@@ -1,0 +1,187 @@
+#include "counts/build_counts.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <sstream>
+#include <string_view>
+#include <system_error>
+
+#include "counts/count_sorter.h"
+#include "shell/world.h"
+#include "store/header_file.h"
+#include "support/messages.h"
+
+namespace torvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kLeastDiskBuckets = 20011;
+constexpr long kBuckets = 59999, kIdBuckets = 200011;
+constexpr const char *kHeaderFile = "triples.hdr", *kStoreFile = "triples.db",
+                     *kRelationFile = "rels.txt", *kDetailFile = "deps.txt",
+                     *kCountsFile = "counts.txt";
+
+/// The rows that populating reads, both sorted: how often words and relations occur, and the
+/// triples from either end.
+class Dump {
+ public:
+  Dump(std::size_t memory, const std::string& folder)
+      : relations_(memory / 2, folder), details_(memory / 2, folder) {}
+
+  void add(std::string_view key, std::uint64_t count) {
+    const std::size_t first = key.find('\t'), second = key.find('\t', first + 1);
+    const std::string_view head = key.substr(0, first),
+                           relation = key.substr(first + 1, second - first - 1),
+                           modifier = key.substr(second + 1, key.size() - second - 2);
+    details_.add(key, count);
+    add(details_, modifier, "-", relation, head, count);
+    add(relations_, head, "", " ", "freq", count);
+    add(relations_, head, "", relation, " ", count);
+    add(relations_, modifier, "", " ", "invFreq", count);
+    add(relations_, modifier, "-", relation, " ", count);
+    add(relations_, relation, "", " ", "freq", count);
+  }
+
+  /// Empty, or what is wrong.
+  std::string write(const fs::path& folder) {
+    std::string fault = write(relations_, folder / kRelationFile, &keys_);
+    if (fault.empty()) fault = write(details_, folder / kDetailFile, nullptr);
+    return fault;
+  }
+  /// Different words and relations, once they were written.
+  std::uint64_t keys() const { return keys_; }
+
+ private:
+  void add(CountSorter& rows, std::string_view word, std::string_view sign,
+           std::string_view relation, std::string_view other, std::uint64_t count) {
+    key_.assign(word).append("\t").append(sign).append(relation).append("\t");
+    key_.append(other).append("\t");
+    rows.add(key_, count);
+  }
+
+  static std::string write(CountSorter& sorter, const fs::path& path, std::uint64_t* keys) {
+    WholeFile out(path.string());
+    const std::unique_ptr<RowSource> rows = sorter.sorted();
+    std::string last;
+    for (CountRow row; out.error() == 0 && rows->next(row);) {
+      const std::string_view word = std::string_view(row.key).substr(0, row.key.find('\t'));
+      if (keys && word != last) {
+        last = word;
+        ++*keys;
+      }
+      write_count_row(out, row.key, row.count);
+    }
+    const std::string fault = out.finish();
+    return fault.empty() && sorter.error() != 0 ? std::strerror(sorter.error()) : fault;
+  }
+
+  CountSorter relations_, details_;
+  std::string key_;
+  std::uint64_t keys_ = 0;
+};
+
+/// Empty, or what is wrong.
+std::string write_text(const fs::path& path, const std::string& text) {
+  WholeFile out(path.string());
+  out.write(text);
+  return out.finish();
+}
+
+/// A database of triples in a folder.
+class StoreFile {
+ public:
+  StoreFile(const fs::path& folder, OpenMode mode)
+      : world_(World::Console{nullptr, &said_, &said_}),
+        here_(world_),
+        db(kBuckets, kIdBuckets, false) {
+    world_.files.only({folder.string()});
+    HeaderFile header(world_.files, kHeaderFile, world_.double_byte);
+    db.link_file(world_.objects, header, mode);
+  }
+
+ private:
+  std::ostringstream said_;
+  World world_;
+  const WorldScope here_;
+
+ public:
+  TripleDb db;
+};
+
+/// The number of words, and the sum of all counts.
+struct StoreSize {
+  std::size_t words = 0;
+  float total = 0;
+  bool operator==(const StoreSize&) const = default;
+};
+
+/// Makes the store out of the rows that lie in the folder.
+StoreSize populate_store(const fs::path& folder, const PopulateLimits& limits) {
+  StoreFile store(folder, OpenMode::write);
+  std::ifstream relations(folder / kRelationFile, std::ios::binary);
+  store.db.populate_relations(relations, limits);
+  std::ifstream details(folder / kDetailFile, std::ios::binary);
+  store.db.populate(details, limits);
+  StoreSize size{0, store.db.total_count()};
+  store.db.for_each([&](const PLHashEntry*) { ++size.words; });
+  return size;
+}
+
+/// What can be read back: a store does not say that it could not be written.
+StoreSize size_of_store(const fs::path& folder) {
+  StoreFile store(folder, OpenMode::read);
+  StoreSize size{0, store.db.has_file() ? store.db.total_count() : -1};
+  if (!store.db.has_file()) return size;
+  for (PLHashIterator walk(store.db); !walk.done(); walk.next()) ++size.words;
+  return size;
+}
+
+std::string make_store(const fs::path& folder, std::uint64_t keys, const PopulateLimits& limits) {
+  const std::uint64_t buckets = std::max(kLeastDiskBuckets, keys | 1U);
+  const std::string fault =
+      write_text(folder / kHeaderFile,
+                 std::string(kStoreFile) + " 64 " + std::to_string(buckets) + " strcasecmp\n");
+  if (!fault.empty()) return fault;
+  const StoreSize made = populate_store(folder, limits);
+  return made == size_of_store(folder) ? fault
+                                       : (folder / kStoreFile).string() + " could not be written";
+}
+
+std::string build_in(const fs::path& folder, CountsFile& counts, const BuildChoice& choice) {
+  Dump dump(choice.memory, folder.string());
+  for (CountRow row; counts.next(row);)
+    if (row.count >= choice.min_count) dump.add(row.key, row.count);
+  std::string fault = dump.write(folder);
+  if (fault.empty()) fault = make_store(folder, dump.keys(), choice.limits);
+  if (!fault.empty()) return fault;
+  WholeFile header((folder / kCountsFile).string());
+  counts.header().write(header);
+  return header.finish();
+}
+
+}  // namespace
+
+std::string build_counts(CountsFile& counts, const BuildChoice& choice) {
+  const fs::path folder = choice.folder, building = folder / "building";
+  std::error_code error;
+  fs::remove_all(building, error);
+  fs::create_directories(building, error);
+  if (error) return building.string() + ": " + error.message();
+  std::string fault = build_in(building, counts, choice);
+  // A store that is gone belongs to no journal any more.
+  if (fault.empty()) fs::remove(folder / (std::string(kStoreFile) + "-journal"), error);
+  for (const char* name : {kRelationFile, kDetailFile, kStoreFile, kHeaderFile, kCountsFile}) {
+    if (!fault.empty()) break;
+    fs::rename(building / name, folder / name, error);
+    if (error) fault = (folder / name).string() + ": " + error.message();
+  }
+  fs::remove_all(building, error);
+  return fault;
+}
+
+}  // namespace torvane
