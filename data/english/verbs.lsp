@@ -101,6 +101,8 @@
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux) (pitem-add-weight -1))))
      (Neg (dep-type neg))
+     ; the plan, if it fails, ...
+     (SubC (dep-type sub) (percolate ()) (dep-weight 2) (merged-cond (within-commas)))
      ; she is, I think, ill
      (Rep (dep-type parataxis) (percolate ()) (dep-weight 1) (merged-cond (within-commas)))
      (Intj (dep-type discourse) (percolate ()))
