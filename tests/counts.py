@@ -216,6 +216,18 @@ class Build(InFolder):
             self.assertTrue(errors.startswith("torvane: db/building/"), errors)
             self.assertEqual(before, {path.name: path.read_bytes() for path in (self.folder / "db").iterdir()})
 
+    def test_several_stores_are_as_one(self):
+        corpus = "She painted with a brush.\n" * 60 + "He saw the wall.\nDogs sleep.\n" * 200
+        self.run_it("count", "--from", "lines", "-o", "counts", given=corpus.encode())
+        answers = []
+        for stores in (1, 4, 2):
+            self.run_it("build-counts", "--stores", stores, "counts", "db")
+            self.assertEqual(sum(name.startswith("triples.db") for name in os.listdir(self.folder / "db")), stores)
+            answers.append((sorted(self.out("similar", "db").splitlines()), self.out("parse", "--quiet", "--counts", "db",
+                                                                 given=b"He painted the wall with a brush.\n")))
+        self.assertEqual(answers[0], answers[1])
+        self.assertEqual(answers[0], answers[2])
+
     def test_little_memory_and_rare_triples(self):
         draw = random.Random(3)
         rows = {f"{draw.randrange(10**9)}\tV:obj:N\t{draw.randrange(10**9)}": draw.randrange(1, 4) for _ in range(20000)}

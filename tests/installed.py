@@ -44,7 +44,7 @@ class Installed(unittest.TestCase):
     def test_everything_is_there(self):
         there = {str(path.relative_to(PREFIX)) for path in PREFIX.rglob("*") if path.is_file()}
         for name in ("bin/torvane", "include/torvane/torvane.h", "include/torvane/version.h", "share/torvane/torvane.lsp",
-                     "share/torvane/english/english.lsp", "share/man/man1/torvane.1", "share/man/man7/torvane-language.7",
+                     "share/torvane/english/english.lsp", "share/man/man1/torvane.1", "share/man/man1/torvane-cluster.1", "bin/torvane-cluster", "share/man/man7/torvane-language.7",
                      "share/doc/torvane/copyright", "share/bash-completion/completions/torvane"):
             self.assertIn(name, there)
         self.assertEqual({name for name in there if name.startswith("include/")},

@@ -26,6 +26,7 @@ need_test_tools() {
   need mandoc command -v mandoc
   need_python_tools
   need_service_tools
+  need python3-distributed test -e /usr/lib/python3/dist-packages/distributed
   need python3-pytest test -e /usr/lib/python3/dist-packages/pytest
 }
 

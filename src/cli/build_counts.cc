@@ -57,6 +57,10 @@ std::function<int()> declare_build_counts(CLI::App& app) {
                  "Megabytes for sorting; what is more goes to the disk")
       ->check(CLI::Range(1, 1 << 20))
       ->capture_default_str();
+  app.add_option("--stores", choice.stores,
+                 "Files that the database lies in; 0: as many as it needs")
+      ->check(CLI::Range(0, 10000))
+      ->capture_default_str();
   return [options] { return build(*options); };
 }
 

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "counts/count_sorter.h"
 #include "shell/world.h"
@@ -21,6 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint64_t kLeastDiskBuckets = 20011;
+constexpr std::uint64_t kRowBytesOfStore = std::uint64_t{1} << 30;  // half of what it could hold
 constexpr long kBuckets = 59999, kIdBuckets = 200011;
 constexpr const char *kHeaderFile = "triples.hdr", *kStoreFile = "triples.db",
                      *kRelationFile = "rels.txt", *kDetailFile = "deps.txt",
@@ -141,23 +143,53 @@ StoreSize size_of_store(const fs::path& folder) {
   return size;
 }
 
-std::string make_store(const fs::path& folder, std::uint64_t keys, const PopulateLimits& limits) {
-  const std::uint64_t buckets = std::max(kLeastDiskBuckets, keys | 1U);
-  const std::string fault =
-      write_text(folder / kHeaderFile,
-                 std::string(kStoreFile) + " 64 " + std::to_string(buckets) + " strcasecmp\n");
-  if (!fault.empty()) return fault;
-  const StoreSize made = populate_store(folder, limits);
-  return made == size_of_store(folder) ? fault
-                                       : (folder / kStoreFile).string() + " could not be written";
+std::string store_name(std::uint64_t number) {
+  return number == 0 ? kStoreFile : kStoreFile + ("." + std::to_string(number));
 }
 
-std::string build_in(const fs::path& folder, CountsFile& counts, const BuildChoice& choice) {
+std::string log_name(std::uint64_t number) {
+  return store_name(number) + "-journal";
+}
+
+/// How many stores the rows need: a store is about as large as they are.
+std::uint64_t stores_for_rows(const fs::path& folder) {
+  std::uint64_t bytes = 0;
+  for (const char* name : {kRelationFile, kDetailFile}) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(folder / name, error);
+    if (!error) bytes += size;
+  }
+  return 1 + bytes / kRowBytesOfStore;
+}
+
+std::string make_stores(const fs::path& folder, std::uint64_t keys, std::uint64_t count,
+                        const PopulateLimits& limits) {
+  const std::uint64_t buckets = std::max(kLeastDiskBuckets, keys / count | 1U);
+  const std::string shards = count > 1 ? "shards " + std::to_string(count) + " " : "";
+  std::string fault =
+      write_text(folder / kHeaderFile,
+                 shards + kStoreFile + " 64 " + std::to_string(buckets) + " strcasecmp\n");
+  if (!fault.empty()) return fault;
+  const StoreSize made = populate_store(folder, limits);
+  // A log that is left is a store that could not be closed.
+  bool closed = true;
+  for (std::uint64_t i = 0; i < count; ++i) closed = closed && !fs::exists(folder / log_name(i));
+  if (!closed || made != size_of_store(folder))
+    fault = (folder / kStoreFile).string() + " could not be written";
+  return fault;
+}
+
+/// In `stores`, if that is 0, how many were made.
+std::string build_in(const fs::path& folder, CountsFile& counts, const BuildChoice& choice,
+                     std::uint64_t& stores) {
   Dump dump(choice.memory, folder.string());
   for (CountRow row; counts.next(row);)
     if (row.count >= choice.min_count) dump.add(row.key, row.count);
   std::string fault = dump.write(folder);
-  if (fault.empty()) fault = make_store(folder, dump.keys(), choice.limits);
+  if (fault.empty()) {
+    if (stores == 0) stores = stores_for_rows(folder);
+    fault = make_stores(folder, dump.keys(), stores, choice.limits);
+  }
   if (!fault.empty()) return fault;
   WholeFile header((folder / kCountsFile).string());
   counts.header().write(header);
@@ -172,14 +204,21 @@ std::string build_counts(CountsFile& counts, const BuildChoice& choice) {
   fs::remove_all(building, error);
   fs::create_directories(building, error);
   if (error) return building.string() + ": " + error.message();
-  std::string fault = build_in(building, counts, choice);
-  // A store that is gone belongs to no journal any more.
-  if (fault.empty()) fs::remove(folder / (std::string(kStoreFile) + "-journal"), error);
-  for (const char* name : {kRelationFile, kDetailFile, kStoreFile, kHeaderFile, kCountsFile}) {
+  std::uint64_t stores = choice.stores;
+  std::string fault = build_in(building, counts, choice, stores);
+  std::vector<std::string> made{kRelationFile, kDetailFile};
+  for (std::uint64_t i = 0; i < stores; ++i) {
+    if (fault.empty()) fs::remove(folder / log_name(i), error);  // of the store that goes
+    made.push_back(store_name(i));
+  }
+  made.insert(made.end(), {kHeaderFile, kCountsFile});
+  for (const std::string& name : made) {
     if (!fault.empty()) break;
     fs::rename(building / name, folder / name, error);
     if (error) fault = (folder / name).string() + ": " + error.message();
   }
+  for (std::uint64_t i = stores; fault.empty() && fs::remove(folder / store_name(i), error); ++i)
+    fs::remove(folder / log_name(i), error);
   fs::remove_all(building, error);
   return fault;
 }

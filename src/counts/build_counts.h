@@ -14,7 +14,8 @@ struct BuildChoice {
   std::string folder;           ///< gets the database
   std::uint64_t min_count = 1;  ///< a triple of less is none
   PopulateLimits limits;
-  std::size_t memory = 0;  ///< bytes for sorting
+  std::size_t memory = 0;    ///< bytes for sorting
+  std::uint64_t stores = 0;  ///< how many files the database lies in; 0: as many as it needs
 };
 
 /// Writes what populating reads (`rels.txt`, `deps.txt`), the database made of it (`triples.hdr`,
