@@ -11,6 +11,7 @@
       english/movement.lsp
       english/rules.lsp
       english/parser.lsp
+      english/predicates.lsp
       english/categories.lsp
       english/conditions.lsp
       english/frames.lsp

@@ -67,7 +67,8 @@ class Output(unittest.TestCase):
     def test_columns(self):
         (block,) = trees(given='He gave the dogs to her, and she said: "Good".\n')
         words = {row[1]: row for row in block}
-        self.assertEqual(words["gave"][2:8], ["give", "VERB", "V_N", "Mood=Ind|Tense=Past|VerbForm=Fin", "0", "root"])
+        self.assertEqual(words["gave"][2:8], ["give", "VERB", "V_N", "Mood=Ind|Number=Sing|Person=3|Tense=Past|VerbForm=Fin",
+                                               "0", "root"])
         self.assertEqual(words["dogs"][2:8], ["dog", "NOUN", "NN", "Number=Plur", "2", "obj"])
         self.assertEqual(words["and"][3:8], ["CCONJ", "_", "_", words["said"][0], "cc"])
         self.assertEqual((words["her"][9], words[","][7]), ("SpaceAfter=No", "punct"))

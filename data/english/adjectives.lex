@@ -698,7 +698,6 @@
 (sensitive (avm (adj)))
 (separate (avm (adj)))
 (serious (avm (adj)))
-(several (avm (adj)))
 (severe (avm (adj)))
 (sexual (avm (adj)))
 (shabby (avm (adj)))

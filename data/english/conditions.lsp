@@ -5,13 +5,13 @@
 (defun nominative () (pitem-attvec (unifiable ((case nom)))))
 (defun wh () (pitem-attvec (contain (+wh))))
 (defun marked () (pitem-attvec (contain (+marked))))
-(defun opens () (in ("," "-" "(" ":")))
-(defun closes () (in ("," "-" ")")))
+(defun opens () (in ("," "-" "--" "(" ":")))
+(defun closes () (in ("," "-" "--" ")")))
 (defun set-off () (pitem-preceding-word (opens)))
 (defun closed-off ()
   (and (set-off)
        (pitem-followed-by-or-end-with-word
-         (in ("," "-" ")" "." "?" "!" ";" ":" "..." ".." "\"" and or but)))))
+         (in ("," "-" "--" ")" "." "?" "!" ";" ":" "..." ".." "\"" and or but)))))
 
 ; Something is missing that stands elsewhere. A link that does not percolate `move` would lose it.
 (defun with-gap () (pitem-attvec (defined (move))))

@@ -14,6 +14,10 @@
 (def-category Q (conj-atts (move) (wh)))
 (def-category I (conj-atts (move) (wh)))
 (def-category C (conj-atts (move) (wh)))
+(def-category RelS (conj-atts () (wh)))
+(def-category SubC (conj-atts () (wh)))
+(def-category Det (conj-atts () (wh)))
+(def-category Aux (conj-atts () (vform own)))
 
 ; Two are many: John and Mary are.
 (def-conj-constraints N (merged-cond (pitem-attvec (modify ((agr p3))))))

@@ -74,6 +74,12 @@
       (treeq (is-verb) (node (is-be)) (node (rel (str= mark))))
       (set-rel (match 1) (str cop)))
 
+  (up :name copula-of-finite-clause
+      :comments "That is where he lives: `be` before what is no participle."
+      (node (and (is-be) (rel (str= aux)) (comp (parent) (and (is-verb)
+            (not (node2attvec (strict-unifiable (vform) ((vform ing pass en)))))))))
+      (set-rel (match) (str cop)))
+
   (up :name passive
       :comments "was broken, has been broken, got broken."
       (node (and (is-aux) (rel (str= aux)) (node2attvec (contain ((vform pass)))) (comp (parent) (is-passive))))

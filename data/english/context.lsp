@@ -38,7 +38,7 @@
   ; that he, that the: no determiner
   (that-clause (seq (word (in (that))) (word (in
           (the a an my his our their he she we they i you this these those there it))))
-    (delete-if (low) (low) (pred (att (contain ((cat d)))))))
+    (if (not (preceded-by-word (pred (in (is was))))) (delete-if (low) (low) (pred (att (contain ((cat d))))))))
   ; See the page, Check your mail; please answer
   (command (seq (^) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base))))))
                 (word (starts-noun-phrase)))
@@ -67,6 +67,10 @@
   (preposition-of-clause (seq (lexitem (att (contain ((cat p))))) (word (in
           (how whether where why when who what which whatever))))
     (assert (make-lexitem (low) (low) (avm (avm ((cat j) (node PSub)))))))
+  (with-clause (word (in (with without))) (assert (make-lexitem (low) (high) (avm (avm ((cat j) (node With)))))))
+  ; and/or joins like and
+  (and-or (seq (word (in (and))) "/" (word (in (or))))
+    (prog (skip (comp ($ 2) (low))) (skip (high)) (delete-if (high) (high) (pred (t)))))
   ; want to party: behind `to` a verb is no rarer than a noun.
   (to-verb-rather (:act-on-all-matches) (lexitem (att (and (contain ((cat v))) (strict-unifiable (vform) ((vform base)))
                                                              (or (contain ((freq f8))) (contain ((freq f7))) (contain
@@ -100,7 +104,7 @@
              (not (followed-by (pred (att (or (contain ((cat v))) (contain ((cat p))) (contain ((node Adv)))))))))
         (add-weight (litem) (int 3))))
   ; Rod's
-  (before-genitive (seq (word (t)) (word (in ("'s"))))
+  (before-genitive (seq (no (word (in (let)))) (word (in ("'s"))))
     (if (exist-lexitem (low) (low) (pred (att (contain ((cat n)))))) (delete-if (low) (low) (pred (of-any-verb)))))
   ; A capital inside the sentence: a name rather than a verb.
   (capital-verb (:act-on-all-matches) (lexitem (and (of-any-verb) (surform (reg-match "^[A-Z][^A-Z]"))))

@@ -43,7 +43,8 @@
     (lexitem (and (or (ending er) (ending est)) (not (adjective)) (not (noun))))
     (delete (litem)))
   (er-noun (:act-on-all-matches)
-    (lexitem (and (or (ending er) (ending est)) (noun) (not (att (contain (+count))))))
+    (lexitem (and (or (ending er) (ending est)) (noun)
+                  (or (not (att (contain (+count)))) (not (no-alternative (att (contain ((cat n)))))))))
     (delete (litem)))
 
   ; An adjective with -ly is an adverb.
@@ -105,6 +106,9 @@
           ((and (preceded-by-word (pred (in (is are was were "'s")))) (int-gt (int 4) (low)))
            (add-weight (litem) (int 2)))))
 
+  ; want there to be peace
+  (there-to-be (seq (lexitem (and (att (contain ((node Adv)))) (surform (in (there))))) to be)
+    (add-weight (comp ($ 1) (litem)) (int 4)))
   ; as soon as, as much as: the first one is an adverb.
   (as-soon-as (seq (word (in (as))) (lexitem (att (or (contain ((node Adv))) (contain ((cat a))) (contain ((cat d))))))
                    (word (in (as))))

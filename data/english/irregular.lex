@@ -316,6 +316,7 @@
 (undid (avm (vo past (lemma undo))))
 (undone (avm (vo en (lemma undo))))
 (upset (avm (vt ed)))
+(used (avm (vto past (lemma use))))
 (went (avm (vi past (lemma go))) (avm (va past (lemma go))))
 (went on (avm (vi past)))
 (wept (avm (vi ed (lemma weep))))

@@ -11,8 +11,19 @@
   (* (Num (dep-type num) (percolate ())) (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg))))))
   (:head))
 
+; a two year contract, a three bedroom house: a number and a singular before the noun.
+(def-modifiers Meas
+  (:skip-word (str= "-") (Num (dep-type num) (percolate ())))
+  (:head (NN (percolate ())
+             (head-cond (if (pitem-head-word (in (percent % year month week day hour minute second mile foot inch meter metre
+                                                  kilometer kilometre pound ton liter litre gallon star way)))
+                            (pitem-add-weight -1.5)
+                            (t)))
+             (modifier-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3)))) (pitem-attvec (not (contain (+proper)))))))))
+
 (def-modifiers NB
   (* :skip-word (str= ",")
+     (Meas (dep-type nn) (percolate ()) (dep-weight 3))
      (A (dep-type mod) (modifier-cond (pitem-attvec (not (contain (+heavy))))))
      (NN (dep-type nn) (percolate ()) (dep-weight 1.5) (modifier-cond (not (pitem-following-word (str= ","))))
          (merged-cond (if (pitem-modifier (pitem-attvec (strict-unifiable (agr) ((agr p3)))))
@@ -25,8 +36,11 @@
   ((Gen (dep-type case) (percolate (spec)))))
 
 (def-modifiers N0
-  (? (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
-          (modifiee-cond (pitem-attvec (defined (spec))))))
+  ; as good a singer, too big a risk
+  (? (A (dep-type mod) (percolate ()) (modifier-cond (and (int-gt (pitem-length) (int 0)) (pitem-following-word (in (a an)))))
+        (modifiee-cond (pitem-attvec (contain (+spec)))))
+     (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
+          (modifiee-cond (and (pitem-attvec (defined (spec))) (pitem-attvec (not (contain (+pro (case nom)))))))))
   (? (Det (dep-type det) (percolate (agr spec wh rel)) (modifiee-cond (not-pro))
           (merged-cond (if (pitem-attvec (contain (+proper))) (pitem-add-weight 1) (t))))
      (NPoss (dep-type gen) (percolate (spec wh rel)) (modifiee-cond (not-pro))))
@@ -79,6 +93,12 @@
   (:head (N0 (head-cond (determined))))
   (* (P (dep-type mod) (percolate ()) (modifier-cond (no-gap)) (merged-cond (noun-or-verb))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)) (contain (+part))))))
+     ; most of whom, some of which
+     (P (dep-type mod) (percolate (wh)) (modifier-cond (and (wh) (no-gap) (pitem-attvec (contain ((pform of))))))
+        (modifiee-cond (pitem-attvec (contain (+part)))))
+     ; us all, you both
+     (Det (dep-type det) (percolate ()) (modifier-cond (pitem-head-word (in (all both each))))
+          (modifiee-cond (pitem-attvec (contain (+pro (agr p1)) (+pro (agr p2)) (+pro (agr p3))))))
      (RelS (dep-type rel) (modifiee-cond (relatable)))
      ; what he wants, whatever happens, as noun phrases
      (S (dep-type rel) (percolate (move)) (check-slash np) (dep-weight 3.5) (modifier-cond (with-gap))
@@ -97,9 +117,9 @@
      (PC (dep-type vrel) (percolate ()) (modifiee-cond (not-pro)))
      (VG (dep-type vrel) (percolate ()) (dep-weight 4) (modifiee-cond (not-pro)) (modifier-cond (participial)))
      (C (dep-type comp) (percolate ()) (modifiee-cond (pitem-attvec (contain (+that)))) (modifier-cond (no-gap)))
-     (I (dep-type comp) (percolate ())
+     (I (dep-type comp) (percolate (cm))
         (modifiee-cond (pitem-attvec (or (not (contain (+pro))) (contain (+some)))))
-        (merged-cond (if (pitem-attvec (contain (+to))) (t) (pitem-add-weight 2))))
+        (merged-cond (if (pitem-attvec (or (contain (+to)) (contain (+some)))) (t) (pitem-add-weight 2))))
      (A (dep-type mod) (percolate ()) (dep-weight 2.5) (modifier-cond (pitem-attvec (contain (+heavy))))
         (modifiee-cond (pitem-attvec (not (contain (+pro)) (contain (+proper))))))
      (A (dep-type mod) (percolate ()) (modifiee-cond (pitem-attvec (contain (+some)))))
@@ -117,7 +137,8 @@
         (merged-cond (include-following-word (closes))))
      (VG (dep-type vrel) (percolate ()) (dep-weight 3.5)
          (modifier-cond (and (closed-off) (participial)))
-         (merged-cond (include-following-word (closes))))))
+         (merged-cond (include-following-word (closes))))
+     (Paren (dep-type paren) (percolate ()) (dep-weight 3) (modifiee-cond (not-pro)))))
 
 ; A gerund counts as a noun phrase, without taking part in what N does: it is passed through.
 (def-modifiers Ger
@@ -138,19 +159,20 @@
   (:head (V (percolate ()) (modifier-cond (and (int-eq (pitem-length) (int 0)) (participial))) (head-cond
           (pitem-add-weight 2))))
   (* (P (dep-type mod) (percolate (move)) (dep-weight 1.3) (merged-cond (heavy)))
-     (I (dep-type comp) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
+     (I (dep-type comp) (percolate (cm)) (dep-weight 1.5) (merged-cond (heavy)))
      (SubC (dep-type mod) (percolate ()) (dep-weight 1.5) (merged-cond (heavy)))
      (PC (dep-type sub) (percolate ()) (merged-cond (heavy)))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-head-word (in (enough)))))))
 
 (def-modifiers Adv
-  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))))
+  (* (Adv (dep-type mod) (modifier-cond (pitem-attvec (contain (+deg)))) (percolate (wh))
+          (modifiee-cond (not (wh)))))
   (:head)
   (? (P (dep-type mod) (percolate ()) (dep-weight 1.5) (modifier-cond (no-gap))
         (modifiee-cond (pitem-attvec (contain (+loc)))))))
 
 (def-modifiers P
   (? (Neg (dep-type neg) (dep-weight 3))
-     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)))))
+     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)) (contain (+focus)))))
           (dep-weight 1.5)))
   (:head))

@@ -7,8 +7,9 @@
   :lexical-attributes (lexitem)
   :show-attributes (cat vform agr)
   ; What a modifier hands to its head unless its link says otherwise. A head that has one of these too
-  ; must agree with the modifier: so a verb's (case acc) keeps `he` from being its object.
-  :default-percolating-attributes (case move wh time)
+  ; must agree with the modifier: so a verb's (case acc) keeps `he` from being its object. A phrase with -cm
+  ; lacks case for its subject (there to be peace): it goes under heads with -govern only.
+  :default-percolating-attributes (case move wh time cm)
   ; The cost of leaving a word out of the tree.
   :weights-of-words (if (reg-match "^[^A-Za-z0-9]*$") (int 1) (int 25))
   :lexical-analyzer english-analyzer)

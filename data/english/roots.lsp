@@ -15,4 +15,5 @@
   (A (t) (int 5))
   (P (int-gt (pitem-length) (int 0)) (int 8))
   (Adv (t) (int 8))
+  (Sign (t) (int 20))
   (Text (t) (int 10)))

@@ -3,8 +3,7 @@
 ; piece is the head; universal-tree.lsp lets a clause be the root. Only what begins the sentence is a first piece.
 
 (defun breaks ()
-  (in ("," ";" ":" "-" "--" "---" "..." ".." "." "!" "?" "(" ")" "[" "]" "*" ">" "<" "/" "|" "~" "=" "+" "<<" ">>"
-          "'")))
+  (reg-match "^[-,;:.!?()*><|/~=+_#'$[]+$" "^]+$" "^[:;=][-o']?[)(DPpO|/]$" "^<3$" "^[xX]D$"))
 (defun opening () (not (int-gt (pitem-low) (int 2))))
 (defun whole () (pitem-attvec (not (or (defined (move)) (contain ((vform prd)))))))
 
@@ -13,6 +12,22 @@
   (and (pitem-attvec (undefine (lexitem)))
        (unify2 (pitem-attvec) (pitem-modifier (pitem-attvec)) (lexitem))
        (if (pitem-modifier (pitem-preceding-word (breaks))) (t) (pitem-add-weight 25))))
+
+; (whatever it is): a remark in brackets, which may stand behind a noun, a verb phrase or a piece.
+(defun bracketed ()
+  (and (pitem-preceding-word (str= "(")) (pitem-following-word (str= ")"))
+       (include-preceding-word) (include-following-word (str= ")"))))
+(def-modifiers Paren
+  (:head (S (percolate ()) (head-cond (and (whole) (bracketed))))
+         (Q (percolate ()) (head-cond (and (whole) (bracketed))))
+         (Imp (percolate ()) (head-cond (and (bracketed) (pitem-add-weight 2))))
+         (N (percolate ()) (head-cond (and (bracketed) (pitem-add-weight 2))))
+         (VG (percolate ()) (head-cond (and (whole) (bracketed) (pitem-add-weight 3))))
+         (A (percolate ()) (head-cond (and (bracketed) (pitem-add-weight 3))))
+         (P (percolate ()) (head-cond (and (whole) (bracketed) (pitem-add-weight 2))))
+         (I (percolate ()) (head-cond (and (whole) (bracketed) (pitem-add-weight 2))))
+         (Adv (percolate ()) (head-cond (and (bracketed) (pitem-add-weight 3))))
+         (SubC (percolate ()) (head-cond (and (bracketed) (pitem-add-weight 2))))))
 
 ; and we hope to see you, but why, or none at all: behind anything.
 (def-modifiers Joined
@@ -55,4 +70,5 @@
      (Adv (dep-type parataxis) (percolate ()) (dep-weight 14) (merged-cond (joined)))
      (SubC (dep-type parataxis) (percolate ()) (dep-weight 14) (merged-cond (joined)))
      (Intj (dep-type discourse) (percolate ()) (dep-weight 12) (merged-cond (joined)))
+     (Paren (dep-type paren) (percolate ()) (dep-weight 6))
      (Joined (dep-type conj) (percolate ()) (dep-weight 4) (merged-cond (joined)))))

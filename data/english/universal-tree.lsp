@@ -27,7 +27,8 @@
       :comments "There is a problem: `be` is the predicate, the noun its subject."
       (tree noun (t) (node there (and (rel (str= subj)) (is-there))) (node be (rel (str= cop))))
       (prog (set-rel (get-val there) (str expl))
-            (match (all-children (prog (if (or (not (or (rel (in
+            (match (all-children (prog (if (or (and (rel (str= conj)) (exist-child (rel (in (subj nsubj)))))
+                                               (not (or (rel (in
                     (det predet num gen mod amod nn lex-mod rel vrel conj appo case
                                                                  comp acl nmod)))
                                                         (eq (ident) (get-val be))))

@@ -20,6 +20,10 @@
 (defun interjection ()
   (node2word (in (please yes no hi hello hey ok okay oh wow well lol yeah yep nope yup thanks haha ah hmm ugh bye
                   welcome congratulations pls plz gosh damn hooray alas))))
+(defun number-word ()
+  (or (reg-match "^[0-9]+$")
+      (in (one two three four five six seven eight nine ten eleven twelve fifteen twenty thirty forty fifty sixty hundred
+           thousand million billion))))
 (defun before-noun () (rel (in (det predet))))
 
 ; A part of a word that the lexicon writes apart has no category of its own: New York, in spite of.
@@ -45,7 +49,7 @@
         ((comp (parent) (is-proper)) (str PROPN))
         ((comp (parent) (cat (str= Num))) (str NUM))
         ((comp (parent) (of-verb)) (str NOUN))
-        ((node2word (reg-match "^[0-9]")) (str NUM))
+        ((or (node2word (reg-match "^[0-9]")) (node2word (number-word))) (str NUM))
         ((node2word (in (well far so long newly highly))) (str ADV))
         ((t) (str NOUN))))
 
@@ -114,8 +118,9 @@
                                 ((node2word (reg-match "^[0-9]+(st|nd|rd|th)$")) (if (is-date) (str NOUN) (str ADJ)))
                                 ((t) (str NUM))))
         ((cat (str= Intj)) (str INTJ))
+        ((cat (str= Sign)) (if (node2word (reg-match "^[:;=8][-o']?[)(DPp|]")) (str SYM) (str PUNCT)))
         ((cat (str= Conn)) (str CCONJ))
-        ((cat (in (Comp Sub PSub))) (category-of-mark))
+        ((cat (in (Comp Sub PSub With))) (category-of-mark))
         ((cat (str= ItIs)) (str PRON))
         ((cat (in (Neg Gen))) (str PART))
         ((cat) (str X))
@@ -127,7 +132,7 @@
         ((reg-match "^[$%#+=<>/*]$") (str SYM))
         ((reg-match "^[:;=8][-o']?[)(DPp|]+$") (str SYM))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str PUNCT))
-        ((in (and or but nor "&" yet plus)) (str CCONJ))
+        ((in (and or but nor "&" yet plus both either neither)) (str CCONJ))
         ((reg-match "^[$]?[0-9]") (str NUM))
         ((in ("'s" "'t" "n't" not to)) (str PART))
         ((in (the a an this these no every each all some any)) (str DET))
@@ -146,7 +151,7 @@
   (cond ((in ("&")) (str cc))
         ((reg-match "^[$%#+=<>]$") (str dep))
         ((reg-match "^[^A-Za-z0-9\128-\255]+$") (str punct))
-        ((in (and or but nor "&" yet plus)) (str cc))
+        ((in (and or but nor "&" yet plus both either neither)) (str cc))
         ((in (hello hi yes no please thanks oh wow hey okay ok well lol)) (str discourse))
         ((in (the a an this these every each)) (str det))
         ((in (of in on at by for with from into about)) (str case))

@@ -13,8 +13,14 @@
         (delete-if (low) (high) (pred (not (att (contain ((node Aux)))))))
         (delete (litem))))
 
-  (let-us (word-seq let "'s") (assert (make-lexitem (low) (high) (avm (avm (modal (own base)))))))
+  (let-us (seq (word (in (let))) (word (in ("'s" s))))
+    (prog (delete-if (high) (high) (pred (t)))
+          (assert (make-lexitem (high) (high) (avm (avm (pron (agr p1) (case acc))))))))
 
+  ; A line of nothing but signs: ***, ----, :-)
+  (signs (whole-sentence)
+    (if (not (comp (matching-word) (exist-word " " (reg-match "[A-Za-z0-9\128-\255]"))))
+        (assert (make-lexitem (int 1) (high) (avm (avm ((cat j) (node Sign))))))))
   ; Addresses of the web and of mail are names, files are things. Half past seven PM.
   (address (word (reg-match "^<?(https?:|www[.])" "@[A-Za-z0-9]"
           "^[A-Za-z0-9][-A-Za-z0-9.]*[.](com|org|net|edu|gov|uk|de|us)$"))
@@ -25,17 +31,25 @@
           (assert (make-lexitem (low) (high) (avm (avm (mass sg)))))))
   (half-day (seq (word (reg-match "^[0-9][0-9:.]*$")) (word (in (am pm a.m. p.m. am. pm.))))
     (prog (delete-if (high) (high) (pred (t)))
-          (assert (make-lexitem (high) (high) (avm (avm (mass -proper +time)))))))
+          (assert (make-lexitem (high) (high) (avm (avm (mass sg -proper +time)))))))
 
   ; sooo, veryyy
   (emphatic (& (not-in-lexicon) (word (reg-match "^[Ss][Oo][Oo]+$" "^[Vv][Ee][Rr][Yy][Yy]+$")))
     (assert (make-lexitem (low) (high) (avm (avm (adv +deg))))))
 
+  ; the 1990s, the 60s
+  (decade (word (reg-match "^'?[0-9]*[0-9]0'?s$"))
+    (prog (delete-if (low) (high) (pred (t)))
+          (assert (make-lexitem (low) (high) (avm (avm (plural +time)))))))
+  ; over a million, around 40
+  (about-number (seq (lexitem (and (att (contain ((node Adv) +deg))) (surform (in (over around under nearly about almost)))))
+                     (lexitem (att (contain ((node Num))))))
+    (add-weight (comp ($ 1) (litem)) (int -3)))
   ; Years tell when: in 1990.
   (year (& (not-in-lexicon) (word (reg-match "^(1[0-9]|20)[0-9][0-9]$")))
     (assert (make-lexitem (low) (high) (avm (avm (num +time))))))
   ; 12, 3.50, $5, 10:30, 1990s
-  (number (& (not-in-lexicon) (word (reg-match "^[-+$#]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
+  (number (& (not-in-lexicon) (word (reg-match "^[-+$#%]?[$]?[0-9][0-9.,:/]*[A-Za-z%+]?[A-Za-z]?[+]?$"
           "^(\194\163|\226\130\172)[0-9][0-9.,]*[A-Za-z]?$")))
     (assert (make-lexitem (low) (high) (avm (avm (num))))))
 
@@ -62,6 +76,7 @@
   (name (word (reg-match "^[A-Z][A-Za-z.]"))
     (if (and (int-gt (low) (int 1)) (comp (analyzer) (is-mixed-case)) (not (preceded-by-word (pred (starts-anew)))))
         (cond ((exist-lexitem (low) (high) (pred (att (or (contain (+cap)) (contain (-proper)))))) (nil))
+              ((exist-lexitem (low) (high) (pred (att (contain (+human (agr p3)))))) (nil))
               ((exist-lexitem (low) (high) (pred (att (contain (+human)))))
                (assert (make-lexitem (low) (high) (avm (avm (person sg))))))
               ((exist-lexitem (low) (high) (pred (att (and (contain ((node NN))) (not (contain (+proper)))))))

@@ -22,7 +22,7 @@
   ((VP (dep-type comp) (percolate (move))
        (modifier-cond (pitem-attvec (strict-unifiable (vform) ((vform base))))))))
 
-(defun to-predicate () (pitem-attvec (modify ((vform prd)))))
+(defun to-predicate () (and (comp (pitem-low) (is-case-marked)) (pitem-attvec (modify ((vform prd))))))
 
 ; A verb phrase is a verb or what a form of `be` makes a predicate, with its adjuncts.
 (def-modifiers VP
@@ -31,7 +31,10 @@
          (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1))))
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
-         (I (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         (I (percolate (move)) (modifier-cond (pitem-attvec (not (contain (-cm))))) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         ; this is because he left, that was when we met
+         (SubC (percolate ()) (modifier-cond (pitem-preceding-word (in (is was "'s" not just only simply partly))))
+               (head-cond (and (to-predicate) (pitem-add-weight 3))))
          ; all you have to do is ask
          (V (percolate ()) (modifier-cond (and (pitem-preceding-word (in (is was))) (no-gap)))
             (head-cond (and (pitem-attvec (strict-unifiable (vform) ((vform base)))) (to-predicate)
@@ -44,15 +47,22 @@
                            ((t) (t)))))
      (Adv (dep-type mod) (percolate ()) (dep-weight 1.1)
           (modifier-cond (pitem-attvec (and (not (contain (+deg))) (not (contain (+front)))))))
-     (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time)))))
+     (N (dep-type time) (percolate ()) (dep-weight 1.1) (modifier-cond (pitem-attvec (contain (+time))))
+        ; ways, days: a bare plural hardly tells when
+        (merged-cond (if (pitem-modifier (pitem-attvec (and (strict-unifiable (agr) ((agr p3)))
+                                                            (not (contain (+spec) (+counted) (+proper))))))
+                         (pitem-add-weight 3)
+                         (t))))
      (N (dep-type time) (percolate ()) (dep-weight 4)
         (modifier-cond (pitem-attvec (and (not (contain (+time))) (contain (+counted))))))
      (Intj (dep-type discourse) (percolate ()) (dep-weight 1.2))
+     (Paren (dep-type paren) (percolate ()) (dep-weight 2.5))
      (SubC (dep-type sub) (percolate ()) (dep-weight 1.3))
+     (Abs (dep-type sub) (percolate ()) (dep-weight 5) (modifier-cond (pitem-preceding-word (str= ","))))
      (PC (dep-type sub) (percolate ()) (dep-weight 0.5))
      (A (dep-type pred) (percolate ()) (dep-weight 5))
      (C (dep-type sub) (percolate ()) (dep-weight 3) (modifier-cond (and (marked) (no-gap))))
-     (I (dep-type purpose) (percolate (move)) (dep-weight 2))
+     (I (dep-type purpose) (percolate (move cm)) (dep-weight 2))
      (VG (dep-type sub) (percolate ()) (dep-weight 2.5)
          (modifier-cond (and (no-gap) (pitem-attvec (strict-unifiable (vform) ((vform ing))))))
          ; ..., killing several people: behind a comma it hardly belongs to a noun.
@@ -75,6 +85,9 @@
       (include-preceding-word)
       (t)))
 
+(defun within-commas ()
+  (and (pitem-modifier (pitem-following-word (str= ","))) (pitem-preceding-word (str= ",")) (include-preceding-word)))
+
 (def-modifiers VG
   (* :skip-word (str= ",")
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own fin))))) (percolate (vform))
@@ -88,6 +101,10 @@
      (Aux (dep-type aux) (modifier-cond (pitem-attvec (contain ((own inf))))) (percolate (vform))
           (merged-cond (and (pitem-attvec (modify ((vform inf)))) (agree-with-aux) (pitem-add-weight -1))))
      (Neg (dep-type neg))
+     ; the plan, if it fails, ...
+     (SubC (dep-type sub) (percolate ()) (dep-weight 2) (merged-cond (within-commas)))
+     ; she is, I think, ill
+     (Rep (dep-type parataxis) (percolate ()) (dep-weight 1) (merged-cond (within-commas)))
      (Intj (dep-type discourse) (percolate ()))
      (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (not (contain (+front)))))
           (merged-cond (between-commas))))
@@ -96,6 +113,8 @@
          (Aux (head-cond (and (pitem-followed-by-or-end-with-word (in ("." ".." "..." "," "?" "!" ";" ":" ")" "n't"
                  "'t" nt not and but or either too so than)))
                               (or (and (pitem-attvec (contain ((own fin)))) (pitem-attvec (modify ((vform fin)))))
+                                  (and (pitem-attvec (contain ((own base)))) (pitem-attvec (modify ((vform base)))))
+                                  (and (pitem-attvec (contain ((own en)))) (pitem-attvec (modify ((vform en)))))
                                   (and (pitem-attvec (contain ((own inf)))) (pitem-attvec (modify ((vform inf))))))
                               (pitem-add-weight 5)))))
   ; ... but they did not

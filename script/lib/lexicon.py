@@ -164,8 +164,8 @@ def with_cost(reading, rank):
     return reading if rank < 1 else f"{reading[:-1]} (freq f{rank}))"
 
 
-def is_phrase(lemma, kinds, words):
-    """A row of words that is worth an entry: names, compounds of nouns, verbs with a particle, adverbs."""
+def is_unit(lemma, kinds, words):
+    """A row of words that is rather one item than a phrase: names, compounds of nouns, verbs with a particle."""
     parts = lemma.split("_")
     if len(parts) > 3 or not all(re.fullmatch(r"[a-z]+\.?", part) for part in parts):
         return False
@@ -240,7 +240,7 @@ def main():
     words = read_wordnet(wordnet)
     forms = irregular_forms(wordnet, words, kept)
 
-    for key in [key for key in words if not re.fullmatch(r"[a-z_.]+", key)]:
+    for key in [key for key in words if not re.fullmatch(r"[a-z][a-z_.-]*", key)]:
         del words[key]
     by_hand = collections.defaultdict(lambda: collections.defaultdict(list))
     for name in OPEN:
@@ -252,7 +252,8 @@ def main():
         for kind, readings in kinds.items():
             weight = words[key][kind][1] if kind in words[key] else most
             if kind == "a" and "(adj +cap)" in words[key].get("a", ([],))[0]:
-                readings = [reading.replace("(adj", "(adj +cap", 1) for reading in readings]
+                readings = [reading if "+cap" in reading else reading.replace("(adj", "(adj +cap", 1)
+                            for reading in readings]
             if kind == "v" and "v" in words[key]:
                 readings = readings + missing_frames(readings, words[key]["v"][0])
             rare = [reading for reading in readings if "+rare" in reading]
@@ -287,12 +288,15 @@ def main():
     lines, memory = {}, []
     for key, kinds in words.items():
         if "_" in key:
-            if is_phrase(key, kinds, words):
-                chosen = {k: v for k, v in kinds.items() if k in ("v", "name", "n")}
-                words_of_key = key.replace("_", " ")
-                if words_of_key not in kept and key.split("_")[0] not in closed:
-                    phrases[key.split("_")[0]].append(words_of_key)
-                    lines[words_of_key] = entry(words_of_key, chosen, {}) + ")"
+            words_of_key, first = key.replace("_", " "), key.split("_")[0]
+            if words_of_key in kept:
+                continue
+            if first not in closed and is_unit(key, kinds, words):
+                text = entry(words_of_key, kinds, {})
+            else:
+                text = f"({words_of_key} (avm {with_cost(next(iter(kinds.values()))[0][0], 8)})"
+            phrases[first].append(words_of_key)
+            lines[words_of_key] = text + ")"
         elif key in closed:
             mine = {kind: kinds[kind] for kind in by_hand.get(key, ())}
             memory += [entry(key, mine, {}) + ")"] if mine else []
