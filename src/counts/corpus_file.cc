@@ -21,7 +21,7 @@ struct Tool {
   const char* program;
 };
 constexpr std::array<Tool, 3> kTools{{{".gz", "gzip"}, {".zst", "zstd"}, {".bz2", "bzip2"}}};
-constexpr std::size_t kPiece = std::size_t{1} << 20;
+constexpr std::size_t kFilePiece = std::size_t{1} << 20;
 
 const char* tool_for(const std::string& name) {
   for (const Tool& tool : kTools)
@@ -116,7 +116,7 @@ std::uint64_t size_of_corpus_file(const std::string& name, std::string& fault) {
   if (!file.is_compressed() && stat(name.c_str(), &status) == 0)
     return static_cast<std::uint64_t>(status.st_size);
   std::uint64_t size = 0;
-  for (std::string piece; file.read(piece, kPiece); piece.clear()) size += piece.size();
+  for (std::string piece; file.read(piece, kFilePiece); piece.clear()) size += piece.size();
   fault = file.close(true);
   return size;
 }

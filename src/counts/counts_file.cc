@@ -12,7 +12,7 @@
 namespace torvane {
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 16;
+constexpr std::size_t kCountsPiece = std::size_t{1} << 16;
 constexpr std::uint64_t kMostTold = 20;
 constexpr const char* kFormat = "1";
 
@@ -47,7 +47,7 @@ CountsFile::CountsFile(std::string name, Tell tell)
     : name_(std::move(name)),
       tell_(std::move(tell)),
       file_(open_counts(name_)),
-      lines_(file_, kPiece) {
+      lines_(file_, kCountsPiece) {
   if (file_ < 0) {
     fault_ = name_ + ": " + std::strerror(errno);
   } else {

@@ -6,7 +6,7 @@
 namespace torvane {
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 16;
+constexpr std::size_t kRangePiece = std::size_t{1} << 16;
 constexpr std::size_t kKnownBegins = 4096;
 constexpr const char* kBlankBytes = " \t\r\f\v";
 
@@ -83,7 +83,8 @@ bool RangeInput::read_up_to_begin() {
   bool at_line = true, is_blank_so_far = true;
   for (std::uint64_t left = range().begin; left > 0 && !ended_;) {
     buffer_.clear();
-    ended_ = !file_->read(buffer_, static_cast<std::size_t>(std::min<std::uint64_t>(left, kPiece)));
+    ended_ =
+        !file_->read(buffer_, static_cast<std::size_t>(std::min<std::uint64_t>(left, kRangePiece)));
     left -= buffer_.size();
     for (char byte : buffer_) {
       if (at_line) is_blank_so_far = true;
@@ -101,7 +102,7 @@ bool RangeInput::raw_line() {
   while (end == buffer_.npos && !ended_) {
     buffer_.erase(0, std::exchange(buffer_at_, 0));
     const std::size_t searched = buffer_.size();
-    ended_ = !file_->read(buffer_, kPiece);
+    ended_ = !file_->read(buffer_, kRangePiece);
     end = buffer_.find('\n', searched);
   }
   const std::size_t stop = std::min(end, buffer_.size());

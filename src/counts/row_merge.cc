@@ -8,12 +8,12 @@
 namespace torvane {
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 15;
+constexpr std::size_t kRowPiece = std::size_t{1} << 15;
 
 /// A run that was written here.
 class RunRows : public RowSource {
  public:
-  RunRows(int file, int& error) : lines_(file, kPiece), error_(error) {}
+  RunRows(int file, int& error) : lines_(file, kRowPiece), error_(error) {}
   bool next(CountRow& row) override {
     std::string_view line;
     if (lines_.line(line)) return !read_count_row(line, row);

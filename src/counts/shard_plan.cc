@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char *kFormatLine = "# torvane-shards 1", *kFromLine = "# from ";
-constexpr std::size_t kPiece = std::size_t{1} << 16;
+constexpr std::size_t kPlanPiece = std::size_t{1} << 16;
 
 bool read_column(std::string_view text, std::uint64_t& number) {
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -103,7 +103,7 @@ void write_plan(const ShardPlan& plan, FileWriter& out) {
 std::string read_plan(const std::string& name, ShardPlan& plan) {
   const int file = open(name.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return name + ": " + std::strerror(errno);
-  LineFile lines(file, kPiece);
+  LineFile lines(file, kPlanPiece);
   std::string_view line;
   bool good =
       lines.line(line) && line == kFormatLine && lines.line(line) && line.starts_with(kFromLine);
