@@ -17,7 +17,7 @@
 namespace torvane {
 
 namespace {
-constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kInputBlock = 1 << 16;
 }
 
 Input::Input(std::vector<std::string> names) : names_(std::move(names)) {
@@ -47,13 +47,13 @@ bool Input::fill() {
   buffer_.erase(0, at_);
   at_ = 0;
   const std::size_t had = buffer_.size();
-  buffer_.resize(had + kBlock);
+  buffer_.resize(had + kInputBlock);
   ssize_t got = -1;
   do {
     pollfd wait_for[] = {{file_, POLLIN, 0}, {interrupt_descriptor(), POLLIN, 0}};
     poll(wait_for, 2, -1);
     errno = EINTR;
-    if (!is_interrupted()) got = read(file_, buffer_.data() + had, kBlock);
+    if (!is_interrupted()) got = read(file_, buffer_.data() + had, kInputBlock);
   } while (got < 0 && errno == EINTR && !is_interrupted());
   if (got < 0 && errno != EINTR) {
     std::cerr << "torvane: " << name_ << ": " << std::strerror(errno) << '\n';

@@ -11,7 +11,7 @@
 namespace torvane {
 
 namespace {
-constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kOutputBlock = 1 << 16;
 }
 
 Output::Output(std::string name) : name_(std::move(name)) {
@@ -41,7 +41,7 @@ void Output::fail() {
 }
 
 bool Output::flush(bool now) {
-  if (shut_ || (!now && buffer.size() < kBlock)) return !shut_;
+  if (shut_ || (!now && buffer.size() < kOutputBlock)) return !shut_;
   std::size_t done = 0;
   while (done < buffer.size() && !shut_) {
     const ssize_t wrote = write(file_, buffer.data() + done, buffer.size() - done);

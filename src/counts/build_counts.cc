@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr std::uint64_t kLeastDiskBuckets = 20011;
 constexpr std::uint64_t kRowBytesOfStore = std::uint64_t{1} << 30;  // half of what it could hold
-constexpr long kBuckets = 59999, kIdBuckets = 200011;
+constexpr long kStoreBuckets = 59999, kStoreIdBuckets = 200011;
 constexpr const char *kHeaderFile = "triples.hdr", *kStoreFile = "triples.db",
                      *kRelationFile = "rels.txt", *kDetailFile = "deps.txt",
                      *kCountsFile = "counts.txt";
@@ -100,7 +100,7 @@ class StoreFile {
   StoreFile(const fs::path& folder, OpenMode mode)
       : world_(World::Console{nullptr, &said_, &said_}),
         here_(world_),
-        db(kBuckets, kIdBuckets, false) {
+        db(kStoreBuckets, kStoreIdBuckets, false) {
     world_.files.only({folder.string()});
     HeaderFile header(world_.files, kHeaderFile, world_.double_byte);
     db.link_file(world_.objects, header, mode);
