@@ -10,6 +10,30 @@ install(TARGETS torvane_static torvane_shared EXPORT torvane DESTINATION ${CMAKE
 install(DIRECTORY include/torvane DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(FILES ${PROJECT_BINARY_DIR}/include/torvane/version.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/torvane)
 install(DIRECTORY data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/torvane)
+
+# English gets its large lexicon where the files are there that it is made of (Debian: wordnet-base).
+set(wordnet /usr/share/wordnet)
+find_program(TORVANE_PYTHON3 python3)
+if(EXISTS ${wordnet}/index.noun AND TORVANE_PYTHON3)
+  set(large ${PROJECT_BINARY_DIR}/large)
+  file(GLOB words CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/english/*.lex)
+  set(lexicon)
+  foreach(file kept.lex lexicon.hdr lexicon.idx lexicon.license lexicon.txt vocabulary.lsp)
+    list(APPEND lexicon ${large}/english/${file})
+  endforeach()
+  # The first look into the dictionary writes its index.
+  add_custom_command(OUTPUT ${lexicon}
+                     COMMAND ${CMAKE_COMMAND} -E rm -rf ${large}
+                     COMMAND ${TORVANE_PYTHON3} ${PROJECT_SOURCE_DIR}/script/lib/lexicon.py ${PROJECT_SOURCE_DIR}/data
+                             ${wordnet} ${large}
+                     COMMAND sh -c "echo word | $<TARGET_FILE:torvane> parse --data ${large} --quiet > ${large}/word.txt 2>&1"
+                     DEPENDS torvane script/lib/lexicon.py ${words} VERBATIM)
+  add_custom_target(torvane_lexicon ALL DEPENDS ${lexicon})
+  install(FILES ${lexicon} DESTINATION ${CMAKE_INSTALL_DATADIR}/torvane/english)
+else()
+  message(STATUS "No WordNet (wordnet-base): English is installed with its starter lexicon")
+endif()
+
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md" PATTERN man EXCLUDE)

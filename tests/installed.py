@@ -95,6 +95,18 @@ class Installed(unittest.TestCase):
         self.assertEqual(run(PYTHON, "-c", script, cwd="/", LD_LIBRARY_PATH="", PYTHONPATH=str(module.parent.parent)),
                          f"{module} (root (nsubj Dogs) bark (punct .))\n\n")
 
+    def test_the_large_lexicon(self):
+        english = PREFIX / "share/torvane/english"
+        if not (english / "lexicon.txt").exists():
+            self.skipTest("WordNet was not there")
+        self.assertTrue((english / "lexicon.license").exists())
+        before = (english / "lexicon.idx").stat().st_mtime_ns
+        text = self.folder / "text.txt"
+        text.write_text("The aardwolf sleeps.\n")
+        tree = run(PREFIX / "bin/torvane", "parse", "--quiet", "--to", "brackets", text, cwd=self.folder)
+        self.assertEqual(tree, "(root (nsubj (det The) aardwolf) sleeps (punct .))\n")
+        self.assertEqual((english / "lexicon.idx").stat().st_mtime_ns, before)  # it is as new as the words
+
     def test_pages(self):
         for page in PREFIX.glob("share/man/*/*"):
             self.assertEqual(run("mandoc", "-Tlint", "-Wwarning", page, cwd=self.folder), "")

@@ -47,7 +47,10 @@ def main():
     text = options.page.read_text()
     environment = {**os.environ, "PATH": f"{options.program.resolve().parent}:{os.environ['PATH']}"}
     if options.prefix:
+        # The program stays the one that was built: its English has the starter lexicon on every machine.
+        path = environment["PATH"]
         environment.update(installed(options.prefix.resolve()))
+        environment["PATH"] = f"{path.split(':', 1)[0]}:{environment['PATH']}"
     if options.python:
         own, others = environment["PATH"].split(":", 1)
         environment["PATH"] = f"{own}:{pathlib.Path(options.python).parent}:{others}"
