@@ -18,7 +18,8 @@
       (pitem-preceding-word
         (in ("," ";" ":" "-" "--" "..." ".." "(" "." "!" "?" "*" ">" ")" "]" "[" "&"
                 "'" and but or so yet nor plus then that if
-             because bc cause cos cuz since when while whereas although though until unless whether as after before once where
+             because bc cause cos cuz since when while whereas although though until unless whether as after before
+             once where
              why how what who which than said say says think thinks thought know knows knew believe believes hope guess
              feel felt wish sure okay ok yes no well oh hi hello hey lol please also however therefore thus now today
              yesterday again)))))
@@ -89,8 +90,10 @@
 (def-modifiers Gap
   ((Conn (dep-type conn)))
   (:head (N (percolate ()) (modifier-cond (and (nominative) (no-gap) (pitem-attvec (contain (+proper) (+spec)))))))
-  ((N (dep-type orphan) (percolate ()) (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))
-   (P (dep-type orphan) (percolate ()) (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))))
+  ((N (dep-type orphan) (percolate ())
+     (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))
+   (P (dep-type orphan) (percolate ())
+     (modifier-cond (and (no-gap) (pitem-followed-by-or-end-with-word (in ("." "," ";" "!" "?" "-"))))))))
 
 ; its ready, im going: subject and auxiliary that are written as one
 (def-modifiers RunIn
@@ -232,7 +235,8 @@
 
 ; how to read, what to read
 (def-modifiers WhI
-  ((N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap)) (merged-cond (mark)))
+  ((N (dep-type wh) (percolate ()) (check-slash np) (modifier-cond (wh)) (modifiee-cond (with-gap))
+     (merged-cond (mark)))
    (Adv (dep-type wh) (percolate ()) (modifier-cond (wh)) (merged-cond (mark)))
    (Comp (dep-type mark) (merged-cond (mark))))
   (:head (I)))
@@ -273,7 +277,8 @@
 (def-modifiers WithC
   ((With (dep-type mark) (percolate ())))
   ((N (dep-type subj) (percolate ()) (modifier-cond (and (no-gap) (pitem-attvec (contain (+spec)))))))
-  (:head (VG (percolate ()) (head-cond (and (participial) (pitem-attvec (contain ((vform pass)))) (pitem-add-weight 1))))
+  (:head (VG (percolate ()) (head-cond (and (participial) (pitem-attvec (contain ((vform pass))))
+                                         (pitem-add-weight 1))))
          (A (percolate ()))))
 (def-subclass SubC (WithC (dep-weight 2.5)))
 
@@ -285,7 +290,8 @@
 ; Relative clauses: who reads (the subject is missing) ...
 (def-modifiers RelS
   ((RelPro (dep-type subj))
-   (N (dep-type subj) (percolate ()) (modifier-cond (and (wh) (int-gt (pitem-length) (int 1)) (pitem-preceding-word (str= ",")))))
+   (N (dep-type subj) (percolate ()) (modifier-cond (and (wh) (int-gt (pitem-length) (int 1))
+                                                      (pitem-preceding-word (str= ",")))))
    (N (dep-type subj) (percolate ()) (modifier-cond (pitem-attvec (contain (+rel))))))
   (:head (VF)))
 

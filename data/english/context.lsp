@@ -15,7 +15,8 @@
   (behind-determiner (seq (word (in (the a an my your our their every))) (word (t)))
     (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (finite-only)))))
   ; of use, from work, with cries
-  (behind-preposition (seq (word (in (of from into with at without between among during per via upon onto towards toward)))
+  (behind-preposition (seq (word (in (of from into with at without between among during per via upon onto towards
+                                       toward)))
                            (word (t)))
     (if (exist-lexitem (high) (high) (pred (nominal))) (delete-if (high) (high) (pred (finite-only)))))
   ; would plan, didn't answer, could not use

@@ -20,7 +20,8 @@
         ((and (of-adjective) (node2word (in (better best)))) (str good))
         ((and (cat (str= Adv)) (node2word (in (better best)))) (str well))
         ((and (of-adjective) (node2word (in (worse worst)))) (str bad))
-        ((and (cat (str= NN)) (not (is-proper)) (node2root (reg-match "^[a-z]*men$"))) (node2root (reg-sub "men$" "man")))
+        ((and (cat (str= NN)) (not (is-proper)) (node2root (reg-match "^[a-z]*men$")))
+          (node2root (reg-sub "men$" "man")))
         ((and (cat (str= NN)) (node2root (in (children)))) (str child))
         ; New York, at least: the last word is the head of a row; because of, even if: the first
         ((and (cat (in (NN NB Pro Adv))) (node2root (reg-match " "))) (node2root (last-word)))

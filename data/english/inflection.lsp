@@ -7,7 +7,8 @@
 
 ; Words behind which a verb is due.
 (defun before-plain-verb ()
-  (in (to i you we they who that "n't" nt na ta not will would can could should may might must do please lets "'ll" "'d" and)))
+  (in (to i you we they who that "n't" nt na ta not will would can could should may might must do please lets "'ll"
+        "'d" and)))
 (defun before-third-person () (in (he she it who that which)))
 
 (def-rules english-rules

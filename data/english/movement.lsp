@@ -11,8 +11,10 @@
 
   ; It is said that, it was agreed to: what is said stays where it is.
   (impersonal-passive (:act-on-all-matches)
-      (lexitem (att (and (contain ((cat v))) (not (contain (+tr))) (contain ((args ((cat c) +opt (role comp))))) (strict-unifiable (vform) ((vform en))))))
-    (if (preceded-by-word (pred (in (is was be been being "'s" often widely generally commonly also now not never ever))))
+      (lexitem (att (and (contain ((cat v))) (not (contain (+tr))) (contain ((args ((cat c) +opt (role comp)))))
+                      (strict-unifiable (vform) ((vform en))))))
+    (if (preceded-by-word (pred (in (is was be been being "'s" often widely generally commonly also now not never
+                                      ever))))
         (assert (comp (duplicate-lexitem (litem)) (when (ident) (att (modify ((vform pass)))))))))
   ; tired, closed, married: what is an adjective too is rather that.
   (participle-or-adjective (:act-on-all-matches) (lexitem (att (contain ((cat v) (vform pass)))))
@@ -20,11 +22,15 @@
         (add-weight (litem) (int 1))))
 
   ; the book he gave me __: the second object is missing.
-  (second-gap (:act-on-all-matches) (lexitem (att (contain (+tr (args ((cat n) +opt (role iobj) (slash np)) ((cat n) (role obj)))))))
+  (second-gap (:act-on-all-matches)
+    (lexitem (att (contain (+tr (args ((cat n) +opt (role iobj) (slash np)) ((cat n) (role obj)))))))
     (if (followed-by-word (pred (in (me him her us them you it))))
         (assert (comp (duplicate-lexitem (litem))
                       (when (ident)
-                            (att (prog (undefine (args)) (modify (-tr (args ((cat n) (role iobj))) (move ((cat n) (role obj) (slash np))))))))))))
+                            (att
+                              (prog (undefine (args))
+                                (modify (-tr (args ((cat n) (role iobj)))
+                                          (move ((cat n) (role obj) (slash np))))))))))))
   ; The gap: what did you see __, the house that he lives in __. The first argument goes into `move`, from
   ; where a link with check-slash takes it.
   ; Where a noun phrase follows there is none; behind a preposition nothing but one follows otherwise.

@@ -15,11 +15,13 @@
 (def-modifiers Meas
   (:skip-word (str= "-") (Num (dep-type num) (percolate ())))
   (:head (NN (percolate ())
-             (head-cond (if (pitem-head-word (in (percent % year month week day hour minute second mile foot inch meter metre
+             (head-cond (if (pitem-head-word (in (percent % year month week day hour minute second mile foot inch
+                                                   meter metre
                                                   kilometer kilometre pound ton liter litre gallon star way)))
                             (pitem-add-weight -1.5)
                             (t)))
-             (modifier-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3)))) (pitem-attvec (not (contain (+proper)))))))))
+             (modifier-cond (and (pitem-attvec (strict-unifiable (agr) ((agr s3))))
+                              (pitem-attvec (not (contain (+proper)))))))))
 
 (def-modifiers NB
   (* :skip-word (str= ",")
@@ -37,7 +39,8 @@
 
 (def-modifiers N0
   ; as good a singer, too big a risk
-  (? (A (dep-type mod) (percolate ()) (modifier-cond (and (int-gt (pitem-length) (int 0)) (pitem-following-word (in (a an)))))
+  (? (A (dep-type mod) (percolate ()) (modifier-cond (and (int-gt (pitem-length) (int 0))
+                                                       (pitem-following-word (in (a an)))))
         (modifiee-cond (pitem-attvec (contain (+spec)))))
      (Det (dep-type predet) (modifier-cond (pitem-attvec (contain (+pre)))) (percolate (wh))
           (modifiee-cond (and (pitem-attvec (defined (spec))) (pitem-attvec (not (contain (+pro (case nom)))))))))
@@ -173,6 +176,7 @@
 
 (def-modifiers P
   (? (Neg (dep-type neg) (dep-weight 3))
-     (Adv (dep-type mod) (percolate ()) (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)) (contain (+focus)))))
+     (Adv (dep-type mod) (percolate ())
+       (modifier-cond (pitem-attvec (or (contain (+deg)) (contain (+loc)) (contain (+focus)))))
           (dep-weight 1.5)))
   (:head))

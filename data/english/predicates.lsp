@@ -7,10 +7,12 @@
 ; is not, is always, is, however, a "good man"
 (defun between-be-and-predicate ()
   (or (reg-match "ly$")
-      (in (not "n't" "'t" "," "-" "(" ")" "\"" "'" "`" "[" so too very all both each quite rather almost nearly just only
+      (in (not "n't" "'t" "," "-" "(" ")" "\"" "'" "`" "[" so too very all both each quite rather almost nearly just
+            only
            even still also never always often sometimes usually now then already perhaps maybe well however therefore
            indeed though thus as at about more less most least such far))))
-(defun before-inverted () (in (and but or so nor never if what who where when why how which "," "\"" "-" ":" ";" "(" no)))
+(defun before-inverted () (in (and but or so nor never if what who where when why how which "," "\"" "-" ":" ";" "("
+                                no)))
 
 (def-rules english-rules
   (predicate (:act-on-all-matches) (lexitem (form-of-be))
@@ -31,5 +33,6 @@
   (predicate-of-question (seq :overlapping (! (^) (word (before-inverted))) (lexitem (be-alone))
                               (+ (no (lexitem (be-alone)))))
     (comp (high) (case-mark-position english-parser)))
-  (second-predicate (seq :overlapping (lexitem (form-of-be)) (+ (no (lexitem (be-alone)))) (word (in (and or but nor yet))))
+  (second-predicate (seq :overlapping (lexitem (form-of-be)) (+ (no (lexitem (be-alone))))
+                      (word (in (and or but nor yet))))
     (comp (high) (case-mark-position english-parser))))

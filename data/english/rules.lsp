@@ -9,7 +9,8 @@
   (adverbs (:act-on-all-matches) (lexitem (att (contain ((node Adv))))) (flag-adv (litem)))
   (joins-first (lexitem (att (contain (+conj1)))) (flag-first-conjunction (litem)))
   ; the (second world) war: brackets inside a noun phrase
-  (inner-brackets (seq (word (in (the a an my your his her our their this that these those no any))) "(" (+ (no (word (in (")" "("))))) ")")
+  (inner-brackets (seq (word (in (the a an my your his her our their this that these those no any))) "("
+                    (+ (no (word (in (")" "("))))) ")")
     (prog (comp ($ 2) (skip (low))) (skip (high))))
   ; A dash of two signs counts as one.
   (dashes (seq - -) (skip (low)))

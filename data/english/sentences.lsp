@@ -6,7 +6,8 @@
 (defun title ()
   (in ("Mr." "Mrs." "Ms." "Messrs." "Dr." "Drs." "Prof." "St." "Gen." "Lt." "Col." "Capt." "Sgt." "Maj." "Cmdr."
        "Sen." "Rep." "Gov." "Pres." "Rev." "Hon." "Fr." "Sr." "Mt." "Ft." "No." "Nos." "Fig." "Vol." "pp." "p." "vs."
-       "v." "cf." "e.g." "i.e." "eg." "ie." "viz." "ca." "approx." "esp." "incl." "ext." "tel." "PS." "P.S." "Amb." "Supt." "Atty.")))
+       "v." "cf." "e.g." "i.e." "eg." "ie." "viz." "ca." "approx." "esp." "incl." "ext." "tel." "PS." "P.S." "Amb."
+       "Supt." "Atty.")))
 ; These may: what follows decides.
 (defun abbreviation ()
   (in ("Inc." "Ltd." "Co." "Corp." "Jr." "Bros." "al." "a.m." "p.m." "U.S." "U.K." "U.N." "E.U." "D.C." "B.C."
@@ -44,7 +45,8 @@
 
 ; Hurried writers forget the blank: quality.You'll, really??how. A blank stands where two sentences may meet.
 (defun sentence-joint ()
-  (and (reg-match "^[A-Za-z'-]*[a-z][a-z][.] [A-Z]['a-z][^.]*[.]?$" "^[^/@]*[a-z)][?!]+ [A-Za-z]" "^[^/@]*[a-z)][.?!]*[.?!][.?!] [A-Z]")
+  (and (reg-match "^[A-Za-z'-]*[a-z][a-z][.] [A-Z]['a-z][^.]*[.]?$" "^[^/@]*[a-z)][?!]+ [A-Za-z]"
+         "^[^/@]*[a-z)][.?!]*[.?!][.?!] [A-Z]")
        (not (reg-match "[.] (Com|Net|Org|Inc)"))))
 
 (defun sentence-boundary ()

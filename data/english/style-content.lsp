@@ -9,7 +9,10 @@
 
 ;  a 15-year plan, a two-year contract
 (defun of-measure ()
-  (and (node2word (reg-match "-(year|month|week|day|hour|minute|second|mile|foot|inch|meter|metre|pound|ton|page|man|bedroom|star|point|part|time|percent|dollar|term)$"))
+  (and
+    (node2word
+      (reg-match
+        "-(year|month|week|day|hour|minute|second|mile|foot|inch|meter|metre|pound|ton|page|man|bedroom|star|point|part|time|percent|dollar|term)$"))
        (or (node2word (reg-match "^[0-9]")) (exist-child (and (rel (in (lex-mod nummod))) (node2word (number-word)))))))
 
 (defun modifier-relation ()
@@ -89,8 +92,10 @@
                 (str advmod))
                ((t) (str fixed))))
         ((node2word (in (a an the no each every))) (str det))
-        ((node2word (in (best kind new united south north east west great old big long short last least first prime real same
-                         good other early late high many much more most less such due next central fast far full half double
+        ((node2word (in (best kind new united south north east west great old big long short last least first prime
+                          real same
+                         good other early late high many much more most less such due next central fast far full half
+                         double
                          low dual)))
          (str amod))
         ((t) (str compound))))

@@ -7,9 +7,11 @@
 (defun is-title ()
   (or (node2attvec (contain (+title)))
       (node2root (in (president senator congressman congresswoman governor mayor minister chancellor professor doctor
-                      judge justice captain general colonel major sergeant lieutenant commander admiral inspector officer
+                      judge justice captain general colonel major sergeant lieutenant commander admiral inspector
+                      officer
                       detective father sister brother pope bishop cardinal reverend rabbi king queen prince princess
-                      lord lady sir sheikh sheik ayatollah imam uncle aunt coach chairman chairwoman leader member adviser
+                      lord lady sir sheikh sheik ayatollah imam uncle aunt coach chairman chairwoman leader member
+                      adviser
                       advisor administrator cleric spokesman spokeswoman director manager analyst author writer singer
                       actor actress reporter journalist lawyer attorney scientist historian dictator premier ambassador
                       commissioner candidate founder owner editor secretary)))))
@@ -42,7 +44,8 @@
 
   (up :name for-him-to-go
       :comments "for him to go: `for` marks the clause, whose subject has it."
-      (tree clause (is-verb) (tree subject (and (rel (str= subj)) (cat)) (node for (and (rel (in (case mark))) (node2word (in (for)))))))
+      (tree clause (is-verb) (tree subject (and (rel (str= subj)) (cat))
+                               (node for (and (rel (in (case mark))) (node2word (in (for)))))))
       (prog (set-rel (get-val for) (str mark))
             (set-rel (get-val subject) (str nsubj))
             (match 1 1 (reattach-node (get-val clause)))))

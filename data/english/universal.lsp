@@ -15,14 +15,16 @@
 ; went out, came in: a place, where `give in` and `find out` have a particle.
 (defun of-motion ()
   (and (node2word (in (in out down over around by through along on off)))
-       (comp (parent) (node2root (in (go come walk run drive fly move live stay sit lie stand rush ride travel take bring
+       (comp (parent) (node2root (in (go come walk run drive fly move live stay sit lie stand rush ride travel take
+                                       bring
                                       be get stop step jump put))))))
 (defun interjection ()
   (node2word (in (please yes no hi hello hey ok okay oh wow well lol yeah yep nope yup thanks haha ah hmm ugh bye
                   welcome congratulations pls plz gosh damn hooray alas))))
 (defun number-word ()
   (or (reg-match "^[0-9]+$")
-      (in (one two three four five six seven eight nine ten eleven twelve fifteen twenty thirty forty fifty sixty hundred
+      (in (one two three four five six seven eight nine ten eleven twelve fifteen twenty thirty forty fifty sixty
+            hundred
            thousand million billion))))
 (defun before-noun () (rel (in (det predet))))
 
@@ -39,7 +41,8 @@
         ((node2word (in (new united south north east west great old big long short last least first prime real same
                          good other early late high many much more most less such due next central fast far)))
          (str ADJ))
-        ((node2word (in (back right away apart together forward ahead aside long soon ever even so well there here now then
+        ((node2word (in (back right away apart together forward ahead aside long soon ever even so well there here now
+                          then
                          still just very))) (str ADV))
         ((node2word (in (and or but))) (str CCONJ))
         ((node2word (in (because if though although that))) (str SCONJ))
@@ -66,7 +69,8 @@
   (exist-child (and (rel (str= lex-mod)) (node2word (in (at in of on by for to from with after as))))))
 (defun category-of-adverb ()
   (cond ((is-phrase-with-preposition)
-         (cond ((node2word (reg-match " (such|usual|least|most|last|first|general|particular|short|brief|common)$")) (str ADJ))
+         (cond ((node2word (reg-match " (such|usual|least|most|last|first|general|particular|short|brief|common)$"))
+                 (str ADJ))
                ((node2word (reg-match " all$")) (str DET))
                ((node2word (reg-match " (once|now|then|there|here)$")) (str ADV))
                ((t) (str NOUN))))
@@ -85,7 +89,8 @@
         ((node2word (in (following))) (str VERB))
         ((not (node2word (reg-match "-"))) (str ADJ))
         ((node2word (reg-match "(ed|ing)$")) (str VERB))
-        ((node2word (reg-match "(known|ive|al|ous|ful|able|ible|ic|less|free|friendly|high|long|old|wide|ly|time)$")) (str ADJ))
+        ((node2word (reg-match "(known|ive|al|ous|ful|able|ible|ic|less|free|friendly|high|long|old|wide|ly|time)$"))
+          (str ADJ))
         ((t) (str NOUN))))
 
 ; There is a problem: `be` itself is the predicate.
@@ -108,7 +113,8 @@
         ((of-verb) (if (is-action) (str NOUN) (str VERB)))
         ((and (cat (str= Pro)) (node2word (in (one))) (exist-child (exist-child (rel (str= case))))) (str NUM))
         ((cat (in (Pro RelPro)))
-         (if (node2word (in (today tomorrow yesterday tonight lot lots plenty number couple "a lot"))) (str NOUN) (str PRON)))
+         (if (node2word (in (today tomorrow yesterday tonight lot lots plenty number couple "a lot"))) (str NOUN)
+           (str PRON)))
         ((cat (str= Aux)) (cond ((node2attvec (contain ((own inf)))) (str PART))
                                 ((is-main-be) (str VERB))
                                 ((t) (str AUX))))
@@ -138,7 +144,8 @@
         ((in (the a an this these no every each all some any)) (str DET))
         ((in (of in on at by for with from into about over after before as through during between under up out
               off down like than)) (str ADP))
-        ((in (i you he she it we they me him us them my your his her its our their who what which that there)) (str PRON))
+        ((in (i you he she it we they me him us them my your his her its our their who what which that there))
+          (str PRON))
         ((in (is are was were be been am being do does did has have had will would can could should may might must
               "'m" "'re" "'ve" "'ll" "'d")) (str AUX))
         ((in (very so too also just only now then here when where how why even still again always never ever))

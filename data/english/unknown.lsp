@@ -42,7 +42,8 @@
     (prog (delete-if (low) (high) (pred (t)))
           (assert (make-lexitem (low) (high) (avm (avm (plural +time)))))))
   ; over a million, around 40
-  (about-number (seq (lexitem (and (att (contain ((node Adv) +deg))) (surform (in (over around under nearly about almost)))))
+  (about-number
+    (seq (lexitem (and (att (contain ((node Adv) +deg))) (surform (in (over around under nearly about almost)))))
                      (lexitem (att (contain ((node Num))))))
     (add-weight (comp ($ 1) (litem)) (int -3)))
   ; Years tell when: in 1990.
@@ -57,7 +58,8 @@
   (heading (whole-sentence)
     (if (comp (matching-word)
               (exist-word " " (and (reg-match "^[a-z][a-z]")
-                                   (not (in (of the and in for to an on at by with or from as is de la)))))) (comp (analyzer) (set-mixed-case 1)) (comp (analyzer) (set-mixed-case 0))))
+                                   (not (in (of the and in for to an on at by with or from as is de la))))))
+                                   (comp (analyzer) (set-mixed-case 1)) (comp (analyzer) (set-mixed-case 0))))
 
   ; al-Sadr, el Barak
   (arab-name (seq (word (in :case-sensitive (al el ul bin ibn Al El Bin))) (? -) (word (reg-match "^[A-Z]")))
@@ -84,7 +86,8 @@
                    (assert (make-lexitem (low) (high) (avm (avm (name sg)))))
                    (assert (make-lexitem (low) (high) (avm (avm (name plu)))))))
               ((exist-lexitem (low) (high) (pred (att (contain (+proper))))) (nil))
-              ((exist-lexitem (low) (high) (pred (att (or (contain ((cat v))) (and (contain ((cat a))) (not (defined (node))))))))
+              ((exist-lexitem (low) (high) (pred (att (or (contain ((cat v)))
+                                                        (and (contain ((cat a))) (not (defined (node))))))))
                (assert (add-weight (make-lexitem (low) (high) (avm (avm (name sg)))) (int 1))))
               ((exist-lexitem (low) (high) (pred (t))) (nil))
               ((t) (assert (make-lexitem (low) (high) (avm (avm (person sg)))))))))
@@ -123,7 +126,8 @@
   (unknown-s (& (not-in-lexicon) (word (reg-match "^[a-z].*[^su]s$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (plural)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (vo (vform pres) sg)))) (int 2)))))
-  (unknown-adj (& (not-in-lexicon) (word (reg-match "^(non|anti|pro|over|under)[a-z][a-z][a-z]" "^[a-z].*(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
+  (unknown-adj (& (not-in-lexicon) (word (reg-match "^(non|anti|pro|over|under)[a-z][a-z][a-z]"
+                                           "^[a-z].*(able|ible|ful|less|ous|ive|ical|ish|ic|al|ary|esque)$")))
     (prog (assert (make-lexitem (low) (high) (avm (avm (adj)))))
           (assert (add-weight (make-lexitem (low) (high) (avm (avm (mass sg)))) (int 2)))))
   (unknown-noun (& (not-in-lexicon)

@@ -31,7 +31,8 @@
          (N (percolate (move)) (head-cond (and (to-predicate) (pitem-add-weight 1))))
          (P (percolate (move)) (head-cond (to-predicate)))
          (Adv (percolate ()) (modifier-cond (pitem-attvec (contain (+loc)))) (head-cond (to-predicate)))
-         (I (percolate (move)) (modifier-cond (pitem-attvec (not (contain (-cm))))) (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
+         (I (percolate (move)) (modifier-cond (pitem-attvec (not (contain (-cm)))))
+           (head-cond (and (to-predicate) (pitem-add-weight 1.5))))
          ; this is because he left, that was when we met
          (SubC (percolate ()) (modifier-cond (pitem-preceding-word (in (is was "'s" not just only simply partly))))
                (head-cond (and (to-predicate) (pitem-add-weight 3))))

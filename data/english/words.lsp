@@ -3,7 +3,8 @@
 
 ; Without apostrophe, or sounded out. What has the same letters as another word is left: its, well, were, ill.
 (defun contraction ()
-  (in (cannot gonna wanna gotta outta lotta alot im ive youve weve theyve youre theyre youll itll theyll thats whats hes shes theres heres
+  (in (cannot gonna wanna gotta outta lotta alot im ive youve weve theyve youre theyre youll itll theyll thats whats
+        hes shes theres heres
        wheres whos dont doesnt didnt isnt arent wasnt werent havent hasnt hadnt cant couldnt wont wouldnt shouldnt
        mustnt aint)))
 (defun cut-contraction ()
@@ -26,7 +27,8 @@
         (reg-sub "^([<>~])([A-Za-z0-9])" "\\1 \\2")
         (reg-sub "([A-Za-z0-9/])>([^A-Za-z0-9]*)$" "\\1 >\\2")
         (reg-sub "([0-9])[+]$" "\\1 +")
-        (reg-sub "(^|[^A-Za-z0-9])([0-9][0-9.,:]*)(K|k|M|MB|GB|KB|kb|mm|cm|km|kg|mg|ml|lbs?|ft|mph|hrs?|mins?|yrs?|am|pm|AM|PM|a[.]m|p[.]m)([^A-Za-z0-9]*)$"
+        (reg-sub
+          "(^|[^A-Za-z0-9])([0-9][0-9.,:]*)(K|k|M|MB|GB|KB|kb|mm|cm|km|kg|mg|ml|lbs?|ft|mph|hrs?|mins?|yrs?|am|pm|AM|PM|a[.]m|p[.]m)([^A-Za-z0-9]*)$"
                  "\\1\\2 \\3\\4")))
 (defun cut-dots ()
   (cond ((reg-match "@") (ident))
@@ -40,12 +42,15 @@
         (reg-sub "([A-Za-z.!?])([*][*]+)$" "\\1 \\2")
         (reg-sub "^([*]+)([A-Za-z])" "\\1 \\2")))
 (defun cut-quote ()
-  (cond ((in ("'em" "'cause" "'til" "'till" "'tis" "'twas" "'n" "'bout" "'round" "'s" "'m" "'re" "'ve" "'ll" "'d" "'t")) (ident))
+  (cond ((in ("'em" "'cause" "'til" "'till" "'tis" "'twas" "'n" "'bout" "'round" "'s" "'m" "'re" "'ve" "'ll" "'d"
+               "'t")) (ident))
         ((t) (reg-sub "^'([A-Za-z])" "' \\1"))))
 
 (defun address () (reg-match "^'?https?:" "^www[.]" "://" "[.](com|org|net|edu|gov|html?)/" "^[^<>]*@[^/]*$"))
 (defun word-joints ()
-  (cond ((reg-match "^[A-Za-z]+$") (if (contraction) (cut-contraction) (if (str= Lets) (reg-sub "^(Let)s$" "\\1 s") (ident))))
+  (cond
+    ((reg-match "^[A-Za-z]+$")
+      (if (contraction) (cut-contraction) (if (str= Lets) (reg-sub "^(Let)s$" "\\1 s") (ident))))
         ((comp (reg-sub "[^A-Za-z]*$" "") (contraction)) (cut-contraction))
         ((reg-match "^<[^ ]*@[^ ]*>?$") (comp (reg-sub "^<" "< ") (reg-sub ">$" " >")))
         ((address) (reg-sub "^'" "' "))
@@ -62,6 +67,7 @@
       (reg-match "^https?:[^ ]*[^]) >\"';,.!]$" "^www[.][^ ]*[^]) >\"';,.!]$" "^[A-Za-z0-9.]*[.][a-z]*-[a-z]*$")
       (reg-match "^[0-9][0-9][0-9]-$" "^[0-9][0-9][0-9]-[0-9]*$" "^[0-9][0-9][0-9]-[0-9]*-[0-9]*$")
       (reg-match "^[Oo]'[A-Za-z]*$")
-      (reg-match "^([Ee]|[Ee]x|[Ee]co|[Nn]on|[Nn]eo|[Aa]nti|[Pp]re|[Pp]ost|[Pp]ro|[Pp]seudo|[Cc]o|[Cc]ounter)-[A-Za-z]*$"
+      (reg-match
+        "^([Ee]|[Ee]x|[Ee]co|[Nn]on|[Nn]eo|[Aa]nti|[Pp]re|[Pp]ost|[Pp]ro|[Pp]seudo|[Cc]o|[Cc]ounter)-[A-Za-z]*$"
                  "^([Ss]emi|[Ss]ub|[Mm]id|[Mm]is|[Mm]ini|[Mm]ulti|[Rr]e|[Uu]n|[Uu]ni|[Uu]ltra|[Oo]ver|[Vv]ice)-[A-Za-z]*$"
                  "^([Ii]nter|[Bb]i|[Bb]io|[Qq]uasi|[Tt]ri|[Dd]e)-[A-Za-z]*$")))
