@@ -35,7 +35,7 @@ typedef struct torvane_options {
   const char* data;   /* folder of the grammars; null: `share/torvane` beside the library */
   const char* style;  /* head style: "content", or "grammar" */
   size_t max_words;   /* a longer sentence is parsed piece by piece; 0: 200 */
-  const char* counts; /* folder of a database of counts that weighs dependencies */
+  const char* counts; /* folder of a database of counts that advises the grammar */
   int explains;       /* 1: torvane_why quotes the grammar's forms, which takes memory */
 } torvane_options;
 

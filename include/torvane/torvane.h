@@ -32,7 +32,7 @@ struct Options {
   std::string data;           ///< folder of the grammars
   std::string style;          ///< head style: `content` or `grammar`
   std::size_t max_words = 0;  ///< a longer sentence is parsed piece by piece
-  std::string counts{};       ///< folder of a database of counts that weighs dependencies
+  std::string counts{};       ///< folder of a database of counts that advises the grammar
   bool explains = false;      ///< `why` quotes the grammar's forms, which takes memory
 };
 

@@ -180,7 +180,7 @@ std::function<int()> declare_parse(CLI::App& app) {
                  "Head style: content, where the grammar has it, or grammar");
   app.add_option(
       "--counts", options->counts,
-      "Folder of a database of counts, as torvane learn leaves it: weigh dependencies by it");
+      "Folder of a database of counts, as torvane learn leaves it: what it has seen is cheaper");
   app.add_option("--best", options->best, "So many of the best trees of each sentence")
       ->check(CLI::Range(1, 1000));
   app.add_option("--max-words", options->grammar.max_words,

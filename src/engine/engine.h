@@ -44,7 +44,7 @@ class Engine {
   std::string load(const std::vector<std::string>& files, const std::vector<std::string>& folders);
   /// Tells grammars apart: 16 hexadecimal digits, of the contents of all files that loading opened.
   std::string grammar_version() const;
-  /// Lets a database of counts that script/learn left in a folder advise the loaded grammar: what
+  /// Lets a database of counts that torvane learn left in a folder advise the loaded grammar: what
   /// is often seen together becomes cheaper. An empty text, or what is wrong.
   std::string use_counts(const std::string& folder);
   /// Parses a text as one sentence, once a grammar is loaded. What stands behind a zero byte comes
