@@ -16,7 +16,7 @@ WITH_ITEMS = 10  # of one sentence in so many the items too
 SHOWN = 5
 FOLDERS = ["/usr/share/common-licenses", "/usr/share/doc", "/usr/share/man/man1", "/usr/share/man/man3",
            "/usr/share/man/man5", "/usr/share/man/man7", "/usr/share/man/man8", "/usr/share/perl"]
-NAMES = re.compile(r"(README|NEWS|FAQ|TODO|INSTALL|HOWTO)[^/]*$|\.(txt|pod|[1-8])(\.gz)?$|/common-licenses/")
+NAMES = re.compile(r"(README|NEWS|FAQ|INSTALL|HOWTO)[^/]*$|\.(txt|pod|[1-8])(\.gz)?$|/common-licenses/")
 MARK = "-- sentence %d --"
 MARKS = re.compile(rb"-- sentence (\d+) --")
 
